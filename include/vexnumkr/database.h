@@ -1,0 +1,148 @@
+// The database as the component sees it: connection, command and recordset, with the member names
+// and numeric constants that hosts know from ADO.
+//
+// Threads: everything is called on the host's user-interface thread.
+// Failures: every member raises vexnumkr::Error with the engine's own code and message.
+// A C++ host hands in one of the supplied adapters (adapters.h) or implements these itself; the
+// contract is tested by tests/contract/database_contract.h, which any implementation should pass.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include <vexnumkr/export.h>
+#include <vexnumkr/value.h>
+
+namespace vexnumkr {
+
+/// The constants that the component passes, with their ADO values.
+namespace ado {
+inline constexpr std::int32_t useServer = 2;
+inline constexpr std::int32_t useClient = 3;
+inline constexpr std::int32_t openForwardOnly = 0;
+inline constexpr std::int32_t openKeyset = 1;
+inline constexpr std::int32_t lockReadOnly = 1;
+inline constexpr std::int32_t lockOptimistic = 3;
+inline constexpr std::int32_t commandText = 1;
+inline constexpr std::int32_t isolated = 1048576;
+inline constexpr std::int32_t unspecified = -1;
+}  // namespace ado
+
+class Connection;
+
+/// The rows of a select, with a current one. A new recordset is closed.
+class VEXNUMKR_API Recordset {
+ public:
+  virtual ~Recordset() = default;
+
+  /// Where the rows are kept while the recordset is open; set before Open.
+  virtual std::int32_t CursorLocation() const = 0;
+  virtual void CursorLocation(std::int32_t location) = 0;
+
+  /// Runs the select `source` on `connection`, which must be of the same provider, and makes the
+  /// first row current. Only one statement is accepted.
+  virtual void Open(const std::string& source, Connection& connection, std::int32_t cursorType,
+                    std::int32_t lockType, std::int32_t options) = 0;
+
+  /// ADO's EOF (a macro in C++): True when there is no current row, that is after the last one, or
+  /// always when the select found none.
+  virtual bool EndOfFile() const = 0;
+
+  /// MoveFirst on an empty recordset and MoveNext at its end: error 3021.
+  virtual void MoveFirst() = 0;
+  virtual void MoveNext() = 0;
+
+  /// The current row's field of that name, without regard to case. NULL is told from an empty text;
+  /// integers and booleans come as numbers. Errors: 3021 at the end; 3265 for an unknown name.
+  virtual Value Fields(std::string_view name) const = 0;
+
+  /// Sets a field of the current row, to be written by Update. The recordset must have been opened
+  /// keyset and optimistic. Errors as for reading; 3251 when the recordset is read-only.
+  virtual void Fields(std::string_view name, const Value& value) = 0;
+
+  /// Writes the fields set in the current row to exactly the record that it was read from, also when
+  /// the select does not list the key columns, and also when another record looks the same.
+  /// Errors: 3021 at the end; 3251 when the record has no unique identity to address it by.
+  virtual void Update() = 0;
+
+  virtual void Close() = 0;
+
+ protected:
+  Recordset() = default;
+  Recordset(const Recordset&) = default;
+  Recordset& operator=(const Recordset&) = default;
+};
+
+/// A statement text bound to a connection.
+class VEXNUMKR_API Command {
+ public:
+  virtual ~Command() = default;
+
+  /// The connection that Execute uses; borrowed, it must outlive the command's use.
+  virtual void ActiveConnection(Connection& connection) = 0;
+  virtual void CommandType(std::int32_t type) = 0;
+  /// Seconds; 0 is no limit.
+  virtual void CommandTimeout(std::int32_t seconds) = 0;
+  virtual void CommandText(const std::string& text) = 0;
+
+  /// Runs the command text as it stands. Exactly one statement is accepted: a second one behind a
+  /// semicolon is refused, and nothing of the text runs.
+  /// `recordsAffected` receives, for a select, the number of rows found, otherwise the number of
+  /// rows changed. Returns the rows of a select, open on the first; for other statements a recordset
+  /// without fields, at its end. A failed statement leaves a running transaction, and what was done
+  /// in it before, in place.
+  virtual std::unique_ptr<Recordset> Execute(std::int32_t& recordsAffected) = 0;
+
+ protected:
+  Command() = default;
+  Command(const Command&) = default;
+  Command& operator=(const Command&) = default;
+};
+
+/// A connection to a database. It also makes the other objects of its provider, and further
+/// connections of the same kind, so that a host hands over nothing but this.
+class VEXNUMKR_API Connection {
+ public:
+  virtual ~Connection() = default;
+
+  /// What Open connects to. Readable also on a connection that the host opened by other means.
+  virtual std::string ConnectionString() const = 0;
+  virtual void ConnectionString(const std::string& text) = 0;
+
+  /// The isolation of transactions begun from now on; the component uses ado::isolated.
+  virtual std::int32_t IsolationLevel() const = 0;
+  virtual void IsolationLevel(std::int32_t level) = 0;
+
+  /// Seconds; 0 is no limit.
+  virtual void CommandTimeout(std::int32_t seconds) = 0;
+  virtual void ConnectionTimeout(std::int32_t seconds) = 0;
+  virtual void CursorLocation(std::int32_t location) = 0;
+
+  /// Opens what ConnectionString names. An empty user or password leaves those of the string.
+  virtual void Open(const std::string& user, const std::string& password,
+                    std::int32_t options) = 0;
+  virtual void Close() = 0;
+
+  /// As Command::Execute, for a text without a command of its own.
+  virtual std::unique_ptr<Recordset> Execute(const std::string& text,
+                                             std::int32_t& recordsAffected) = 0;
+
+  /// Transactions do not nest: beginning a second one, or ending one that is not open, is an error.
+  virtual void BeginTrans() = 0;
+  virtual void CommitTrans() = 0;
+  virtual void RollbackTrans() = 0;
+
+  /// A new closed connection, command or recordset of the same provider.
+  virtual std::unique_ptr<Connection> createConnection() = 0;
+  virtual std::unique_ptr<Command> createCommand() = 0;
+  virtual std::unique_ptr<Recordset> createRecordset() = 0;
+
+ protected:
+  Connection() = default;
+  Connection(const Connection&) = default;
+  Connection& operator=(const Connection&) = default;
+};
+
+}  // namespace vexnumkr

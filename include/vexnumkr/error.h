@@ -1,0 +1,54 @@
+// The one error type of the component and of everything that a host hands to it.
+//
+// Implementations of the interfaces in this folder raise vexnumkr::Error for every failure. The
+// component catches it where a procedure reports its failures; none ever leaves VXNummernkreise.
+#pragma once
+
+#include <cstdint>
+#include <stdexcept>
+#include <string>
+
+#include <vexnumkr/export.h>
+
+namespace vexnumkr {
+
+/// Run-time error numbers that users of the host applications know. A database failure carries the
+/// engine's own code instead.
+namespace error_number {
+inline constexpr std::int32_t overflow = 6;
+inline constexpr std::int32_t subscriptOutOfRange = 9;
+inline constexpr std::int32_t typeMismatch = 13;
+inline constexpr std::int32_t objectNotSet = 91;
+inline constexpr std::int32_t invalidUseOfNull = 94;
+inline constexpr std::int32_t invalidPropertyValue = 380;
+inline constexpr std::int32_t cannotCreateObject = 429;
+inline constexpr std::int32_t noCurrentRecord = 3021;
+}  // namespace error_number
+
+/// A failure: its number, the place it comes from and a text for the user (UTF-8).
+class VEXNUMKR_API Error : public std::runtime_error {
+ public:
+  Error(std::int32_t number, const std::string& source, const std::string& description);
+
+  std::int32_t number() const noexcept { return number_; }
+  /// What raised the error, e.g. the adapter's name; may be empty.
+  const std::string& source() const noexcept { return source_; }
+  /// The same text as what(), as users see it.
+  std::string description() const { return what(); }
+
+  /// Error 6, 9, 13, 91, 94, 380, 429 and 3021 with their texts.
+  static Error overflow();
+  static Error subscriptOutOfRange();
+  static Error typeMismatch();
+  static Error objectNotSet();
+  static Error invalidUseOfNull();
+  static Error invalidPropertyValue();
+  static Error cannotCreateObject();
+  static Error noCurrentRecord();
+
+ private:
+  std::int32_t number_;
+  std::string source_;
+};
+
+}  // namespace vexnumkr

@@ -1,0 +1,79 @@
+// The value of a cell or a database field, and its conversions.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <variant>
+
+#include <vexnumkr/export.h>
+
+namespace vexnumkr {
+
+struct Empty {
+  friend bool operator==(Empty, Empty) { return true; }
+};
+struct Null {
+  friend bool operator==(Null, Null) { return true; }
+};
+
+/// Holds nothing (Empty), Null, a 32-bit integer, a boolean or a text (UTF-8).
+///
+/// Equality is exact: the same kind with the same content. A number never equals a text.
+class VEXNUMKR_API Value {
+ public:
+  Value() = default;
+  Value(Empty) {}                                        // NOLINT(google-explicit-constructor)
+  Value(Null null) : data_(null) {}                      // NOLINT(google-explicit-constructor)
+  Value(std::int32_t number) : data_(number) {}          // NOLINT(google-explicit-constructor)
+  Value(bool flag) : data_(flag) {}                      // NOLINT(google-explicit-constructor)
+  Value(std::string text) : data_(std::move(text)) {}    // NOLINT(google-explicit-constructor)
+  Value(std::string_view text) : data_(std::string(text)) {}  // NOLINT
+  Value(const char* text) : data_(std::string(text)) {}  // NOLINT(google-explicit-constructor)
+
+  bool isEmpty() const noexcept { return std::holds_alternative<Empty>(data_); }
+  bool isNull() const noexcept { return std::holds_alternative<Null>(data_); }
+  bool isLong() const noexcept { return std::holds_alternative<std::int32_t>(data_); }
+  bool isBoolean() const noexcept { return std::holds_alternative<bool>(data_); }
+  bool isText() const noexcept { return std::holds_alternative<std::string>(data_); }
+
+  /// The content of that kind. REQUIRES: the value is of it.
+  std::int32_t asLong() const { return std::get<std::int32_t>(data_); }
+  bool asBoolean() const { return std::get<bool>(data_); }
+  const std::string& asText() const { return std::get<std::string>(data_); }
+
+  /// To a 32-bit integer: Empty 0, True -1, False 0, a text read as a number (see parseNumber),
+  /// rounded half to even. Errors: 94 for Null, 13 for a text that is no number, 6 out of range.
+  std::int32_t toLong() const;
+
+  /// To a boolean: Empty False, a number is True unless 0, "True"/"Wahr" and "False"/"Falsch" in any
+  /// case, any other text as a number. Errors: 94 for Null, 13 for any other text.
+  bool toBoolean() const;
+
+  /// To a text: Empty "", booleans "Wahr" and "Falsch", numbers in decimal. Error: 94 for Null.
+  std::string toText() const;
+
+  friend bool operator==(const Value& a, const Value& b) { return a.data_ == b.data_; }
+
+ private:
+  std::variant<Empty, Null, std::int32_t, bool, std::string> data_;
+};
+
+/// The number conversions of texts, for callers that hold no Value.
+///
+/// A text is a number when it is, without the blanks around it: an optional sign, then digits, plain
+/// or in groups of three separated by dots ("12.345.678"), then optionally a comma and digits; ",5"
+/// is one, a lone sign or comma is not. Nothing else is: "12.5", "1e3" and "&H10" are not.
+VEXNUMKR_API bool isNumber(std::string_view text);
+
+/// `text` as a 32-bit integer, rounded half to even. Errors: 13 when it is no number, 6 out of range.
+VEXNUMKR_API std::int32_t textToLong(std::string_view text);
+
+/// `text` as a boolean, by the rules of Value::toBoolean. Error: 13.
+VEXNUMKR_API bool textToBoolean(std::string_view text);
+
+/// `text` without the blanks (U+0020) before and after it.
+VEXNUMKR_API std::string_view trimBlanks(std::string_view text);
+
+}  // namespace vexnumkr

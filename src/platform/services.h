@@ -1,0 +1,32 @@
+// What the component needs of its surroundings besides the database: handed to it when it is made.
+#pragma once
+
+#include <string>
+
+#include <vexnumkr/components.h>
+
+#include "platform/forms.h"
+
+namespace vexnumkr {
+
+/// Tells today's date, so that tests can set it.
+class Clock {
+ public:
+  virtual ~Clock() = default;
+  /// The local date as "yyyymmdd".
+  virtual std::string today() const = 0;
+
+ protected:
+  Clock() = default;
+  Clock(const Clock&) = default;
+  Clock& operator=(const Clock&) = default;
+};
+
+/// All borrowed; they outlive the component object that is made with them.
+struct Services {
+  FormsToolkit& forms;
+  HostComponents& host;
+  const Clock& clock;
+};
+
+}  // namespace vexnumkr
