@@ -13,9 +13,9 @@ namespace vexnumkr {
 /// Lets the host's users administer their document number ranges in one modal dialog.
 ///
 /// Calling order: Init first, then ShowDialog any number of times. Made by the factories in
-/// component.h. Both members are called on the host's user-interface thread, which ShowDialog blocks.
-/// Neither raises an error: failures are reported to the user in a box. Whether the user saved or
-/// cancelled is visible in the database alone.
+/// component.h. Both members are called on the host's user-interface thread, which ShowDialog
+/// blocks. Neither raises an error: failures are reported to the user in a box. Whether the user
+/// saved or cancelled is visible in the database alone.
 class VEXNUMKR_API VXNummernkreise {
  public:
   /// Releases the user list; the connection stays open.

@@ -13,11 +13,11 @@ namespace vexnumkr {
 
 /// Opens a connection through Qt SQL.
 ///
-/// `connectionString` is a list of `key=value` pairs separated by semicolons, keys without regard to
-/// case: `Driver` (QSQLITE) and `Database` (a file) are required; `Server`, `Port`, `UID` and `PWD`
-/// are for engines that are reached over a network. A value that holds a semicolon or begins or ends
-/// with a blank stands in double quotes, a double quote in it is doubled.
-/// Errors: a malformed string, an unknown driver, and whatever the engine says on opening.
+/// `connectionString` is a list of `key=value` pairs separated by semicolons, keys without regard
+/// to case: `Driver` (QSQLITE) and `Database` (a file) are required; `Server`, `Port`, `UID` and
+/// `PWD` are for engines that are reached over a network. A value that holds a semicolon or begins
+/// or ends with a blank stands in double quotes, a double quote in it is doubled. Errors: a
+/// malformed string, an unknown driver, and whatever the engine says on opening.
 VEXNUMKR_API std::shared_ptr<Connection> openQtSqlConnection(const std::string& connectionString);
 
 /// A closed connection: set its ConnectionString, then Open it.

@@ -19,9 +19,9 @@ VEXNUMKR_API HostComponents& emptyHost();
 }  // namespace vexnumkr
 
 /// Creates the component by its class name, for hosts that load the library at run time and look
-/// this function up. "VXNummernkreise" and "VEXNummernkreise.VXNummernkreise" are known, in any case.
-/// `host` may be null. Returns null for an unknown name, and when the component cannot be made. The
-/// caller releases the object with vexnumkrReleaseObject.
+/// this function up. "VXNummernkreise" and "VEXNummernkreise.VXNummernkreise" are known, in any
+/// case. `host` may be null. Returns null for an unknown name, and when the component cannot be
+/// made. The caller releases the object with vexnumkrReleaseObject.
 extern "C" VEXNUMKR_API vexnumkr::VXNummernkreise* vexnumkrCreateObject(
     const char* className, vexnumkr::HostComponents* host) noexcept;
 

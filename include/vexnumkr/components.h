@@ -41,8 +41,8 @@ class VEXNUMKR_API BookingCircleDialog : public HostComponent {
   /// The connection to work on, inside whatever transaction runs on it. Set before Show.
   virtual void Connection(std::shared_ptr<vexnumkr::Connection> connection) = 0;
   virtual void MultiSelect(bool on) = 0;
-  /// Shows the administration of the booking circles of `origin` modally; returns when it is closed.
-  /// `number` is the selection that the host's library knows; the component passes 27.
+  /// Shows the administration of the booking circles of `origin` modally; returns when it is
+  /// closed. `number` is the selection that the host's library knows; the component passes 27.
   virtual void Show(const std::string& origin, std::int32_t number) = 0;
 };
 
@@ -82,12 +82,17 @@ class VEXNUMKR_API HostTexts {
 class VEXNUMKR_API HostMessages {
  public:
   virtual ~HostMessages() = default;
+  /// The number of the failure that Prepare and Show are about to report, for facilities that show
+  /// it; called before Prepare.
+  virtual void ErrorNumber(std::int32_t number) { static_cast<void>(number); }
   /// Announces what the next Show is about. `kind` is 3 for a failure.
-  virtual Value Prepare(const Value& text, std::int16_t kind, const std::optional<Value>& third) = 0;
-  /// Shows a box without an owner window and returns the code of the button pressed (1 OK, 2 Cancel,
-  /// 6 Yes, 7 No). `kind` is 3 for a failure and 4 for a question or information.
-  virtual std::int32_t Show(const Value& text, std::int16_t kind, const std::optional<Value>& source,
-                            std::int32_t buttons, const std::optional<Value>& title, bool flag) = 0;
+  virtual Value Prepare(const Value& text, std::int16_t kind,
+                        const std::optional<Value>& third) = 0;
+  /// Shows a box without an owner window and returns the code of the button pressed (1 OK, 2
+  /// Cancel, 6 Yes, 7 No). `kind` is 3 for a failure and 4 for a question or information.
+  virtual std::int32_t Show(const Value& text, std::int16_t kind,
+                            const std::optional<Value>& source, std::int32_t buttons,
+                            const std::optional<Value>& title, bool flag) = 0;
 
  protected:
   HostMessages() = default;
@@ -95,8 +100,8 @@ class VEXNUMKR_API HostMessages {
   HostMessages& operator=(const HostMessages&) = default;
 };
 
-/// The host's side of the component, handed to the factory in component.h; it outlives the component
-/// objects made with it.
+/// The host's side of the component, handed to the factory in component.h; it outlives the
+/// component objects made with it.
 class VEXNUMKR_API HostComponents {
  public:
   virtual ~HostComponents() = default;

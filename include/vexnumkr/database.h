@@ -62,8 +62,8 @@ class VEXNUMKR_API Recordset {
   /// keyset and optimistic. Errors as for reading; 3251 when the recordset is read-only.
   virtual void Fields(std::string_view name, const Value& value) = 0;
 
-  /// Writes the fields set in the current row to exactly the record that it was read from, also when
-  /// the select does not list the key columns, and also when another record looks the same.
+  /// Writes the fields set in the current row to exactly the record that it was read from, also
+  /// when the select does not list the key columns, and also when another record looks the same.
   /// Errors: 3021 at the end; 3251 when the record has no unique identity to address it by.
   virtual void Update() = 0;
 
@@ -90,9 +90,9 @@ class VEXNUMKR_API Command {
   /// Runs the command text as it stands. Exactly one statement is accepted: a second one behind a
   /// semicolon is refused, and nothing of the text runs.
   /// `recordsAffected` receives, for a select, the number of rows found, otherwise the number of
-  /// rows changed. Returns the rows of a select, open on the first; for other statements a recordset
-  /// without fields, at its end. A failed statement leaves a running transaction, and what was done
-  /// in it before, in place.
+  /// rows changed. Returns the rows of a select, open on the first; for other statements a
+  /// recordset without fields, at its end. A failed statement leaves a running transaction, and
+  /// what was done in it before, in place.
   virtual std::unique_ptr<Recordset> Execute(std::int32_t& recordsAffected) = 0;
 
  protected:
@@ -121,8 +121,7 @@ class VEXNUMKR_API Connection {
   virtual void CursorLocation(std::int32_t location) = 0;
 
   /// Opens what ConnectionString names. An empty user or password leaves those of the string.
-  virtual void Open(const std::string& user, const std::string& password,
-                    std::int32_t options) = 0;
+  virtual void Open(const std::string& user, const std::string& password, std::int32_t options) = 0;
   virtual void Close() = 0;
 
   /// As Command::Execute, for a text without a command of its own.

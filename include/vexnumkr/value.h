@@ -24,13 +24,13 @@ struct Null {
 class VEXNUMKR_API Value {
  public:
   Value() = default;
-  Value(Empty) {}                                        // NOLINT(google-explicit-constructor)
-  Value(Null null) : data_(null) {}                      // NOLINT(google-explicit-constructor)
-  Value(std::int32_t number) : data_(number) {}          // NOLINT(google-explicit-constructor)
-  Value(bool flag) : data_(flag) {}                      // NOLINT(google-explicit-constructor)
-  Value(std::string text) : data_(std::move(text)) {}    // NOLINT(google-explicit-constructor)
+  Value(Empty) {}                                             // NOLINT(google-explicit-constructor)
+  Value(Null null) : data_(null) {}                           // NOLINT(google-explicit-constructor)
+  Value(std::int32_t number) : data_(number) {}               // NOLINT(google-explicit-constructor)
+  Value(bool flag) : data_(flag) {}                           // NOLINT(google-explicit-constructor)
+  Value(std::string text) : data_(std::move(text)) {}         // NOLINT(google-explicit-constructor)
   Value(std::string_view text) : data_(std::string(text)) {}  // NOLINT
-  Value(const char* text) : data_(std::string(text)) {}  // NOLINT(google-explicit-constructor)
+  Value(const char* text) : data_(std::string(text)) {}       // NOLINT(google-explicit-constructor)
 
   bool isEmpty() const noexcept { return std::holds_alternative<Empty>(data_); }
   bool isNull() const noexcept { return std::holds_alternative<Null>(data_); }
@@ -47,8 +47,8 @@ class VEXNUMKR_API Value {
   /// rounded half to even. Errors: 94 for Null, 13 for a text that is no number, 6 out of range.
   std::int32_t toLong() const;
 
-  /// To a boolean: Empty False, a number is True unless 0, "True"/"Wahr" and "False"/"Falsch" in any
-  /// case, any other text as a number. Errors: 94 for Null, 13 for any other text.
+  /// To a boolean: Empty False, a number is True unless 0, "True"/"Wahr" and "False"/"Falsch" in
+  /// any case, any other text as a number. Errors: 94 for Null, 13 for any other text.
   bool toBoolean() const;
 
   /// To a text: Empty "", booleans "Wahr" and "Falsch", numbers in decimal. Error: 94 for Null.
@@ -62,12 +62,14 @@ class VEXNUMKR_API Value {
 
 /// The number conversions of texts, for callers that hold no Value.
 ///
-/// A text is a number when it is, without the blanks around it: an optional sign, then digits, plain
-/// or in groups of three separated by dots ("12.345.678"), then optionally a comma and digits; ",5"
-/// is one, a lone sign or comma is not. Nothing else is: "12.5", "1e3" and "&H10" are not.
+/// A text is a number when it is, without the blanks around it: an optional sign, then digits,
+/// plain or in groups of three separated by dots ("12.345.678"), then optionally a comma and
+/// digits; ",5" is one, a lone sign or comma is not. Nothing else is: "12.5", "1e3" and "&H10" are
+/// not.
 VEXNUMKR_API bool isNumber(std::string_view text);
 
-/// `text` as a 32-bit integer, rounded half to even. Errors: 13 when it is no number, 6 out of range.
+/// `text` as a 32-bit integer, rounded half to even. Errors: 13 when it is no number, 6 out of
+/// range.
 VEXNUMKR_API std::int32_t textToLong(std::string_view text);
 
 /// `text` as a boolean, by the rules of Value::toBoolean. Error: 13.
@@ -75,5 +77,8 @@ VEXNUMKR_API bool textToBoolean(std::string_view text);
 
 /// `text` without the blanks (U+0020) before and after it.
 VEXNUMKR_API std::string_view trimBlanks(std::string_view text);
+
+/// The character (one UTF-8 sequence) at that position, counted from 0; empty behind the last.
+VEXNUMKR_API std::string_view characterAt(std::string_view text, std::size_t position);
 
 }  // namespace vexnumkr

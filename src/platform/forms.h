@@ -104,6 +104,8 @@ class ComboBox : public Control {
   virtual void Clear() = 0;
   virtual void AddItem(const std::string& text) = 0;
   virtual std::int32_t ListCount() const = 0;
+  /// The text of an entry. Error 380 for one that does not exist.
+  virtual std::string List(std::int32_t index) const = 0;
   /// The chosen entry, -1 for none. Setting another one than the chosen raises the click event; one
   /// that does not exist: error 380.
   virtual std::int32_t ListIndex() const = 0;
@@ -153,7 +155,15 @@ enum class ControlKind {
 enum class ButtonRole { None, Default, Cancel };
 
 /// What a picture holder holds.
-enum class PictureKind { None, CellButton, CheckedBox, UncheckedBox, OptionOn, OptionOff, NotFound };
+enum class PictureKind {
+  None,
+  CellButton,
+  CheckedBox,
+  UncheckedBox,
+  OptionOn,
+  OptionOff,
+  NotFound
+};
 
 enum class Alignment { Left, Right };
 

@@ -59,7 +59,8 @@ class TreeGrid : public Control {
   virtual void ItemLevel(std::int32_t index, std::int16_t level) = 0;
   virtual std::int16_t ItemLevel(std::int32_t index) const = 0;
 
-  /// The text of a cell; "" for one that was never filled. Setting a number stores its decimal text.
+  /// The text of a cell; "" for one that was never filled. Setting a number stores its decimal
+  /// text.
   virtual std::string List(std::int32_t index, std::int16_t column) const = 0;
   virtual void List(std::int32_t index, std::int16_t column, std::string_view text) = 0;
   virtual void List(std::int32_t index, std::int16_t column, std::int32_t number) = 0;
@@ -77,15 +78,16 @@ class TreeGrid : public Control {
   virtual void ListIndex(std::int32_t index) = 0;
   virtual void Selected(std::int32_t index, bool selected) = 0;
 
-  /// The first item at or after `start` whose cell equals `text`; when there is none, the first whose
-  /// cell begins with it; else -1. Case-sensitive.
+  /// The first item at or after `start` whose cell equals `text`; when there is none, the first
+  /// whose cell begins with it; else -1. Case-sensitive.
   virtual std::int32_t FindString(std::int32_t start, std::int16_t column,
                                   std::string_view text) const = 0;
 
   /// Makes the item current and visible and opens the editor in its cell, the whole text selected.
   virtual void StartEdit(std::int32_t index, std::int16_t column) = 0;
-  /// Ends the edit in progress, keeping its text or dropping it; raises AfterEdit where the kept text
-  /// differs from the one that the cell opened with. True when no cell is being edited afterwards.
+  /// Ends the edit in progress, keeping its text or dropping it; raises AfterEdit where the kept
+  /// text differs from the one that the cell opened with. True when no cell is being edited
+  /// afterwards.
   virtual bool EndEdit(bool keepText) = 0;
 
   virtual void ItemEditFont(const Font& font) = 0;

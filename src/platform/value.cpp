@@ -100,6 +100,20 @@ std::string_view trimBlanks(std::string_view text) {
   return text.substr(first, text.find_last_not_of(' ') - first + 1);
 }
 
+std::string_view characterAt(std::string_view text, std::size_t position) {
+  const auto continues = [text](std::size_t i) {
+    return i < text.size() && (static_cast<unsigned char>(text[i]) & 0xC0U) == 0x80U;
+  };
+  std::size_t begin = 0;
+  for (; begin < text.size(); --position) {
+    std::size_t end = begin + 1;
+    while (continues(end)) ++end;
+    if (position == 0) return text.substr(begin, end - begin);
+    begin = end;
+  }
+  return {};
+}
+
 bool isNumber(std::string_view text) { return parseNumber(text).has_value(); }
 
 std::int32_t textToLong(std::string_view text) {

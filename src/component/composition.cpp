@@ -1,0 +1,36 @@
+#include "component/composition.h"
+
+#include <QDate>
+
+#include "adapters/qtforms/qt_forms_toolkit.h"
+#include "dialogs/main/frmNummernkreise.h"
+
+namespace vexnumkr {
+namespace {
+
+class SystemClock final : public Clock {
+ public:
+  std::string today() const override {
+    return QDate::currentDate().toString(QStringLiteral("yyyyMMdd")).toStdString();
+  }
+};
+
+}  // namespace
+
+QtComponent::QtComponent(HostComponents& host)
+    : forms_(makeQtFormsToolkit()),
+      clock_(std::make_unique<SystemClock>()),
+      component_(std::make_unique<Component>(Services{*forms_, host, *clock_}, createMainDialog)) {}
+
+QtComponent::~QtComponent() = default;
+
+bool QtComponent::Init(std::shared_ptr<Connection> Conn, std::int32_t LngApplication,
+                       const std::string& strUser, const std::string& jmtVerarbeitungsdatum) {
+  return component_->Init(std::move(Conn), LngApplication, strUser, jmtVerarbeitungsdatum);
+}
+
+void QtComponent::ShowDialog() { component_->ShowDialog(); }
+
+HostContext& QtComponent::context() { return component_->context(); }
+
+}  // namespace vexnumkr

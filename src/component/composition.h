@@ -1,0 +1,32 @@
+// Puts the component together for a Qt application.
+#pragma once
+
+#include <memory>
+
+#include <vexnumkr/VXNummernkreise.h>
+#include <vexnumkr/components.h>
+
+#include "hosting/component.h"
+#include "platform/services.h"
+
+namespace vexnumkr {
+
+/// The component with the Qt dialogs. `host` is borrowed and outlives it.
+class QtComponent final : public VXNummernkreise {
+ public:
+  explicit QtComponent(HostComponents& host);
+  ~QtComponent() override;
+
+  bool Init(std::shared_ptr<Connection> Conn, std::int32_t LngApplication,
+            const std::string& strUser, const std::string& jmtVerarbeitungsdatum = "") override;
+  void ShowDialog() override;
+
+  HostContext& context();
+
+ private:
+  std::unique_ptr<FormsToolkit> forms_;
+  std::unique_ptr<Clock> clock_;
+  std::unique_ptr<Component> component_;
+};
+
+}  // namespace vexnumkr

@@ -1,0 +1,18 @@
+// Sending statements through the shared command object.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+
+#include <vexnumkr/database.h>
+
+namespace vexnumkr {
+
+/// Runs a statement; returns its rows.
+std::unique_ptr<Recordset> query(Command& command, const std::string& text);
+
+/// Runs a statement whose rows are of no interest; returns the number of records that it reports.
+std::int32_t execute(Command& command, const std::string& text);
+
+}  // namespace vexnumkr

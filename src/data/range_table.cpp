@@ -1,0 +1,143 @@
+#include "data/range_table.h"
+
+#include <array>
+
+#include "data/booking_circles.h"
+#include "data/columns.h"
+#include "data/loading.h"
+#include "hosting/reporting.h"
+#include "hosting/start_up.h"
+
+namespace vexnumkr::basAllgemein {
+namespace {
+
+constexpr std::int32_t lastPlace = 99999999;
+
+void appendInactiveRow(XArray& table, const std::string& user, const NewRange& range) {
+  table.AppendRows();
+  const std::int32_t row = table.UpperBound(1);
+  table.set(row, column::Benutzer, user);
+  table.set(row, column::Buchungskreis, range.Buchungskreis);
+  table.set(row, column::Gruppe, range.Gruppe);
+  table.set(row, column::NSchl, range.NSchl);
+  table.set(row, column::NBezeichnung, range.NBezeichnung);
+  table.set(row, column::StartWert, range.StartWert);
+  table.set(row, column::AktuellerWert, range.AktuellerWert);
+  table.set(row, column::EndWert, range.EndWert);
+  table.set(row, column::Aktiviert, false);
+  table.set(row, column::SortierIndex, range.SortierIndex);
+  table.set(row, column::IstNSchlVon, range.IstNSchlVon);
+}
+
+// Writes the caption of a booking circle into the first of its rows and all further ones.
+void renameCircle(XArray& table, std::int32_t firstRow, std::int32_t circle,
+                  const std::string& caption) {
+  for (std::int32_t row = firstRow; row != -1;
+       row = table.Find(row + 1, column::Buchungskreis, circle))
+    table.set(row, column::Gruppe, caption);
+}
+
+void addOrRenameCircles(HostContext& context) {
+  const XArray& list = context.Buchungskreise();
+  for (std::int32_t j = list.LowerBound(1); j <= list.UpperBound(1); ++j) {
+    const std::int32_t circle = list.toLong(j, circle_column::Buchungskreis);
+    if (circle == 0) continue;
+    const std::string caption = list.toText(j, circle_column::Beschreibung);
+    XArray& table = context.XArray();
+    const std::int32_t row = table.Find(table.LowerBound(1), column::Buchungskreis, circle);
+    if (row == -1) {
+      AddDataBuchungskreis(context, alleBenutzer, circle, "", "", true);
+    } else if (!table.equals(row, column::Gruppe, caption)) {
+      renameCircle(table, row, circle, caption);
+    }
+  }
+}
+
+// `before` is the table as it was before circles were added and renamed.
+void removeMissingCircles(HostContext& context, const XArray& before) {
+  for (std::int32_t k = before.LowerBound(1); k <= before.UpperBound(1); ++k) {
+    if (!before.equals(k, column::Benutzer, alleBenutzer)) continue;
+    const std::int32_t circle = before.toLong(k, column::Buchungskreis);
+    if (circle == 0 || isListedCircle(context, circle)) continue;
+    DeleteInXArray(context, circle, before.toText(k, column::NSchl), true);
+  }
+}
+
+}  // namespace
+
+std::int32_t FoundInXArray(HostContext& context, const std::string& Benutzer,
+                           std::int32_t Buchungskreis, const std::string& NSchl) {
+  std::int32_t row = -1;
+  reportingFailures(context, {moduleName, "FoundInXArray"},
+                    [&] { row = context.XArray().findRange(Benutzer, Buchungskreis, NSchl); });
+  return row;
+}
+
+void AddInXArray(HostContext& context, const std::string& Benutzer, const NewRange& range,
+                 bool AlleBenutzer) {
+  reportingFailures(context, {moduleName, "AddInXArray"}, [&] {
+    if (Benutzer != alleBenutzer && !AlleBenutzer) return;
+    for (const std::string& user : context.colUser()) {
+      if (user == alleBenutzer && !AlleBenutzer) continue;
+      if (FoundInXArray(context, user, range.Buchungskreis, range.NSchl) == -1)
+        appendInactiveRow(context.XArray(), user, range);
+    }
+  });
+}
+
+void DeleteInXArray(HostContext& context, std::int32_t Buchungskreis, const std::string& NSchl,
+                    bool AlleBenutzer) {
+  reportingFailures(context, {moduleName, "DeleteInXArray"}, [&] {
+    for (const std::string& user : context.colUser()) {
+      if (user == alleBenutzer && !AlleBenutzer) continue;
+      const std::int32_t row = FoundInXArray(context, user, Buchungskreis, NSchl);
+      if (row < 0) continue;
+      context.XArray().DeleteRows(row);
+      context.blnChanged(true);
+    }
+  });
+}
+
+void RefreshInXArray(HostContext& context) {
+  reportingFailures(context, {moduleName, "RefreshInXArray"}, [&] {
+    XArray before = XArray::withColumns(lastRangeColumn);
+    CopyXArrayDB(context, context.XArray(), before);
+    addOrRenameCircles(context);
+    removeMissingCircles(context, before);
+  });
+}
+
+void CopyXArrayDB(HostContext& context, const XArray& source, XArray& target) {
+  reportingFailures(context, {moduleName, "CopyXArrayDB"}, [&] { target.copyFrom(source); });
+}
+
+std::int32_t GetNewIndex(HostContext& context) {
+  std::int32_t index = 0;
+  reportingFailures(context, {moduleName, "GetNewIndex"}, [&] { index = lastPlace; });
+  return index;
+}
+
+void SetValueAll(HostContext& context, const std::string& NSchl, std::int32_t Buchungskreis,
+                 std::int32_t columnNumber, const Value& value) {
+  reportingFailures(context, {moduleName, "SetValueAll"}, [&] {
+    for (const std::string& user : context.colUser()) {
+      const std::int32_t row = FoundInXArray(context, user, Buchungskreis, NSchl);
+      if (row > -1) context.XArray().set(row, columnNumber, value);
+    }
+  });
+}
+
+void SetValue(HostContext& context, const std::string& NSchl, const std::string& Gruppe,
+              const std::string& user, std::int32_t columnNumber, const Value& value) {
+  reportingFailures(context, {moduleName, "SetValue"}, [&] {
+    XArray& table = context.XArray();
+    using TextCell = std::pair<std::int32_t, std::string_view>;
+    const std::array<TextCell, 3> cells{TextCell{column::Benutzer, user},
+                                        TextCell{column::Gruppe, Gruppe},
+                                        TextCell{column::NSchl, NSchl}};
+    const std::int32_t row = table.FindRow(cells);
+    if (row > -1) table.set(row, columnNumber, value);
+  });
+}
+
+}  // namespace vexnumkr::basAllgemein

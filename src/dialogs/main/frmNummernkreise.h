@@ -1,0 +1,92 @@
+// The main dialog.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "dialogs/main/layout.h"
+#include "hosting/component.h"
+#include "hosting/host_context.h"
+#include "platform/forms.h"
+#include "platform/tree_grid.h"
+
+namespace vexnumkr {
+
+/// Shows the ranges in a grid with a booking-circle and a user filter. One transaction on the
+/// host's connection spans the time it is open: begun when it has loaded, committed by saving,
+/// rolled back by cancelling.
+///
+/// Every handler reports its failures under its own name and leaves the dialog open. A cell being
+/// edited is left, its text kept, before another control does its work; where the entry is refused,
+/// nothing else happens.
+class frmNummernkreise final : public MainDialog, private FormEvents, private TreeGridEvents {
+ public:
+  explicit frmNummernkreise(HostContext& context);
+  ~frmNummernkreise() override;
+
+  void RefreshFont(const std::string& fontName) override;
+  void Show() override;
+
+ private:
+  // How the dialog is being closed.
+  enum CloseMode : std::int32_t { NotClosing = -1, ByOK = 0, ByCancel = 1, ByCloseButton = 2 };
+
+  void Form_Load() override;
+  void Form_Shown() override;
+  void Form_QueryUnload(bool& Cancel, std::int16_t UnloadMode) override;
+  void Form_Unload() override;
+  void Form_KeyDown(std::int16_t KeyCode, std::int16_t Shift) override;
+  void Form_Resize() override;
+
+  void cboBuchungskreis_Click();
+  void cboUser_Click();
+  void cmdAuto_Click();
+  void cmdBuchungskreise_Click();
+  void cmdSonderkreise_Click();
+  void cmdOptionen_Click();
+  void cmdOK_Click();
+  void cmdCancel_Click();
+
+  void ItemClick(std::int32_t index, std::int16_t column, GridArea area,
+                 std::int16_t button) override;
+  void KeyDown(std::int16_t key) override;
+  void CEKeyDown(std::int16_t& key, std::int16_t shift, std::int32_t index,
+                 std::int16_t column) override;
+  void AfterEdit(std::int32_t index, std::int16_t column, bool& cancel, std::string& text) override;
+  void ToolTipText(std::int16_t column, std::string& text) override;
+
+  void ShowUserCombo();
+  void CreateToolTips();
+
+  template <class Body>
+  void reporting(const char* procedure, Body&& body);
+
+  void connectControls();
+  void applyApplicationStyle();
+  void storePictures();
+  void fillUserCombo();
+  void rebuildGrid();
+  void refillFilter();
+  void resetFilters();
+  void selectUser(std::int32_t step);
+  void storeValue(std::int32_t index, std::int16_t column, std::string& text);
+  void dragCurrentValue(std::int32_t index, std::int32_t circle, const std::string& key,
+                        const std::string& text);
+
+  HostContext& context_;
+  std::unique_ptr<Form> form_;
+  TreeGrid& sftNummernkreise_;
+  ComboBox& cboBuchungskreis_;
+  ComboBox& cboUser_;
+  std::optional<MainDialogLayout> layout_;
+  std::int32_t closeMode_ = NotClosing;
+  bool suppressComboEvents_ = false;
+  bool shown_ = false;
+};
+
+/// Makes the main dialog for a component.
+std::unique_ptr<MainDialog> createMainDialog(HostContext& context);
+
+}  // namespace vexnumkr

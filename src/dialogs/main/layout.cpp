@@ -1,0 +1,186 @@
+#include "dialogs/main/layout.h"
+
+#include "dialogs/main/tree.h"
+
+namespace vexnumkr {
+namespace {
+
+constexpr std::int32_t twipsPerUnit = 15;  // a grid unit is a pixel at 96 dots per inch
+
+constexpr std::int32_t margin = 120;
+constexpr std::int32_t formWidth = 9600;
+constexpr std::int32_t formHeight = 7215;
+constexpr std::int32_t gridTop = 570;
+constexpr std::int32_t gridWidth = formWidth - 2 * margin;
+constexpr std::int32_t buttonTop = 6735;
+constexpr std::int32_t buttonWidth = 1335;
+constexpr std::int32_t buttonHeight = 360;
+constexpr std::int32_t buttonGap = 105;
+
+constexpr double valueColumnWidth = 87;
+constexpr double descriptionColumnWidth = 133;
+// What the scroll bar and the frame take of the grid's width, in grid units.
+constexpr double gridChrome = 22;
+
+ControlDescription label(const char* name, const char* caption, const Rect& position) {
+  ControlDescription control;
+  control.kind = ControlKind::Label;
+  control.name = name;
+  control.caption = caption;
+  control.position = position;
+  return control;
+}
+
+ControlDescription combo(const char* name, const char* accessibleName, const Rect& position,
+                         int tabIndex) {
+  ControlDescription control;
+  control.kind = ControlKind::ComboBox;
+  control.name = name;
+  control.accessibleName = accessibleName;
+  control.position = position;
+  control.tabIndex = tabIndex;
+  return control;
+}
+
+ControlDescription button(const char* name, const char* caption, const Rect& position, int tabIndex,
+                          ButtonRole role = ButtonRole::None) {
+  ControlDescription control;
+  control.kind = ControlKind::Button;
+  control.name = name;
+  control.caption = caption;
+  control.position = position;
+  control.tabIndex = tabIndex;
+  control.role = role;
+  return control;
+}
+
+ControlDescription picture(const char* name, PictureKind kind) {
+  ControlDescription control;
+  control.kind = ControlKind::PictureHolder;
+  control.name = name;
+  control.picture = kind;
+  control.visible = false;
+  return control;
+}
+
+Rect bottomLeft(int place) {
+  return {margin + place * (buttonWidth + buttonGap), buttonTop, buttonWidth, buttonHeight};
+}
+
+Rect bottomRight(int place) {
+  return {formWidth - margin - buttonWidth - place * (buttonWidth + buttonGap), buttonTop,
+          buttonWidth, buttonHeight};
+}
+
+ControlDescription grid() {
+  ControlDescription control;
+  control.kind = ControlKind::TreeGrid;
+  control.name = "sftNummernkreise";
+  control.accessibleName = "Nummernkreise";
+  control.position = {margin, gridTop, gridWidth, buttonTop - margin - gridTop};
+  control.tabIndex = 3;
+  control.columns = {{"", 0},
+                     {"Beschreibung", descriptionColumnWidth},
+                     {"Start", valueColumnWidth, Alignment::Right, true},
+                     {"Aktuell", valueColumnWidth, Alignment::Right, true},
+                     {"Ende", valueColumnWidth, Alignment::Right, true},
+                     {"Maske", valueColumnWidth, Alignment::Left, true},
+                     {"Buchungskreis", 0},
+                     {"NSchl", 0},
+                     {"NBezeichnung", 0},
+                     {"SortierIndex", 0},
+                     {"Type", 0},
+                     {"IstNSchlVon", 0}};
+  return control;
+}
+
+TreeGrid& gridOf(Form& form) { return form.control<TreeGrid>("sftNummernkreise"); }
+
+}  // namespace
+
+FormDescription mainDialogDescription() {
+  FormDescription form;
+  form.name = "frmNummernkreise";
+  form.caption = "Nummernkreise";
+  form.width = formWidth;
+  form.height = formHeight;
+  form.font = {"Tahoma"};
+  form.resizable = true;
+  form.minimumWidth = 8400;
+  form.minimumHeight = 3600;
+
+  ControlDescription options = button("cmdOptionen", "Einstellungen", bottomLeft(2), 6);
+  options.visible = false;
+  ControlDescription circles = button("cmdBuchungskreise", "...", {4515, 135, 420, 315}, 1);
+  circles.accessibleName = "Nummernkreise verwalten";
+
+  form.controls = {grid(),
+                   label("lblBuchungskreis", "Nummernkreis:", {margin, 180, 1320, 225}),
+                   combo("cboBuchungskreis", "Nummernkreis", {1470, 135, 3000, 315}, 0),
+                   circles,
+                   label("lblUser", "Benutzer:", {5580, 180, 900, 225}),
+                   combo("cboUser", "Benutzer", {6480, 135, 3000, 315}, 2),
+                   button("cmdAuto", "Automatisch", bottomLeft(0), 4),
+                   button("cmdSonderkreise", "Sonderkreise", bottomLeft(1), 5),
+                   options,
+                   button("cmdOK", "OK", bottomRight(1), 7, ButtonRole::Default),
+                   button("cmdCancel", "Abbrechen", bottomRight(0), 8, ButtonRole::Cancel),
+                   picture("UglyButtons", PictureKind::CellButton),
+                   picture("Checked", PictureKind::CheckedBox),
+                   picture("Unchecked", PictureKind::UncheckedBox),
+                   picture("ValueTrue", PictureKind::OptionOn),
+                   picture("ValueFalse", PictureKind::OptionOff),
+                   picture("NotFound", PictureKind::NotFound)};
+  return form;
+}
+
+MainDialogLayout::MainDialogLayout(Form& form)
+    : form_(form), width_(form.ScaleWidth()), height_(form.ScaleHeight()) {
+  for (const char* name : {"lblUser", "cboUser", "sftNummernkreise", "cmdAuto", "cmdSonderkreise",
+                           "cmdOptionen", "cmdOK", "cmdCancel"})
+    positions_.push_back({name, form.control<Control>(name).Position()});
+  TreeGrid& grid = gridOf(form);
+  valueWidth_ = grid.ColWidth(grid_column::Start);
+  // The descriptions get what the design leaves over.
+  const double columns = descriptionColumnWidth + 4 * valueColumnWidth + gridChrome;
+  const double spare = recorded("sftNummernkreise").width / double{twipsPerUnit} - columns;
+  descriptionWidth_ = grid.ColWidth(grid_column::Beschreibung) + spare;
+  grid.ColWidth(grid_column::Beschreibung, descriptionWidth_);
+}
+
+Rect MainDialogLayout::recorded(const char* name) const {
+  for (const Recorded& each : positions_)
+    if (std::string_view(each.name) == name) return each.position;
+  throw Error::objectNotSet();
+}
+
+void MainDialogLayout::move(const char* name, std::int32_t dW, std::int32_t dH) {
+  Rect position = recorded(name);
+  position.left += dW;
+  position.top += dH;
+  form_.control<Control>(name).Position(position);
+}
+
+void MainDialogLayout::moveRight(const char* name, std::int32_t dW) { move(name, dW, 0); }
+
+void MainDialogLayout::apply() {
+  const std::int32_t dW = form_.ScaleWidth() - width_;
+  const std::int32_t dH = form_.ScaleHeight() - height_;
+  moveRight("lblUser", dW);
+  moveRight("cboUser", dW);
+  TreeGrid& grid = gridOf(form_);
+  Rect position = recorded("sftNummernkreise");
+  position.width += dW;
+  position.height += dH;
+  grid.Position(position);
+  // "Aktuell", "Ende" and "Maske" start from one width and take three quarters of the change; the
+  // descriptions take the rest.
+  const double share = dW / 4.0 / twipsPerUnit;
+  grid.ColWidth(grid_column::Beschreibung, descriptionWidth_ + share);
+  for (const auto column : {grid_column::Aktuell, grid_column::Ende, grid_column::Maske})
+    grid.ColWidth(column, valueWidth_ + share);
+  for (const char* name : {"cmdAuto", "cmdSonderkreise", "cmdOptionen"}) move(name, 0, dH);
+  for (const char* name : {"cmdOK", "cmdCancel"}) move(name, dW, dH);
+}
+
+}  // namespace vexnumkr

@@ -1,0 +1,40 @@
+// How the main dialog looks at design time, and how it follows its window's size.
+#pragma once
+
+#include <cstdint>
+
+#include "platform/forms.h"
+#include "platform/tree_grid.h"
+
+namespace vexnumkr {
+
+/// The description of frmNummernkreise with all its controls in control order.
+FormDescription mainDialogDescription();
+
+/// Positions recorded when the dialog loads; moves and stretches the controls with the window.
+class MainDialogLayout {
+ public:
+  explicit MainDialogLayout(Form& form);
+
+  /// Places everything for the form's present inner size.
+  void apply();
+
+ private:
+  void moveRight(const char* name, std::int32_t dW);
+  void move(const char* name, std::int32_t dW, std::int32_t dH);
+  Rect recorded(const char* name) const;
+
+  struct Recorded {
+    const char* name;
+    Rect position;
+  };
+
+  Form& form_;
+  std::int32_t width_;
+  std::int32_t height_;
+  std::vector<Recorded> positions_;
+  double descriptionWidth_;
+  double valueWidth_;
+};
+
+}  // namespace vexnumkr

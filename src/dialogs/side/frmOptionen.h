@@ -1,0 +1,47 @@
+// The dialog for how follow-up documents find their number range.
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include <vexnumkr/components.h>
+
+#include "hosting/host_context.h"
+#include "platform/forms.h"
+
+namespace vexnumkr {
+
+/// Stores the choices through the host's settings component, on a connection of its own and so
+/// outside the main dialog's transaction; the host reads them elsewhere. Nothing is reported:
+/// without the component the choices show their defaults and OK writes nothing.
+class frmOptionen final : private FormEvents {
+ public:
+  explicit frmOptionen(HostContext& context);
+  ~frmOptionen() override;
+
+  Form& form() { return *form_; }
+  void Show() { form_->ShowModal(); }
+
+ private:
+  void Form_Load() override;
+  void Form_Shown() override {}
+  void Form_QueryUnload(bool& /*Cancel*/, std::int16_t /*UnloadMode*/) override {}
+  void Form_Unload() override;
+  void Form_KeyDown(std::int16_t /*KeyCode*/, std::int16_t /*Shift*/) override {}
+  void Form_Resize() override {}
+
+  void cmdOK_Click();
+  void cmdCancel_Click();
+
+  void createSettings();
+  std::string readSetting(const std::string& key, const std::string& defaultValue);
+  void select(const std::string& pair, const std::string& value);
+  void save(const std::string& pair, const std::string& key);
+
+  HostContext& context_;
+  std::unique_ptr<Form> form_;
+  std::unique_ptr<Connection> connection_;
+  std::unique_ptr<SettingsStore> settings_;  // after the connection that it uses
+};
+
+}  // namespace vexnumkr

@@ -1,0 +1,110 @@
+#include "dialogs/side/frmSonderkreise.h"
+
+#include "data/sql/statements.h"
+#include "hosting/reporting.h"
+
+namespace vexnumkr {
+namespace {
+
+constexpr const char* moduleName = "frmSonderkreise";
+
+FormDescription description() {
+  FormDescription form;
+  form.name = "frmSonderkreise";
+  form.caption = "Sonderkreise";
+  form.width = 4890;
+  form.height = 3525;
+  form.font = {"Tahoma"};
+
+  ControlDescription label;
+  label.kind = ControlKind::Label;
+  label.name = "lblSonderkreise";
+  label.caption = "Folgende Sonderkreise können noch zusätzlich aktiviert werden:";
+  label.position = {120, 120, 4605, 195};
+
+  ControlDescription list;
+  list.kind = ControlKind::CheckList;
+  list.name = "lstSonderkreise";
+  list.accessibleName = "Sonderkreise";
+  list.position = {120, 420, 4635, 2535};
+  list.tabIndex = 0;
+
+  ControlDescription ok;
+  ok.kind = ControlKind::Button;
+  ok.name = "cmdOK";
+  ok.caption = "OK";
+  ok.position = {1980, 3060, 1335, 345};
+  ok.tabIndex = 1;
+  ok.role = ButtonRole::Default;
+
+  ControlDescription cancel;
+  cancel.kind = ControlKind::Button;
+  cancel.name = "cmdCancel";
+  cancel.caption = "Abbrechen";
+  cancel.position = {3420, 3060, 1335, 345};
+  cancel.tabIndex = 2;
+  cancel.role = ButtonRole::Cancel;
+
+  form.controls = {label, list, ok, cancel};
+  return form;
+}
+
+std::string entryText(const Recordset& record) {
+  return record.Fields("NBezeichnung").toText() + " (" + record.Fields("U_NSchl").toText() + ")";
+}
+
+}  // namespace
+
+frmSonderkreise::frmSonderkreise(HostContext& context)
+    : context_(context),
+      form_(context.forms().createForm(description(), *this)),
+      lstSonderkreise_(form_->control<CheckList>("lstSonderkreise")) {
+  form_->control<Button>("cmdOK").OnClick([this] { cmdOK_Click(); });
+  form_->control<Button>("cmdCancel").OnClick([this] { cmdCancel_Click(); });
+}
+
+frmSonderkreise::~frmSonderkreise() = default;
+
+void frmSonderkreise::Form_Load() {
+  reportingFailures(context_, {moduleName, "Form_Load"}, [&] {
+    records_ = context_.Conn().createRecordset();
+    records_->CursorLocation(ado::useClient);
+    records_->Open(statement::specialRangesByDescription(context_.Herkunft()), context_.Conn(),
+                   ado::openKeyset, ado::lockOptimistic, ado::unspecified);
+    for (std::int32_t i = 0; !records_->EndOfFile(); records_->MoveNext(), ++i) {
+      lstSonderkreise_.AddItem(entryText(*records_));
+      lstSonderkreise_.Selected(i, records_->Fields("Aktiviert").toBoolean());
+    }
+  });
+}
+
+// Writes every record, changed or not. Without a record there is nothing to write.
+void frmSonderkreise::SaveSettings() {
+  reportingFailures(context_, {moduleName, "SaveSettings"}, [&] {
+    if (records_ == nullptr || lstSonderkreise_.ListCount() == 0) return;
+    records_->MoveFirst();
+    for (std::int32_t i = 0; i < lstSonderkreise_.ListCount(); ++i) {
+      records_->Fields("Aktiviert", lstSonderkreise_.Selected(i));
+      records_->Update();
+      records_->MoveNext();
+    }
+  });
+}
+
+void frmSonderkreise::cmdOK_Click() {
+  ignoringFailures([&] { SaveSettings(); });
+  ignoringFailures([&] { form_->Unload(); });
+}
+
+void frmSonderkreise::cmdCancel_Click() {
+  reportingFailures(context_, {moduleName, "cmdCancel_Click"}, [&] { form_->Unload(); });
+}
+
+void frmSonderkreise::Form_Unload() {
+  ignoringFailures([&] {
+    if (records_ != nullptr) records_->Close();
+  });
+  records_.reset();
+}
+
+}  // namespace vexnumkr

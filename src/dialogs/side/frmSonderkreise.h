@@ -1,0 +1,42 @@
+// The dialog that switches special ranges on and off.
+#pragma once
+
+#include <memory>
+
+#include <vexnumkr/database.h>
+
+#include "hosting/host_context.h"
+#include "platform/forms.h"
+
+namespace vexnumkr {
+
+/// Lists the special ranges of the origin. OK writes every entry's state into the database at once,
+/// inside the transaction of the main dialog; closing otherwise writes nothing. List entry n is
+/// record n of one recordset that stays open as long as the form.
+class frmSonderkreise final : private FormEvents {
+ public:
+  explicit frmSonderkreise(HostContext& context);
+  ~frmSonderkreise() override;
+
+  Form& form() { return *form_; }
+  void Show() { form_->ShowModal(); }
+
+ private:
+  void Form_Load() override;
+  void Form_Shown() override {}
+  void Form_QueryUnload(bool& /*Cancel*/, std::int16_t /*UnloadMode*/) override {}
+  void Form_Unload() override;
+  void Form_KeyDown(std::int16_t /*KeyCode*/, std::int16_t /*Shift*/) override {}
+  void Form_Resize() override {}
+
+  void cmdOK_Click();
+  void cmdCancel_Click();
+  void SaveSettings();
+
+  HostContext& context_;
+  std::unique_ptr<Form> form_;
+  CheckList& lstSonderkreise_;
+  std::unique_ptr<Recordset> records_;
+};
+
+}  // namespace vexnumkr

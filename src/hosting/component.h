@@ -1,0 +1,50 @@
+// The implementation of the public class.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+
+#include <vexnumkr/VXNummernkreise.h>
+
+#include "hosting/host_context.h"
+
+namespace vexnumkr {
+
+/// The main dialog as the public class knows it.
+class MainDialog {
+ public:
+  virtual ~MainDialog() = default;
+  /// Switches the fonts of the dialog and its controls; before Show.
+  virtual void RefreshFont(const std::string& fontName) = 0;
+  /// Shows the dialog modally and returns when it is closed.
+  virtual void Show() = 0;
+
+ protected:
+  MainDialog() = default;
+  MainDialog(const MainDialog&) = default;
+  MainDialog& operator=(const MainDialog&) = default;
+};
+
+using MainDialogFactory = std::function<std::unique_ptr<MainDialog>(HostContext&)>;
+
+/// Holds the session and delegates. A fresh dialog is made for every ShowDialog.
+class Component final : public VXNummernkreise {
+ public:
+  Component(const Services& services, MainDialogFactory createDialog);
+  ~Component() override;
+
+  bool Init(std::shared_ptr<Connection> Conn, std::int32_t LngApplication,
+            const std::string& strUser, const std::string& jmtVerarbeitungsdatum) override;
+  void ShowDialog() override;
+
+  HostContext& context() { return context_; }
+
+ private:
+  void readUsers();
+
+  HostContext context_;
+  MainDialogFactory createDialog_;
+};
+
+}  // namespace vexnumkr

@@ -1,0 +1,93 @@
+#include "hosting/reporting.h"
+
+#include <new>
+#include <optional>
+
+namespace vexnumkr {
+namespace {
+
+constexpr std::int32_t failureText = 10055;  // the host's text that names the failed procedure
+constexpr std::int16_t failureKind = 3;
+constexpr std::int16_t questionKind = 4;
+constexpr std::int32_t outOfMemory = 7;
+constexpr std::int32_t internalError = 51;
+
+struct Failure {
+  std::int32_t number = 0;
+  std::string description;
+};
+
+Failure currentFailure() {
+  try {
+    throw;
+  } catch (const Error& error) {
+    return {error.number(), error.description()};
+  } catch (const std::bad_alloc&) {
+    return {outOfMemory, "Nicht genügend Speicher"};
+  } catch (const std::exception& error) {
+    return {internalError, error.what()};
+  } catch (...) {
+    return {internalError, "Interner Fehler"};
+  }
+}
+
+void showByHost(HostMessages& messages, HostTexts& texts, std::int32_t number,
+                const std::string& description, const std::string& procedure, std::int16_t kind,
+                std::int32_t buttons, const std::string& module) {
+  messages.ErrorNumber(number);
+  messages.Prepare(description, kind, std::nullopt);
+  const std::string text = texts.Text(failureText, {procedure});
+  messages.Show(text, kind, Value(module), buttons, std::nullopt, true);
+}
+
+}  // namespace
+
+namespace basAllgemein {
+
+void ShowInfoBox(HostContext& context, std::int32_t number, const std::string& description,
+                 const std::string& procedure, std::int16_t kind, std::int32_t buttons,
+                 const std::string& module) {
+  HostMessages* messages = context.host().Messages();
+  HostTexts* texts = context.host().Texts();
+  if (context.LngApplication() == 1 && messages != nullptr && texts != nullptr) {
+    try {
+      showByHost(*messages, *texts, number, description, procedure, kind, buttons, module);
+      return;
+    } catch (
+        ...) {  // NOLINT(bugprone-empty-catch): the user hears of the failure all the same, below
+    }
+  }
+  context.forms().MsgBox(module + "\r\n" + procedure + ": " + description, buttons,
+                         "Fehler " + std::to_string(number));
+}
+
+std::int32_t MsgBoxEx(HostContext& context, const std::string& prompt, std::int32_t buttons,
+                      const std::string& title) {
+  std::int32_t answer = 0;
+  ignoringFailures([&] {
+    HostMessages* messages = context.host().Messages();
+    if (context.LngApplication() == 1 && messages != nullptr) {
+      answer = messages->Show(prompt, questionKind, std::nullopt, buttons, Value(title), false);
+    } else if (context.LngApplication() == 1 || context.LngApplication() == 2) {
+      answer = context.forms().MsgBox(prompt, buttons, title);
+    }
+  });
+  return answer;
+}
+
+Value NzValue(const Value& value, const Value& replacement) {
+  if (value.isNull() || value == Value("")) return replacement;
+  return value;
+}
+
+}  // namespace basAllgemein
+
+void reportCurrentFailure(HostContext& context, const Procedure& procedure) noexcept {
+  ignoringFailures([&] {
+    const Failure failure = currentFailure();
+    basAllgemein::ShowInfoBox(context, failure.number, failure.description, procedure.name,
+                              failureKind, msg_box::exclamation, procedure.module);
+  });
+}
+
+}  // namespace vexnumkr

@@ -1,0 +1,21 @@
+// The working objects of an open dialog.
+#pragma once
+
+#include "hosting/host_context.h"
+
+namespace vexnumkr::basAllgemein {
+
+/// The last column of the range table.
+inline constexpr std::int32_t lastRangeColumn = 11;
+
+/// Builds them when the dialog loads, before anything is read: serializable isolation on the host's
+/// connection, the text command on it, the working connection, an empty range table, the host's
+/// booking-circle administration; the changed flag becomes False. A failure is reported and leaves
+/// out what would have followed.
+void basInititialize(HostContext& context);
+
+/// Releases them when the dialog unloads, each even when another one fails; failures are ignored.
+/// What the host handed over stays.
+void basTerminate(HostContext& context);
+
+}  // namespace vexnumkr::basAllgemein
