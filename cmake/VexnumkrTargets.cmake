@@ -4,6 +4,8 @@ add_library(vexnumkr_options INTERFACE)
 target_compile_features(vexnumkr_options INTERFACE cxx_std_20)
 target_compile_options(vexnumkr_options INTERFACE
   -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Wconversion -Wcast-qual
+  # GCC 12 sees these two in its own std::string when it optimises.
+  $<$<CONFIG:Release>:-Wno-restrict> $<$<CONFIG:Release>:-Wno-maybe-uninitialized>
   $<$<BOOL:${VEXNUMKR_WERROR}>:-Werror>)
 if(VEXNUMKR_SANITIZE)
   target_compile_options(vexnumkr_options INTERFACE

@@ -26,7 +26,7 @@ constexpr std::array<OptionPair, 7> pairs{{
 
 constexpr std::int32_t margin = 120;
 constexpr std::int32_t formWidth = 6600;
-constexpr std::int32_t pairHeight = 915;
+constexpr std::int32_t pairHeight = 990;
 constexpr std::int32_t pairWidth = formWidth - 4 * margin;
 constexpr std::int32_t outerHeight = 7 * pairHeight + 2 * margin;
 constexpr std::int32_t buttonTop = outerHeight + 2 * margin;
@@ -52,7 +52,7 @@ ControlDescription optionButton(const OptionPair& pair, int index, int tabIndex)
   control.name = pair.name;
   control.arrayIndex = index;
   control.caption = index == 0 ? pair.first : pair.second;
-  control.position = {margin, 270 + index * 285, pairWidth - 2 * margin, 255};
+  control.position = {margin, 315 + index * 285, pairWidth - 2 * margin, 255};
   control.parent = frameName(pair);
   control.tabIndex = tabIndex;
   return control;
@@ -87,7 +87,7 @@ FormDescription optionsDialogDescription() {
   for (std::size_t i = 0; i < pairs.size(); ++i) {
     const auto top = margin + static_cast<std::int32_t>(i) * pairHeight;
     form.controls.push_back(frame(frameName(pairs[i]), pairs[i].caption,
-                                  {margin, top, pairWidth, pairHeight - 60}, "fraOptionen"));
+                                  {margin, top, pairWidth, pairHeight - 75}, "fraOptionen"));
     for (const int index : {0, 1})
       form.controls.push_back(optionButton(pairs[i], index, tabIndex++));
   }
