@@ -1,0 +1,22 @@
+# A session of the core on a real SQLite file, for this folder and those of hosting and rules.
+add_library(vexnumkr_core_session STATIC
+  support/core_session.cpp "${PROJECT_SOURCE_DIR}/src/app/schema/schema.cpp")
+target_include_directories(vexnumkr_core_session
+  PUBLIC "${PROJECT_SOURCE_DIR}/tests" "${CMAKE_BINARY_DIR}/src/app/generated")
+target_link_libraries(vexnumkr_core_session
+  PUBLIC vexnumkr_rules vexnumkr_qtsql vexnumkr_scripted_connection Qt6::Core GTest::gtest
+  PRIVATE vexnumkr_options)
+
+# vexnumkr_core_test(FOLDER/NAME LABEL): a test on a CoreSession.
+function(vexnumkr_core_test path label)
+  vexnumkr_test(${path} LABEL ${label} SOURCES contract/qt_main.cpp LINKS vexnumkr_core_session)
+endfunction()
+
+vexnumkr_test(data/live_rows_test LABEL unit LINKS vexnumkr_table)
+vexnumkr_test(data/xarray_test LABEL unit LINKS vexnumkr_table)
+vexnumkr_test(data/xarray_random_test LABEL unit LINKS vexnumkr_table)
+vexnumkr_test(data/statements_test LABEL unit LINKS vexnumkr_statements)
+vexnumkr_core_test(data/range_table_test unit)
+vexnumkr_core_test(data/circle_list_test unit)
+vexnumkr_core_test(data/loading_test unit)
+vexnumkr_core_test(data/special_ranges_test unit)

@@ -1,0 +1,244 @@
+#include "data/table/xarray.h"
+
+#include <malloc.h>
+
+#include <array>
+
+#include <gtest/gtest.h>
+
+#include <vexnumkr/error.h>
+
+namespace vexnumkr {
+namespace {
+
+template <class Function>
+std::int32_t errorOf(Function&& function) {
+  try {
+    function();
+  } catch (const Error& error) {
+    return error.number();
+  }
+  return 0;
+}
+
+XArray tableOf(const std::vector<std::vector<Value>>& rows, std::int32_t lastColumn) {
+  XArray table = XArray::withColumns(lastColumn);
+  for (const auto& cells : rows) {
+    table.AppendRows();
+    for (std::size_t c = 0; c < cells.size(); ++c)
+      table.set(table.UpperBound(1), static_cast<std::int32_t>(c), cells[c]);
+  }
+  return table;
+}
+
+std::vector<std::string> column(const XArray& table, std::int32_t number) {
+  std::vector<std::string> texts;
+  for (std::int32_t row = table.LowerBound(1); row <= table.UpperBound(1); ++row)
+    texts.push_back(table.toText(row, number));
+  return texts;
+}
+
+using Texts = std::vector<std::string>;
+
+TEST(XArrayTest, IsCreatedEmptyWithItsColumns) {
+  const XArray table = XArray::withColumns(11);
+  EXPECT_EQ(table.LowerBound(1), 0);
+  EXPECT_EQ(table.UpperBound(1), -1);
+  EXPECT_EQ(table.LowerBound(2), 0);
+  EXPECT_EQ(table.UpperBound(2), 11);
+  EXPECT_EQ(errorOf([&] { table.UpperBound(3); }), 9);
+}
+
+TEST(XArrayTest, ReDimSetsTheBoundsOfBothDimensions) {
+  XArray table;
+  table.ReDim(1, 3, 2, 4);
+  EXPECT_EQ(table.LowerBound(1), 1);
+  EXPECT_EQ(table.UpperBound(1), 3);
+  EXPECT_EQ(table.LowerBound(2), 2);
+  EXPECT_EQ(table.UpperBound(2), 4);
+  table.set(3, 4, "x");
+  EXPECT_EQ(table.get(3, 4), Value("x"));
+  EXPECT_EQ(table.Find(1, 4, "x"), 3);
+}
+
+TEST(XArrayTest, CellsKeepWhatTheyAreGiven) {
+  XArray table = XArray::withColumns(3);
+  table.AppendRows();
+  EXPECT_EQ(table.get(0, 0), Value());
+  for (const Value& value : {Value(-5), Value(true), Value("Text"), Value(""), Value(Null{}), Value()}) {
+    table.set(0, 2, value);
+    EXPECT_EQ(table.get(0, 2), value);
+  }
+}
+
+TEST(XArrayTest, RowsAndColumnsThatDoNotExistAreError9) {
+  XArray table = tableOf({{"a"}}, 1);
+  EXPECT_EQ(errorOf([&] { table.get(-1, 0); }), 9);
+  EXPECT_EQ(errorOf([&] { table.get(1, 0); }), 9);
+  EXPECT_EQ(errorOf([&] { table.get(0, 2); }), 9);
+  EXPECT_EQ(errorOf([&] { table.set(-1, 0, true); }), 9);
+  EXPECT_EQ(errorOf([&] { table.DeleteRows(1); }), 9);
+  EXPECT_EQ(errorOf([&] { table.DeleteRows(0, 2); }), 9);
+  EXPECT_EQ(errorOf([&] { table.Find(-1, 0, "a"); }), 9);
+  EXPECT_EQ(column(table, 0), Texts{"a"});
+}
+
+TEST(XArrayTest, LaterRowsMoveUpWhenRowsAreRemoved) {
+  XArray table = tableOf({{"a"}, {"b"}, {"c"}, {"d"}}, 0);
+  table.DeleteRows(1, 2);
+  EXPECT_EQ(column(table, 0), (Texts{"a", "d"}));
+  table.AppendRows();
+  table.set(2, 0, "e");
+  EXPECT_EQ(column(table, 0), (Texts{"a", "d", "e"}));
+  table.DeleteRows(0, 3);
+  EXPECT_EQ(table.UpperBound(1), -1);
+}
+
+TEST(XArrayTest, FindsTheFirstEqualCellFromARowOn) {
+  const XArray table = tableOf({{"a", 1}, {"b", 2}, {"a", 2}, {Value(), Null{}}}, 1);
+  EXPECT_EQ(table.Find(0, 0, "a"), 0);
+  EXPECT_EQ(table.Find(1, 0, "a"), 2);
+  EXPECT_EQ(table.Find(3, 0, "a"), -1);
+  EXPECT_EQ(table.Find(4, 0, "a"), -1);
+  EXPECT_EQ(table.Find(0, 1, 2), 1);
+  EXPECT_EQ(table.Find(0, 1, "2"), -1) << "a text is no number";
+  EXPECT_EQ(table.Find(0, 0, "A"), -1) << "case counts";
+  EXPECT_EQ(table.Find(0, 0, "never seen"), -1);
+}
+
+TEST(XArrayTest, SortsTextsByCodePointAndNumbersByValue) {
+  XArray table = tableOf({{"b", 10}, {"B", 9}, {"ä", -1}, {"a", 10}, {"b", 9}}, 1);
+  const std::array byText{SortKey{0, true, Comparison::Text}, SortKey{1, true, Comparison::Number}};
+  table.QuickSort(0, 4, byText);
+  EXPECT_EQ(column(table, 0), (Texts{"B", "a", "b", "b", "ä"}));
+  EXPECT_EQ(column(table, 1), (Texts{"9", "10", "9", "10", "-1"}));
+  const std::array byNumber{SortKey{1, false, Comparison::Number}};
+  table.QuickSort(0, 4, byNumber);
+  EXPECT_EQ(column(table, 1), (Texts{"10", "10", "9", "9", "-1"}));
+  EXPECT_EQ(column(table, 0), (Texts{"a", "b", "B", "b", "ä"})) << "equal keys keep their order";
+}
+
+TEST(XArrayTest, SortsPartOfItsRows) {
+  XArray table = tableOf({{"d"}, {"c"}, {"b"}, {"a"}}, 0);
+  const std::array keys{SortKey{0, true, Comparison::Text}};
+  table.QuickSort(1, 2, keys);
+  EXPECT_EQ(column(table, 0), (Texts{"d", "b", "c", "a"}));
+}
+
+TEST(XArrayTest, SortsAgainAfterAKeyWasWritten) {
+  XArray table = tableOf({{"a"}, {"b"}}, 0);
+  const std::array keys{SortKey{0, true, Comparison::Text}};
+  table.QuickSort(0, 1, keys);
+  table.set(0, 0, "c");
+  table.QuickSort(0, 1, keys);
+  EXPECT_EQ(column(table, 0), (Texts{"b", "c"}));
+  table.AppendRows();
+  table.set(2, 0, "a");
+  table.QuickSort(0, 2, keys);
+  EXPECT_EQ(column(table, 0), (Texts{"a", "b", "c"}));
+}
+
+TEST(XArrayTest, ASortThatFailsMovesNothing) {
+  XArray table = tableOf({{"2"}, {"1"}, {"x"}}, 0);
+  const std::array numbers{SortKey{0, true, Comparison::Number}};
+  EXPECT_EQ(errorOf([&] { table.QuickSort(0, 2, numbers); }), 13);
+  EXPECT_EQ(column(table, 0), (Texts{"2", "1", "x"}));
+  table.set(2, 0, Null{});
+  EXPECT_EQ(errorOf([&] { table.QuickSort(0, 2, numbers); }), 94);
+}
+
+TEST(XArrayTest, SortsNumbersAsTextsWhereTextsAreCompared) {
+  XArray table = tableOf({{9}, {"10"}, {true}, {Value()}}, 0);
+  const std::array keys{SortKey{0, true, Comparison::Text}};
+  table.QuickSort(0, 3, keys);
+  EXPECT_EQ(column(table, 0), (Texts{"", "10", "9", "Wahr"}));
+  EXPECT_EQ(table.Find(0, 0, 9), 2);
+  EXPECT_EQ(table.Find(0, 0, "9"), -1) << "the number 9 is no text, sorted or not";
+}
+
+TEST(XArrayTest, FindsRangesByUserCircleAndKey) {
+  XArray table = tableOf({{"Max", 5, "", "RE"}, {"Max", 4, "", "RE"}, {"Anna", 5, "", "RE"}}, 11);
+  EXPECT_EQ(table.findRange("Max", 5, "RE"), 0);
+  EXPECT_EQ(table.findRange("Anna", 5, "RE"), 2);
+  EXPECT_EQ(table.findRange("Anna", 4, "RE"), -1);
+  EXPECT_EQ(table.findRange("max", 5, "RE"), -1);
+  EXPECT_EQ(table.findRange("Max", 5, "RE "), -1);
+}
+
+TEST(XArrayTest, ARowWithoutKeyStandsForEveryKey) {
+  XArray table = tableOf({{"Max", 5, "", "AN"}, {"Max", 5}, {"Max", 5, "", "RE"}}, 11);
+  EXPECT_EQ(table.findRange("Max", 5, "RE"), 1);
+  EXPECT_EQ(table.findRange("Max", 5, "AN"), 0);
+  EXPECT_EQ(table.findRange("Max", 5, "XX"), 1);
+  table.set(1, 3, "LS");
+  EXPECT_EQ(table.findRange("Max", 5, "RE"), 2);
+  table.set(0, 3, "");
+  EXPECT_EQ(table.findRange("Max", 5, "RE"), 0);
+}
+
+TEST(XArrayTest, FindsTheFirstRowWithSeveralTexts) {
+  using TextCell = std::pair<std::int32_t, std::string_view>;
+  const XArray table = tableOf({{"Max", 1, "Nord"}, {"Max", 2, "Süd"}, {"Eva", 2, "Süd"}}, 3);
+  const std::array wanted{TextCell{0, "Max"}, TextCell{2, "Süd"}};
+  EXPECT_EQ(table.FindRow(wanted), 1);
+  const std::array missing{TextCell{0, "Eva"}, TextCell{2, "Nord"}};
+  EXPECT_EQ(table.FindRow(missing), -1);
+}
+
+TEST(XArrayTest, ASnapshotStaysAsItWas) {
+  XArray table = tableOf({{"a", 1}, {"b", 2}, {"c", 3}}, 1);
+  table.DeleteRows(1);
+  XArray snapshot = XArray::withColumns(1);
+  snapshot.copyFrom(table);
+  table.set(0, 0, "z");
+  table.DeleteRows(1);
+  snapshot.set(1, 0, "y");
+  EXPECT_EQ(column(snapshot, 0), (Texts{"a", "y"}));
+  EXPECT_EQ(column(snapshot, 1), (Texts{"1", "3"}));
+  EXPECT_EQ(column(table, 0), Texts{"z"});
+}
+
+TEST(XArrayTest, ASnapshotOfAnEmptyTableHasItsColumns) {
+  const XArray table = XArray::withColumns(11);
+  XArray snapshot = XArray::withColumns(1);
+  snapshot.copyFrom(table);
+  EXPECT_EQ(snapshot.UpperBound(1), -1);
+  EXPECT_EQ(snapshot.UpperBound(2), 11);
+}
+
+// 100 users, 40 booking circles and 62 keys: every user times every range of a large company.
+TEST(XArrayTest, TheTableOfALargeCompanyTakesLittleMemory) {
+#if defined(__SANITIZE_ADDRESS__)
+  GTEST_SKIP() << "the address sanitizer's own bookkeeping hides what the table takes";
+#endif
+  const auto inUse = [] {
+    const struct mallinfo2 info = mallinfo2();
+    return info.uordblks + info.hblkhd;
+  };
+  constexpr std::int32_t wantedRows = 250'000;
+  const std::size_t before = inUse();
+  XArray table = XArray::withColumns(11);
+  for (std::int32_t row = 0; row < wantedRows; ++row) {
+    const std::int32_t user = row / 2500;
+    const std::int32_t circle = row % 40;
+    const std::int32_t key = row % 2500 / 40;
+    table.AppendRows();
+    table.set(row, 0, "Benutzer " + std::to_string(user));
+    table.set(row, 1, circle);
+    table.set(row, 2, "Buchungskreis Nummer " + std::to_string(circle));
+    table.set(row, 3, "K" + std::to_string(key));
+    table.set(row, 4, "Bezeichnung der Belegart " + std::to_string(key));
+    for (std::int32_t value = 5; value <= 7; ++value) table.set(row, value, row * value);
+    table.set(row, 8, row % 2 == 0);
+    table.set(row, 9, key);
+    table.set(row, 10, "");
+    table.set(row, 11, "JJ" + std::to_string(circle) + "NNNN");
+  }
+  ASSERT_EQ(table.findRange("Benutzer 99", 39, "K61"), 249'999 - 20);
+  const std::size_t taken = inUse() - before;
+  RecordProperty("bytes", static_cast<int>(taken));
+  EXPECT_LT(taken, std::size_t{60} * 1024 * 1024);
+}
+
+}  // namespace
+}  // namespace vexnumkr

@@ -1,0 +1,1 @@
+vexnumkr_test(platform/value_test LABEL unit LINKS vexnumkr_platform)

@@ -1,0 +1,78 @@
+// A session of the core on a real SQLite file: for tests of everything that needs no window.
+//
+//   class LoadingTest : public CoreSession {};
+//   TEST_F(LoadingTest, ...) {
+//     sql("INSERT INTO ...");
+//     start(1, {"Anna", "Max"});
+//     basAllgemein::LoadItems(context(), basAllgemein::CheckActivity);
+//     EXPECT_EQ(rows(), ...);
+//   }
+//
+// A box that the test has not taken, and an answer that no box has used, fail the test.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include <QCoreApplication>
+#include <QTemporaryDir>
+
+#include <vexnumkr/database.h>
+
+#include "hosting/host_context.h"
+#include "support/plain_host.h"
+#include "support/recording_forms.h"
+#include "support/scripted_connection.h"
+
+namespace vexnumkr::test {
+
+class CoreSession : public ::testing::Test {
+ protected:
+  CoreSession();
+  ~CoreSession() override;
+  void TearDown() override;
+
+  /// Runs a statement on a connection of the test's own, committed at once.
+  void sql(const std::string& text);
+  /// The rows of a select, their cells joined by "|"; NULL reads as NULL, booleans as numbers.
+  std::vector<std::string> select(const std::string& text);
+
+  /// Hands the session over as Init does (without reading tblUser), builds the working objects and
+  /// reads the booking circles.
+  void start(std::int32_t application, const std::vector<std::string>& users = {});
+
+  /// The range table, a text per row, its cells joined by "|"; booleans read True and False.
+  std::vector<std::string> rows();
+  /// The range table, user, booking circle, key and activity of each row: "Max 1 RE True".
+  std::vector<std::string> activity();
+  /// Appends a row; cells in column order, the rest stays empty.
+  void row(const std::vector<Value>& cells);
+
+  HostContext& context() { return context_; }
+  XArray& table() { return context_.XArray(); }
+  ConnectionScript& script() { return script_; }
+  RecordingForms& forms() { return forms_; }
+  PlainHost& host() { return host_; }
+  std::vector<Box> boxes() { return forms_.takeBoxes(); }
+  const std::string& connectionString() const { return connectionString_; }
+  std::shared_ptr<Connection> hostConnection() { return connection_; }
+
+ private:
+  QTemporaryDir folder_;
+  std::string connectionString_;
+  std::shared_ptr<Connection> own_;
+  ConnectionScript script_;
+  std::shared_ptr<Connection> connection_;
+  RecordingForms forms_;
+  PlainHost host_;
+  FixedClock clock_{"20260315"};
+  HostContext context_{Services{forms_, host_, clock_}};
+};
+
+/// A cell as the texts above show it.
+std::string cellText(const Value& value);
+
+}  // namespace vexnumkr::test
