@@ -1,9 +1,9 @@
 #include "data/table/live_rows.h"
 
+#include <gtest/gtest.h>
+
 #include <random>
 #include <vector>
-
-#include <gtest/gtest.h>
 
 namespace vexnumkr {
 namespace {

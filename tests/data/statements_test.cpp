@@ -1,9 +1,9 @@
 // Hosts' databases see exactly these texts.
 #include "data/sql/statements.h"
 
-#include <limits>
-
 #include <gtest/gtest.h>
+
+#include <limits>
 
 namespace vexnumkr::statement {
 namespace {
@@ -59,7 +59,7 @@ TEST(StatementsTest, Deletes) {
   EXPECT_EQ(deleteAssignments("ORB"), "DELETE FROM Nummernkreis_Zuordnung WHERE Herkunft='ORB'");
 }
 
-const Range range{1,    "RE", "Rechnung", -5, 7, std::numeric_limits<std::int32_t>::min(),
+const Range range{1,    "RE", "Rechnung", -5,     7, std::numeric_limits<std::int32_t>::min(),
                   true, 50,   "AN",       "JJNNN"};
 
 TEST(StatementsTest, InsertRange) {

@@ -1,11 +1,11 @@
-// The range table against a plain list of rows: whatever happens to both, they stay equal, and every
-// search of the table finds the row that a scan of the list finds.
+// The range table against a plain list of rows: whatever happens to both, they stay equal, and
+// every search of the table finds the row that a scan of the list finds.
+#include <gtest/gtest.h>
+
 #include <algorithm>
 #include <array>
 #include <random>
 #include <vector>
-
-#include <gtest/gtest.h>
 
 #include "data/table/xarray.h"
 

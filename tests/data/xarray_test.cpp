@@ -1,10 +1,9 @@
 #include "data/table/xarray.h"
 
+#include <gtest/gtest.h>
 #include <malloc.h>
 
 #include <array>
-
-#include <gtest/gtest.h>
 
 #include <vexnumkr/error.h>
 
@@ -65,7 +64,8 @@ TEST(XArrayTest, CellsKeepWhatTheyAreGiven) {
   XArray table = XArray::withColumns(3);
   table.AppendRows();
   EXPECT_EQ(table.get(0, 0), Value());
-  for (const Value& value : {Value(-5), Value(true), Value("Text"), Value(""), Value(Null{}), Value()}) {
+  for (const Value& value :
+       {Value(-5), Value(true), Value("Text"), Value(""), Value(Null{}), Value()}) {
     table.set(0, 2, value);
     EXPECT_EQ(table.get(0, 2), value);
   }

@@ -89,9 +89,9 @@ TEST(TextToLongTest, EndsWithTheThirtyTwoBitRange) {
 }
 
 TEST(TextToLongTest, RefusesEverythingElse) {
-  for (const char* text :
-       {"", " ", "+", "-", ",", "-,", "5,", "12.5", "1.0000", "1000.000", ".5", "1..000", "1.000.",
-        "1e3", "&H10", "5-", "- 5", "1,5,5", "1 000", "0x10", "ja", "１２"}) {
+  for (const char* text : {"",       " ",        "+",     "-",      ",",      "-,",  "5,",   "12.5",
+                           "1.0000", "1000.000", ".5",    "1..000", "1.000.", "1e3", "&H10", "5-",
+                           "- 5",    "1,5,5",    "1 000", "0x10",   "ja",     "１２"}) {
     EXPECT_FALSE(isNumber(text)) << text;
     EXPECT_EQ(errorOf([text] { textToLong(text); }), error_number::typeMismatch) << text;
   }

@@ -11,7 +11,8 @@ namespace {
 
 std::string joined(const std::vector<std::string>& cells) {
   std::string text;
-  for (const std::string& cell : cells) text += (text.empty() && &cell == &cells[0] ? "" : "|") + cell;
+  for (const std::string& cell : cells)
+    text += (text.empty() && &cell == &cells[0] ? "" : "|") + cell;
   return text;
 }
 

@@ -11,14 +11,13 @@
 // A box that the test has not taken, and an answer that no box has used, fail the test.
 #pragma once
 
-#include <memory>
-#include <string>
-#include <vector>
-
 #include <gtest/gtest.h>
 
 #include <QCoreApplication>
 #include <QTemporaryDir>
+#include <memory>
+#include <string>
+#include <vector>
 
 #include <vexnumkr/database.h>
 

@@ -1,13 +1,13 @@
 // A forms toolkit that shows nothing: it answers message boxes from a list and records them.
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <cstdint>
 #include <deque>
 #include <memory>
 #include <string>
 #include <vector>
-
-#include <gtest/gtest.h>
 
 #include "platform/forms.h"
 

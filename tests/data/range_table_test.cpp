@@ -1,0 +1,203 @@
+#include "data/range_table.h"
+
+#include "data/booking_circles.h"
+#include "support/core_session.h"
+
+namespace vexnumkr {
+namespace {
+
+using basAllgemein::AddInXArray;
+using basAllgemein::DeleteInXArray;
+using basAllgemein::FoundInXArray;
+using test::errorBox;
+using Texts = std::vector<std::string>;
+
+class RangeTableTest : public test::CoreSession {
+ protected:
+  void ranges(std::initializer_list<std::vector<Value>> list) {
+    for (const auto& cells : list) row(cells);
+  }
+
+  static basAllgemein::NewRange invoices() {
+    return {.Buchungskreis = 5,
+            .Gruppe = "Nord",
+            .NSchl = "RE",
+            .NBezeichnung = "Rechnung",
+            .StartWert = "1",
+            .AktuellerWert = "2",
+            .EndWert = "3",
+            .SortierIndex = 50,
+            .IstNSchlVon = "AN"};
+  }
+};
+
+TEST_F(RangeTableTest, NothingIsFoundInAnEmptyTable) {
+  start(1, {"Max"});
+  EXPECT_EQ(FoundInXArray(context(), "Max", 5, "RE"), -1);
+  DeleteInXArray(context(), 5, "RE", true);
+  EXPECT_FALSE(context().blnChanged());
+}
+
+TEST_F(RangeTableTest, ARowWithoutKeyIsFoundBeforeTheOneWithTheKey) {
+  start(1, {"Max"});
+  ranges({{"Max", 5, "Nord", ""}, {"Max", 5, "Nord", "RE"}});
+  EXPECT_EQ(FoundInXArray(context(), "Max", 5, "RE"), 0);
+}
+
+TEST_F(RangeTableTest, FindingWithoutATableIsReportedAndFindsNothing) {
+  EXPECT_EQ(FoundInXArray(context(), "Max", 5, "RE"), -1);
+  EXPECT_EQ(boxes(), (std::vector{errorBox(91, "basAllgemein", "FoundInXArray",
+                                           "Objektvariable nicht festgelegt")}));
+}
+
+TEST_F(RangeTableTest, AddsARowForEveryUserWhoLacksOne) {
+  start(1, {"Anna", "Max"});
+  ranges({{"Anna", 5, "Nord", "RE"}});
+  AddInXArray(context(), "Alle Benutzer", invoices(), false);
+  EXPECT_EQ(rows(), (Texts{"Anna|5|Nord|RE||||||||", "Max|5|Nord|RE|Rechnung|1|2|3|False|50|AN|"}));
+  EXPECT_EQ(table().get(1, 5), Value("1")) << "the values are stored as the texts handed over";
+  EXPECT_EQ(table().get(1, 11), Value());
+  EXPECT_FALSE(context().blnChanged());
+}
+
+TEST_F(RangeTableTest, AddsTheCommonRowOnlyForAll) {
+  start(1, {"Max"});
+  AddInXArray(context(), "Max", invoices(), true);
+  EXPECT_EQ(activity(), (Texts{"Alle Benutzer 5 RE False", "Max 5 RE False"}));
+}
+
+TEST_F(RangeTableTest, AddsNothingForASingleUser) {
+  start(1, {"Max"});
+  AddInXArray(context(), "Max", invoices(), false);
+  EXPECT_EQ(rows(), Texts{});
+}
+
+TEST_F(RangeTableTest, DeletesOneRowPerUserAndSaysSo) {
+  start(1, {"Anna", "Max"});
+  ranges({{"Alle Benutzer", 5, "Nord", "RE"},
+          {"Max", 5, "Nord", "RE"},
+          {"Max", 5, "Nord", "RE"},
+          {"Max", 6, "Süd", "RE"}});
+  DeleteInXArray(context(), 5, "RE", false);
+  EXPECT_TRUE(context().blnChanged());
+  EXPECT_EQ(rows(), (Texts{"Alle Benutzer|5|Nord|RE||||||||", "Max|5|Nord|RE||||||||",
+                           "Max|6|Süd|RE||||||||"}));
+  DeleteInXArray(context(), 5, "RE", true);
+  EXPECT_EQ(rows(), Texts{"Max|6|Süd|RE||||||||"});
+}
+
+TEST_F(RangeTableTest, DeletingWhatIsNotThereChangesNothing) {
+  start(1, {"Max"});
+  ranges({{"Max", 5, "Nord", "RE"}});
+  DeleteInXArray(context(), 5, "AN", true);
+  EXPECT_FALSE(context().blnChanged());
+  EXPECT_EQ(rows().size(), 1U);
+}
+
+TEST_F(RangeTableTest, ACopyOfAnEmptyTableHasTheSameColumns) {
+  start(1);
+  XArray target = XArray::withColumns(2);
+  basAllgemein::CopyXArrayDB(context(), table(), target);
+  EXPECT_EQ(target.UpperBound(1), -1);
+  EXPECT_EQ(target.UpperBound(2), 11);
+}
+
+TEST_F(RangeTableTest, NewKeysComeLast) {
+  EXPECT_EQ(basAllgemein::GetNewIndex(context()), 99999999);
+  EXPECT_EQ(basAllgemein::GetNewIndex(context()), 99999999);
+}
+
+TEST_F(RangeTableTest, AValueReachesEveryUsersRow) {
+  start(1, {"Anna", "Max"});
+  ranges({{"Max", 5, "Nord", "RE"}, {"Alle Benutzer", 5, "Nord", "RE"}, {"Max", 6, "Süd", "RE"}});
+  basAllgemein::SetValueAll(context(), "RE", 5, 7, "99");
+  EXPECT_EQ(rows(), (Texts{"Max|5|Nord|RE||||99||||", "Alle Benutzer|5|Nord|RE||||99||||",
+                           "Max|6|Süd|RE||||||||"}));
+}
+
+TEST_F(RangeTableTest, AValueOfOneUserIsFoundByCaptionAndKey) {
+  start(1, {"Max"});
+  ranges({{"Max", 5, "Nord", "RE"}, {"Max", 6, "Süd", "RE"}});
+  basAllgemein::SetValue(context(), "RE", "Süd", "Max", 8, true);
+  basAllgemein::SetValue(context(), "RE", "West", "Max", 8, true);
+  EXPECT_EQ(activity(), (Texts{"Max 5 RE ", "Max 6 RE True"}));
+}
+
+class RefreshInXArrayTest : public RangeTableTest {
+ protected:
+  void SetUp() override {
+    sql("INSERT INTO Nummernkreis_Buchungskreise VALUES (1, 'Nord', 'ORB')");
+    start(1, {"Max"});
+    ranges({{"Alle Benutzer", 0, "Standard", "RE", "Rechnung", 1, 2, 9, true, 50, "", "NN"},
+            {"Alle Benutzer", 0, "Standard", "AN", "Angebot", 1, 2, 9, true, 10, "", "NN"},
+            {"Alle Benutzer", 1, "Nord", "RE", "Rechnung", 10, 11, 19, true, 50, "", "1N"},
+            {"Max", 1, "Nord", "RE", "Rechnung", 10, 11, 19, true, 50, "", "1N"}});
+  }
+
+  void refresh() {
+    basAllgemein::RefreshCombo(context(), nullptr);
+    basAllgemein::RefreshInXArray(context());
+  }
+};
+
+TEST_F(RefreshInXArrayTest, AnUnchangedListChangesNothing) {
+  const Texts before = rows();
+  refresh();
+  EXPECT_EQ(rows(), before);
+  EXPECT_FALSE(context().blnChanged());
+}
+
+TEST_F(RefreshInXArrayTest, ANewCircleGetsTheCommonStandardRangesInDisplayOrder) {
+  sql("INSERT INTO Nummernkreis_Buchungskreise VALUES (2, 'Süd', 'ORB')");
+  refresh();
+  const Texts all = rows();
+  ASSERT_EQ(all.size(), 6U);
+  EXPECT_EQ(all[4], "Alle Benutzer|2|Süd|AN|Angebot|0|0|0|False|10||");
+  EXPECT_EQ(all[5], "Alle Benutzer|2|Süd|RE|Rechnung|0|0|0|False|50||");
+  EXPECT_EQ(table().get(5, 11), Value("")) << "the mask is an empty text";
+  EXPECT_FALSE(context().blnChanged());
+}
+
+TEST_F(RefreshInXArrayTest, ANewCircleThatTheOtherOriginHasTooTakesItsStoredValues) {
+  sql("INSERT INTO Nummernkreis_Buchungskreise VALUES (2, 'Süd', 'ORB')");
+  sql("INSERT INTO Nummernkreis_Buchungskreise VALUES (2, 'South', 'ORC')");
+  sql("INSERT INTO Nummernkreise VALUES (2, 'RE', 'Rechnung', 200, 201, 299, -1, 50, '', 'NN')");
+  refresh();
+  const Texts all = rows();
+  ASSERT_EQ(all.size(), 6U);
+  EXPECT_EQ(all[4], "Alle Benutzer|2|Süd|AN|Angebot|0|0|0|False|10||");
+  EXPECT_EQ(all[5], "Alle Benutzer|2|Süd|RE|Rechnung|200|201|299|False|50||");
+}
+
+TEST_F(RefreshInXArrayTest, TwoOtherOriginsAreOneTooMany) {
+  sql("INSERT INTO Nummernkreis_Buchungskreise VALUES (2, 'Süd', 'ORB')");
+  sql("INSERT INTO Nummernkreis_Buchungskreise VALUES (2, 'South', 'ORC')");
+  sql("INSERT INTO Nummernkreis_Buchungskreise VALUES (2, 'Sud', 'ORD')");
+  sql("INSERT INTO Nummernkreise VALUES (2, 'RE', 'Rechnung', 200, 201, 299, -1, 50, '', 'NN')");
+  refresh();
+  EXPECT_EQ(rows().back(), "Alle Benutzer|2|Süd|RE|Rechnung|0|0|0|False|50||");
+}
+
+TEST_F(RefreshInXArrayTest, ARenamedCircleIsRenamedInAllItsRows) {
+  sql("UPDATE Nummernkreis_Buchungskreise SET Beschreibung='Nordost' WHERE Buchungskreis=1");
+  refresh();
+  EXPECT_EQ(rows()[2], "Alle Benutzer|1|Nordost|RE|Rechnung|10|11|19|True|50||1N");
+  EXPECT_EQ(rows()[3], "Max|1|Nordost|RE|Rechnung|10|11|19|True|50||1N");
+  EXPECT_FALSE(context().blnChanged());
+}
+
+TEST_F(RefreshInXArrayTest, ACircleThatIsGoneLosesItsRowsOfEveryUser) {
+  sql("DELETE FROM Nummernkreis_Buchungskreise");
+  refresh();
+  EXPECT_EQ(activity(), (Texts{"Alle Benutzer 0 RE True", "Alle Benutzer 0 AN True"}));
+  EXPECT_TRUE(context().blnChanged());
+}
+
+TEST_F(RefreshInXArrayTest, RowsOfUsersAloneStayWhenTheirCircleIsGone) {
+  row({"Max", 7, "Weg", "RE"});
+  refresh();
+  EXPECT_EQ(activity().back(), "Max 7 RE ");
+}
+
+}  // namespace
+}  // namespace vexnumkr
