@@ -1,0 +1,65 @@
+# Includes point one way: each folder of the core sees only those before it, and no library but the
+# standard one. Run with -DSOURCE_DIR=... -P.
+cmake_minimum_required(VERSION 3.25)
+
+set(order platform data/table data/sql hosting data rules dialogs/side dialogs/main)
+set(failures "")
+
+# The folder of the core that a path below src/ belongs to.
+function(layer_of path result)
+  foreach(folder data/table data/sql dialogs/side dialogs/main platform hosting data rules)
+    if(path MATCHES "^${folder}/")
+      set(${result} "${folder}" PARENT_SCOPE)
+      return()
+    endif()
+  endforeach()
+  set(${result} "" PARENT_SCOPE)
+endfunction()
+
+file(GLOB_RECURSE files RELATIVE "${SOURCE_DIR}/src"
+  "${SOURCE_DIR}/src/platform/*.[hc]*" "${SOURCE_DIR}/src/data/*.[hc]*"
+  "${SOURCE_DIR}/src/hosting/*.[hc]*" "${SOURCE_DIR}/src/rules/*.[hc]*"
+  "${SOURCE_DIR}/src/dialogs/*.[hc]*")
+list(FILTER files INCLUDE REGEX "\\.(h|cpp)$")
+if(files STREQUAL "")
+  message(FATAL_ERROR "no sources below ${SOURCE_DIR}/src")
+endif()
+
+foreach(file IN LISTS files)
+  layer_of("${file}" own)
+  list(FIND order "${own}" own_place)
+  file(STRINGS "${SOURCE_DIR}/src/${file}" includes REGEX "^#include ")
+  foreach(line IN LISTS includes)
+    if(line MATCHES "^#include \"(.+)\"")
+      set(included "${CMAKE_MATCH_1}")
+      layer_of("${included}" layer)
+      list(FIND order "${layer}" place)
+      if(place EQUAL -1 OR place GREATER own_place)
+        list(APPEND failures "src/${file} includes ${included}")
+      endif()
+    elseif(NOT line MATCHES "^#include <(vexnumkr/[A-Za-z_]+\\.h|[a-z_]+)>")
+      list(APPEND failures "src/${file}: ${line}")
+    endif()
+  endforeach()
+  file(STRINGS "${SOURCE_DIR}/src/${file}" conditions REGEX "^# *if.*(_WIN32|__linux__|__APPLE__)")
+  if(conditions)
+    list(APPEND failures "src/${file}: ${conditions}")
+  endif()
+endforeach()
+
+# The public headers know each other and the standard library; one names a Qt class without its
+# header.
+file(GLOB headers RELATIVE "${SOURCE_DIR}/include" "${SOURCE_DIR}/include/vexnumkr/*.h")
+foreach(file IN LISTS headers)
+  file(STRINGS "${SOURCE_DIR}/include/${file}" includes REGEX "^#include ")
+  foreach(line IN LISTS includes)
+    if(NOT line MATCHES "^#include <(vexnumkr/[A-Za-z_]+\\.h|[a-z_]+)>")
+      list(APPEND failures "include/${file}: ${line}")
+    endif()
+  endforeach()
+endforeach()
+
+if(failures)
+  list(JOIN failures "\n  " text)
+  message(FATAL_ERROR "Includes that point the wrong way:\n  ${text}")
+endif()
