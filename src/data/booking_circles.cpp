@@ -1,8 +1,8 @@
 #include "data/booking_circles.h"
 
-#include "data/columns.h"
 #include "data/query.h"
 #include "data/sql/statements.h"
+#include "data/table/columns.h"
 #include "hosting/reporting.h"
 
 namespace vexnumkr::basAllgemein {

@@ -2,12 +2,14 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
+#include <vector>
 
 #include "data/booking_circles.h"
-#include "data/columns.h"
 #include "data/query.h"
 #include "data/range_table.h"
 #include "data/sql/statements.h"
+#include "data/table/columns.h"
 #include "hosting/reporting.h"
 
 namespace vexnumkr::basAllgemein {
@@ -87,10 +89,12 @@ void deriveUserRows(HostContext& context) {
   for (std::int32_t i = table.LowerBound(1); i <= lastRow; ++i) {
     if (!table.toBoolean(i, column::Aktiviert)) continue;
     const RangeRow common = rowAt(table, i);
+    const std::string caption = table.toText(i, column::Gruppe);
     for (const std::string& user : context.colUser()) {
       if (user == alleBenutzer) continue;
       if (FoundInXArray(context, user, common.Buchungskreis, common.NSchl) != -1) continue;
       RangeRow range = common;
+      range.Gruppe = caption;
       range.Benutzer = user;
       range.Aktiviert = AktiviertDB(context, common.Buchungskreis, common.NSchl, user);
       AddDataGroup(context, std::move(range), false);

@@ -40,8 +40,9 @@ struct RangeRow {
   Value Maske;
 };
 
-/// Appends a row. A booking circle that is not in the list gets none. With `AlleBenutzer` the row
-/// starts with zeros (also as its mask), and the database says whether it is active.
+/// Appends a row. A booking circle whose caption is wanted but not in the list gets none. With
+/// `AlleBenutzer` the row starts with zeros (also as its mask), and the database says whether it is
+/// active.
 void AddDataGroup(HostContext& context, RangeRow range, bool AlleBenutzer);
 
 /// Copies the standard ranges of a user (all of them, or the one of `NSchl`) into a booking circle,
@@ -52,7 +53,8 @@ void AddDataBuchungskreis(HostContext& context, const std::string& Benutzer,
                           bool AusDatenbank);
 
 /// The values stored for a range of a booking circle that exactly one other origin has registered,
-/// else 0. Ranges have no origin, so both host applications share them.
+/// else 0. Ranges have no origin, so both host applications share them. After a failure, which is
+/// reported, the values are what they were until then.
 void GetBuchungskreisData(HostContext& context, std::int32_t Buchungskreis,
                           const std::string& NSchl, std::int32_t& StartWert, std::int32_t& EndWert,
                           std::int32_t& AktuellerWert);

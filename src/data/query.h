@@ -9,7 +9,7 @@
 
 namespace vexnumkr {
 
-/// Runs a statement; returns its rows.
+/// Runs a statement; returns its rows. The database's error is passed on, here and below.
 std::unique_ptr<Recordset> query(Command& command, const std::string& text);
 
 /// Runs a statement whose rows are of no interest; returns the number of records that it reports.

@@ -1,12 +1,13 @@
 #include "data/range_table.h"
 
 #include <array>
+#include <string_view>
+#include <utility>
 
 #include "data/booking_circles.h"
-#include "data/columns.h"
 #include "data/loading.h"
+#include "data/table/columns.h"
 #include "hosting/reporting.h"
-#include "hosting/start_up.h"
 
 namespace vexnumkr::basAllgemein {
 namespace {
@@ -100,7 +101,7 @@ void DeleteInXArray(HostContext& context, std::int32_t Buchungskreis, const std:
 
 void RefreshInXArray(HostContext& context) {
   reportingFailures(context, {moduleName, "RefreshInXArray"}, [&] {
-    XArray before = XArray::withColumns(lastRangeColumn);
+    XArray before = XArray::withColumns(column::last);
     CopyXArrayDB(context, context.XArray(), before);
     addOrRenameCircles(context);
     removeMissingCircles(context, before);
@@ -111,11 +112,7 @@ void CopyXArrayDB(HostContext& context, const XArray& source, XArray& target) {
   reportingFailures(context, {moduleName, "CopyXArrayDB"}, [&] { target.copyFrom(source); });
 }
 
-std::int32_t GetNewIndex(HostContext& context) {
-  std::int32_t index = 0;
-  reportingFailures(context, {moduleName, "GetNewIndex"}, [&] { index = lastPlace; });
-  return index;
-}
+std::int32_t GetNewIndex() { return lastPlace; }
 
 void SetValueAll(HostContext& context, const std::string& NSchl, std::int32_t Buchungskreis,
                  std::int32_t columnNumber, const Value& value) {

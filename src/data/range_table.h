@@ -48,14 +48,15 @@ void RefreshInXArray(HostContext& context);
 void CopyXArrayDB(HostContext& context, const XArray& source, XArray& target);
 
 /// The sort index of number keys that have no place of their own: they come last.
-std::int32_t GetNewIndex(HostContext& context);
+std::int32_t GetNewIndex();
 
-/// Writes one column of one range in the row of every user, "Alle Benutzer" included.
+/// Writes one column (of the range table) of one range in the row of every user, "Alle Benutzer"
+/// included.
 void SetValueAll(HostContext& context, const std::string& NSchl, std::int32_t Buchungskreis,
-                 std::int32_t column, const Value& value);
+                 std::int32_t columnNumber, const Value& value);
 
 /// Writes one column of the first row with that user, caption and number key, where there is one.
 void SetValue(HostContext& context, const std::string& NSchl, const std::string& Gruppe,
-              const std::string& user, std::int32_t column, const Value& value);
+              const std::string& user, std::int32_t columnNumber, const Value& value);
 
 }  // namespace vexnumkr::basAllgemein

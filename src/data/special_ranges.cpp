@@ -1,10 +1,10 @@
 #include "data/special_ranges.h"
 
-#include "data/columns.h"
 #include "data/loading.h"
 #include "data/query.h"
 #include "data/range_table.h"
 #include "data/sql/statements.h"
+#include "data/table/columns.h"
 #include "hosting/reporting.h"
 
 namespace vexnumkr::basAllgemein {
@@ -30,7 +30,7 @@ void add(HostContext& context, const SpecialRange& special) {
   range.NSchl = special.U_NSchl;
   range.NBezeichnung = special.NBezeichnung;
   range.Aktiviert = true;
-  range.SortierIndex = GetNewIndex(context);
+  range.SortierIndex = GetNewIndex();
   range.IstNSchlVon = special.NSchl;
   range.Maske = "";
   for (const std::string& user : context.colUser()) {

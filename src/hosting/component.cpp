@@ -7,13 +7,13 @@ namespace vexnumkr {
 namespace {
 
 constexpr const char* moduleName = "VXNummernkreise";
-constexpr const char* hostFont = "MS Sans Serif";
 
 }  // namespace
 
 Component::Component(const Services& services, MainDialogFactory createDialog)
     : context_(services), createDialog_(std::move(createDialog)) {}
 
+// The user list goes with the object; the host's connection is only no longer shared.
 Component::~Component() { context_.releaseColUser(); }
 
 bool Component::Init(std::shared_ptr<Connection> Conn, std::int32_t LngApplication,

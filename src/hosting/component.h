@@ -26,11 +26,15 @@ class MainDialog {
   MainDialog& operator=(const MainDialog&) = default;
 };
 
+/// The font of application 1's dialogs.
+inline constexpr const char* hostFont = "MS Sans Serif";
+
 using MainDialogFactory = std::function<std::unique_ptr<MainDialog>(HostContext&)>;
 
 /// Holds the session and delegates. A fresh dialog is made for every ShowDialog.
 class Component final : public VXNummernkreise {
  public:
+  /// `createDialog` is called for every ShowDialog.
   Component(const Services& services, MainDialogFactory createDialog);
   ~Component() override;
 
@@ -38,6 +42,7 @@ class Component final : public VXNummernkreise {
             const std::string& strUser, const std::string& jmtVerarbeitungsdatum) override;
   void ShowDialog() override;
 
+  /// The session, for this project's own tests.
   HostContext& context() { return context_; }
 
  private:

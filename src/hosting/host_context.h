@@ -45,6 +45,7 @@ class HostContext {
   // Handed over by the host; kept while the component lives.
 
   Connection& Conn() const { return required(Conn_.get()); }
+  /// The same to share; null before Init.
   const std::shared_ptr<Connection>& sharedConn() const { return Conn_; }
   void Conn(std::shared_ptr<Connection> connection) { Conn_ = std::move(connection); }
 
@@ -88,7 +89,7 @@ class HostContext {
     dlgBuchungskreise_ = std::move(dialog);
   }
 
-  // What the dialog shows, and whether it was changed.
+  // The texts that the dialog's two filters show, and whether anything was changed.
 
   const std::string& strFilterUser() const { return strFilterUser_; }
   void strFilterUser(const std::string& user) { strFilterUser_ = user; }

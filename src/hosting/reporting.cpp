@@ -31,13 +31,21 @@ Failure currentFailure() {
   }
 }
 
-void showByHost(HostMessages& messages, HostTexts& texts, std::int32_t number,
-                const std::string& description, const std::string& procedure, std::int16_t kind,
-                std::int32_t buttons, const std::string& module) {
-  messages.ErrorNumber(number);
-  messages.Prepare(description, kind, std::nullopt);
-  const std::string text = texts.Text(failureText, {procedure});
-  messages.Show(text, kind, Value(module), buttons, std::nullopt, true);
+bool usesHostsBoxes(const HostContext& context) { return context.LngApplication() == 1; }
+
+// Whether the host's facility has shown the failure. A host without one has not.
+bool shownByHost(const HostContext& context, std::int32_t number, const std::string& description,
+                 const std::string& procedure, std::int16_t kind, std::int32_t buttons,
+                 const std::string& module) {
+  if (!usesHostsBoxes(context)) return false;
+  HostMessages* messages = context.host().Messages();
+  HostTexts* texts = context.host().Texts();
+  if (messages == nullptr || texts == nullptr) return false;
+  messages->ErrorNumber(number);
+  messages->Prepare(description, kind, std::nullopt);
+  const std::string text = texts->Text(failureText, {procedure});
+  messages->Show(text, kind, Value(module), buttons, std::nullopt, true);
+  return true;
 }
 
 }  // namespace
@@ -47,16 +55,11 @@ namespace basAllgemein {
 void ShowInfoBox(HostContext& context, std::int32_t number, const std::string& description,
                  const std::string& procedure, std::int16_t kind, std::int32_t buttons,
                  const std::string& module) {
-  HostMessages* messages = context.host().Messages();
-  HostTexts* texts = context.host().Texts();
-  if (context.LngApplication() == 1 && messages != nullptr && texts != nullptr) {
-    try {
-      showByHost(*messages, *texts, number, description, procedure, kind, buttons, module);
-      return;
-    } catch (
-        ...) {  // NOLINT(bugprone-empty-catch): the user hears of the failure all the same, below
-    }
-  }
+  bool shown = false;
+  // Where the facility fails itself, the user hears of the failure all the same.
+  ignoringFailures(
+      [&] { shown = shownByHost(context, number, description, procedure, kind, buttons, module); });
+  if (shown) return;
   context.forms().MsgBox(module + "\r\n" + procedure + ": " + description, buttons,
                          "Fehler " + std::to_string(number));
 }
@@ -65,10 +68,10 @@ std::int32_t MsgBoxEx(HostContext& context, const std::string& prompt, std::int3
                       const std::string& title) {
   std::int32_t answer = 0;
   ignoringFailures([&] {
-    HostMessages* messages = context.host().Messages();
-    if (context.LngApplication() == 1 && messages != nullptr) {
+    HostMessages* messages = usesHostsBoxes(context) ? context.host().Messages() : nullptr;
+    if (messages != nullptr) {
       answer = messages->Show(prompt, questionKind, std::nullopt, buttons, Value(title), false);
-    } else if (context.LngApplication() == 1 || context.LngApplication() == 2) {
+    } else if (usesHostsBoxes(context) || context.LngApplication() == 2) {
       answer = context.forms().MsgBox(prompt, buttons, title);
     }
   });
@@ -76,7 +79,7 @@ std::int32_t MsgBoxEx(HostContext& context, const std::string& prompt, std::int3
 }
 
 Value NzValue(const Value& value, const Value& replacement) {
-  if (value.isNull() || value == Value("")) return replacement;
+  if (value.isNull() || value.isEmpty() || value == Value("")) return replacement;
   return value;
 }
 

@@ -33,7 +33,7 @@ void ShowInfoBox(HostContext& context, std::int32_t number, const std::string& d
 std::int32_t MsgBoxEx(HostContext& context, const std::string& prompt, std::int32_t buttons,
                       const std::string& title);
 
-/// `replacement` for Null and for an empty text, else `value`.
+/// `replacement` for Null, nothing and an empty text, else `value`.
 Value NzValue(const Value& value, const Value& replacement);
 
 }  // namespace basAllgemein

@@ -1,5 +1,6 @@
 #include "hosting/start_up.h"
 
+#include "data/table/columns.h"
 #include "hosting/reporting.h"
 
 namespace vexnumkr::basAllgemein {
@@ -7,12 +8,10 @@ namespace {
 
 constexpr std::int32_t noTimeout = 0;
 
-std::unique_ptr<Command> textCommandOn(Connection& connection) {
-  auto command = connection.createCommand();
-  command->ActiveConnection(connection);
-  command->CommandType(ado::commandText);
-  command->CommandTimeout(noTimeout);
-  return command;
+void bindTextCommand(Command& command, Connection& connection) {
+  command.ActiveConnection(connection);
+  command.CommandType(ado::commandText);
+  command.CommandTimeout(noTimeout);
 }
 
 void openWorkingConnection(Connection& working, const Connection& host) {
@@ -37,10 +36,11 @@ std::unique_ptr<BookingCircleDialog> createBookingCircleDialog(const HostContext
 void basInititialize(HostContext& context) {
   reportingFailures(context, {moduleName, "basInititialize"}, [&] {
     context.Conn().IsolationLevel(ado::isolated);
-    context.cmdSQL(textCommandOn(context.Conn()));
+    context.cmdSQL(context.Conn().createCommand());
+    bindTextCommand(context.cmdSQL(), context.Conn());
     context.ConnWork(context.Conn().createConnection());
     openWorkingConnection(context.ConnWork(), context.Conn());
-    context.XArray(std::make_unique<XArray>(XArray::withColumns(lastRangeColumn)));
+    context.XArray(std::make_unique<XArray>(XArray::withColumns(column::last)));
     context.dlgBuchungskreise(createBookingCircleDialog(context));
     context.dlgBuchungskreise().Connection(context.sharedConn());
     context.dlgBuchungskreise().MultiSelect(false);

@@ -5,9 +5,6 @@
 
 namespace vexnumkr::basAllgemein {
 
-/// The last column of the range table.
-inline constexpr std::int32_t lastRangeColumn = 11;
-
 /// Builds them when the dialog loads, before anything is read: serializable isolation on the host's
 /// connection, the text command on it, the working connection, an empty range table, the host's
 /// booking-circle administration; the changed flag becomes False. A failure is reported and leaves

@@ -1,7 +1,7 @@
 #include "rules/activity.h"
 
-#include "data/columns.h"
 #include "data/range_table.h"
+#include "data/table/columns.h"
 #include "hosting/reporting.h"
 #include "rules/sort_orders.h"
 

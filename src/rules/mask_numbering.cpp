@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "data/columns.h"
+#include "data/table/columns.h"
 #include "hosting/reporting.h"
 #include "rules/sort_orders.h"
 
@@ -45,7 +45,9 @@ class BusyPointer {
   }
   BusyPointer(const BusyPointer&) = delete;
   BusyPointer& operator=(const BusyPointer&) = delete;
-  ~BusyPointer() { forms_.SetMousePointer(MousePointer::Default); }
+  ~BusyPointer() {
+    ignoringFailures([this] { forms_.SetMousePointer(MousePointer::Default); });
+  }
 
  private:
   FormsToolkit& forms_;

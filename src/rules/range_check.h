@@ -22,14 +22,16 @@ struct RangeDefect {
   std::int32_t otherRow = 0;
 };
 
-/// Finds the defect that a plain pair of loops would find first: for each active common row i in
-/// the table's order, its own values, then for each row j in the table's order that draws on the
-/// same sequence with another number key or booking circle, the values of j, then the overlap of j
-/// with i. Errors 6, 13 and 94 for a value that does not convert, when the loops would come across
-/// it before any defect.
+/// Finds the defect that a plain pair of loops would find first. For each active common row i in
+/// the table's order: its own values; then for each row j in the table's order that is active,
+/// common, of the same sequence and of another number key or booking circle: the values of j, then
+/// the overlap of j with i. Errors 6, 13 and 94 for a value that does not convert, when the loops
+/// would come across it before any defect.
 ///
-/// The sequence of a row is its `IstNSchlVon`, or its `NSchl` where that is empty or Null. Costs
-/// n log n: only sequences in which something is wrong are gone through pair by pair.
+/// The sequence of a row is its `IstNSchlVon`, or its `NSchl` where that is empty or Null.
+///
+/// REQUIRES: the table is sorted for display, so that number keys and booking circles convert.
+/// Costs n log n: the loops are run for the one range at which they stop.
 std::optional<RangeDefect> firstDefect(const XArray& table);
 
 }  // namespace vexnumkr

@@ -1,7 +1,7 @@
 #include "rules/saving.h"
 
-#include "data/columns.h"
 #include "data/query.h"
+#include "data/table/columns.h"
 #include "hosting/reporting.h"
 
 namespace vexnumkr::basAllgemein {

@@ -2,8 +2,9 @@
 #pragma once
 
 #include <array>
+#include <span>
 
-#include "data/columns.h"
+#include "data/table/columns.h"
 #include "data/table/xarray.h"
 
 namespace vexnumkr {

@@ -1,10 +1,8 @@
 #include "rules/validation.h"
 
 #include "data/booking_circles.h"
-#include "data/columns.h"
-#include "data/range_table.h"
+#include "data/table/columns.h"
 #include "hosting/reporting.h"
-#include "hosting/start_up.h"
 #include "rules/range_check.h"
 #include "rules/sort_orders.h"
 

@@ -103,8 +103,8 @@ TEST_F(RangeTableTest, ACopyOfAnEmptyTableHasTheSameColumns) {
 }
 
 TEST_F(RangeTableTest, NewKeysComeLast) {
-  EXPECT_EQ(basAllgemein::GetNewIndex(context()), 99999999);
-  EXPECT_EQ(basAllgemein::GetNewIndex(context()), 99999999);
+  EXPECT_EQ(basAllgemein::GetNewIndex(), 99999999);
+  EXPECT_EQ(basAllgemein::GetNewIndex(), 99999999);
 }
 
 TEST_F(RangeTableTest, AValueReachesEveryUsersRow) {

@@ -18,18 +18,6 @@ void LiveRows::reset(std::size_t slots) {
   counts_.clear();
 }
 
-void LiveRows::append(std::size_t rows) {
-  slots_ += rows;
-  if (removed_ != 0) {
-    // Rows are appended after removals rarely and in runs; the table compacts itself before.
-    const std::size_t before = slots_ - rows;
-    words_.resize((slots_ + wordBits - 1) / wordBits, 0);
-    for (std::size_t slot = before; slot < slots_; ++slot)
-      words_[slot / wordBits] |= std::uint64_t{1} << (slot % wordBits);
-    startTracking();
-  }
-}
-
 // Builds the counts from the bits in one pass.
 void LiveRows::startTracking() {
   counts_.assign(words_.size() + 1, 0);

@@ -14,8 +14,8 @@ class LiveRows {
  public:
   /// `slots` rows, none removed.
   void reset(std::size_t slots);
-  /// One or more rows are stored behind the last slot.
-  void append(std::size_t rows);
+  /// One or more rows are stored behind the last slot. REQUIRES: allLive().
+  void append(std::size_t rows) { slots_ += rows; }
   /// REQUIRES: the slot is live.
   void remove(std::size_t slot);
 

@@ -24,7 +24,8 @@ namespace vexnumkr {
 /// lower one. Reading or writing outside the bounds: error 9; the table is unchanged then.
 ///
 /// Built for tables of a large company (every user times every range): a cell takes eight bytes, a
-/// row can be removed and found in logarithmic time, and sorting what is sorted costs nothing.
+/// range is found by its key and removed without a scan, and sorting what is sorted costs nothing.
+/// Appending after removals costs one pass over the table, Find and FindRow one up to the match.
 class XArray {
  public:
   XArray();

@@ -6,18 +6,15 @@
 namespace vexnumkr {
 namespace {
 
-bool isGroup(const TreeGrid& grid, std::int32_t index) {
-  return index >= 0 && index < grid.ListCount() && grid.List(index, grid_column::Type) == groupType;
-}
-
 // One group item is jumped over; two in a row are not.
 std::int32_t step(const TreeGrid& grid, std::int32_t neighbour) {
-  return isGroup(grid, neighbour) ? 2 : 1;
+  const bool exists = neighbour >= 0 && neighbour < grid.ListCount();
+  return exists && isGroup(grid, neighbour) ? 2 : 1;
 }
 
 std::int32_t firstRange(const TreeGrid& grid) {
   for (std::int32_t index = 0; index < grid.ListCount(); ++index)
-    if (grid.List(index, grid_column::Type) == rangeType) return index;
+    if (isRange(grid, index)) return index;
   return -1;
 }
 

@@ -17,8 +17,6 @@
 namespace vexnumkr {
 namespace {
 
-constexpr const char* moduleName = "frmNummernkreise";
-constexpr const char* hostFont = "MS Sans Serif";
 constexpr std::int32_t windowIcon = 267;   // in the host's catalogue
 constexpr std::int32_t filterEntries = 2;  // "Alle Buchungskreise" and "Aktive Buchungskreise"
 
@@ -40,11 +38,6 @@ frmNummernkreise::frmNummernkreise(HostContext& context)
 }
 
 frmNummernkreise::~frmNummernkreise() = default;
-
-template <class Body>
-void frmNummernkreise::reporting(const char* procedure, Body&& body) {
-  reportingFailures(context_, {moduleName, procedure}, std::forward<Body>(body));
-}
 
 void frmNummernkreise::connectControls() {
   const auto onClick = [this](const char* name, void (frmNummernkreise::*handler)()) {
@@ -236,8 +229,8 @@ void frmNummernkreise::Form_QueryUnload(bool& Cancel, std::int16_t /*UnloadMode*
 // The grid shows everything already, so the filters only have to say so.
 void frmNummernkreise::resetFilters() {
   suppressComboEvents_ = true;
-  cboBuchungskreis_.Text(alleBuchungskreise);
-  cboUser_.Text(alleBenutzer);
+  ignoringFailures([&] { cboBuchungskreis_.Text(alleBuchungskreise); });
+  ignoringFailures([&] { cboUser_.Text(alleBenutzer); });
   suppressComboEvents_ = false;
 }
 

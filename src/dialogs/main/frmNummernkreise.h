@@ -5,10 +5,12 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 
 #include "dialogs/main/layout.h"
 #include "hosting/component.h"
 #include "hosting/host_context.h"
+#include "hosting/reporting.h"
 #include "platform/forms.h"
 #include "platform/tree_grid.h"
 
@@ -61,7 +63,9 @@ class frmNummernkreise final : public MainDialog, private FormEvents, private Tr
   void CreateToolTips();
 
   template <class Body>
-  void reporting(const char* procedure, Body&& body);
+  void reporting(const char* procedure, Body&& body) {
+    reportingFailures(context_, {"frmNummernkreise", procedure}, std::forward<Body>(body));
+  }
 
   void connectControls();
   void applyApplicationStyle();

@@ -1,22 +1,16 @@
 // What the main dialog does about clicks, keys and edits in its grid.
 #include <limits>
 
-#include "data/columns.h"
 #include "data/range_table.h"
+#include "data/table/columns.h"
 #include "dialogs/main/cell_editing.h"
 #include "dialogs/main/frmNummernkreise.h"
 #include "dialogs/main/tree.h"
-#include "hosting/reporting.h"
 
 namespace vexnumkr {
 namespace {
 
-constexpr const char* moduleName = "frmNummernkreise";
 constexpr std::int16_t leftButton = 1;
-
-bool isGroup(const TreeGrid& grid, std::int32_t index) {
-  return grid.List(index, grid_column::Type) == groupType;
-}
 
 // The host applications address the current item with 16 bits.
 std::int32_t currentItem(const TreeGrid& grid) {
@@ -29,7 +23,7 @@ std::int32_t currentItem(const TreeGrid& grid) {
 
 void frmNummernkreise::ItemClick(std::int32_t index, std::int16_t column, GridArea area,
                                  std::int16_t button) {
-  reportingFailures(context_, {moduleName, "sftNummernkreise_ItemClick"}, [&] {
+  reporting("sftNummernkreise_ItemClick", [&] {
     if (button != leftButton) return;
     if (area == GridArea::Picture && !isGroup(sftNummernkreise_, index))
       basAllgemein::CheckBoxHandling(context_, index, cboUser_.Text(), cboBuchungskreis_.Text());
@@ -39,7 +33,7 @@ void frmNummernkreise::ItemClick(std::int32_t index, std::int16_t column, GridAr
 }
 
 void frmNummernkreise::KeyDown(std::int16_t key) {
-  reportingFailures(context_, {moduleName, "sftNummernkreise_KeyDown"}, [&] {
+  reporting("sftNummernkreise_KeyDown", [&] {
     if (key != key_code::space && key != key_code::f2) return;
     const std::int32_t index = currentItem(sftNummernkreise_);
     if (index < 0 || isGroup(sftNummernkreise_, index)) return;
@@ -52,7 +46,7 @@ void frmNummernkreise::KeyDown(std::int16_t key) {
 
 void frmNummernkreise::CEKeyDown(std::int16_t& key, std::int16_t shift, std::int32_t index,
                                  std::int16_t column) {
-  reportingFailures(context_, {moduleName, "sftNummernkreise_CEKeyDown"}, [&] {
+  reporting("sftNummernkreise_CEKeyDown", [&] {
     const EditorMove move = editorMove(sftNummernkreise_, key, shift, index, column);
     if (!move.moves) return;
     key = 0;
@@ -63,7 +57,7 @@ void frmNummernkreise::CEKeyDown(std::int16_t& key, std::int16_t shift, std::int
 
 void frmNummernkreise::AfterEdit(std::int32_t index, std::int16_t column, bool& cancel,
                                  std::string& text) {
-  reportingFailures(context_, {moduleName, "sftNummernkreise_AfterEdit"}, [&] {
+  reporting("sftNummernkreise_AfterEdit", [&] {
     const bool numeric = column >= grid_column::Start && column < grid_column::Maske;
     if (numeric && (!basAllgemein::CheckValue(context_, text) || text.empty())) {
       cancel = true;

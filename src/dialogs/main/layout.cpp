@@ -1,6 +1,9 @@
 #include "dialogs/main/layout.h"
 
+#include <string_view>
+
 #include "dialogs/main/tree.h"
+#include "platform/descriptions.h"
 
 namespace vexnumkr {
 namespace {
@@ -22,42 +25,16 @@ constexpr double descriptionColumnWidth = 133;
 // What the scroll bar and the frame take of the grid's width, in grid units.
 constexpr double gridChrome = 22;
 
-ControlDescription label(const char* name, const char* caption, const Rect& position) {
-  ControlDescription control;
-  control.kind = ControlKind::Label;
-  control.name = name;
-  control.caption = caption;
-  control.position = position;
-  return control;
-}
-
 ControlDescription combo(const char* name, const char* accessibleName, const Rect& position,
                          int tabIndex) {
-  ControlDescription control;
-  control.kind = ControlKind::ComboBox;
-  control.name = name;
+  ControlDescription control = describeControl(ControlKind::ComboBox, name, position);
   control.accessibleName = accessibleName;
-  control.position = position;
   control.tabIndex = tabIndex;
-  return control;
-}
-
-ControlDescription button(const char* name, const char* caption, const Rect& position, int tabIndex,
-                          ButtonRole role = ButtonRole::None) {
-  ControlDescription control;
-  control.kind = ControlKind::Button;
-  control.name = name;
-  control.caption = caption;
-  control.position = position;
-  control.tabIndex = tabIndex;
-  control.role = role;
   return control;
 }
 
 ControlDescription picture(const char* name, PictureKind kind) {
-  ControlDescription control;
-  control.kind = ControlKind::PictureHolder;
-  control.name = name;
+  ControlDescription control = describeControl(ControlKind::PictureHolder, name, {});
   control.picture = kind;
   control.visible = false;
   return control;
@@ -73,11 +50,10 @@ Rect bottomRight(int place) {
 }
 
 ControlDescription grid() {
-  ControlDescription control;
-  control.kind = ControlKind::TreeGrid;
-  control.name = "sftNummernkreise";
+  ControlDescription control =
+      describeControl(ControlKind::TreeGrid, "sftNummernkreise",
+                      {margin, gridTop, gridWidth, buttonTop - margin - gridTop});
   control.accessibleName = "Nummernkreise";
-  control.position = {margin, gridTop, gridWidth, buttonTop - margin - gridTop};
   control.tabIndex = 3;
   control.columns = {{"", 0},
                      {"Beschreibung", descriptionColumnWidth},
@@ -109,22 +85,22 @@ FormDescription mainDialogDescription() {
   form.minimumWidth = 8400;
   form.minimumHeight = 3600;
 
-  ControlDescription options = button("cmdOptionen", "Einstellungen", bottomLeft(2), 6);
+  ControlDescription options = describeButton("cmdOptionen", "Einstellungen", bottomLeft(2), 6);
   options.visible = false;
-  ControlDescription circles = button("cmdBuchungskreise", "...", {4515, 135, 420, 315}, 1);
+  ControlDescription circles = describeButton("cmdBuchungskreise", "...", {4515, 135, 420, 315}, 1);
   circles.accessibleName = "Nummernkreise verwalten";
 
   form.controls = {grid(),
-                   label("lblBuchungskreis", "Nummernkreis:", {margin, 180, 1320, 225}),
+                   describeLabel("lblBuchungskreis", "Nummernkreis:", {margin, 180, 1320, 225}),
                    combo("cboBuchungskreis", "Nummernkreis", {1470, 135, 3000, 315}, 0),
                    circles,
-                   label("lblUser", "Benutzer:", {5580, 180, 900, 225}),
+                   describeLabel("lblUser", "Benutzer:", {5580, 180, 900, 225}),
                    combo("cboUser", "Benutzer", {6480, 135, 3000, 315}, 2),
-                   button("cmdAuto", "Automatisch", bottomLeft(0), 4),
-                   button("cmdSonderkreise", "Sonderkreise", bottomLeft(1), 5),
+                   describeButton("cmdAuto", "Automatisch", bottomLeft(0), 4),
+                   describeButton("cmdSonderkreise", "Sonderkreise", bottomLeft(1), 5),
                    options,
-                   button("cmdOK", "OK", bottomRight(1), 7, ButtonRole::Default),
-                   button("cmdCancel", "Abbrechen", bottomRight(0), 8, ButtonRole::Cancel),
+                   describeButton("cmdOK", "OK", bottomRight(1), 7, ButtonRole::Default),
+                   describeButton("cmdCancel", "Abbrechen", bottomRight(0), 8, ButtonRole::Cancel),
                    picture("UglyButtons", PictureKind::CellButton),
                    picture("Checked", PictureKind::CheckedBox),
                    picture("Unchecked", PictureKind::UncheckedBox),
@@ -140,7 +116,7 @@ MainDialogLayout::MainDialogLayout(Form& form)
                            "cmdOptionen", "cmdOK", "cmdCancel"})
     positions_.push_back({name, form.control<Control>(name).Position()});
   TreeGrid& grid = gridOf(form);
-  valueWidth_ = grid.ColWidth(grid_column::Start);
+  valueWidth_ = grid.ColWidth(grid_column::Aktuell);
   // The descriptions get what the design leaves over.
   const double columns = descriptionColumnWidth + 4 * valueColumnWidth + gridChrome;
   const double spare = recorded("sftNummernkreise").width / double{twipsPerUnit} - columns;
@@ -161,13 +137,11 @@ void MainDialogLayout::move(const char* name, std::int32_t dW, std::int32_t dH) 
   form_.control<Control>(name).Position(position);
 }
 
-void MainDialogLayout::moveRight(const char* name, std::int32_t dW) { move(name, dW, 0); }
-
 void MainDialogLayout::apply() {
   const std::int32_t dW = form_.ScaleWidth() - width_;
   const std::int32_t dH = form_.ScaleHeight() - height_;
-  moveRight("lblUser", dW);
-  moveRight("cboUser", dW);
+  move("lblUser", dW, 0);
+  move("cboUser", dW, 0);
   TreeGrid& grid = gridOf(form_);
   Rect position = recorded("sftNummernkreise");
   position.width += dW;

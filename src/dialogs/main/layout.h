@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <vector>
 
 #include "platform/forms.h"
 #include "platform/tree_grid.h"
@@ -11,7 +12,8 @@ namespace vexnumkr {
 /// The description of frmNummernkreise with all its controls in control order.
 FormDescription mainDialogDescription();
 
-/// Positions recorded when the dialog loads; moves and stretches the controls with the window.
+/// Positions (in twips) recorded when the dialog loads; moves and stretches the controls with the
+/// window. The descriptions get what the other columns leave over, when it is made and later.
 class MainDialogLayout {
  public:
   explicit MainDialogLayout(Form& form);
@@ -20,7 +22,6 @@ class MainDialogLayout {
   void apply();
 
  private:
-  void moveRight(const char* name, std::int32_t dW);
   void move(const char* name, std::int32_t dW, std::int32_t dH);
   Rect recorded(const char* name) const;
 

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "hosting/host_context.h"
+#include "platform/forms.h"
 
 namespace vexnumkr::basAllgemein {
 

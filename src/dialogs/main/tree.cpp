@@ -1,8 +1,8 @@
 #include "dialogs/main/tree.h"
 
 #include "data/booking_circles.h"
-#include "data/columns.h"
 #include "data/range_table.h"
+#include "data/table/columns.h"
 #include "hosting/reporting.h"
 #include "rules/activity.h"
 
@@ -104,59 +104,48 @@ void addItems(HostContext& context, const View& view) {
   }
 }
 
-// The range that an item stands for.
-struct ItemIdentity {
-  std::int32_t circle = 0;
-  std::string group;
-  std::string key;
-};
-
-ItemIdentity identityOf(const TreeGrid& grid, std::int32_t index) {
-  return {textToLong(grid.List(index, grid_column::Buchungskreis)),
-          grid.List(index, grid_column::Beschreibung), grid.List(index, grid_column::NSchl)};
+std::int32_t circleOf(const TreeGrid& grid, std::int32_t index) {
+  return textToLong(grid.List(index, grid_column::Buchungskreis));
 }
 
-void setActive(HostContext& context, const ItemIdentity& item, const std::string& user,
-               bool active) {
-  SetValue(context, item.key, item.group, user, column::Aktiviert, active);
+// Shows the item's new state and writes it into the range table.
+void setActive(HostContext& context, std::int32_t index, const std::string& user,
+               PictureHandle picture, bool active) {
+  TreeGrid& grid = context.sftNummernkreise();
+  grid.ItemPicture(index, picture);
+  SetValue(context, grid.List(index, grid_column::NSchl),
+           grid.List(index, grid_column::Beschreibung), user, column::Aktiviert, active);
 }
 
 void untick(HostContext& context, std::int32_t index, const std::string& user) {
-  TreeGrid& grid = context.sftNummernkreise();
-  const ItemIdentity item = identityOf(grid, index);
-  if (user == alleBenutzer) DeleteInXArray(context, item.circle, item.key, false);
-  grid.ItemPicture(index, context.pictures().Unchecked);
-  setActive(context, item, user, false);
+  const TreeGrid& grid = context.sftNummernkreise();
+  if (user == alleBenutzer)
+    DeleteInXArray(context, circleOf(grid, index), grid.List(index, grid_column::NSchl), false);
+  setActive(context, index, user, context.pictures().Unchecked, false);
+}
+
+NewRange rangeOf(const TreeGrid& grid, std::int32_t index) {
+  NewRange range;
+  range.Buchungskreis = circleOf(grid, index);
+  range.Gruppe = grid.List(index, grid_column::Beschreibung);
+  range.NSchl = grid.List(index, grid_column::NSchl);
+  range.NBezeichnung = grid.List(index, grid_column::NBezeichnung);
+  range.StartWert = grid.List(index, grid_column::Start);
+  range.AktuellerWert = grid.List(index, grid_column::Aktuell);
+  range.EndWert = grid.List(index, grid_column::Ende);
+  range.SortierIndex = textToLong(grid.List(index, grid_column::SortierIndex));
+  range.IstNSchlVon = grid.List(index, grid_column::IstNSchlVon);
+  return range;
 }
 
 void tick(HostContext& context, std::int32_t index, const std::string& user) {
-  TreeGrid& grid = context.sftNummernkreise();
-  const ItemIdentity item = identityOf(grid, index);
-  if (user == alleBenutzer) {
-    NewRange range;
-    range.Buchungskreis = item.circle;
-    range.Gruppe = item.group;
-    range.NSchl = item.key;
-    range.NBezeichnung = grid.List(index, grid_column::NBezeichnung);
-    range.StartWert = grid.List(index, grid_column::Start);
-    range.AktuellerWert = grid.List(index, grid_column::Aktuell);
-    range.EndWert = grid.List(index, grid_column::Ende);
-    range.SortierIndex = textToLong(grid.List(index, grid_column::SortierIndex));
-    range.IstNSchlVon = grid.List(index, grid_column::IstNSchlVon);
-    AddInXArray(context, user, range, false);
-  }
-  grid.ItemPicture(index, context.pictures().Checked);
-  setActive(context, item, user, true);
-}
-
-bool isRange(const TreeGrid& grid, std::int32_t index) {
-  return grid.List(index, grid_column::Type) == rangeType;
+  if (user == alleBenutzer)
+    AddInXArray(context, user, rangeOf(context.sftNummernkreise(), index), false);
+  setActive(context, index, user, context.pictures().Checked, true);
 }
 
 void deselect(HostContext& context, std::int32_t index, const std::string& user) {
-  TreeGrid& grid = context.sftNummernkreise();
-  grid.ItemPicture(index, context.pictures().ValueFalse);
-  setActive(context, identityOf(grid, index), user, false);
+  setActive(context, index, user, context.pictures().ValueFalse, false);
 }
 
 }  // namespace
@@ -213,8 +202,7 @@ void CheckBoxHandling(HostContext& context, std::int32_t index, const std::strin
   reportingFailures(context, {moduleName, "CheckBoxHandling"}, [&] {
     const TreeGrid& grid = context.sftNummernkreise();
     // The standard range is always active for everybody.
-    if (user == alleBenutzer && textToLong(grid.List(index, grid_column::Buchungskreis)) == 0)
-      return;
+    if (user == alleBenutzer && circleOf(grid, index) == 0) return;
     const PictureHandle picture = grid.ItemPicture(index);
     if (picture == context.pictures().Checked) {
       untick(context, index, user);
@@ -231,13 +219,12 @@ void CheckBoxHandling(HostContext& context, std::int32_t index, const std::strin
 
 void SetRadioButton(HostContext& context, std::int32_t index, const std::string& user) {
   reportingFailures(context, {moduleName, "SetRadioButton"}, [&] {
-    TreeGrid& grid = context.sftNummernkreise();
+    const TreeGrid& grid = context.sftNummernkreise();
     for (std::int32_t above = index - 1; above >= 0 && isRange(grid, above); --above)
       deselect(context, above, user);
     for (std::int32_t below = index + 1; below < grid.ListCount() && isRange(grid, below); ++below)
       deselect(context, below, user);
-    grid.ItemPicture(index, context.pictures().ValueTrue);
-    setActive(context, identityOf(grid, index), user, true);
+    setActive(context, index, user, context.pictures().ValueTrue, true);
   });
 }
 

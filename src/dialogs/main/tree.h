@@ -33,6 +33,14 @@ inline constexpr std::int16_t IstNSchlVon = 11;
 inline constexpr const char* groupType = "Group";
 inline constexpr const char* rangeType = "Pos";
 
+/// What an item is by its column Type. Error 9 for one outside the list.
+inline bool isGroup(const TreeGrid& grid, std::int32_t index) {
+  return grid.List(index, grid_column::Type) == groupType;
+}
+inline bool isRange(const TreeGrid& grid, std::int32_t index) {
+  return grid.List(index, grid_column::Type) == rangeType;
+}
+
 namespace basAllgemein {
 
 /// Rebuilds the grid for a filter ("Alle Buchungskreise", "Aktive Buchungskreise" or a description)

@@ -19,7 +19,6 @@ class frmOptionen final : private FormEvents {
   explicit frmOptionen(HostContext& context);
   ~frmOptionen() override;
 
-  Form& form() { return *form_; }
   void Show() { form_->ShowModal(); }
 
  private:

@@ -2,6 +2,7 @@
 
 #include "data/sql/statements.h"
 #include "hosting/reporting.h"
+#include "platform/descriptions.h"
 
 namespace vexnumkr {
 namespace {
@@ -16,36 +17,16 @@ FormDescription description() {
   form.height = 3525;
   form.font = {"Tahoma"};
 
-  ControlDescription label;
-  label.kind = ControlKind::Label;
-  label.name = "lblSonderkreise";
-  label.caption = "Folgende Sonderkreise können noch zusätzlich aktiviert werden:";
-  label.position = {120, 120, 4605, 195};
-
-  ControlDescription list;
-  list.kind = ControlKind::CheckList;
-  list.name = "lstSonderkreise";
+  ControlDescription list =
+      describeControl(ControlKind::CheckList, "lstSonderkreise", {120, 420, 4635, 2535});
   list.accessibleName = "Sonderkreise";
-  list.position = {120, 420, 4635, 2535};
   list.tabIndex = 0;
-
-  ControlDescription ok;
-  ok.kind = ControlKind::Button;
-  ok.name = "cmdOK";
-  ok.caption = "OK";
-  ok.position = {1980, 3060, 1335, 345};
-  ok.tabIndex = 1;
-  ok.role = ButtonRole::Default;
-
-  ControlDescription cancel;
-  cancel.kind = ControlKind::Button;
-  cancel.name = "cmdCancel";
-  cancel.caption = "Abbrechen";
-  cancel.position = {3420, 3060, 1335, 345};
-  cancel.tabIndex = 2;
-  cancel.role = ButtonRole::Cancel;
-
-  form.controls = {label, list, ok, cancel};
+  form.controls = {
+      describeLabel(
+          "lblSonderkreise",
+          "Folgende Sonderkreise können noch zusätzlich aktiviert werden:", {120, 120, 4605, 195}),
+      list, describeButton("cmdOK", "OK", {1980, 3060, 1335, 345}, 1, ButtonRole::Default),
+      describeButton("cmdCancel", "Abbrechen", {3420, 3060, 1335, 345}, 2, ButtonRole::Cancel)};
   return form;
 }
 

@@ -2,6 +2,8 @@
 
 #include <array>
 
+#include "platform/descriptions.h"
+
 namespace vexnumkr {
 namespace {
 
@@ -37,38 +39,24 @@ std::string frameName(const OptionPair& pair) { return "fra" + std::string(pair.
 
 ControlDescription frame(const std::string& name, const std::string& caption, const Rect& position,
                          const std::string& parent) {
-  ControlDescription control;
-  control.kind = ControlKind::Frame;
-  control.name = name;
+  ControlDescription control = describeControl(ControlKind::Frame, name, position);
   control.caption = caption;
-  control.position = position;
   control.parent = parent;
   return control;
 }
 
 ControlDescription optionButton(const OptionPair& pair, int index, int tabIndex) {
-  ControlDescription control;
-  control.kind = ControlKind::OptionButton;
-  control.name = pair.name;
+  ControlDescription control =
+      describeControl(ControlKind::OptionButton, pair.name,
+                      {margin, 315 + index * 285, pairWidth - 2 * margin, 255});
   control.arrayIndex = index;
   control.caption = index == 0 ? pair.first : pair.second;
-  control.position = {margin, 315 + index * 285, pairWidth - 2 * margin, 255};
   control.parent = frameName(pair);
   control.tabIndex = tabIndex;
   return control;
 }
 
-ControlDescription button(const char* name, const char* caption, std::int32_t left, int tabIndex,
-                          ButtonRole role) {
-  ControlDescription control;
-  control.kind = ControlKind::Button;
-  control.name = name;
-  control.caption = caption;
-  control.position = {left, buttonTop, buttonWidth, buttonHeight};
-  control.tabIndex = tabIndex;
-  control.role = role;
-  return control;
-}
+Rect buttonPosition(std::int32_t left) { return {left, buttonTop, buttonWidth, buttonHeight}; }
 
 }  // namespace
 
@@ -92,10 +80,10 @@ FormDescription optionsDialogDescription() {
       form.controls.push_back(optionButton(pairs[i], index, tabIndex++));
   }
   const std::int32_t right = formWidth - margin - buttonWidth;
-  form.controls.push_back(
-      button("cmdOK", "OK", right - buttonWidth - 105, tabIndex, ButtonRole::Default));
-  form.controls.push_back(
-      button("cmdCancel", "Abbrechen", right, tabIndex + 1, ButtonRole::Cancel));
+  form.controls.push_back(describeButton("cmdOK", "OK", buttonPosition(right - buttonWidth - 105),
+                                         tabIndex, ButtonRole::Default));
+  form.controls.push_back(describeButton("cmdCancel", "Abbrechen", buttonPosition(right),
+                                         tabIndex + 1, ButtonRole::Cancel));
   return form;
 }
 

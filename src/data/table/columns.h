@@ -10,7 +10,8 @@ namespace vexnumkr {
 namespace column {
 inline constexpr std::int32_t Benutzer = 0;
 inline constexpr std::int32_t Buchungskreis = 1;  ///< 0 = the standard range of the number key
-inline constexpr std::int32_t Gruppe = 2;  ///< description of the booking circle, or "Standard"
+/// The description of the booking circle, or "Standard".
+inline constexpr std::int32_t Gruppe = 2;
 inline constexpr std::int32_t NSchl = 3;
 inline constexpr std::int32_t NBezeichnung = 4;
 inline constexpr std::int32_t StartWert = 5;
@@ -21,6 +22,7 @@ inline constexpr std::int32_t SortierIndex = 9;
 inline constexpr std::int32_t IstNSchlVon =
     10;  ///< the key whose range this one shares, "" if none
 inline constexpr std::int32_t Maske = 11;
+inline constexpr std::int32_t last = Maske;
 }  // namespace column
 
 /// Of the booking-circle list.

@@ -1,0 +1,39 @@
+// Push buttons.
+#pragma once
+
+#include <QPushButton>
+
+#include "adapters/qtforms/controls/widget_control.h"
+#include "adapters/qtforms/pending_edits.h"
+
+namespace vexnumkr::qtforms {
+
+/// A push button that Enter presses while it has the focus; elsewhere Enter presses the default
+/// button.
+class PushButton final : public QPushButton {
+ public:
+  using QPushButton::QPushButton;
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
+};
+
+/// Settles the form's open edits before its click takes place: the cancel button drops their texts,
+/// every other button keeps them.
+class ButtonControl final : public WidgetControl<Button, PushButton> {
+ public:
+  /// `edits` is borrowed and outlives this.
+  ButtonControl(const ControlDescription& description, QWidget& parent, PendingEdits& edits);
+
+  void OnClick(std::function<void()> handler) override;
+
+ private:
+  void fit() override;
+  void click();
+
+  PendingEdits& edits_;
+  ButtonRole role_;
+  std::function<void()> handler_;
+};
+
+}  // namespace vexnumkr::qtforms

@@ -1,0 +1,82 @@
+#include "adapters/qtforms/controls/combo_control.h"
+
+#include <QAbstractItemView>
+#include <QScrollBar>
+
+#include "adapters/qtforms/guarded.h"
+
+namespace vexnumkr::qtforms {
+
+void DropDownList::showPopup() {
+  if (edits_ != nullptr && !edits_->settle(true)) {
+    hidePopup();
+    return;
+  }
+  view()->setMinimumWidth(view()->sizeHintForColumn(0) +
+                          view()->verticalScrollBar()->sizeHint().width());
+  QComboBox::showPopup();
+}
+
+ComboControl::ComboControl(const ControlDescription& description, QWidget& parent,
+                           PendingEdits& edits)
+    : WidgetControl(description, parent), edits_(edits) {
+  widget_.watch(edits);
+  QObject::connect(&widget_, &QComboBox::activated, &widget_,
+                   [this](int index) { chosenByUser(index); });
+}
+
+void ComboControl::Clear() {
+  widget_.clear();
+  chosen_ = -1;
+}
+
+void ComboControl::AddItem(const std::string& text) {
+  widget_.addItem(toQt(text));
+  widget_.setCurrentIndex(chosen_);  // Qt chooses the first entry of an empty list by itself
+}
+
+std::int32_t ComboControl::ListCount() const { return widget_.count(); }
+
+std::string ComboControl::List(std::int32_t index) const {
+  if (index < 0 || index >= widget_.count()) throw Error::invalidPropertyValue();
+  return fromQt(widget_.itemText(index));
+}
+
+std::int32_t ComboControl::ListIndex() const { return chosen_; }
+
+void ComboControl::ListIndex(std::int32_t index) {
+  if (index == chosen_) return;
+  show(index);
+  click();
+}
+
+std::string ComboControl::Text() const { return fromQt(widget_.itemText(chosen_)); }
+
+void ComboControl::Text(const std::string& text) {
+  const int index = widget_.findText(toQt(text), Qt::MatchExactly | Qt::MatchCaseSensitive);
+  if (index < 0) throw Error::invalidPropertyValue();
+  ListIndex(index);
+}
+
+void ComboControl::SelectSilently(std::int32_t index) { show(index); }
+
+void ComboControl::OnClick(std::function<void()> handler) { handler_ = std::move(handler); }
+
+void ComboControl::show(int index) {
+  if (index < -1 || index >= widget_.count()) throw Error::invalidPropertyValue();
+  chosen_ = index;
+  widget_.setCurrentIndex(index);
+}
+
+void ComboControl::click() {
+  if (handler_) guarded("Click", handler_);
+}
+
+void ComboControl::chosenByUser(int index) {
+  widget_.setCurrentIndex(chosen_);
+  if (!edits_.settle(true) || index >= widget_.count()) return;
+  show(index);
+  click();
+}
+
+}  // namespace vexnumkr::qtforms

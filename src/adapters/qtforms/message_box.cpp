@@ -1,0 +1,136 @@
+#include "adapters/qtforms/message_box.h"
+
+#include <QCloseEvent>
+#include <QKeyEvent>
+#include <QMessageBox>
+#include <QPushButton>
+#include <vector>
+
+#include "adapters/qtforms/modal_owner.h"
+#include "adapters/qtforms/text.h"
+#include "platform/forms.h"
+
+namespace vexnumkr::qtforms {
+namespace {
+
+constexpr std::int32_t buttonBits = 0x0F;
+constexpr std::int32_t iconBits = 0xF0;
+
+struct Choice {
+  std::int32_t code;
+  QLatin1String name;
+  QLatin1String caption;
+  QMessageBox::ButtonRole role;
+  Qt::Key key;  ///< chooses it together with Alt, or alone
+};
+
+const Choice okChoice{msg_box::ok, QLatin1String("ok"), QLatin1String("OK"),
+                      QMessageBox::AcceptRole, Qt::Key_O};
+const Choice cancelChoice{msg_box::cancel, QLatin1String("cancel"), QLatin1String("Abbrechen"),
+                          QMessageBox::RejectRole, Qt::Key_A};
+const Choice yesChoice{msg_box::yes, QLatin1String("yes"), QLatin1String("Ja"),
+                       QMessageBox::YesRole, Qt::Key_J};
+const Choice noChoice{msg_box::no, QLatin1String("no"), QLatin1String("Nein"), QMessageBox::NoRole,
+                      Qt::Key_N};
+
+std::vector<Choice> choicesOf(std::int32_t style) {
+  switch (style & buttonBits) {
+    case 1:
+      return {okChoice, cancelChoice};
+    case 3:
+      return {yesChoice, noChoice, cancelChoice};
+    case 4:
+      return {yesChoice, noChoice};
+    default:
+      return {okChoice};
+  }
+}
+
+QMessageBox::Icon iconOf(std::int32_t style) {
+  switch (style & iconBits) {
+    case 16:
+      return QMessageBox::Critical;
+    case 32:
+      return QMessageBox::Question;
+    case 48:
+      return QMessageBox::Warning;
+    case 64:
+      return QMessageBox::Information;
+    default:
+      return QMessageBox::NoIcon;
+  }
+}
+
+class Box final : public QMessageBox {
+ public:
+  Box(const std::string& prompt, std::int32_t style, const std::string& title, QWidget* owner)
+      : QMessageBox(owner) {
+    setObjectName(QStringLiteral("msgBox"));
+    setProperty("buttons", style);
+    setProperty("prompt", toQt(prompt));
+    // The host's application goes on when the last box is closed.
+    setAttribute(Qt::WA_QuitOnClose, false);
+    setTextFormat(Qt::PlainText);
+    setText(toQtLines(prompt));
+    setWindowTitle(toQt(title));
+    setIcon(iconOf(style));
+    for (const Choice& choice : choicesOf(style)) add(choice);
+    setDefaultButton(answers_.front().button);
+    setWindowFlag(Qt::CustomizeWindowHint);
+    setWindowFlag(Qt::WindowCloseButtonHint, closable());
+  }
+
+  std::int32_t ask() {
+    exec();
+    for (const Answer& answer : answers_) {
+      if (answer.button == clickedButton()) return answer.code;
+    }
+    return answers_.back().code;
+  }
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override {
+    if (event->matches(QKeySequence::Cancel) && !closable()) {
+      event->accept();
+    } else {
+      QMessageBox::keyPressEvent(event);
+    }
+  }
+
+  void closeEvent(QCloseEvent* event) override {
+    if (closable()) {
+      QMessageBox::closeEvent(event);
+    } else {
+      event->ignore();
+    }
+  }
+
+ private:
+  struct Answer {
+    QPushButton* button;
+    std::int32_t code;
+  };
+
+  void add(const Choice& choice) {
+    QPushButton* button = addButton(choice.caption, choice.role);
+    button->setObjectName(choice.name);
+    button->setShortcut(QKeySequence(Qt::ALT | choice.key));
+    answers_.push_back({button, choice.code});
+    if (choice.code == msg_box::ok || choice.code == msg_box::cancel) setEscapeButton(button);
+  }
+
+  bool closable() const { return escapeButton() != nullptr; }
+
+  std::vector<Answer> answers_;
+};
+
+}  // namespace
+
+std::int32_t showMessageBox(const std::string& prompt, std::int32_t style,
+                            const std::string& title) {
+  const ModalOwner owner;
+  Box box(prompt, style, title, owner.window());
+  return box.ask();
+}
+
+}  // namespace vexnumkr::qtforms

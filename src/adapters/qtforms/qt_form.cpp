@@ -1,0 +1,155 @@
+#include "adapters/qtforms/qt_form.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QIcon>
+#include <QKeyEvent>
+#include <QPixmap>
+#include <QPushButton>
+
+#include "adapters/qtforms/fonts.h"
+#include "adapters/qtforms/guarded.h"
+#include "adapters/qtforms/modal_owner.h"
+#include "adapters/qtforms/text.h"
+#include "adapters/qtforms/units.h"
+
+namespace vexnumkr::qtforms {
+namespace {
+
+constexpr std::int16_t closedByButton = 0;
+constexpr std::int16_t closedByCode = 1;
+
+Qt::WindowFlags windowFlagsOf(const FormDescription& description) {
+  const Qt::WindowFlags dialog = Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
+                                 Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint;
+  return dialog |
+         (description.resizable ? Qt::WindowMinMaxButtonsHint : Qt::MSWindowsFixedSizeDialogHint);
+}
+
+}  // namespace
+
+QtForm::QtForm(const FormDescription& description, FormEvents& events)
+    : QDialog(nullptr, windowFlagsOf(description)),
+      name_(description.name),
+      events_(events),
+      keys_(*this, [this](std::int16_t keyCode, std::int16_t shift) {
+        guarded("Form_KeyDown", [&] { events_.Form_KeyDown(keyCode, shift); });
+      }) {
+  setUpWindow(description);
+  controls_ = std::make_unique<ControlSet>(description.controls, *this);
+}
+
+void QtForm::setUpWindow(const FormDescription& description) {
+  setObjectName(toQt(description.name));
+  setProperty("formName", toQt(description.name));
+  setWindowTitle(toQt(description.caption));
+  setAccessibleName(toQt(description.caption));
+  setFont(formFont(description.font));
+  setWindowModality(Qt::ApplicationModal);
+  // The host's application goes on when the form is closed.
+  setAttribute(Qt::WA_QuitOnClose, false);
+  knownSize_ = QSize(toPixels(description.width), toPixels(description.height));
+  if (description.resizable) {
+    setMinimumSize(toPixels(description.minimumWidth), toPixels(description.minimumHeight));
+    resize(knownSize_);
+    knownSize_ = size();
+  } else {
+    setFixedSize(knownSize_);
+  }
+}
+
+std::string QtForm::Name() const { return name_; }
+
+std::int32_t QtForm::ScaleWidth() const { return toTwips(width()); }
+
+std::int32_t QtForm::ScaleHeight() const { return toTwips(height()); }
+
+void QtForm::Icon(const PictureData& picture) {
+  QPixmap pixmap;
+  const auto* bytes = reinterpret_cast<const uchar*>(picture.bytes.data());
+  if (pixmap.loadFromData(bytes, static_cast<uint>(picture.bytes.size()))) setWindowIcon(pixmap);
+}
+
+void QtForm::SetFont(const Font& font) { setFont(withFont(this->font(), font)); }
+
+const std::vector<Control*>& QtForm::Controls() const { return controls_->inOrder(); }
+
+Control* QtForm::FindControl(std::string_view name, int arrayIndex) const {
+  return controls_->find(name, arrayIndex);
+}
+
+void QtForm::ShowModal() {
+  if (state_ != State::Made) return;
+  state_ = State::Loading;
+  guarded("Form_Load", [this] { events_.Form_Load(); });
+  if (state_ != State::Loading) return;
+
+  const ModalOwner owner;
+  open(owner.window());
+  if (state_ == State::Open) loop_.exec(QEventLoop::DialogExec);
+  if (state_ == State::Open) {  // the application ends
+    guarded("Form_Unload", [this] { events_.Form_Unload(); });
+    finish();
+  }
+  setParent(nullptr, windowFlags());  // whoever owns this form deletes it, not its owner window
+}
+
+void QtForm::open(QWidget* owner) {
+  state_ = State::Open;
+  if (owner != nullptr) setParent(owner, windowFlags());
+  QCoreApplication::instance()->installEventFilter(&keys_);
+  QWidget* first = controls_->firstFocus();
+  if (focusWidget() == nullptr && first != nullptr) first->setFocus(Qt::OtherFocusReason);
+  show();
+  activateWindow();
+  guarded("Form_Shown", [this] { events_.Form_Shown(); });
+}
+
+void QtForm::Unload() { tryUnload(closedByCode); }
+
+void QtForm::tryUnload(std::int16_t mode) {
+  if (unloading_ || (state_ != State::Loading && state_ != State::Open)) return;
+  unloading_ = true;
+  bool cancel = false;
+  guarded("Form_QueryUnload", [&] { events_.Form_QueryUnload(cancel, mode); });
+  if (!cancel) {
+    guarded("Form_Unload", [this] { events_.Form_Unload(); });
+    finish();
+  }
+  unloading_ = false;
+}
+
+void QtForm::finish() {
+  state_ = State::Closed;
+  QCoreApplication::instance()->removeEventFilter(&keys_);
+  hide();
+  loop_.quit();
+}
+
+void QtForm::reject() { close(); }
+
+void QtForm::closeEvent(QCloseEvent* event) {
+  const bool mayAsk = state_ == State::Open && !unloading_ &&
+                      QApplication::activeModalWidget() == this && controls_->edits().settle(true);
+  if (mayAsk) tryUnload(closedByButton);
+  event->setAccepted(state_ == State::Closed);
+}
+
+void QtForm::resizeEvent(QResizeEvent* event) {
+  QDialog::resizeEvent(event);
+  if (size() == knownSize_) return;
+  knownSize_ = size();
+  if (state_ == State::Open) guarded("Form_Resize", [this] { events_.Form_Resize(); });
+}
+
+void QtForm::keyPressEvent(QKeyEvent* event) {
+  if (!event->matches(QKeySequence::Cancel)) {
+    QDialog::keyPressEvent(event);
+    return;
+  }
+  QPushButton* cancel = controls_->cancelButton();
+  if (cancel != nullptr && cancel->isVisible() && cancel->isEnabled()) cancel->click();
+  event->accept();
+}
+
+}  // namespace vexnumkr::qtforms

@@ -1,0 +1,62 @@
+// A modal form as a Qt dialog.
+#pragma once
+
+#include <QDialog>
+#include <QEventLoop>
+#include <memory>
+#include <string>
+
+#include "adapters/qtforms/control_set.h"
+#include "adapters/qtforms/form_keys.h"
+#include "platform/forms.h"
+
+namespace vexnumkr::qtforms {
+
+/// The window of a form and its life: made, loading, open, closed. It is shown once.
+///
+/// While the close of the window is being decided, or a modal window stands above it, a further
+/// wish to close it is ignored; so is one before ShowModal and after the close. Unload during
+/// Form_Load closes the form before it is ever seen.
+class QtForm final : public QDialog, public Form {
+ public:
+  /// `events` is borrowed and outlives this.
+  QtForm(const FormDescription& description, FormEvents& events);
+
+  std::string Name() const override;
+  std::int32_t ScaleWidth() const override;
+  std::int32_t ScaleHeight() const override;
+  /// Bytes that are no picture leave the icon as it was.
+  void Icon(const PictureData& picture) override;
+  void SetFont(const Font& font) override;
+  const std::vector<Control*>& Controls() const override;
+  Control* FindControl(std::string_view name, int arrayIndex) const override;
+  void ShowModal() override;
+  void Unload() override;
+
+  /// Closes the window as its close button does.
+  void reject() override;
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+
+ private:
+  enum class State { Made, Loading, Open, Closed };
+
+  void setUpWindow(const FormDescription& description);
+  void open(QWidget* owner);
+  void tryUnload(std::int16_t mode);
+  void finish();
+
+  std::string name_;
+  FormEvents& events_;
+  FormKeys keys_;
+  std::unique_ptr<ControlSet> controls_;
+  QEventLoop loop_;
+  QSize knownSize_;
+  State state_ = State::Made;
+  bool unloading_ = false;
+};
+
+}  // namespace vexnumkr::qtforms

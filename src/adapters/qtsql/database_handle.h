@@ -1,0 +1,38 @@
+// A QSqlDatabase, opened by the adapter or borrowed from the host.
+#pragma once
+
+#include <QtSql/QSqlDatabase>
+
+#include "adapters/qtsql/connection_string.h"
+#include "adapters/qtsql/engine.h"
+
+namespace vexnumkr::qtsql {
+
+/// An own database has an entry of its own in Qt's list of connections; it is closed and its entry
+/// removed with the handle. A borrowed one stays as it is.
+/// Every query on the database must be gone before the handle.
+class DatabaseHandle {
+ public:
+  /// Opens an own one. Errors: 3709 where Qt lacks the application object or the driver; the
+  /// engine's when it cannot open.
+  DatabaseHandle(const Engine& engine, const ConnectionSettings& settings);
+
+  /// Borrows `database`.
+  explicit DatabaseHandle(const QSqlDatabase& database) : DatabaseHandle(database, false) {}
+
+  ~DatabaseHandle();
+  DatabaseHandle(const DatabaseHandle&) = delete;
+  DatabaseHandle& operator=(const DatabaseHandle&) = delete;
+
+  const QSqlDatabase& get() const { return database_; }
+  /// False when the host has closed a borrowed database in the meantime.
+  bool isOpen() const { return database_.isOpen(); }
+
+ private:
+  DatabaseHandle(const QSqlDatabase& database, bool owned) : database_(database), owned_(owned) {}
+
+  QSqlDatabase database_;
+  bool owned_;
+};
+
+}  // namespace vexnumkr::qtsql

@@ -1,0 +1,36 @@
+#include "adapters/qtsql/keyed_select.h"
+
+#include "adapters/qtsql/field_value.h"
+#include "adapters/qtsql/session.h"
+#include "adapters/qtsql/simple_select.h"
+
+namespace vexnumkr::qtsql {
+namespace {
+
+// The rows of `select` with the key columns; empty when the table lacks one of them.
+std::optional<RowSet> selectWith(Session& session, const SimpleSelect& select,
+                                 const RecordKeys& keys) {
+  try {
+    return session.run(toQString(select.withColumns(keys.columnList().toStdString())));
+  } catch (const Error& error) {
+    if (error.number() != session.engine().unknownName) throw;
+    return std::nullopt;
+  }
+}
+
+}  // namespace
+
+KeyedSelect selectWithKeys(Session& session, const Statement& statement) {
+  if (const auto select = parseSimpleSelect(statement)) {
+    for (RecordKeys& keys :
+         RecordKeys::candidates(session.engine(), session.database(), select->table)) {
+      if (auto rows = selectWith(session, *select, keys)) {
+        rows->hideLast(keys.count());
+        return {std::move(*rows), std::move(keys)};
+      }
+    }
+  }
+  return {session.run(toQString(statement.text)), std::nullopt};
+}
+
+}  // namespace vexnumkr::qtsql

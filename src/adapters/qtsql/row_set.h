@@ -1,0 +1,50 @@
+// The rows that a statement found, read completely into memory.
+#pragma once
+
+#include <QtCore/QVariant>
+#include <QtSql/QSqlRecord>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+class QSqlQuery;
+
+namespace vexnumkr::qtsql {
+
+/// Rows and columns count from 0. A statement that finds nothing by nature has no columns.
+class RowSet {
+ public:
+  RowSet() = default;
+  /// Reads all rows of `query`, which has just been executed.
+  explicit RowSet(QSqlQuery& query);
+
+  std::size_t rowCount() const { return width_ == 0 ? 0 : cells_.size() / width_; }
+  /// Without the hidden columns.
+  std::size_t columnCount() const { return visible_; }
+  /// Takes the last `count` columns out of the columns that are counted and found by name; they can
+  /// still be read by their position.
+  void hideLast(std::size_t count) { visible_ = width_ - count; }
+
+  /// The first column of that name (UTF-8), without regard to case.
+  std::optional<std::size_t> column(std::string_view name) const;
+  QString columnName(std::size_t column) const;
+
+  const QVariant& at(std::size_t row, std::size_t column) const {
+    return cells_[row * width_ + column];
+  }
+  void set(std::size_t row, std::size_t column, QVariant field) {
+    cells_[row * width_ + column] = std::move(field);
+  }
+
+ private:
+  void readNames() const;
+
+  QSqlRecord header_;
+  std::size_t width_ = 0;
+  std::size_t visible_ = 0;
+  std::vector<QVariant> cells_;
+  mutable std::vector<std::string> names_;  // Filled when first asked for: most rows never are.
+};
+
+}  // namespace vexnumkr::qtsql

@@ -1,0 +1,155 @@
+#include "adapters/qtsql/connection_string.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+
+#include <vexnumkr/adapters.h>
+
+#include "contract/database_language.h"
+
+namespace vexnumkr::qtsql {
+
+using test::errorOf;
+
+TEST(ConnectionString, NamesDriverAndDatabase) {
+  const ConnectionSettings settings = parseConnectionString("Driver=QSQLITE;Database=/a/b.db");
+  EXPECT_EQ(settings.driver, "QSQLITE");
+  EXPECT_EQ(settings.database, "/a/b.db");
+  EXPECT_EQ(settings.server, "");
+  EXPECT_EQ(settings.port, 0);
+  EXPECT_EQ(settings.user, "");
+  EXPECT_EQ(settings.password, "");
+}
+
+TEST(ConnectionString, TakesKeysInAnyCaseAndOrder) {
+  const ConnectionSettings settings = parseConnectionString(
+      "pwd=geheim;UID=Max;server=db.example;PORT=5432;dataBASE=firma;driver=QPSQL");
+  EXPECT_EQ(settings, (ConnectionSettings{.driver = "QPSQL",
+                                          .database = "firma",
+                                          .server = "db.example",
+                                          .port = 5432,
+                                          .user = "Max",
+                                          .password = "geheim"}));
+}
+
+TEST(ConnectionString, IgnoresBlanksAndEmptyPairs) {
+  const ConnectionSettings settings =
+      parseConnectionString(" ; Driver = QSQLITE ;; Database =  /a b/c.db  ; ;");
+  EXPECT_EQ(settings.driver, "QSQLITE");
+  EXPECT_EQ(settings.database, "/a b/c.db");
+}
+
+TEST(ConnectionString, TakesValuesInQuotesAsTheyStand) {
+  const auto database = [](const std::string& value) {
+    return parseConnectionString("Driver=QSQLITE;Database=" + value + ";UID=x").database;
+  };
+  EXPECT_EQ(database("\"/a;b.db\""), "/a;b.db");
+  EXPECT_EQ(database(" \"  /a \" "), "  /a ");
+  EXPECT_EQ(database("\"a \"\"b\"\" c\""), "a \"b\" c");
+  EXPECT_EQ(database("\"\"\"\""), "\"");
+  EXPECT_EQ(database("\"a=b\""), "a=b");
+}
+
+TEST(ConnectionString, TakesOtherValuesAsTheyStandToo) {
+  const auto database = [](const std::string& value) {
+    return parseConnectionString("Driver=QSQLITE;Database=" + value).database;
+  };
+  EXPECT_EQ(database("a=b=c"), "a=b=c");
+  EXPECT_EQ(database("a\"b\"c"), "a\"b\"c");
+  EXPECT_EQ(database("/Größe/ß€.db"), "/Größe/ß€.db");
+  EXPECT_EQ(database(":memory:"), ":memory:");
+}
+
+TEST(ConnectionString, AllowsAnEmptyPassword) {
+  EXPECT_EQ(parseConnectionString("Driver=A;Database=b;PWD=;UID=\"\"").password, "");
+}
+
+TEST(ConnectionString, SaysWhatIsWrong) {
+  const auto text = [](const std::string& malformed) {
+    const Error error = errorOf([&] { parseConnectionString(malformed); });
+    EXPECT_EQ(error.number(), 3001);
+    return error.description();
+  };
+  const std::string prefix = "Verbindungszeichenfolge: ";
+  EXPECT_EQ(text(""), prefix + "Der Schlüssel Driver fehlt.");
+  EXPECT_EQ(text("Database=b"), prefix + "Der Schlüssel Driver fehlt.");
+  EXPECT_EQ(text("Driver=A"), prefix + "Der Schlüssel Database fehlt.");
+  EXPECT_EQ(text("Driver=A;Database= "), prefix + "Der Schlüssel Database fehlt.");
+  EXPECT_EQ(text("Driver=A;/a/b.db"), prefix + "In Eintrag 2 fehlt das Gleichheitszeichen.");
+  EXPECT_EQ(text("Driver=A;Datei;Database=b"),
+            prefix + "In Eintrag 2 fehlt das Gleichheitszeichen.");
+  EXPECT_EQ(text("Driver=A;Datei=b"), prefix +
+                                          "Eintrag 2 hat einen unbekannten Schlüssel; erlaubt "
+                                          "sind Driver, Database, Server, Port, UID und PWD.");
+  EXPECT_EQ(text("Driver=A;Database=b;DRIVER=c"),
+            prefix + "Der Schlüssel Driver kommt mehrmals vor.");
+  EXPECT_EQ(text("Driver=A;Database=\"b"),
+            prefix + "Der Wert von Database hat kein schließendes Anführungszeichen.");
+  EXPECT_EQ(text("Driver=A;Database=\"b\"\""),
+            prefix + "Der Wert von Database hat kein schließendes Anführungszeichen.");
+  EXPECT_EQ(text("Driver=A;Database=\"b\"c;UID=x"),
+            prefix + "Hinter dem schließenden Anführungszeichen von Database steht weiterer Text.");
+  EXPECT_EQ(text(std::string("Driver=A;Database=b\0c", 20)),
+            prefix + "Nullzeichen sind nicht erlaubt.");
+  for (const char* const port :
+       {"", "0", "-1", "65536", "12a", "+1", "1.5", "99999999999999999999"})
+    EXPECT_EQ(text(std::string("Driver=A;Database=b;Port=") + port),
+              prefix + "Port muss eine Zahl von 1 bis 65535 sein.");
+}
+
+TEST(ConnectionString, NeverRepeatsAPassword) {
+  for (const char* const malformed :
+       {"Driver=A;PWD=ge;heim", "Driver=A;PWD=ge;heim=x;Database=b", "Driver=A;PWD=heim;PWD=heim",
+        "Driver=A;PWD=\"heim", "Driver=A;PWD=\"ge\"heim;Database=b", "PWD=heim",
+        "Driver=A;Database=b;Port=1;PWD=ge;Port=heim"}) {
+    const Error error = errorOf([&] { parseConnectionString(malformed); });
+    EXPECT_EQ(error.description().find("heim"), std::string::npos) << error.description();
+  }
+}
+
+TEST(ConnectionString, IsComposedOfWhatIsSet) {
+  ConnectionSettings file;
+  file.driver = "QSQLITE";
+  file.database = "/a/b.db";
+  EXPECT_EQ(composeConnectionString(file), "Driver=QSQLITE;Database=/a/b.db");
+  EXPECT_EQ(composeConnectionString({.driver = "QPSQL",
+                                     .database = "firma",
+                                     .server = "db",
+                                     .port = 5432,
+                                     .user = "Max",
+                                     .password = "a;b\"c "}),
+            "Driver=QPSQL;Database=firma;Server=db;Port=5432;UID=Max;PWD=\"a;b\"\"c \"");
+}
+
+TEST(ConnectionString, ComposedTextsParseToTheSameSettings) {
+  const unsigned seed = std::random_device()();
+  SCOPED_TRACE("seed " + std::to_string(seed));
+  std::mt19937 random(seed);
+  const std::string characters = "ab;\"= '\\ä";
+  const auto word = [&](std::size_t least) {
+    std::string text;
+    for (std::size_t length = least + random() % 6; text.size() < length;)
+      text += characters[random() % characters.size()];
+    return text;
+  };
+  for (int i = 0; i < 2000; ++i) {
+    const ConnectionSettings settings{.driver = word(1),
+                                      .database = word(1),
+                                      .server = word(0),
+                                      .port = static_cast<std::uint16_t>(random()),
+                                      .user = word(0),
+                                      .password = word(0)};
+    const std::string text = composeConnectionString(settings);
+    EXPECT_EQ(parseConnectionString(text), settings) << text;
+  }
+}
+
+// This program has no QCoreApplication.
+TEST(ConnectionString, OpeningNeedsTheApplicationObject) {
+  const Error error = errorOf([] { openQtSqlConnection("Driver=QSQLITE;Database=:memory:"); });
+  EXPECT_EQ(error.number(), 3709);
+  EXPECT_EQ(error.description(), "Für eine Datenbankverbindung fehlt das Qt-Anwendungsobjekt.");
+}
+
+}  // namespace vexnumkr::qtsql

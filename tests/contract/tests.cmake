@@ -1,0 +1,42 @@
+add_library(vexnumkr_database_contract OBJECT
+  contract/database_contract.cpp
+  contract/database_contract_executing.cpp
+  contract/database_contract_objects.cpp
+  contract/database_contract_reading.cpp
+  contract/database_contract_transactions.cpp
+  contract/database_contract_updating.cpp
+  contract/database_language.cpp)
+target_include_directories(vexnumkr_database_contract PUBLIC "${PROJECT_SOURCE_DIR}/tests")
+target_link_libraries(vexnumkr_database_contract
+  PUBLIC vexnumkr_platform GTest::gtest PRIVATE vexnumkr_options)
+
+# vexnumkr_sqlite_test(NAME LABEL [SOURCES ...])
+# A test of this folder on real SQLite files.
+function(vexnumkr_sqlite_test name label)
+  cmake_parse_arguments(PARSE_ARGV 2 arg "" "" "SOURCES")
+  vexnumkr_test(contract/${name} LABEL ${label}
+    SOURCES contract/qt_main.cpp contract/sqlite_database.cpp ${arg_SOURCES}
+    LINKS vexnumkr_qtsql vexnumkr_database_contract)
+endfunction()
+
+vexnumkr_sqlite_test(database_contract_sqlite_test contract)
+vexnumkr_sqlite_test(database_contract_borrowed_test contract)
+vexnumkr_sqlite_test(database_contract_scripted_test contract
+  SOURCES support/scripted_connection.cpp)
+
+add_executable(hold_write_lock contract/hold_write_lock.cpp)
+target_link_libraries(hold_write_lock PRIVATE vexnumkr_options Qt6::Sql)
+set_target_properties(hold_write_lock PROPERTIES
+  RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/tests")
+
+vexnumkr_sqlite_test(sqlite_one_statement_test engine)
+vexnumkr_sqlite_test(sqlite_opening_test engine)
+vexnumkr_sqlite_test(sqlite_statements_test engine)
+vexnumkr_sqlite_test(sqlite_update_test engine)
+vexnumkr_sqlite_test(sqlite_locking_test engine)
+add_dependencies(sqlite_locking_test hold_write_lock)
+
+foreach(name connection_string field_value simple_select sql_tokens statement_gate)
+  vexnumkr_test(contract/${name}_test LABEL unit
+    SOURCES contract/database_language.cpp LINKS vexnumkr_qtsql)
+endforeach()
