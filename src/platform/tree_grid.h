@@ -98,7 +98,8 @@ class TreeGrid : public Control {
   /// The grid property with dispatch id 11; a display style of the host applications' grid.
   virtual void DisplayStyle(std::int16_t style) = 0;
 
-  /// A column's width in grid units (pixels at 96 dots per inch); 0 hides it.
+  /// A column's width in grid units (pixels at 96 dots per inch); 0 hides it. The first shown
+  /// column is as wide as the others leave it, and at least as wide as set.
   virtual double ColWidth(std::int16_t column) const = 0;
   virtual void ColWidth(std::int16_t column, double width) = 0;
 

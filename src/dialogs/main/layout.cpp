@@ -22,8 +22,6 @@ constexpr std::int32_t buttonGap = 105;
 
 constexpr double valueColumnWidth = 87;
 constexpr double descriptionColumnWidth = 133;
-// What the scroll bar and the frame take of the grid's width, in grid units.
-constexpr double gridChrome = 22;
 
 ControlDescription combo(const char* name, const char* accessibleName, const Rect& position,
                          int tabIndex) {
@@ -115,13 +113,7 @@ MainDialogLayout::MainDialogLayout(Form& form)
   for (const char* name : {"lblUser", "cboUser", "sftNummernkreise", "cmdAuto", "cmdSonderkreise",
                            "cmdOptionen", "cmdOK", "cmdCancel"})
     positions_.push_back({name, form.control<Control>(name).Position()});
-  TreeGrid& grid = gridOf(form);
-  valueWidth_ = grid.ColWidth(grid_column::Aktuell);
-  // The descriptions get what the design leaves over.
-  const double columns = descriptionColumnWidth + 4 * valueColumnWidth + gridChrome;
-  const double spare = recorded("sftNummernkreise").width / double{twipsPerUnit} - columns;
-  descriptionWidth_ = grid.ColWidth(grid_column::Beschreibung) + spare;
-  grid.ColWidth(grid_column::Beschreibung, descriptionWidth_);
+  valueWidth_ = gridOf(form).ColWidth(grid_column::Aktuell);
 }
 
 Rect MainDialogLayout::recorded(const char* name) const {
@@ -147,10 +139,8 @@ void MainDialogLayout::apply() {
   position.width += dW;
   position.height += dH;
   grid.Position(position);
-  // "Aktuell", "Ende" and "Maske" start from one width and take three quarters of the change; the
-  // descriptions take the rest.
+  // All three start from one width; the grid leaves the rest of the change to the descriptions.
   const double share = dW / 4.0 / twipsPerUnit;
-  grid.ColWidth(grid_column::Beschreibung, descriptionWidth_ + share);
   for (const auto column : {grid_column::Aktuell, grid_column::Ende, grid_column::Maske})
     grid.ColWidth(column, valueWidth_ + share);
   for (const char* name : {"cmdAuto", "cmdSonderkreise", "cmdOptionen"}) move(name, 0, dH);

@@ -13,7 +13,7 @@ namespace vexnumkr {
 FormDescription mainDialogDescription();
 
 /// Positions (in twips) recorded when the dialog loads; moves and stretches the controls with the
-/// window. The descriptions get what the other columns leave over, when it is made and later.
+/// window. Of a change in width, "Aktuell", "Ende" and "Maske" take a quarter each.
 class MainDialogLayout {
  public:
   explicit MainDialogLayout(Form& form);
@@ -34,7 +34,6 @@ class MainDialogLayout {
   std::int32_t width_;
   std::int32_t height_;
   std::vector<Recorded> positions_;
-  double descriptionWidth_;
   double valueWidth_;
 };
 

@@ -1,0 +1,39 @@
+// The line edit that opens in a cell.
+#pragma once
+
+#include <QLineEdit>
+
+namespace vexnumkr {
+
+class CellEditorListener {
+ public:
+  virtual ~CellEditorListener() = default;
+  /// Whether the key is used up; otherwise it is the editor's.
+  virtual bool editorKeyPressed(const QKeyEvent& event) = 0;
+
+ protected:
+  CellEditorListener() = default;
+  CellEditorListener(const CellEditorListener&) = default;
+  CellEditorListener& operator=(const CellEditorListener&) = default;
+};
+
+/// Every key pressed in it goes to the listener first, and none goes on to the widgets around it:
+/// no key moves the focus, chooses an item or presses a default button. Losing the focus leaves it
+/// open.
+class CellEditor : public QLineEdit {
+  Q_OBJECT
+
+ public:
+  explicit CellEditor(QWidget* viewport);
+  /// Null for nobody; borrowed.
+  void listen(CellEditorListener* listener) { listener_ = listener; }
+
+ protected:
+  bool event(QEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  CellEditorListener* listener_ = nullptr;
+};
+
+}  // namespace vexnumkr

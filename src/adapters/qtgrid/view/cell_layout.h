@@ -1,0 +1,36 @@
+// Where things stand in a cell: the one truth that painting, clicks and the editor share.
+#pragma once
+
+#include <QRect>
+
+class QFontMetrics;
+
+namespace vexnumkr {
+
+/// The parts of a cell. Those that it does not have are empty; `branch` is where the arrow of a
+/// group stands.
+struct CellLayout {
+  QRect cell;
+  QRect branch;
+  QRect picture;
+  QRect text;
+};
+
+struct CellShape {
+  bool first = false;  ///< whether it stands in the first section, with the tree
+  int depth = 0;       ///< in the tree, from 0
+  bool hasPicture = false;
+};
+
+/// The space to the left and right of a cell's text.
+inline constexpr int cellPadding = 5;
+/// The space of a group's arrow, which every item leaves.
+inline constexpr int treeIndentation = 15;
+/// By how much further a child is indented than its group.
+inline constexpr int childIndentation = 8;
+
+int pictureEdge(const QFontMetrics& metrics);
+int rowHeight(const QFontMetrics& metrics);
+CellLayout layOutCell(const QRect& cell, const CellShape& shape, const QFontMetrics& metrics);
+
+}  // namespace vexnumkr

@@ -1,0 +1,36 @@
+#include "adapters/qtgrid/view/grid_header.h"
+
+#include <QPainter>
+
+#include "adapters/qtgrid/view/cell_layout.h"
+
+namespace vexnumkr {
+
+GridHeader::GridHeader(QWidget* parent) : QHeaderView(Qt::Horizontal, parent) {
+  setSectionsMovable(false);
+  setSectionsClickable(false);
+  setHighlightSections(false);
+  setStretchLastSection(false);
+  setMinimumSectionSize(2 * treeIndentation);
+}
+
+QSize GridHeader::sizeHint() const {
+  return {QHeaderView::sizeHint().width(), rowHeight(fontMetrics()) + 1};
+}
+
+void GridHeader::paintSection(QPainter* painter, const QRect& rect, int section) const {
+  QStyleOptionHeaderV2 option;
+  initStyleOption(&option);
+  initStyleOptionForIndex(&option, section);
+  option.rect = rect;
+  painter->save();
+  style()->drawControl(QStyle::CE_HeaderSection, &option, painter, this);
+  const QRect area = rect.adjusted(cellPadding, 0, -cellPadding, 0);
+  const QString text = fontMetrics().elidedText(option.text, Qt::ElideRight, area.width());
+  painter->setFont(font());
+  painter->setPen(option.palette.color(QPalette::ButtonText));
+  painter->drawText(area, static_cast<int>(option.textAlignment) | Qt::TextSingleLine, text);
+  painter->restore();
+}
+
+}  // namespace vexnumkr

@@ -1,0 +1,189 @@
+#include <QPainter>
+#include <set>
+
+#include "gui/grid_fixture.h"
+
+namespace vexnumkr::test {
+namespace {
+
+QImage shot(const QTreeView& view) {
+  QCoreApplication::processEvents();
+  return view.viewport()->grab().toImage();
+}
+
+bool contains(const QImage& image, const QRect& area, const QColor& colour) {
+  for (int y = area.top(); y <= area.bottom(); ++y) {
+    for (int x = area.left(); x <= area.right(); ++x) {
+      if (image.pixelColor(x, y) == colour) return true;
+    }
+  }
+  return false;
+}
+
+double luminance(const QColor& colour) {
+  return 0.299 * colour.redF() + 0.587 * colour.greenF() + 0.114 * colour.blueF();
+}
+
+// The colour that differs most from the ground: the text's own.
+QColor inkIn(const QImage& image, const QRect& area, const QColor& ground) {
+  QColor ink = ground;
+  double distance = 0;
+  for (int y = area.top(); y <= area.bottom(); ++y) {
+    for (int x = area.left(); x <= area.right(); ++x) {
+      const double here = std::abs(luminance(image.pixelColor(x, y)) - luminance(ground));
+      if (here > distance) {
+        distance = here;
+        ink = image.pixelColor(x, y);
+      }
+    }
+  }
+  return ink;
+}
+
+QPalette darkPalette() {
+  QPalette palette;
+  palette.setColor(QPalette::Base, QColor(30, 30, 32));
+  palette.setColor(QPalette::Text, QColor(230, 230, 230));
+  palette.setColor(QPalette::ToolTipBase, QColor(66, 66, 50));
+  palette.setColor(QPalette::ToolTipText, QColor(240, 240, 220));
+  return palette;
+}
+
+TEST_F(GridTest, ACellBackgroundCoversItsCellAlone) {
+  grid->CellBackColor(0, 1, 0xF0D0E0);
+  const QImage image = shot(view());
+  const QRect rect = cellRect(0, 1);
+  EXPECT_EQ(image.pixelColor(rect.left() + 1, rect.top() + 2), QColor(0xF0, 0xD0, 0xE0));
+  EXPECT_EQ(image.pixelColor(rect.right() - 1, rect.top() + 2), QColor(0xF0, 0xD0, 0xE0));
+  EXPECT_EQ(image.pixelColor(rect.right() + 3, rect.top() + 2),
+            view().palette().color(QPalette::Base));
+  EXPECT_EQ(image.pixelColor(rect.right() - 1, rect.bottom() + 3),
+            view().palette().color(QPalette::Base));
+}
+
+TEST_F(GridTest, TheToolTipColourFollowsThePalette) {
+  grid->CellBackColor(0, 1, toolTipBackground);
+  for (const QPalette& palette : {QPalette(), darkPalette()}) {
+    view().setPalette(palette);
+    const QImage image = shot(view());
+    const QRect rect = cellRect(0, 1);
+    EXPECT_EQ(image.pixelColor(rect.right() - 1, rect.top() + 2),
+              palette.color(QPalette::ToolTipBase));
+    EXPECT_TRUE(contains(image, rect, palette.color(QPalette::ToolTipText)));
+  }
+}
+
+TEST_F(GridTest, ATextIsLegibleOnEveryBackground) {
+  for (const QPalette& palette : {QPalette(), darkPalette()}) {
+    view().setPalette(palette);
+    for (const GridColour colour : {0xF0F0F0U, 0x101010U, 0x000080U, 0xFFFF00U}) {
+      grid->CellBackColor(0, 1, colour);
+      const QColor ground = QColor::fromRgb(colour);
+      const QRect text = cellRect(0, 1).adjusted(18, 3, -20, -3);
+      const QColor ink = inkIn(shot(view()), text, ground);
+      EXPECT_GT(std::abs(luminance(ink) - luminance(ground)), 0.45) << std::hex << colour;
+    }
+  }
+}
+
+TEST_F(GridTest, AnUnknownSystemColourLeavesTheGridsOwn) {
+  grid->CellBackColor(0, 1, 0x800000FF);
+  const QRect rect = cellRect(0, 1);
+  EXPECT_EQ(shot(view()).pixelColor(rect.right() - 1, rect.top() + 2),
+            view().palette().color(QPalette::Base));
+}
+
+TEST_F(GridTest, BoldCellsAreBolder) {
+  const QRect rect = cellRect(0, 1);
+  const auto inkedPixels = [&] {
+    const QImage image = shot(view()).copy(rect);
+    int count = 0;
+    for (int y = 0; y < image.height(); ++y) {
+      for (int x = 0; x < image.width(); ++x) count += luminance(image.pixelColor(x, y)) < 0.5;
+    }
+    return count;
+  };
+  const int plain = inkedPixels();
+  grid->CellFontBold(0, 1, true);
+  EXPECT_GT(inkedPixels(), plain);
+}
+
+TEST_F(GridTest, TheSelectionCoversTheWholeRow) {
+  grid->ListIndex(2);
+  const QImage image = shot(view());
+  const QColor highlight = view().palette().color(QPalette::Highlight);
+  const int y = cellRect(2, 1).top() + 2;
+  EXPECT_EQ(image.pixelColor(1, y), highlight);
+  EXPECT_EQ(image.pixelColor(image.width() - 2, y), highlight);
+}
+
+TEST_F(GridTest, TheSelectionIsQuietWhileTheKeysGoElsewhere) {
+  grid->ListIndex(2);
+  other->setFocus();
+  const QColor tint = shot(view()).pixelColor(1, cellRect(2, 1).top() + 2);
+  EXPECT_NE(tint, view().palette().color(QPalette::Highlight));
+  EXPECT_NE(tint, view().palette().color(QPalette::Base));
+  grid->StartEdit(2, 2);
+  EXPECT_EQ(shot(view()).pixelColor(1, cellRect(2, 1).top() + 2), tint);
+}
+
+TEST_F(GridTest, AStateIsSeenInThePicture) {
+  std::set<QByteArray> looks;
+  for (const auto kind : {PictureKind::CheckedBox, PictureKind::UncheckedBox, PictureKind::OptionOn,
+                          PictureKind::OptionOff, PictureKind::NotFound, PictureKind::None}) {
+    grid->ItemPicture(2, pictureHandle(kind));
+    EXPECT_EQ(grid->ItemPicture(2), pictureHandle(kind));
+    const QImage image = shot(view()).copy(QRect(pictureOf(2) - QPoint(8, 8), QSize(17, 17)));
+    looks.insert(QByteArray(reinterpret_cast<const char*>(image.constBits()),
+                            static_cast<int>(image.sizeInBytes())));
+  }
+  EXPECT_EQ(looks.size(), 6U);
+}
+
+TEST(PictureArt, OutlinesCoverWholePixelsAtEveryRatio) {
+  const QPalette palette;
+  for (const qreal ratio : {1.0, 1.25, 1.5, 2.0, 3.0}) {
+    const QImage image =
+        picturePixmap(PictureKind::UncheckedBox, pictureSize, palette, ratio).toImage();
+    const int middle = image.height() / 2;
+    EXPECT_EQ(image.width(), qRound(pictureSize * ratio));
+    // From the left edge inwards: outline, then ground, with no blurred pixel between or outside.
+    std::vector<QColor> colours;
+    for (int x = 0; x < image.width() / 2; ++x) {
+      const QColor colour = image.pixelColor(x, middle);
+      if (colours.empty() || colours.back() != colour) colours.push_back(colour);
+    }
+    ASSERT_EQ(colours.size(), 2U) << ratio;
+    EXPECT_EQ(colours[1], palette.color(QPalette::Base));
+  }
+}
+
+TEST(PictureArt, PicturesTakeTheColoursOfThePalette) {
+  const QImage image = picturePixmap(PictureKind::CheckedBox, 26, darkPalette(), 1.0).toImage();
+  EXPECT_EQ(image.pixelColor(4, 4), darkPalette().color(QPalette::Base));
+  EXPECT_TRUE(contains(image, image.rect(), darkPalette().color(QPalette::Text)));
+  EXPECT_EQ(image.pixelColor(0, 0).alpha(), 0);
+}
+
+TEST(PictureArt, PaintingLeavesThePainterAsItWas) {
+  QImage image(20, 20, QImage::Format_ARGB32_Premultiplied);
+  image.fill(Qt::transparent);
+  QPainter painter(&image);
+  painter.setPen(Qt::red);
+  paintPicture(painter, QRectF(0, 0, 20, 20), PictureKind::OptionOn, QPalette(), 0.5);
+  EXPECT_EQ(painter.pen().color(), QColor(Qt::red));
+  EXPECT_EQ(painter.opacity(), 1.0);
+  EXPECT_FALSE(painter.testRenderHint(QPainter::Antialiasing));
+}
+
+TEST(PictureArt, IconsAreSharpAtTheSizeAskedFor) {
+  const QIcon icon = pictureIcon(PictureKind::CheckedBox, QPalette());
+  EXPECT_EQ(icon.pixmap(QSize(16, 16), 2.0).size(), QSize(32, 32));
+  EXPECT_TRUE(pictureIcon(PictureKind::None, QPalette()).isNull());
+  EXPECT_EQ(pictureKind(pictureHandle(PictureKind::NotFound)), PictureKind::NotFound);
+  EXPECT_EQ(pictureKind(99), PictureKind::None);
+  EXPECT_EQ(pictureHandle(PictureKind::None), noPicture);
+}
+
+}  // namespace
+}  // namespace vexnumkr::test

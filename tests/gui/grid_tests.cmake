@@ -1,0 +1,9 @@
+add_library(vexnumkr_test_grid STATIC "${CMAKE_CURRENT_LIST_DIR}/grid_fixture.cpp")
+target_include_directories(vexnumkr_test_grid PUBLIC "${PROJECT_SOURCE_DIR}/tests")
+target_link_libraries(vexnumkr_test_grid
+  PUBLIC vexnumkr_qtgrid Qt6::Test GTest::gtest
+  PRIVATE vexnumkr_options)
+
+foreach(name items model mouse keys edit edit_handlers rebuild columns look tool_tip accessibility)
+  vexnumkr_test(gui/grid_${name}_test GUI LABEL gui LINKS vexnumkr_test_grid)
+endforeach()
