@@ -11,6 +11,7 @@
 #include <vexnumkr/components.h>
 #include <vexnumkr/database.h>
 
+#include "data/sql/guarded_connection.h"
 #include "data/table/xarray.h"
 #include "platform/services.h"
 #include "platform/tree_grid.h"
@@ -44,10 +45,14 @@ class HostContext {
 
   // Handed over by the host; kept while the component lives.
 
-  Connection& Conn() const { return required(Conn_.get()); }
-  /// The same to share; null before Init.
+  /// The host's connection for the component's own statements, and none but these.
+  Connection& Conn() const { return required(guardedConn_.get()); }
+  /// The connection as the host handed it over, for the host's own components; null before Init.
   const std::shared_ptr<Connection>& sharedConn() const { return Conn_; }
-  void Conn(std::shared_ptr<Connection> connection) { Conn_ = std::move(connection); }
+  void Conn(std::shared_ptr<Connection> connection) {
+    Conn_ = std::move(connection);
+    guardedConn_ = guardedConnection(Conn_);
+  }
 
   std::int32_t LngApplication() const { return LngApplication_; }
   void LngApplication(std::int32_t code) { LngApplication_ = code; }
@@ -116,6 +121,7 @@ class HostContext {
 
   Services services_;
   std::shared_ptr<Connection> Conn_;
+  std::unique_ptr<Connection> guardedConn_;
   std::int32_t LngApplication_ = 0;
   std::string strUser_;
   std::string strVerarbeitungsdatum_;

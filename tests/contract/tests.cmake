@@ -36,7 +36,7 @@ vexnumkr_sqlite_test(sqlite_update_test engine)
 vexnumkr_sqlite_test(sqlite_locking_test engine)
 add_dependencies(sqlite_locking_test hold_write_lock)
 
-foreach(name connection_string field_value simple_select sql_tokens statement_gate)
+foreach(name connection_string field_value simple_select statement_gate)
   vexnumkr_test(contract/${name}_test LABEL unit
     SOURCES contract/database_language.cpp LINKS vexnumkr_qtsql)
 endforeach()

@@ -6,7 +6,7 @@
 
 #include <vexnumkr/value.h>
 
-#include "adapters/qtsql/ascii_case.h"
+#include "platform/ascii_case.h"
 #include "adapters/qtsql/failure.h"
 
 namespace vexnumkr::qtsql {

@@ -3,7 +3,7 @@
 #include <QtSql/QSqlQuery>
 #include <algorithm>
 
-#include "adapters/qtsql/ascii_case.h"
+#include "platform/ascii_case.h"
 
 namespace vexnumkr::qtsql {
 namespace {

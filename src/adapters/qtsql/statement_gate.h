@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "adapters/qtsql/sql_tokens.h"
+#include "platform/sql_tokens.h"
 
 namespace vexnumkr::qtsql {
 

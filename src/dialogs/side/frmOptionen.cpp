@@ -25,7 +25,9 @@ frmOptionen::~frmOptionen() = default;
 
 void frmOptionen::Form_Load() {
   ignoringFailures([&] {
-    connection_ = context_.Conn().createConnection();
+    // The settings store is the host's, and its statements are its own.
+    if (context_.sharedConn() == nullptr) throw Error::objectNotSet();
+    connection_ = context_.sharedConn()->createConnection();
     connection_->ConnectionString(context_.Conn().ConnectionString());
     connection_->Open("", "", ado::unspecified);
   });

@@ -1,10 +1,10 @@
-#include "adapters/qtsql/sql_tokens.h"
+#include "platform/sql_tokens.h"
 
 #include <gtest/gtest.h>
 
 #include <string>
 
-namespace vexnumkr::qtsql {
+namespace vexnumkr {
 namespace {
 
 using Texts = std::vector<std::string>;
@@ -91,4 +91,4 @@ TEST(SqlTokens, KnowKeywordsInAnyCase) {
   EXPECT_FALSE(first("'*'").isSymbol('\''));
 }
 
-}  // namespace vexnumkr::qtsql
+}  // namespace vexnumkr

@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-namespace vexnumkr::qtsql {
+namespace vexnumkr {
 
 enum class TokenKind {
   word,        ///< A keyword or a bare name.
@@ -32,4 +32,4 @@ struct Token {
 /// can be taken apart; whether it makes sense is the engine's to say.
 void tokenise(std::string_view sql, std::vector<Token>& tokens);
 
-}  // namespace vexnumkr::qtsql
+}  // namespace vexnumkr

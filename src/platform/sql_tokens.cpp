@@ -1,8 +1,8 @@
-#include "adapters/qtsql/sql_tokens.h"
+#include "platform/sql_tokens.h"
 
-#include "adapters/qtsql/ascii_case.h"
+#include "platform/ascii_case.h"
 
-namespace vexnumkr::qtsql {
+namespace vexnumkr {
 namespace {
 
 bool isSpace(char c) { return c == ' ' || (c >= '\t' && c <= '\r' && c != '\v'); }
@@ -109,4 +109,4 @@ void tokenise(std::string_view sql, std::vector<Token>& tokens) {
   }
 }
 
-}  // namespace vexnumkr::qtsql
+}  // namespace vexnumkr

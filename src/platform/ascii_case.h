@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <string_view>
 
-namespace vexnumkr::qtsql {
+namespace vexnumkr {
 
 inline char lowerCase(char c) {
   return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
@@ -16,4 +16,4 @@ inline bool equalsWithoutCase(std::string_view a, std::string_view b) {
                     [](char x, char y) { return lowerCase(x) == lowerCase(y); });
 }
 
-}  // namespace vexnumkr::qtsql
+}  // namespace vexnumkr

@@ -1,0 +1,126 @@
+// Whatever stands in a value, nothing but its own row can change by it.
+#include "data/loading.h"
+#include "data/sql/statements.h"
+#include "rules/activity.h"
+#include "rules/saving.h"
+#include "support/core_session.h"
+
+namespace vexnumkr {
+namespace {
+
+using Texts = std::vector<std::string>;
+
+const Texts attempts = {
+    "'",
+    "O'Neill",
+    "' '",
+    "'; DELETE FROM tblUser; --",
+    "'); DELETE FROM tblUser; --",
+    "'); DELETE FROM tblUser; SELECT ('",
+    "', 0, 0, 0, 0, 0, '', ''); DROP TABLE tblUser; --",
+    "' OR '1'='1",
+    "' OR 1=1 --",
+    "x' WHERE 1=1 --",
+    "x', StartWert=0 WHERE NSchl='OPFER' --",
+    "' || (SELECT strUserName_PK FROM tblUser) || '",
+    "' UNION SELECT strUserName_PK FROM tblUser --",
+    "', 1, 1, 1, 1, 1, '', ''), (0, 'OPFER2', 'x",
+    "'/*",
+    "*/ '",
+    "\\'",
+    "\\' OR 1=1 --",
+    "''; DELETE FROM tblUser",
+    "\x01\x02\r\n\t'",
+    std::string("a\0'b", 4),
+    "＇; DELETE FROM tblUser",
+    "\xC3\x28'",
+    std::string(1 << 20, '\''),
+    std::string(1 << 20, 'x') + "'; DELETE FROM tblUser; --",
+};
+
+class InjectionTest : public test::CoreSession {
+ protected:
+  void SetUp() override {
+    sql("INSERT INTO tblUser VALUES ('Max')");
+    sql("INSERT INTO Nummernkreis_Buchungskreise VALUES (1, 'Nord', 'ORB')");
+    sql("INSERT INTO Nummernkreis_Buchungskreise VALUES (2, 'South', 'ORC')");
+    sql("INSERT INTO Nummernkreise VALUES (2, 'OPFER', 'fremd', 5, 6, 7, -1, 1, '', '')");
+    sql("INSERT INTO Nummernkreise VALUES (0, 'LM', 'Lager', 5, 6, 7, -1, 1, '', '')");
+    sql("INSERT INTO Nummernkreis_Zuordnung VALUES (2, 'OPFER', 'Max', 'ORC')");
+    sql("INSERT INTO Nummernkreis_Sonderkreise VALUES ('PF', 'RE', 'Proforma', 0, 'ORB')");
+  }
+
+  // Everything that a save of this origin's one range must leave alone.
+  Texts others() {
+    Texts all = select("SELECT strUserName_PK FROM tblUser");
+    for (const Texts& part :
+         {select("SELECT Buchungskreis, NSchl, NBezeichnung, StartWert FROM Nummernkreise WHERE "
+                 "NSchl IN ('OPFER', 'LM', 'OPFER2')"),
+          select("SELECT Buchungskreis, NSchl, Benutzer FROM Nummernkreis_Zuordnung WHERE "
+                 "Herkunft='ORC'"),
+          select("SELECT U_NSchl, Aktiviert FROM Nummernkreis_Sonderkreise"),
+          select("SELECT Buchungskreis, Beschreibung FROM Nummernkreis_Buchungskreise")})
+      all.insert(all.end(), part.begin(), part.end());
+    return all;
+  }
+
+  bool save() {
+    bool viewReset = false;
+    const auto refill = [](HostContext&, const std::string&, const std::string&) {};
+    return basAllgemein::Save(context(), viewReset, false, refill);
+  }
+};
+
+TEST_F(InjectionTest, AValueThatIsSavedChangesNoOtherRow) {
+  const Texts before = others();
+  for (const std::int32_t place : {3, 4, 10, 11}) {
+    for (const std::string& attempt : attempts) {
+      SCOPED_TRACE("column " + std::to_string(place) + ": " + attempt.substr(0, 60));
+      start(1, {"Max"});
+      context().Conn().BeginTrans();
+      row({"Alle Benutzer", 1, "Nord", "RE", "Rechnung", 1, 2, 9, true, 50, "", ""});
+      table().set(0, place, attempt);
+      context().blnChanged(true);
+      const bool saved = save();
+      const auto raised = boxes();
+      EXPECT_EQ(raised.empty(), saved) << "a save that fails says so";
+      EXPECT_EQ(others(), before);
+      const Texts own = select(
+          "SELECT Buchungskreis FROM Nummernkreise WHERE NSchl NOT IN ('OPFER', 'LM', 'OPFER2')");
+      EXPECT_EQ(own.size(), saved ? 1U : 0U) << "one range, or none of it";
+      if (!saved) context().Conn().RollbackTrans();
+      sql("DELETE FROM Nummernkreise WHERE Buchungskreis=1");
+      sql("DELETE FROM Nummernkreis_Zuordnung WHERE Herkunft='ORB'");
+      if (HasFailure()) return;
+    }
+  }
+}
+
+TEST_F(InjectionTest, AUserNameChangesNoOtherRow) {
+  const Texts before = others();
+  for (const std::string& attempt : attempts) {
+    SCOPED_TRACE(attempt.substr(0, 60));
+    start(1, {attempt});
+    basAllgemein::AktiviertDB(context(), 1, "RE", attempt);
+    context().Conn().BeginTrans();
+    row({attempt, 1, "Nord", "RE", "Rechnung", 1, 2, 9, true, 50, "", ""});
+    context().blnChanged(true);
+    const bool saved = save();
+    boxes();
+    EXPECT_EQ(others(), before);
+    if (!saved) context().Conn().RollbackTrans();
+    sql("DELETE FROM Nummernkreis_Zuordnung WHERE Herkunft='ORB'");
+  }
+}
+
+TEST_F(InjectionTest, TheHostsOwnStatementsGoThrough) {
+  start(1);
+  std::int32_t affected = 0;
+  context().sharedConn()->Execute("UPDATE tblUser SET strUserName_PK='Moritz'", affected);
+  EXPECT_EQ(affected, 1);
+  EXPECT_THROW(context().Conn().Execute("DELETE FROM tblUser", affected), Error);
+  EXPECT_EQ(select("SELECT strUserName_PK FROM tblUser"), Texts{"Moritz"});
+}
+
+}  // namespace
+}  // namespace vexnumkr
