@@ -22,3 +22,18 @@ vexnumkr_core_test(data/range_table_test unit)
 vexnumkr_core_test(data/circle_list_test unit)
 vexnumkr_core_test(data/loading_test unit)
 vexnumkr_core_test(data/special_ranges_test unit)
+
+# The table's sources once more, without the sanitizers of the build.
+file(GLOB table_sources CONFIGURE_DEPENDS
+  "${PROJECT_SOURCE_DIR}/src/data/table/*.cpp" "${PROJECT_SOURCE_DIR}/src/platform/*.cpp")
+add_executable(table_memory_test data/table_memory_test.cpp ${table_sources})
+target_include_directories(table_memory_test
+  PRIVATE "${PROJECT_SOURCE_DIR}/include" "${PROJECT_SOURCE_DIR}/src")
+target_compile_features(table_memory_test PRIVATE cxx_std_20)
+target_link_libraries(table_memory_test PRIVATE GTest::gtest_main)
+set_target_properties(table_memory_test PROPERTIES
+  RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/tests")
+add_test(NAME table_memory_test COMMAND table_memory_test)
+set_tests_properties(table_memory_test PROPERTIES LABELS unit TIMEOUT 120)
+set_property(GLOBAL APPEND PROPERTY VEXNUMKR_TEST_FILES
+  "${CMAKE_CURRENT_SOURCE_DIR}/data/table_memory_test.cpp")
