@@ -1,16 +1,17 @@
 #include "data/table/xarray.h"
 
 #include <algorithm>
+#include <array>
 
 #include <vexnumkr/error.h>
 
 namespace vexnumkr {
 namespace {
 
-constexpr std::size_t keyColumns[] = {0, 1, 3};  // what RangeIndex looks rows up by
+constexpr std::array<std::size_t, 3> keyColumns{0, 1, 3};  // what RangeIndex looks rows up by
 
 bool isKeyColumn(std::size_t column) {
-  return std::find(std::begin(keyColumns), std::end(keyColumns), column) != std::end(keyColumns);
+  return std::find(keyColumns.begin(), keyColumns.end(), column) != keyColumns.end();
 }
 
 }  // namespace

@@ -1,0 +1,35 @@
+#include "scenario/session.h"
+
+#include <vexnumkr/adapters.h>
+
+#include "scenario/failure.h"
+
+namespace vexnumkr::scenario {
+
+Session::Session(const std::string& connectionString) : database_(connectionString) {
+  database_.createTables();
+  connection_ = test::scriptedConnection(openQtSqlConnection(connectionString), script_);
+}
+
+void Session::createComponent() {
+  if (component_ == nullptr) component_ = std::make_unique<QtComponent>(host_);
+}
+
+bool Session::init() {
+  if (data_.date) return component().Init(connection_, data_.application, data_.user, *data_.date);
+  return component().Init(connection_, data_.application, data_.user);
+}
+
+void Session::release() {
+  static_cast<void>(component());
+  component_.reset();
+}
+
+QtComponent& Session::component() {
+  if (component_ == nullptr) throw CannotDo("there is no component");
+  return *component_;
+}
+
+HostContext& Session::context() { return component().context(); }
+
+}  // namespace vexnumkr::scenario

@@ -1,0 +1,85 @@
+# The scenario driver, its tests, and one test per scenario.
+
+# What the fault tests use as well.
+add_library(vexnumkr_scripted_connection STATIC support/scripted_connection.cpp)
+target_include_directories(vexnumkr_scripted_connection PUBLIC "${PROJECT_SOURCE_DIR}/tests")
+target_link_libraries(vexnumkr_scripted_connection
+  PUBLIC vexnumkr_platform PRIVATE vexnumkr_options)
+
+# The stand-alone host's settings store, without the host, which loads the component as a library.
+set(app "${PROJECT_SOURCE_DIR}/src/app")
+add_library(vexnumkr_scenario_settings STATIC
+  "${app}/components/settings_store.cpp" "${app}/connection_text.cpp" "${app}/files.cpp"
+  "${app}/schema/schema.cpp" "${app}/sql.cpp")
+target_include_directories(vexnumkr_scenario_settings PUBLIC
+  "${PROJECT_SOURCE_DIR}/src" "${CMAKE_BINARY_DIR}/src/app/generated")
+target_link_libraries(vexnumkr_scenario_settings
+  PUBLIC vexnumkr_platform Qt6::Core PRIVATE vexnumkr_options)
+
+add_library(vexnumkr_scenario_language STATIC
+  scenario/chord.cpp scenario/command_forms.cpp scenario/script.cpp scenario/transcript.cpp
+  scenario/words.cpp)
+target_include_directories(vexnumkr_scenario_language PUBLIC "${PROJECT_SOURCE_DIR}/tests")
+target_link_libraries(vexnumkr_scenario_language
+  PUBLIC vexnumkr_platform Qt6::Core PRIVATE vexnumkr_options)
+
+add_library(vexnumkr_scenario_driver STATIC
+  scenario/controls.cpp
+  scenario/data_reports.cpp
+  scenario/database.cpp
+  scenario/dialog_reports.cpp
+  scenario/grid_access.cpp
+  scenario/grid_commands.cpp
+  scenario/idle_pump.cpp
+  scenario/input.cpp
+  scenario/input_commands.cpp
+  scenario/interpreter.cpp
+  scenario/schema.cpp
+  scenario/scripted_host.cpp
+  scenario/session.cpp
+  scenario/session_commands.cpp
+  scenario/stage.cpp
+  scenario/temporary_folder.cpp
+  scenario/watchdog.cpp
+  scenario/windows.cpp)
+target_link_libraries(vexnumkr_scenario_driver
+  PUBLIC vexnumkr_scenario_language vexnumkr_scripted_connection vexnumkr_scenario_settings
+    vexnumkr_component Qt6::Widgets Qt6::Sql
+  PRIVATE vexnumkr_options Qt6::Test)
+
+add_executable(vexnumkr-scenario scenario/main.cpp)
+target_link_libraries(vexnumkr-scenario PRIVATE vexnumkr_scenario_driver vexnumkr_options)
+
+foreach(target vexnumkr_scenario_settings vexnumkr_scenario_language vexnumkr_scenario_driver
+    vexnumkr-scenario)
+  target_compile_definitions(${target}
+    PRIVATE QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_KEYWORDS)
+endforeach()
+
+foreach(name chord script transcript watchdog)
+  vexnumkr_test(scenario/${name}_test LABEL unit LINKS vexnumkr_scenario_driver)
+endforeach()
+foreach(name scenario_database scripted_connection scripted_host)
+  vexnumkr_test(scenario/${name}_test GUI LABEL unit LINKS vexnumkr_scenario_driver)
+endforeach()
+vexnumkr_test(scenario/idle_pump_test GUI LABEL unit LINKS vexnumkr_scenario_driver)
+vexnumkr_test(scenario/scenario_program_test LABEL gui LINKS vexnumkr_scenario_driver)
+vexnumkr_test(scenario/random_scenario_test LABEL gui
+  SOURCES scenario/random_scenario.cpp LINKS vexnumkr_scenario_driver)
+foreach(test scenario_program_test random_scenario_test)
+  target_compile_definitions(${test}
+    PRIVATE SCENARIO_PROGRAM="$<TARGET_FILE:vexnumkr-scenario>")
+  add_dependencies(${test} vexnumkr-scenario)
+endforeach()
+
+add_executable(run_scenarios scenario/run_scenarios.cpp)
+target_link_libraries(run_scenarios PRIVATE vexnumkr_options)
+add_dependencies(run_scenarios vexnumkr-scenario)
+
+file(GLOB scenarios CONFIGURE_DEPENDS scenarios/*.scenario)
+foreach(file IN LISTS scenarios)
+  get_filename_component(name "${file}" NAME_WE)
+  add_test(NAME scenario_${name} COMMAND run_scenarios "${file}")
+  set_tests_properties(scenario_${name} PROPERTIES LABELS scenario TIMEOUT 60
+    ENVIRONMENT "LC_ALL=C.UTF-8;ASAN_OPTIONS=detect_leaks=0")
+endforeach()
