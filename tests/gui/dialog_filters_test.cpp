@@ -60,6 +60,15 @@ TEST_F(DialogFiltersTest, OneCircleInTheCommonViewHasNoPlaceholder) {
   });
 }
 
+TEST_F(DialogFiltersTest, NorDoesAKeyThatLacksTheCircleAltogether) {
+  inCompany(2, [&] {
+    XArray& table = context().XArray();
+    table.DeleteRows(table.findRange("Alle Benutzer", 2, "RE"));
+    select("cboBuchungskreis", "Süd");
+    EXPECT_EQ(tree(), (Lines{"Angebot (AN)", "Unchecked Süd", "Rechnung (RE)"}));
+  });
+}
+
 TEST_F(DialogFiltersTest, AUserSeesTheActiveRangesAsAChoice) {
   inCompany(2, [&] {
     select("cboUser", "Max");

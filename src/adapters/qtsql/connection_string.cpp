@@ -6,8 +6,8 @@
 
 #include <vexnumkr/value.h>
 
-#include "platform/ascii_case.h"
 #include "adapters/qtsql/failure.h"
+#include "platform/ascii_case.h"
 
 namespace vexnumkr::qtsql {
 namespace {

@@ -80,7 +80,7 @@ FormDescription mainDialogDescription() {
   form.height = formHeight;
   form.font = {"Tahoma"};
   form.resizable = true;
-  form.minimumWidth = 8400;
+  form.minimumWidth = 9060;  // the user filter stays clear of the other one
   form.minimumHeight = 3600;
 
   ControlDescription options = describeButton("cmdOptionen", "Einstellungen", bottomLeft(2), 6);

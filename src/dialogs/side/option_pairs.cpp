@@ -67,7 +67,7 @@ FormDescription optionsDialogDescription() {
   form.name = "frmOptionen";
   form.caption = "Einstellungen";
   form.width = formWidth;
-  form.height = buttonTop + buttonHeight + margin;
+  form.height = buttonTop + buttonHeight + 2 * margin;
   form.font = {"Tahoma"};
   form.controls.push_back(
       frame("fraOptionen", "", {margin, margin, formWidth - 2 * margin, outerHeight}, ""));
@@ -79,7 +79,7 @@ FormDescription optionsDialogDescription() {
     for (const int index : {0, 1})
       form.controls.push_back(optionButton(pairs[i], index, tabIndex++));
   }
-  const std::int32_t right = formWidth - margin - buttonWidth;
+  const std::int32_t right = formWidth - 2 * margin - buttonWidth;  // in line with the pairs
   form.controls.push_back(describeButton("cmdOK", "OK", buttonPosition(right - buttonWidth - 105),
                                          tabIndex, ButtonRole::Default));
   form.controls.push_back(describeButton("cmdCancel", "Abbrechen", buttonPosition(right),

@@ -1,0 +1,153 @@
+#include "app/command_line.h"
+
+#include <map>
+#include <set>
+#include <string_view>
+
+#include "app/connection_file.h"
+#include "app/connection_text.h"
+#include "app/help.h"
+
+namespace vexnumkr::host {
+
+namespace {
+
+using Values = std::map<std::string, std::string>;
+
+const std::set<std::string>& optionsWithValue() {
+  static const std::set<std::string> names = {
+      "--connection", "--connection-file", "--application", "--user",
+      "--date",       "--create-sample",   "--tour"};
+  return names;
+}
+
+struct Arguments {
+  bool help = false;
+  bool version = false;
+  Values values;
+
+  bool has(const std::string& name) const { return values.count(name) != 0; }
+  std::string value(const std::string& name) const {
+    const auto found = values.find(name);
+    return found == values.end() ? std::string() : found->second;
+  }
+};
+
+void add(Arguments& found, const std::string& name, const std::string& value) {
+  if (value.empty()) throw UsageError("Die Option " + name + " braucht einen Wert.");
+  if (!found.values.emplace(name, value).second) {
+    throw UsageError("Die Option " + name + " ist mehrmals angegeben.");
+  }
+}
+
+/// Splits "--name=value" and "--name value" alike.
+Arguments collect(const std::vector<std::string>& arguments) {
+  Arguments found;
+  for (std::size_t at = 0; at < arguments.size(); ++at) {
+    const std::string& argument = arguments[at];
+    const std::size_t equals = argument.find('=');
+    const std::string name = argument.substr(0, equals);
+    if (argument == "--help" || argument == "-h") {
+      found.help = true;
+    } else if (argument == "--version") {
+      found.version = true;
+    } else if (optionsWithValue().count(name) == 0) {
+      throw UsageError("Unbekannte Angabe: " + name);
+    } else if (equals != std::string::npos) {
+      add(found, name, argument.substr(equals + 1));
+    } else {
+      const bool last = at + 1 == arguments.size();
+      add(found, name, last ? std::string() : arguments[++at]);
+    }
+  }
+  return found;
+}
+
+std::int32_t applicationCode(const Arguments& found) {
+  const std::string text = found.value("--application");
+  if (text.empty()) throw UsageError("Es fehlt die Option --application (1 oder 2).");
+  if (text != "1" && text != "2") {
+    throw UsageError("--application muss 1 oder 2 sein, nicht \"" + text + "\".");
+  }
+  return text == "1" ? 1 : 2;
+}
+
+int number(std::string_view digits) {
+  int result = 0;
+  for (const char digit : digits) result = result * 10 + (digit - '0');
+  return result;
+}
+
+bool isDate(const std::string& text) {
+  if (text.size() != 8 || text.find_first_not_of("0123456789") != std::string::npos) return false;
+  const int year = number(std::string_view(text).substr(0, 4));
+  const int month = number(std::string_view(text).substr(4, 2));
+  const int day = number(std::string_view(text).substr(6, 2));
+  if (year == 0 || month < 1 || month > 12) return false;
+  const bool leapYear = (year % 4 == 0 && year % 100 != 0) || year % 400 == 0;
+  const int days[] = {31, leapYear ? 29 : 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
+  return day >= 1 && day <= days[month - 1];
+}
+
+std::string processingDate(const Arguments& found) {
+  const std::string text = found.value("--date");
+  if (!text.empty() && !isDate(text)) {
+    throw UsageError("--date muss ein Datum der Form jjjjmmtt sein, nicht \"" + text + "\".");
+  }
+  return text;
+}
+
+std::string connectionOf(const Arguments& found, const std::optional<std::string>& environment) {
+  if (found.has("--connection") && found.has("--connection-file")) {
+    throw UsageError("--connection und --connection-file schließen einander aus.");
+  }
+  if (found.has("--connection")) return found.value("--connection");
+  if (found.has("--connection-file")) return readConnectionFile(found.value("--connection-file"));
+  if (found.has("--create-sample")) return sqliteConnectionText(found.value("--create-sample"));
+  if (environment && !environment->empty()) return *environment;
+  throw UsageError(
+      "Es fehlt die Verbindung: --connection, --connection-file oder VEXNUMKR_CONNECTION.");
+}
+
+/// Whether nothing but --create-sample is given.
+bool onlySample(const Arguments& found) {
+  return found.has("--create-sample") && found.values.size() == 1;
+}
+
+}  // namespace
+
+HostOptions readCommandLine(const std::vector<std::string>& arguments,
+                            const std::optional<std::string>& environmentConnection) {
+  const Arguments found = collect(arguments);
+  HostOptions options;
+  options.showHelp = found.help;
+  options.showVersion = found.version;
+  if (found.help || found.version) return options;
+
+  options.createSample = found.value("--create-sample");
+  options.showDialog = !onlySample(found);
+  if (!options.showDialog) return options;
+
+  options.application = applicationCode(found);
+  options.user = found.value("--user");
+  if (options.user.empty()) throw UsageError("Es fehlt die Option --user.");
+  options.date = processingDate(found);
+  options.tour = found.value("--tour");
+  options.connection = connectionOf(found, environmentConnection);
+  return options;
+}
+
+std::string helpText() {
+  return R"(Aufruf: vexnumkr-host --connection VERBINDUNG --application 1|2 --user NAME [Optionen]
+        vexnumkr-host --create-sample DATEI
+
+Öffnet eine Datenbank und zeigt den Dialog "Nummernkreise".
+
+)" + std::string(optionsHelp) +
+         R"(
+Rückgabewert: 0 Dialog geschlossen · 1 Datenbank, Anzeige oder Datei nicht zu öffnen
+              2 falscher Aufruf
+)";
+}
+
+}  // namespace vexnumkr::host

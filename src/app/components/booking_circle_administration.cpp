@@ -1,0 +1,25 @@
+#include "app/components/booking_circle_administration.h"
+
+#include <QtWidgets/QApplication>
+#include <utility>
+
+#include <vexnumkr/error.h>
+
+#include "app/components/booking_circle_window.h"
+
+namespace vexnumkr::host {
+
+void BookingCircleAdministration::Connection(std::shared_ptr<vexnumkr::Connection> connection) {
+  connection_ = std::move(connection);
+}
+
+void BookingCircleAdministration::MultiSelect(bool on) { multiSelect_ = on; }
+
+void BookingCircleAdministration::Show(const std::string& origin, std::int32_t) {
+  if (connection_ == nullptr) throw Error::objectNotSet();
+  BookingCircleWindow window(BookingCircles(connection_, origin), multiSelect_,
+                             QApplication::activeWindow());
+  window.exec();
+}
+
+}  // namespace vexnumkr::host

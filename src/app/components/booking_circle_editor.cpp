@@ -1,0 +1,104 @@
+#include "app/components/booking_circle_editor.h"
+
+#include <QtWidgets/QDialogButtonBox>
+#include <QtWidgets/QFormLayout>
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QLineEdit>
+#include <QtWidgets/QPushButton>
+#include <QtWidgets/QVBoxLayout>
+
+#include <vexnumkr/value.h>
+
+namespace vexnumkr::host {
+
+namespace {
+
+constexpr int longestNumber = 10;
+constexpr int longestDescription = 60;
+
+QString numberText(std::int32_t number) {
+  return number == 0 ? QString() : QString::number(number);
+}
+
+}  // namespace
+
+BookingCircleEditor::BookingCircleEditor(const std::vector<BookingCircle>& present, QWidget* parent)
+    : QDialog(parent), present_(present), isNew_(true) {
+  build(QStringLiteral("Neuer Buchungskreis"));
+  number_->setText(numberText(proposedNumber(present)));
+  check();
+}
+
+BookingCircleEditor::BookingCircleEditor(const BookingCircle& circle,
+                                         const std::vector<BookingCircle>& present, QWidget* parent)
+    : QDialog(parent), present_(present), isNew_(false) {
+  build(QStringLiteral("Buchungskreis umbenennen"));
+  number_->setText(QString::number(circle.number));
+  number_->setEnabled(false);
+  description_->setText(QString::fromStdString(circle.description));
+  description_->selectAll();
+  check();
+}
+
+void BookingCircleEditor::build(const QString& title) {
+  setObjectName(QStringLiteral("frmBuchungskreis"));
+  setWindowTitle(title);
+  if (parentWidget() != nullptr) setFont(parentWidget()->font());
+
+  number_ = new QLineEdit(this);
+  number_->setObjectName(QStringLiteral("txtNummer"));
+  number_->setMaxLength(longestNumber);
+  description_ = new QLineEdit(this);
+  description_->setObjectName(QStringLiteral("txtBeschreibung"));
+  description_->setMaxLength(longestDescription);
+  description_->setMinimumWidth(description_->fontMetrics().averageCharWidth() * 36);
+  hint_ = new QLabel(this);
+  hint_->setObjectName(QStringLiteral("lblHinweis"));
+  hint_->setWordWrap(true);
+  hint_->setMinimumHeight(hint_->fontMetrics().lineSpacing() * 2);
+  hint_->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+
+  auto* fields = new QFormLayout;
+  fields->addRow(QStringLiteral("&Nummer:"), number_);
+  fields->addRow(QStringLiteral("&Beschreibung:"), description_);
+  auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
+  ok_ = buttons->button(QDialogButtonBox::Ok);
+  ok_->setObjectName(QStringLiteral("cmdOK"));
+  ok_->setText(QStringLiteral("OK"));
+  buttons->button(QDialogButtonBox::Cancel)->setObjectName(QStringLiteral("cmdCancel"));
+  buttons->button(QDialogButtonBox::Cancel)->setText(QStringLiteral("Abbrechen"));
+
+  auto* layout = new QVBoxLayout(this);
+  layout->addLayout(fields);
+  layout->addWidget(hint_);
+  layout->addWidget(buttons);
+
+  description_->setFocus();
+  connect(number_, &QLineEdit::textChanged, this, &BookingCircleEditor::check);
+  connect(description_, &QLineEdit::textChanged, this, &BookingCircleEditor::check);
+  connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
+  connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+}
+
+QString BookingCircleEditor::refusal() const {
+  const std::string number = number_->text().toStdString();
+  std::string refused = isNew_ ? refusedNumber(number, present_) : std::string();
+  if (refused.empty()) {
+    refused = refusedDescription(description_->text().toStdString(),
+                                 isNew_ ? 0 : circleNumber(number), present_);
+  }
+  return QString::fromStdString(refused);
+}
+
+void BookingCircleEditor::check() {
+  const QString refused = refusal();
+  hint_->setText(refused);
+  ok_->setEnabled(refused.isEmpty());
+}
+
+BookingCircle BookingCircleEditor::entered() const {
+  const std::string description = description_->text().toStdString();
+  return {circleNumber(number_->text().toStdString()), std::string(trimBlanks(description))};
+}
+
+}  // namespace vexnumkr::host

@@ -1,0 +1,109 @@
+#include "app/components/booking_circles.h"
+
+#include <algorithm>
+#include <array>
+#include <limits>
+#include <string_view>
+#include <utility>
+
+#include "app/sql.h"
+
+namespace vexnumkr::host {
+
+namespace {
+
+constexpr std::array<std::string_view, 3> reservedDescriptions = {
+    "Alle Buchungskreise", "Aktive Buchungskreise", "Standard"};
+
+constexpr std::int32_t highestNumber = std::numeric_limits<std::int32_t>::max();
+
+}  // namespace
+
+BookingCircles::BookingCircles(std::shared_ptr<Connection> connection, std::string origin)
+    : connection_(std::move(connection)), origin_(std::move(origin)) {}
+
+std::vector<BookingCircle> BookingCircles::read() const {
+  std::vector<BookingCircle> circles;
+  forEachRow(
+      *connection_,
+      "SELECT Buchungskreis, Beschreibung FROM Nummernkreis_Buchungskreise WHERE Herkunft=" +
+          sqlText(origin_) + " ORDER BY Buchungskreis",
+      [&](const Recordset& row) {
+        circles.push_back({row.Fields("Buchungskreis").toLong(), textField(row, "Beschreibung")});
+      });
+  return circles;
+}
+
+void BookingCircles::add(const BookingCircle& circle) {
+  execute(
+      *connection_,
+      "INSERT INTO Nummernkreis_Buchungskreise (Buchungskreis, Beschreibung, Herkunft) VALUES (" +
+          std::to_string(circle.number) + ", " + sqlText(circle.description) + ", " +
+          sqlText(origin_) + ")");
+}
+
+void BookingCircles::rename(std::int32_t number, const std::string& description) {
+  execute(*connection_,
+          "UPDATE Nummernkreis_Buchungskreise SET Beschreibung=" + sqlText(description) +
+              " WHERE Buchungskreis=" + std::to_string(number) +
+              " AND Herkunft=" + sqlText(origin_));
+}
+
+void BookingCircles::remove(std::int32_t number) {
+  execute(*connection_, "DELETE FROM Nummernkreis_Buchungskreise WHERE Buchungskreis=" +
+                            std::to_string(number) + " AND Herkunft=" + sqlText(origin_));
+}
+
+std::vector<std::string> BookingCircles::activeKeys(std::int32_t number) const {
+  std::vector<std::string> keys;
+  forEachRow(*connection_,
+             "SELECT NSchl FROM Nummernkreise WHERE Buchungskreis=" + std::to_string(number) +
+                 " AND Aktiviert <> 0 ORDER BY NSchl",
+             [&](const Recordset& row) { keys.push_back(textField(row, "NSchl")); });
+  return keys;
+}
+
+std::int32_t circleNumber(const std::string& text) {
+  std::int64_t result = 0;
+  for (const char c : trimBlanks(text)) {
+    if (c < '0' || c > '9') return 0;
+    result = result * 10 + (c - '0');
+    if (result > highestNumber) return 0;
+  }
+  return static_cast<std::int32_t>(result);
+}
+
+std::string refusedNumber(const std::string& text, const std::vector<BookingCircle>& present) {
+  const std::int32_t number = circleNumber(text);
+  if (number == 0) return "Die Nummer muss eine ganze Zahl ab 1 sein.";
+  const bool taken = std::any_of(present.begin(), present.end(), [&](const BookingCircle& circle) {
+    return circle.number == number;
+  });
+  return taken ? "Die Nummer " + std::to_string(number) + " ist schon vergeben." : "";
+}
+
+std::string refusedDescription(const std::string& description, std::int32_t number,
+                               const std::vector<BookingCircle>& present) {
+  const std::string_view entered = trimBlanks(description);
+  if (entered.empty()) return "Die Beschreibung darf nicht leer sein.";
+  if (std::find(reservedDescriptions.begin(), reservedDescriptions.end(), entered) !=
+      reservedDescriptions.end()) {
+    return "\"" + std::string(entered) +
+           "\" hat eine feste Bedeutung und kann keine Beschreibung sein.";
+  }
+  for (const BookingCircle& circle : present) {
+    if (circle.number != number && trimBlanks(circle.description) == entered) {
+      return "Der Buchungskreis " + std::to_string(circle.number) + " heißt schon so.";
+    }
+  }
+  return "";
+}
+
+std::int32_t proposedNumber(const std::vector<BookingCircle>& present) {
+  std::int32_t highest = 0;
+  for (const BookingCircle& circle : present) highest = std::max(highest, circle.number);
+  if (highest < highestNumber) return highest + 1;
+  return 0;
+}
+
+}  // namespace vexnumkr::host

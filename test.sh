@@ -1,0 +1,53 @@
+#!/usr/bin/env bash
+# Builds everything and runs all tests; the last thing it prints is ctest's summary.
+#
+#   ./test.sh [dev|release|all]
+#
+# dev (the default) tests with the sanitizers and only builds the release; release tests that; all
+# tests both. The standard C++ targets are built with the Windows cross compiler each time.
+set -euo pipefail
+cd "$(dirname "${BASH_SOURCE[0]}")"
+
+usage() { sed -n '2,7s/^# \{0,1\}//p' test.sh; }
+
+case "${1:-dev}" in
+  dev) tested=(dev) ;;
+  release) tested=(release) ;;
+  all) tested=(release dev) ;;
+  --help | -h)
+    usage
+    exit 0
+    ;;
+  *)
+    usage >&2
+    exit 2
+    ;;
+esac
+
+tools/install-packages.sh test
+
+launcher=()
+if command -v ccache >/dev/null; then launcher=(-DCMAKE_CXX_COMPILER_LAUNCHER=ccache); fi
+
+# build PRESET [CMAKE ARGUMENT...]
+build() {
+  echo "== $1"
+  cmake --preset "$@" "${launcher[@]}"
+  cmake --build --preset "$1"
+}
+
+build windows-core
+case "${tested[*]}" in
+  dev) build release -DBUILD_TESTING=OFF ;;
+  *release*) build release -DBUILD_TESTING=ON ;;
+esac
+case "${tested[*]}" in
+  *dev*) build dev ;;
+esac
+
+status=0
+for preset in "${tested[@]}"; do
+  echo "== ctest $preset"
+  ctest --preset "$preset" || status=$?
+done
+exit "$status"

@@ -1,0 +1,54 @@
+#include "app/connection_text.h"
+
+#include <gtest/gtest.h>
+
+namespace vexnumkr::host {
+namespace {
+
+TEST(ConnectionText, FindsKeysWithoutRegardToCase) {
+  const ConnectionText text("driver=QSQLITE; DATABASE = /a b/c.db ;");
+  EXPECT_EQ(text.value("Driver"), "QSQLITE");
+  EXPECT_EQ(text.value("Database"), "/a b/c.db");
+  EXPECT_EQ(text.value("PWD"), "");
+}
+
+TEST(ConnectionText, ReadsQuotedValues) {
+  const ConnectionText text(R"(PWD=" a;""b""";Database=c=d)");
+  EXPECT_EQ(text.value("PWD"), R"( a;"b")");
+  EXPECT_EQ(text.value("Database"), "c=d");
+}
+
+TEST(ConnectionText, PassesOverWhatIsNoPair) {
+  EXPECT_EQ(ConnectionText("").text(), "");
+  EXPECT_EQ(ConnectionText(";;quatsch;Driver=X").text(), "Driver=X");
+}
+
+TEST(ConnectionText, WritesWhatItReads) {
+  for (const std::string value : {"plain", " leading", "trailing ", "semi;colon", "quo\"te", ""}) {
+    ConnectionText text("Driver=X");
+    text.set("Database", value);
+    EXPECT_EQ(ConnectionText(text.text()).value("Database"), value) << text.text();
+  }
+}
+
+TEST(ConnectionText, ReplacesAValueInItsPlace) {
+  ConnectionText text("Driver=X;Database=a;UID=u");
+  text.set("DATABASE", "b");
+  EXPECT_EQ(text.text(), "Driver=X;Database=b;UID=u");
+}
+
+TEST(ConnectionText, NamesASqliteFile) {
+  EXPECT_EQ(sqliteConnectionText("/tmp/a.db"), "Driver=QSQLITE;Database=/tmp/a.db");
+  EXPECT_EQ(sqliteConnectionText("/tmp/a;b.db"), "Driver=QSQLITE;Database=\"/tmp/a;b.db\"");
+}
+
+TEST(Passwords, AreMasked) {
+  const std::string connection = "Driver=QPSQL;UID=u;PWD=geheim";
+  EXPECT_EQ(withoutPassword("geheim ist geheim", connection), "*** ist ***");
+  EXPECT_EQ(withoutPassword("alles gut", connection), "alles gut");
+  EXPECT_EQ(withoutPassword("ohne Kennwort", "Driver=QSQLITE"), "ohne Kennwort");
+  EXPECT_EQ(withoutPassword("**", "PWD=*"), "******");
+}
+
+}  // namespace
+}  // namespace vexnumkr::host

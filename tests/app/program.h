@@ -1,0 +1,21 @@
+// Runs a program and keeps what it printed.
+#pragma once
+
+#include <QtCore/QMap>
+#include <QtCore/QStringList>
+#include <string>
+
+namespace vexnumkr::test {
+
+struct ProgramRun {
+  int exitCode = -1;  ///< -1 when the program crashed or did not end
+  std::string output;
+  std::string errors;
+};
+
+/// Runs `program` to its end, with the variables of `environment` set, or unset where they are
+/// null.
+ProgramRun runProgram(const QString& program, const QStringList& arguments,
+                      const QMap<QString, QString>& environment = {});
+
+}  // namespace vexnumkr::test

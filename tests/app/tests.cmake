@@ -1,0 +1,29 @@
+# The tests of the stand-alone host.
+add_library(vexnumkr_test_app STATIC
+  "${CMAKE_CURRENT_LIST_DIR}/expected_windows.cpp"
+  "${CMAKE_CURRENT_LIST_DIR}/program.cpp"
+  "${CMAKE_CURRENT_LIST_DIR}/sample_database.cpp")
+target_include_directories(vexnumkr_test_app PUBLIC "${PROJECT_SOURCE_DIR}/tests")
+target_link_libraries(vexnumkr_test_app
+  PUBLIC vexnumkr_host_components Qt6::Sql Qt6::Test Qt6::Widgets GTest::gtest
+  PRIVATE vexnumkr_options)
+
+vexnumkr_test(app/command_line_test LABEL unit LINKS vexnumkr_test_app)
+vexnumkr_test(app/connection_text_test LABEL unit LINKS vexnumkr_test_app)
+vexnumkr_test(app/sample_test GUI LABEL unit LINKS vexnumkr_test_app)
+vexnumkr_test(app/settings_store_test GUI LABEL unit LINKS vexnumkr_test_app)
+vexnumkr_test(app/booking_circles_test GUI LABEL unit LINKS vexnumkr_test_app)
+vexnumkr_test(app/booking_circle_window_test GUI LABEL gui LINKS vexnumkr_test_app)
+vexnumkr_test(app/host_messages_test GUI LABEL gui LINKS vexnumkr_test_app)
+vexnumkr_test(app/host_texts_test GUI LABEL gui LINKS vexnumkr_test_app)
+vexnumkr_test(app/host_dialog_test GUI LABEL gui LINKS vexnumkr_test_app)
+
+vexnumkr_test(app/host_program_test GUI LABEL gui LINKS vexnumkr_test_app TIMEOUT 300)
+target_compile_definitions(host_program_test PRIVATE
+  HOST_PROGRAM="$<TARGET_FILE:vexnumkr-host>" PROJECT_VERSION="${PROJECT_VERSION}")
+add_dependencies(host_program_test vexnumkr-host)
+
+add_test(NAME host_includes
+  COMMAND "${CMAKE_COMMAND}" "-DSOURCE_DIR=${PROJECT_SOURCE_DIR}"
+          -P "${CMAKE_CURRENT_LIST_DIR}/check_host_includes.cmake")
+set_tests_properties(host_includes PROPERTIES LABELS unit)

@@ -1,0 +1,211 @@
+#include "hosting/start_up.h"
+
+#include <algorithm>
+
+#include "data/booking_circles.h"
+#include "data/sql/statements.h"
+#include "hosting/call_log.h"
+#include "support/core_session.h"
+
+namespace vexnumkr {
+namespace {
+
+using basAllgemein::basInititialize;
+using basAllgemein::basTerminate;
+using test::errorBox;
+using Lines = std::vector<std::string>;
+
+template <class Getter>
+bool exists(Getter get) {
+  try {
+    get();
+  } catch (const Error& error) {
+    EXPECT_EQ(error.number(), error_number::objectNotSet);
+    return false;
+  }
+  return true;
+}
+
+const Lines& startUpCalls() {
+  static const Lines calls{"conn.IsolationLevel 1048576",
+                           "conn.createCommand",
+                           "cmd.ActiveConnection conn",
+                           "cmd.CommandType 1",
+                           "cmd.CommandTimeout 0",
+                           "conn.createConnection",
+                           "work.CommandTimeout 0",
+                           "conn.ConnectionString?",
+                           "work.ConnectionString Database=x",
+                           "work.ConnectionTimeout 0",
+                           "work.CursorLocation 2",
+                           "work.IsolationLevel 1048576",
+                           "work.Open '' '' -1",
+                           "host.CreateObject vxtComDlg.WWSDialog",
+                           "dialog.Connection conn",
+                           "dialog.MultiSelect False"};
+  return calls;
+}
+
+// Steps on a host that does nothing but note them.
+class LoggedStartUpTest : public testing::Test {
+ protected:
+  LoggedStartUpTest() { context_.Conn(std::make_shared<test::LoggedConnection>(log_, "conn")); }
+  void TearDown() override { EXPECT_EQ(forms_.takeBoxes(), std::vector<test::Box>{}); }
+
+  std::int32_t rowCount() const {
+    return context_.XArray().UpperBound(1) - context_.XArray().LowerBound(1) + 1;
+  }
+
+  test::CallLog log_;
+  test::LoggedHost host_{log_};
+  test::RecordingForms forms_;
+  const test::FixedClock clock_{"20240315"};
+  HostContext context_{Services{forms_, host_, clock_}};
+};
+
+TEST_F(LoggedStartUpTest, BuildsTheWorkingObjectsInOrder) {
+  context_.blnChanged(true);
+  basInititialize(context_);
+  EXPECT_EQ(log_.take(), startUpCalls());
+  EXPECT_EQ(rowCount(), 0);
+  EXPECT_EQ(context_.XArray().LowerBound(1), 0);
+  EXPECT_EQ(context_.XArray().LowerBound(2), 0);
+  EXPECT_EQ(context_.XArray().UpperBound(2), 11);
+  EXPECT_FALSE(context_.blnChanged());
+  EXPECT_FALSE(exists([this] { context_.Buchungskreise(); })) << "filled by the dialog's combo box";
+}
+
+TEST_F(LoggedStartUpTest, AFailingStepIsReportedAndLeavesOutTheRest) {
+  const Lines& all = startUpCalls();
+  const auto tableStep = std::find(all.begin(), all.end(), "host.CreateObject vxtComDlg.WWSDialog");
+  for (auto failing = all.begin(); failing != all.end(); ++failing) {
+    context_.blnChanged(true);
+    log_.failing = *failing;
+    basInititialize(context_);
+    EXPECT_EQ(forms_.takeBoxes(), std::vector{errorBox(4711, "basAllgemein", "basInititialize",
+                                                       "Absichtlicher Fehler")})
+        << *failing;
+    EXPECT_EQ(log_.take(), Lines(all.begin(), failing + 1));
+    EXPECT_EQ(exists([this] { context_.XArray(); }), failing >= tableStep) << *failing;
+    EXPECT_EQ(exists([this] { context_.dlgBuchungskreise(); }), failing > tableStep) << *failing;
+    EXPECT_TRUE(context_.blnChanged()) << *failing;
+    basTerminate(context_);
+    log_.take();
+  }
+}
+
+TEST_F(LoggedStartUpTest, WithoutAConnectionNothingIsBuilt) {
+  context_.Conn(nullptr);
+  log_.take();
+  basInititialize(context_);
+  EXPECT_EQ(forms_.takeBoxes(), std::vector{errorBox(91, "basAllgemein", "basInititialize",
+                                                     "Objektvariable nicht festgelegt")});
+  EXPECT_EQ(log_.take(), Lines{});
+}
+
+TEST_F(LoggedStartUpTest, ReleasesTheWorkingObjectsInOrder) {
+  basInititialize(context_);
+  context_.Buchungskreise(std::make_unique<XArray>(XArray::withColumns(1)));
+  log_.take();
+  basTerminate(context_);
+  EXPECT_EQ(log_.take(), (Lines{"work.Close", "~work", "~cmd", "~dialog"}));
+  EXPECT_FALSE(exists([this] { context_.ConnWork(); }));
+  EXPECT_FALSE(exists([this] { context_.cmdSQL(); }));
+  EXPECT_FALSE(exists([this] { context_.XArray(); }));
+  EXPECT_FALSE(exists([this] { context_.dlgBuchungskreise(); }));
+  EXPECT_FALSE(exists([this] { context_.Buchungskreise(); }));
+}
+
+TEST_F(LoggedStartUpTest, AConnectionThatDoesNotCloseIsReleasedWithTheRestAndSilently) {
+  basInititialize(context_);
+  log_.take();
+  log_.failing = "work.Close";
+  basTerminate(context_);
+  EXPECT_EQ(log_.take(), (Lines{"work.Close", "~work", "~cmd", "~dialog"}));
+  EXPECT_FALSE(exists([this] { context_.XArray(); }));
+}
+
+TEST_F(LoggedStartUpTest, ReleasingNothingIsSilent) {
+  basTerminate(context_);
+  basTerminate(context_);
+  EXPECT_EQ(log_.take(), Lines{});
+}
+
+TEST_F(LoggedStartUpTest, WhatTheHostHandedOverOutlivesTheDialog) {
+  context_.LngApplication(1);
+  context_.strUser("Max");
+  context_.strVerarbeitungsdatum("20240315");
+  context_.createColUser();
+  context_.colUser().emplace_back(alleBenutzer);
+  basInititialize(context_);
+  context_.blnChanged(true);
+  basTerminate(context_);
+  EXPECT_EQ(test::nameOf(*context_.sharedConn()), "conn");
+  EXPECT_EQ(context_.LngApplication(), 1);
+  EXPECT_EQ(context_.strUser(), "Max");
+  EXPECT_EQ(context_.strVerarbeitungsdatum(), "20240315");
+  EXPECT_EQ(context_.colUser(), Lines{alleBenutzer});
+  EXPECT_TRUE(context_.blnChanged());
+  EXPECT_EQ(std::count(log_.lines.begin(), log_.lines.end(), "~conn"), 0);
+  EXPECT_EQ(std::count(log_.lines.begin(), log_.lines.end(), "conn.Close"), 0);
+}
+
+// The same on a real database.
+class StartUpTest : public test::CoreSession {};
+
+TEST_F(StartUpTest, ReopeningIsFresh) {
+  sql("INSERT INTO Nummernkreis_Buchungskreise VALUES (1, 'Nord', 'ORB')");
+  start(1, {"Max"});
+  row({"Max", 1, "Nord", "RE"});
+  context().blnChanged(true);
+  basTerminate(context());
+  start(1, {"Max"});
+  EXPECT_EQ(rows(), Lines{});
+  EXPECT_FALSE(context().blnChanged());
+  std::int32_t affected = 0;
+  EXPECT_TRUE(context().ConnWork().Execute(statement::users(), affected)->EndOfFile());
+  EXPECT_EQ(context().ConnWork().ConnectionString(), context().Conn().ConnectionString());
+  EXPECT_EQ(context().ConnWork().IsolationLevel(), ado::isolated);
+  EXPECT_EQ(context().Conn().IsolationLevel(), ado::isolated);
+}
+
+TEST_F(StartUpTest, TheCommandRunsOnTheHostsConnection) {
+  start(1);
+  script().takeStatements();
+  std::int32_t affected = 0;
+  context().cmdSQL().CommandText(statement::users());
+  context().cmdSQL().Execute(affected);
+  EXPECT_EQ(script().takeStatements(), Lines{"conn: " + statement::users()});
+}
+
+TEST_F(StartUpTest, WithoutWorkingConnectionLaterProceduresReportTheirOwnFailures) {
+  script().failConnect();
+  start(1);
+  EXPECT_EQ(boxes(),
+            std::vector{errorBox(4711, "basAllgemein", "basInititialize", "Absichtlicher Fehler")})
+      << "the booking circles are still read, on the host's connection";
+  EXPECT_FALSE(basAllgemein::CallBuchungskreise(context(), "ORB"));
+  EXPECT_EQ(boxes(), std::vector{errorBox(91, "basAllgemein", "CallBuchungskreise",
+                                          "Objektvariable nicht festgelegt")});
+}
+
+TEST_F(StartUpTest, AHostWithoutCircleAdministrationFailsOnlyThere) {
+  host().hasCircleDialog = false;
+  start(2, {"Max"});
+  EXPECT_EQ(boxes(),
+            std::vector{errorBox(429, "basAllgemein", "basInititialize",
+                                 "Objekterstellung durch ActiveX-Komponente nicht möglich")});
+  EXPECT_EQ(rows(), Lines{}) << "the table is there";
+  EXPECT_FALSE(basAllgemein::CallBuchungskreise(context(), "ORC"));
+  EXPECT_EQ(boxes(), std::vector{errorBox(91, "basAllgemein", "CallBuchungskreise",
+                                          "Objektvariable nicht festgelegt")});
+}
+
+TEST_F(StartUpTest, TheCircleAdministrationWorksOnTheHostsConnection) {
+  start(1);
+  EXPECT_EQ(host().circleDialog.connection, hostConnection());
+  EXPECT_EQ(host().circleDialog.multiSelect, std::vector<bool>{false});
+}
+
+}  // namespace
+}  // namespace vexnumkr

@@ -1,0 +1,10 @@
+vexnumkr_core_test(rules/activity_test unit)
+vexnumkr_core_test(rules/activity_random_test unit)
+vexnumkr_core_test(rules/mask_numbering_test unit)
+vexnumkr_core_test(rules/mask_random_test unit)
+vexnumkr_test(rules/validation_random_test LABEL unit LINKS vexnumkr_rules)
+vexnumkr_core_test(rules/validation_large_test unit)
+vexnumkr_test(rules/validation_test GUI LABEL gui
+  LINKS vexnumkr_core_session vexnumkr_main_dialog vexnumkr_qtgrid)
+vexnumkr_core_test(rules/saving_test unit)
+vexnumkr_core_test(rules/saving_failure_test fault)

@@ -1,0 +1,68 @@
+// Tables of a size at which comparing all pairs would not come to an end.
+#include <algorithm>
+#include <numeric>
+#include <random>
+
+#include "rules/validation.h"
+#include "support/core_session.h"
+
+namespace vexnumkr {
+namespace {
+
+constexpr std::int32_t count = 100'000;
+
+class LargeValidationTest : public test::CoreSession {
+ protected:
+  void SetUp() override { start(1); }
+
+  void range(std::int32_t circle, const std::string& key, std::int32_t first, std::int32_t last) {
+    row({alleBenutzer, circle, "Kreis " + std::to_string(circle), key, "Belegart " + key, first,
+         first, last, true, 1, "AN", ""});
+  }
+  bool check() {
+    bool viewReset = false;
+    return basAllgemein::CheckValidity(context(), viewReset,
+                                       [](HostContext&, const std::string&, const std::string&) {});
+  }
+};
+
+TEST_F(LargeValidationTest, ManyRangesOfOneSequenceAreCheckedInTime) {
+  std::vector<std::int32_t> places(count);
+  std::iota(places.begin(), places.end(), 0);
+  std::shuffle(places.begin(), places.end(), std::mt19937{1});
+  for (std::int32_t i = 0; i < count; ++i) {
+    const std::int32_t first = places[static_cast<std::size_t>(i)] * 10;
+    range(i, "RE", first, first + 9);
+  }
+  EXPECT_TRUE(check());
+}
+
+TEST_F(LargeValidationTest, TheSameRangeManyTimesIsCheckedInTime) {
+  for (std::int32_t i = 0; i < count; ++i) range(1, "RE", 10, 19);
+  EXPECT_TRUE(check()) << "a range does not overlap itself";
+}
+
+TEST_F(LargeValidationTest, AnOverlapOfTheLastTwoIsFoundInTime) {
+  for (std::int32_t i = 0; i < count; ++i) range(i, "RE", i * 10, i * 10 + 9);
+  table().set(count - 1, 5, (count - 1) * 10 - 1);
+  table().set(count - 1, 6, (count - 1) * 10 - 1);
+  EXPECT_FALSE(check());
+  EXPECT_EQ(boxes(), (std::vector{test::Box{"Info",
+                                            "Bei der Belegart 'Belegart RE' überschneidet sich der "
+                                            "Buchungskreis 'Kreis 99999' mit dem Buchungskreis "
+                                            "'Kreis 99998'.",
+                                            0}}));
+}
+
+TEST_F(LargeValidationTest, ADefectiveRangeThatIsNobodysPartnerIsFoundInTime) {
+  for (std::int32_t i = 0; i < count; ++i) range(1, "RE", 10, 19);
+  table().set(count - 1, 7, 10);
+  EXPECT_FALSE(check());
+  EXPECT_EQ(boxes(), (std::vector{test::Box{"Info",
+                                            "Der Endwert muss größer sein als der Startwert.\r\n"
+                                            "(Belegart: Belegart RE, Buchungskreis: Kreis 1)",
+                                            0}}));
+}
+
+}  // namespace
+}  // namespace vexnumkr

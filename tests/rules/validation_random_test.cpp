@@ -1,0 +1,236 @@
+// The first defect of a table against the two loops that define it, written down as they are, on
+// small tables with defects of every kind.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <map>
+#include <random>
+#include <vector>
+
+#include <vexnumkr/error.h>
+
+#include "rules/range_check.h"
+#include "rules/sort_orders.h"
+
+namespace vexnumkr {
+namespace {
+
+// "message ROW OTHER", "Fehler N" or "passed"; both sides are brought to this form.
+std::string described(BrokenRule rule, std::int32_t row, std::int32_t other) {
+  const char* messages[] = {"Endwert", "Aktueller Wert", "Buchungskreise", "Belegarten"};
+  return messages[static_cast<int>(rule)] + (" " + std::to_string(row)) + " " +
+         std::to_string(other);
+}
+
+class TwoLoops {
+ public:
+  explicit TwoLoops(const XArray& table) : table_(table) {}
+
+  std::string run() {
+    const std::int32_t first = table_.LowerBound(1);
+    const std::int32_t last = table_.UpperBound(1);
+    for (std::int32_t i = first; i <= last; ++i) {
+      if (!(isCommon(i) && isActive(i))) continue;
+      if (breaksRule1(i)) return described(BrokenRule::EndNotAboveStart, i, i);
+      if (breaksRule2(i)) return described(BrokenRule::CurrentOutsideRange, i, i);
+      for (std::int32_t j = first; j <= last; ++j) {
+        const std::string sequenceOfJ = sequenceKey(j);
+        const std::string sequenceOfI = sequenceKey(i);
+        if (!(isActive(j) && isCommon(j) && sequenceOfJ == sequenceOfI &&
+              (text(j, column::NSchl) != text(i, column::NSchl) ||
+               number(j, column::Buchungskreis) != number(i, column::Buchungskreis))))
+          continue;
+        if (breaksRule1(j)) return described(BrokenRule::EndNotAboveStart, j, j);
+        if (breaksRule2(j)) return described(BrokenRule::CurrentOutsideRange, j, j);
+        const bool below = start(j) < start(i) && end(j) < start(i);
+        const bool above = start(j) > end(i) && end(j) > end(i);
+        if (below || above) continue;
+        if (text(j, column::NSchl) == text(i, column::NSchl))
+          return described(BrokenRule::OverlapsOtherCircle, j, i);
+        return described(BrokenRule::OverlapsOtherKey, j, i);
+      }
+    }
+    return "passed";
+  }
+
+ private:
+  std::string text(std::int32_t row, std::int32_t c) const { return table_.get(row, c).toText(); }
+  std::int32_t number(std::int32_t row, std::int32_t c) const {
+    return table_.get(row, c).toLong();
+  }
+  std::int32_t start(std::int32_t row) const { return number(row, column::StartWert); }
+  std::int32_t current(std::int32_t row) const { return number(row, column::AktuellerWert); }
+  std::int32_t end(std::int32_t row) const { return number(row, column::EndWert); }
+  bool isCommon(std::int32_t row) const {
+    return table_.get(row, column::Benutzer) == Value("Alle Benutzer");
+  }
+  bool isActive(std::int32_t row) const { return table_.get(row, column::Aktiviert).toBoolean(); }
+  bool breaksRule1(std::int32_t row) const { return end(row) <= start(row); }
+  bool breaksRule2(std::int32_t row) const {
+    return current(row) < start(row) || current(row) > end(row);
+  }
+  std::string sequenceKey(std::int32_t row) const {
+    const Value shared = table_.get(row, column::IstNSchlVon);
+    if (!shared.isNull() && !shared.toText().empty()) return shared.toText();
+    return text(row, column::NSchl);
+  }
+
+  const XArray& table_;
+};
+
+template <class Check>
+std::string outcomeOf(Check check) {
+  try {
+    return check();
+  } catch (const Error& error) {
+    return "Fehler " + std::to_string(error.number());
+  }
+}
+
+std::string checked(const XArray& table) {
+  return outcomeOf([&]() -> std::string {
+    const auto defect = firstDefect(table);
+    return defect ? described(defect->rule, defect->row, defect->otherRow) : "passed";
+  });
+}
+
+using Row = std::vector<Value>;
+
+class RandomTable {
+ public:
+  explicit RandomTable(unsigned seed) : random_(seed) {}
+
+  // Ranges that lie apart, with up to three things done to them.
+  XArray make() {
+    std::vector<Row> rows;
+    sharing_ = oneOutOf(2);
+    const std::size_t count = below(12);
+    std::vector<std::int32_t> places(count);
+    for (std::size_t i = 0; i < count; ++i) places[i] = static_cast<std::int32_t>(i) * 10;
+    std::shuffle(places.begin(), places.end(), random_);
+    for (const std::int32_t place : places) rows.push_back(goodRow(place));
+    for (std::size_t i = below(4); i > 0 && !rows.empty(); --i) spoil(rows);
+    return tableOf(rows);
+  }
+
+ private:
+  std::size_t below(std::size_t limit) { return random_() % limit; }
+  bool oneOutOf(std::size_t n) { return below(n) == 0; }
+  Value oneOf(const std::vector<Value>& choices) { return choices[below(choices.size())]; }
+  std::int32_t integer(std::size_t limit) { return static_cast<std::int32_t>(below(limit)); }
+
+  Row goodRow(std::int32_t place) {
+    const Value user = oneOutOf(8) ? oneOf({"Max", "alle benutzer", Empty{}}) : "Alle Benutzer";
+    const std::int32_t end = place + 1 + integer(9);
+    return {user,
+            integer(3),
+            "Gruppe",
+            oneOf({"A", "A", "B", "a", "C"}),
+            "Bezeichnung",
+            place,
+            place + integer(static_cast<std::size_t>(end - place + 1)),
+            end,
+            !oneOutOf(6),
+            integer(2),
+            sharing_ ? oneOf({"A", "S", "S"}) : oneOf({"", "", Null{}, Empty{}, "A", "B"}),
+            ""};
+  }
+
+  Value badNumber() { return oneOf({"x", "", Null{}, "99999999999", "1.5"}); }
+
+  void spoil(std::vector<Row>& rows) {
+    Row& row = rows[below(rows.size())];
+    const auto cell = [&row](std::int32_t c) -> Value& { return row[static_cast<std::size_t>(c)]; };
+    switch (below(14)) {
+      case 0:
+        cell(column::EndWert) = cell(column::StartWert);
+        break;
+      case 1:
+        cell(column::AktuellerWert) = oneOutOf(2) ? -5 : 500;
+        break;
+      case 2:
+        cell(column::EndWert) =
+            cell(column::EndWert).isLong() ? cell(column::EndWert).asLong() + 25 : 900;
+        break;
+      case 3:
+        cell(column::StartWert) = integer(100);
+        break;
+      case 4:
+        cell(static_cast<std::int32_t>(column::StartWert + integer(3))) = badNumber();
+        break;
+      case 5:
+        cell(column::Aktiviert) = oneOf({"x", Null{}, "", "Wahr", "falsch", "2", 0, Empty{}});
+        break;
+      case 6: {  // the same range once more
+        const Row again = row;
+        rows.push_back(again);
+        break;
+      }
+      case 7:  // a text that is a number
+        cell(column::StartWert) = cell(column::StartWert).isLong()
+                                      ? Value(" " + cell(column::StartWert).toText() + ",4 ")
+                                      : Value("1.000");
+        break;
+      case 8:
+        cell(column::Buchungskreis) = oneOf({"1", " 2 ", 0, Empty{}});
+        break;
+      default: {  // moved onto the numbers of another one
+        const Row& other = rows[below(rows.size())];
+        for (const std::int32_t c : {column::StartWert, column::AktuellerWert, column::EndWert})
+          cell(c) = other[static_cast<std::size_t>(c)];
+        break;
+      }
+    }
+  }
+
+  static XArray tableOf(const std::vector<Row>& rows) {
+    XArray table = XArray::withColumns(column::Maske);
+    for (const Row& row : rows) {
+      table.AppendRows();
+      for (std::size_t c = 0; c < row.size(); ++c)
+        table.set(table.UpperBound(1), static_cast<std::int32_t>(c), row[c]);
+    }
+    sortRows(table, displayOrder);
+    return table;
+  }
+
+  std::mt19937 random_;
+  bool sharing_ = false;  // most ranges draw on one sequence
+};
+
+std::string dump(const XArray& table) {
+  std::string text;
+  for (std::int32_t row = table.LowerBound(1); row <= table.UpperBound(1); ++row) {
+    text += '\n' + std::to_string(row) + ":";
+    for (std::int32_t c = 0; c <= table.UpperBound(2); ++c) {
+      const Value value = table.get(row, c);
+      text += ' ' + (value.isNull()   ? "NULL"
+                     : value.isText() ? "'" + value.asText() + "'"
+                                      : value.toText());
+    }
+  }
+  return text;
+}
+
+// "Endwert 3 3" is of the kind "Endwert"; a defect of a later row than the first tells by itself
+// that the loops came to it.
+std::string kindOf(const std::string& outcome) {
+  return outcome.starts_with("Fehler") ? outcome : outcome.substr(0, outcome.find_first_of("0123"));
+}
+
+TEST(ValidationRandomTest, FindsTheDefectThatTheTwoLoopsFind) {
+  std::map<std::string, int> kinds;
+  const unsigned first = std::random_device{}() % 1'000'000;
+  for (unsigned seed = first; seed < first + 10'000; ++seed) {
+    const XArray table = RandomTable(seed).make();
+    const std::string expected = outcomeOf([&] { return TwoLoops(table).run(); });
+    ASSERT_EQ(checked(table), expected) << "seed " << seed << dump(table);
+    ++kinds[kindOf(expected)];
+  }
+  for (const char* kind : {"passed", "Endwert ", "Aktueller Wert ", "Buchungskreise ",
+                           "Belegarten ", "Fehler 6", "Fehler 13", "Fehler 94"})
+    EXPECT_GT(kinds[kind], 40) << kind << ", seeds from " << first;
+}
+
+}  // namespace
+}  // namespace vexnumkr

@@ -1,0 +1,73 @@
+#!/usr/bin/env bash
+# Installs the Debian packages that are missing for a purpose, and nothing when none is.
+#
+#   tools/install-packages.sh run     to build and run the stand-alone host
+#   tools/install-packages.sh test    to build and test everything
+#
+# Needs root or sudo only when something is missing.
+set -euo pipefail
+
+build=(cmake g++ ninja-build qt6-base-dev)
+runtime=(fonts-liberation libqt6sql6-sqlite)
+testing=(g++-mingw-w64-x86-64-posix libgtest-dev)
+# Of use where the distribution has them: the formatter of the sources, a display of another kind,
+# German texts of Qt itself.
+formatter=(clang-format-14)
+display=()
+[ -n "${WAYLAND_DISPLAY:-}" ] && display=(qt6-wayland)
+translations=(qt6-translations-l10n)
+
+case "${1:-}" in
+  run)
+    needed=("${build[@]}" "${runtime[@]}")
+    welcome=("${display[@]}" "${translations[@]}")
+    ;;
+  test)
+    needed=("${build[@]}" "${runtime[@]}" "${testing[@]}")
+    welcome=("${formatter[@]}")
+    ;;
+  *)
+    echo "usage: tools/install-packages.sh run|test" >&2
+    exit 2
+    ;;
+esac
+
+installed() {
+  [ "$(dpkg-query -W -f '${db:Status-Status}' "$1" 2>/dev/null)" = installed ]
+}
+
+# Prints those of the packages given that are not installed, one a line.
+missing() {
+  local package
+  for package in "$@"; do
+    installed "$package" || echo "$package"
+  done
+}
+
+as_root() {
+  if [ "$(id -u)" -eq 0 ]; then
+    "$@"
+  elif command -v sudo >/dev/null; then
+    sudo "$@"
+  else
+    echo "Root rights are needed for: $*" >&2
+    exit 1
+  fi
+}
+
+if ! command -v dpkg-query >/dev/null || ! command -v apt-get >/dev/null; then
+  echo "This is no Debian; not installing: ${needed[*]}" >&2
+  exit 0
+fi
+
+mapfile -t needed < <(missing "${needed[@]}")
+[ "${#needed[@]}" -gt 0 ] || exit 0
+
+echo "Installing what is missing: ${needed[*]}"
+export DEBIAN_FRONTEND=noninteractive
+as_root apt-get -q update
+mapfile -t welcome < <(missing "${welcome[@]}")
+for package in "${welcome[@]}"; do
+  if apt-cache show "$package" >/dev/null 2>&1; then needed+=("$package"); fi
+done
+as_root apt-get -q install -y --no-install-recommends "${needed[@]}" </dev/null
