@@ -46,7 +46,7 @@ class DialogSpecialRangesTest : public DialogSession {
         "SELECT U_NSchl, Aktiviert FROM Nummernkreis_Sonderkreise WHERE Herkunft='ORC' ORDER BY "
         "U_NSchl");
   }
-  const std::string select =
+  const std::string selectBy =
       "conn: SELECT U_NSchl, NSchl, NBezeichnung, Aktiviert FROM Nummernkreis_Sonderkreise WHERE "
       "Herkunft='ORC' ORDER BY ";
 };
@@ -55,7 +55,7 @@ TEST_F(DialogSpecialRangesTest, AreListedByDescriptionWithTheirState) {
   inCompanyWithSpecialRanges(2, [&] {
     inSpecialRanges([&] {
       EXPECT_EQ(listed(), (Lines{"- Ausland (R1)", "x Messe (A1)", "- Messe (A2)"}));
-      EXPECT_EQ(statements(), Lines{select + "NBezeichnung"});
+      EXPECT_EQ(statements(), Lines{selectBy + "NBezeichnung"});
       press("cmdCancel");
     });
   });
@@ -93,7 +93,7 @@ TEST_F(DialogSpecialRangesTest, OkWritesEveryRecordInItsOrder) {
     EXPECT_EQ(
         (Lines{sent.begin(), sent.begin() + 4}),
         (Lines{"conn: UPDATE RECORD 0 Aktiviert=False", "conn: UPDATE RECORD 1 Aktiviert=False",
-               "conn: UPDATE RECORD 2 Aktiviert=True", select + "U_NSchl"}));
+               "conn: UPDATE RECORD 2 Aktiviert=True", selectBy + "U_NSchl"}));
     press("cmdOK");  // nothing else has changed, so the ticks go with the transaction
   });
   EXPECT_EQ(stored(), (Lines{"A1 | -1", "A2 | 0", "R1 | 0"}));
@@ -138,7 +138,7 @@ TEST_F(DialogSpecialRangesTest, CancelAndTheCloseButtonWriteNothingYetTheTableIs
         tick(0);
         way();
       });
-      EXPECT_EQ(statements(), Lines{select + "U_NSchl"});
+      EXPECT_EQ(statements(), Lines{selectBy + "U_NSchl"});
       EXPECT_EQ(tree(), before);
     }
   });
@@ -223,7 +223,7 @@ TEST_F(DialogSpecialRangesTest, AFailedRecordIsReportedAndEndsTheWriting) {
     const Lines sent = statements();
     EXPECT_EQ((Lines{sent.begin(), sent.begin() + 3}),
               (Lines{"conn: UPDATE RECORD 0 Aktiviert=True",
-                     "conn: UPDATE RECORD 1 Aktiviert=False !failed", select + "U_NSchl"}));
+                     "conn: UPDATE RECORD 1 Aktiviert=False !failed", selectBy + "U_NSchl"}));
     EXPECT_NE(range("Max", 0, "R1"), "none");  // the record written before stays written
     EXPECT_NE(range("Max", 0, "A1"), "none");
   });
@@ -241,7 +241,7 @@ TEST_F(DialogSpecialRangesTest, AFailedLoadLeavesAnEmptyListAndOkWritesNothing) 
       statements();
       press("cmdOK");
     });
-    EXPECT_EQ(statements(), Lines{select + "U_NSchl"});
+    EXPECT_EQ(statements(), Lines{selectBy + "U_NSchl"});
   });
 }
 
@@ -276,7 +276,7 @@ TEST_F(DialogSpecialRangesTest, WithoutARecordOkWritesNothing) {
       statements();
       press("cmdOK");
     });
-    EXPECT_EQ(statements(), Lines{select + "U_NSchl"});
+    EXPECT_EQ(statements(), Lines{selectBy + "U_NSchl"});
   });
 }
 
