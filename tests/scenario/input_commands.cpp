@@ -3,6 +3,7 @@
 #include <QtGui/QWindow>
 #include <QtWidgets/QAbstractItemView>
 #include <QtWidgets/QComboBox>
+#include <QtWidgets/QLayout>
 #include <QtWidgets/QListWidget>
 #include <QtWidgets/QPushButton>
 #include <QtWidgets/QRadioButton>
@@ -37,6 +38,17 @@ int entryOf(const QComboBox& combo, const std::string& text) {
   return entry;
 }
 
+// The middle of an entry, scrolled into view. Scrolling shows or hides the arrows at the ends of a
+// long list, which moves its entries, and the entry at an end may have to be scrolled to once more.
+QPoint entryCentre(QAbstractItemView& list, const QModelIndex& entry) {
+  constexpr int ends = 2;
+  for (int i = 0; i <= ends; ++i) {
+    list.scrollTo(entry);
+    if (QLayout* layout = list.window()->layout()) layout->activate();
+  }
+  return list.visualRect(entry).center();
+}
+
 // A list that did not open because the user was told something first is no failure: then the choice
 // does not take place.
 void chooseFromOpenList(const Stage& stage, QComboBox& combo, int entry, int boxesBefore) {
@@ -47,8 +59,7 @@ void chooseFromOpenList(const Stage& stage, QComboBox& combo, int entry, int box
   }
   const QModelIndex index =
       combo.model()->index(entry, combo.modelColumn(), combo.rootModelIndex());
-  list.scrollTo(index);
-  clickAt(*list.viewport(), list.visualRect(index).center());
+  clickAt(*list.viewport(), entryCentre(list, index));
 }
 
 void select(Stage& stage, const Command& command) {

@@ -16,8 +16,10 @@ QAbstractButton* buttonOf(const QMessageBox& box, const std::string& answer) {
   return box.findChild<QAbstractButton*>(QString::fromStdString(answer));
 }
 
+std::string titleOf(const QMessageBox& box) { return box.windowTitle().toStdString(); }
+
 std::string promptOf(const QMessageBox& box) {
-  return printedText(box.property("prompt").toString().toStdString());
+  return box.property("prompt").toString().toStdString();
 }
 
 // The answer that a box gets when none is queued; empty for a box that asks something.
@@ -88,11 +90,11 @@ void Interpreter::answer(QMessageBox& box) {
     answer = stage_.answers.front();
     stage_.answers.pop_front();
   }
-  const std::string title = printedText(box.windowTitle().toStdString());
-  if (answer.empty()) return fail("nobody answers the box '" + title + "': " + promptOf(box));
+  if (answer.empty())
+    return fail("nobody answers the box '" + titleOf(box) + "': " + promptOf(box));
   QAbstractButton* button = buttonOf(box, answer);
-  if (button == nullptr) return fail("the box '" + title + "' does not offer " + answer);
-  stage_.print("box: " + joined({title, promptOf(box),
+  if (button == nullptr) return fail("the box '" + titleOf(box) + "' does not offer " + answer);
+  stage_.print("box: " + joined({printedText(titleOf(box)), printedText(promptOf(box)),
                                  "buttons=" + std::to_string(box.property("buttons").toInt()),
                                  "answer=" + answer}));
   box.setProperty(answeredProperty, true);

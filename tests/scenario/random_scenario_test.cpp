@@ -11,13 +11,13 @@
 #include <sstream>
 #include <vector>
 
+#include "scenario/plain_rules.h"
 #include "scenario/temporary_folder.h"
 
 namespace vexnumkr::scenario {
 namespace {
 
 using Lines = std::vector<std::string>;
-using Cells = std::vector<std::string>;
 
 constexpr int scenarios = 5;
 constexpr int steps = 25;
@@ -47,6 +47,7 @@ struct View {
   std::vector<Cells> table;  // without row numbers
   std::string user;
   std::string filter;
+  int item = -1;  // the current one
 };
 
 class Transcript {
@@ -63,6 +64,8 @@ class Transcript {
       if (line == "> grid") {
         views.emplace_back();
         views.back().before = lastCommand(i);
+      } else if (startsWith(line, "grid: ")) {
+        views.back().item = std::stoi(line.substr(line.find("listindex=") + 10));
       } else if (startsWith(line, "item ")) {
         views.back().items.push_back(cellsOf(line.substr(line.find(' ', 5) + 1)));
       } else if (startsWith(line, "row ")) {
@@ -87,6 +90,13 @@ class Transcript {
       if (seen == n && belongs) found.push_back(line);
     }
     return found;
+  }
+
+  // What follows the first `start`.
+  std::string after(const std::string& start) const {
+    for (const std::string& line : lines_)
+      if (startsWith(line, start)) return line.substr(start.size());
+    return {};
   }
 
   long count(const std::string& line) const {
@@ -210,6 +220,48 @@ void expectSaved(const Transcript& transcript, const View& view) {
   EXPECT_EQ(sorted(assignments), sorted(expectedAssignments(view)));
 }
 
+std::vector<Cells> cellsOfTable(const Transcript& transcript, const std::string& table) {
+  std::vector<Cells> rows;
+  for (const std::string& line : rowsOf(transcript.database(0), table))
+    rows.push_back(cellsOf(line.substr(line.find(' ') + 1)));
+  return rows;
+}
+
+PlainDatabase databaseBefore(const Transcript& transcript) {
+  return {cellsOfTable(transcript, "Nummernkreise"),
+          cellsOfTable(transcript, "Nummernkreis_Buchungskreise"),
+          cellsOfTable(transcript, "Nummernkreis_Zuordnung"),
+          cellsOfTable(transcript, "Nummernkreis_Sonderkreise"),
+          cellsOf(transcript.after("users: ")),
+          transcript.after("> application ") == "1" ? "ORB" : "ORC"};
+}
+
+// A row a line, so that a difference is shown as one.
+std::string printed(const std::vector<Cells>& rows) {
+  std::string text;
+  for (const Cells& row : rows) {
+    for (const std::string& cell : row) text += cell + " | ";
+    text += '\n';
+  }
+  return text;
+}
+
+// After loading and after every tick, which are the steps that follow from what was seen before.
+void expectTableFollowsRules(const Transcript& transcript) {
+  const PlainDatabase database = databaseBefore(transcript);
+  const std::vector<View> views = transcript.views();
+  EXPECT_EQ(printed(views[0].table), printed(PlainTable::loaded(database).rows()));
+  for (std::size_t i = 1; i < views.size(); ++i) {
+    if (views[i].before != "> key Space") continue;
+    const View& before = views[i - 1];
+    PlainTable table(before.table, database.users);
+    const auto item = static_cast<std::size_t>(views[i].item);
+    ASSERT_LT(item, before.items.size());
+    table.tick({before.items, item, before.user, before.filter});
+    EXPECT_EQ(printed(views[i].table), printed(table.rows())) << "after look " << i;
+  }
+}
+
 class RandomScenarioTest : public ::testing::Test {
  protected:
   std::string run(const std::string& scenario) {
@@ -255,6 +307,7 @@ TEST_F(RandomScenarioTest, ShowsWhatTheTableHoldsAndCancelsOrSavesIt) {
       if (startsWith(view.before, "> select ") || view.before == "> show")
         expectTreeBuiltFromTable(view);
     }
+    expectTableFollowsRules(cancelled);
     EXPECT_EQ(cancelled.database(1), cancelled.database(0));
     expectTransactionClosed(cancelled);
 

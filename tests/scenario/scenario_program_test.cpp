@@ -122,11 +122,25 @@ TEST_F(ScenarioProgram, FailsWhenADialogIsLeftOpen) {
 }
 
 TEST_F(ScenarioProgram, FailsWhenABoxIsNotAnsweredProperly) {
-  const std::string asking = opened + "press cmdAuto\n";
-  EXPECT_EQ(scenario(asking).status, 3);
+  expectFailure(opened + "press cmdAuto\n",
+                "failed: line 6: nobody answers the box 'Abfrage': Diese Option startet eine "
+                "automatische Nummernvergabe nach Maske.\\r\\nAlle bisherigen Nummern werden "
+                "hiermit überschrieben!\\r\\n\\r\\nMöchten Sie trotzdem fortfahren?");
   EXPECT_EQ(scenario(opened + "answer ok\npress cmdAuto\n").status, 3);
   expectFailure(opened + "click 1 2\ntype x\nanswer yes\nkey Tab\n",
                 "failed: line 9: the box 'Info' does not offer yes");
+}
+
+TEST_F(ScenarioProgram, ChoosesTheNamedEntryOfALongList) {
+  std::string users;
+  for (int i = 11; i <= 70; ++i)
+    users += "sql INSERT INTO tblUser VALUES ('U" + std::to_string(i) + "')\n";
+  for (const std::string name : {"U11", "U50", "U65", "U69", "U70"}) {
+    const Ended run =
+        scenario(users + opened + "select cboUser " + name + "\ncombo cboUser\nclose\n");
+    EXPECT_EQ(run.status, 0) << run.output << run.errors;
+    EXPECT_NE(run.output.find(" text=" + name + "\n"), std::string::npos) << name;
+  }
 }
 
 TEST_F(ScenarioProgram, PrintsTheSameEveryTime) {

@@ -65,7 +65,7 @@ endforeach()
 vexnumkr_test(scenario/idle_pump_test GUI LABEL unit LINKS vexnumkr_scenario_driver)
 vexnumkr_test(scenario/scenario_program_test LABEL gui LINKS vexnumkr_scenario_driver)
 vexnumkr_test(scenario/random_scenario_test LABEL gui
-  SOURCES scenario/random_scenario.cpp LINKS vexnumkr_scenario_driver)
+  SOURCES scenario/plain_rules.cpp scenario/random_scenario.cpp LINKS vexnumkr_scenario_driver)
 foreach(test scenario_program_test random_scenario_test)
   target_compile_definitions(${test}
     PRIVATE SCENARIO_PROGRAM="$<TARGET_FILE:vexnumkr-scenario>")
