@@ -58,6 +58,13 @@ void drop(const QSqlDatabase& database, const std::string& table) {
   QSqlQuery(database).exec(QString::fromStdString("DROP TABLE " + table));
 }
 
+// Lets statements on `database` name the tables of another SQLite file as if they were its own.
+void attach(const QSqlDatabase& database, const std::string& file) {
+  const QString name =
+      QString::fromStdString(file).replace(QLatin1String("'"), QLatin1String("''"));
+  runOn(database, "ATTACH DATABASE '" + name.toStdString() + "' AS settings");
+}
+
 }  // namespace
 
 ScenarioDatabase::ScenarioDatabase(const std::string& connectionString) {
@@ -66,6 +73,7 @@ ScenarioDatabase::ScenarioDatabase(const std::string& connectionString) {
   if (qtsql::engineOf(settings.driver).driver != sqlite) return;
   settings.database = host::settingsFile(settings.database);
   settings_ = open(settings);
+  attach(main_->get(), settings.database);
 }
 
 ScenarioDatabase::~ScenarioDatabase() = default;

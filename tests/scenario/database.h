@@ -31,7 +31,8 @@ class ScenarioDatabase {
   /// Drops the five tables and the settings table and creates them without rows.
   void createTables();
 
-  /// Runs one statement and returns the rows of a select, as "a | b".
+  /// Runs one statement and returns the rows of a select, as "a | b". The settings table is within
+  /// reach of it also where it lies in a file of its own.
   std::vector<PrintedRow> run(const std::string& statement);
 
   /// The tables that hold the component's data, and the rows of one, all columns, ordered by all.

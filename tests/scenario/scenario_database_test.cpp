@@ -44,7 +44,9 @@ TEST_F(ScenarioDatabaseTest, EnforcesTheKeys) {
 TEST_F(ScenarioDatabaseTest, KeepsTheSettingsInAFileBeside) {
   EXPECT_TRUE(std::filesystem::exists(folder_.path() + "/nummern-einstellungen.db"));
   EXPECT_TRUE(database_.rows("Einstellungen").empty());
-  EXPECT_THROW(database_.run("SELECT * FROM Einstellungen"), Error);
+  database_.run("INSERT INTO Einstellungen VALUES ('B', 'K', 'Standard', 'Standard', '7')");
+  EXPECT_EQ(database_.rows("Einstellungen"),
+            (std::vector<PrintedRow>{"B | K | Standard | Standard | 7"}));
 }
 
 TEST_F(ScenarioDatabaseTest, StartsWithEmptyTablesWhateverWasThere) {
