@@ -207,22 +207,22 @@ struct FormDescription {
   std::vector<ControlDescription> controls;
 };
 
-/// What a form tells its class.
+/// What a form tells its class, which overrides what concerns it.
 class FormEvents {
  public:
   virtual ~FormEvents() = default;
   /// Once, before the form is first seen.
   virtual void Form_Load() = 0;
   /// Once, when the window is up.
-  virtual void Form_Shown() = 0;
+  virtual void Form_Shown() {}
   /// Before closing; setting `Cancel` keeps the form open. `UnloadMode` is 0 for the window's close
   /// button and 1 for Unload called by code.
-  virtual void Form_QueryUnload(bool& Cancel, std::int16_t UnloadMode) = 0;
+  virtual void Form_QueryUnload(bool& /*Cancel*/, std::int16_t /*UnloadMode*/) {}
   virtual void Form_Unload() = 0;
   /// Every key pressed in the form, before the control that has the focus sees it.
-  virtual void Form_KeyDown(std::int16_t KeyCode, std::int16_t Shift) = 0;
+  virtual void Form_KeyDown(std::int16_t /*KeyCode*/, std::int16_t /*Shift*/) {}
   /// The inner size has changed.
-  virtual void Form_Resize() = 0;
+  virtual void Form_Resize() {}
 
  protected:
   FormEvents() = default;

@@ -6,18 +6,12 @@
 
 #include <vexnumkr/error.h>
 
+#include "support/error_of.h"
+
 namespace vexnumkr {
 namespace {
 
-template <class Function>
-std::int32_t errorOf(Function&& function) {
-  try {
-    function();
-  } catch (const Error& error) {
-    return error.number();
-  }
-  return 0;
-}
+using test::errorOf;
 
 XArray tableOf(const std::vector<std::vector<Value>>& rows, std::int32_t lastColumn) {
   XArray table = XArray::withColumns(lastColumn);

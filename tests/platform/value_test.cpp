@@ -3,18 +3,12 @@
 #include <vexnumkr/error.h>
 #include <vexnumkr/value.h>
 
+#include "support/error_of.h"
+
 namespace vexnumkr {
 namespace {
 
-template <class Function>
-std::int32_t errorOf(Function&& function) {
-  try {
-    function();
-  } catch (const Error& error) {
-    return error.number();
-  }
-  return 0;
-}
+using test::errorOf;
 
 TEST(ValueTest, EqualsOnlyTheSameKindWithTheSameContent) {
   EXPECT_EQ(Value(), Value(Empty{}));

@@ -23,11 +23,7 @@ class frmSonderkreise final : private FormEvents {
 
  private:
   void Form_Load() override;
-  void Form_Shown() override {}
-  void Form_QueryUnload(bool& /*Cancel*/, std::int16_t /*UnloadMode*/) override {}
   void Form_Unload() override;
-  void Form_KeyDown(std::int16_t /*KeyCode*/, std::int16_t /*Shift*/) override {}
-  void Form_Resize() override {}
 
   void cmdOK_Click();
   void cmdCancel_Click();
