@@ -172,7 +172,6 @@ struct ColumnDescription {
   std::string header;
   double width = 0;  ///< in grid units; 0 hides the column
   Alignment alignment = Alignment::Left;
-  bool editable = false;
 };
 
 struct ControlDescription {

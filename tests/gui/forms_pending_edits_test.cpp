@@ -55,9 +55,9 @@ class PendingEditsTest : public FormsTest {
   static ControlDescription gridDescription() {
     ControlDescription result =
         described(ControlKind::TreeGrid, "sftNummernkreise", {0, 0, 4400, 1900}, {}, 0);
-    result.columns = {{"", 0, Alignment::Left, false},
-                      {"Beschreibung", 120, Alignment::Left, false},
-                      {"Start", 80, Alignment::Right, true}};
+    result.columns = {{"", 0, Alignment::Left},
+                      {"Beschreibung", 120, Alignment::Left},
+                      {"Start", 80, Alignment::Right}};
     return result;
   }
 

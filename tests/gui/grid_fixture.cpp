@@ -20,8 +20,8 @@ std::string nameOf(GridArea area) {
 
 bool isModifier(std::int16_t key) { return key >= 16 && key <= 18; }
 
-ColumnDescription column(const char* header, double width, Alignment alignment, bool editable) {
-  return {header, width, alignment, editable};
+ColumnDescription column(const char* header, double width, Alignment alignment) {
+  return {header, width, alignment};
 }
 
 }  // namespace
@@ -64,14 +64,11 @@ ControlDescription gridDescription() {
   grid.accessibleName = "Nummernkreise";
   grid.position = {150, 150, 8400, 3900};
   grid.tabIndex = 0;
-  grid.columns = {column("", 0, Alignment::Left, false),
-                  column("Beschreibung", 133, Alignment::Left, false),
-                  column("Start", 87, Alignment::Right, true),
-                  column("Aktuell", 87, Alignment::Right, true),
-                  column("Ende", 87, Alignment::Right, true),
-                  column("Maske", 87, Alignment::Left, true),
-                  column("NSchl", 0, Alignment::Left, false),
-                  column("Type", 0, Alignment::Left, false)};
+  grid.columns = {
+      column("", 0, Alignment::Left),        column("Beschreibung", 133, Alignment::Left),
+      column("Start", 87, Alignment::Right), column("Aktuell", 87, Alignment::Right),
+      column("Ende", 87, Alignment::Right),  column("Maske", 87, Alignment::Left),
+      column("NSchl", 0, Alignment::Left),   column("Type", 0, Alignment::Left)};
   return grid;
 }
 

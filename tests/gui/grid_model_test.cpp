@@ -12,10 +12,10 @@ namespace vexnumkr {
 namespace {
 
 std::vector<ColumnDescription> columns() {
-  return {{"", 0, Alignment::Left, false},
-          {"Beschreibung", 133, Alignment::Left, false},
-          {"Start", 87, Alignment::Right, true},
-          {"Type", 0, Alignment::Left, false}};
+  return {{"", 0, Alignment::Left},
+          {"Beschreibung", 133, Alignment::Left},
+          {"Start", 87, Alignment::Right},
+          {"Type", 0, Alignment::Left}};
 }
 
 class GridModelTest : public testing::Test {
