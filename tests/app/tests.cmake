@@ -23,6 +23,15 @@ target_compile_definitions(host_program_test PRIVATE
   HOST_PROGRAM="$<TARGET_FILE:vexnumkr-host>" PROJECT_VERSION="${PROJECT_VERSION}")
 add_dependencies(host_program_test vexnumkr-host)
 
+vexnumkr_test(app/killed_save_test GUI LABEL fault SOURCES app/saving_host.cpp
+  LINKS vexnumkr_test_app TIMEOUT 300)
+target_compile_definitions(killed_save_test PRIVATE
+  HOST_PROGRAM="$<TARGET_FILE:vexnumkr-host>"
+  PLUGIN_FOLDER="${CMAKE_BINARY_DIR}/tests/plugins"
+  FILE_OPERATIONS="$<TARGET_FILE:vexnumkr_file_operations>")
+add_dependencies(killed_save_test
+  vexnumkr-host vexnumkr_button_presser vexnumkr_file_operations)
+
 add_test(NAME host_includes
   COMMAND "${CMAKE_COMMAND}" "-DSOURCE_DIR=${PROJECT_SOURCE_DIR}"
           -P "${CMAKE_CURRENT_LIST_DIR}/check_host_includes.cmake")
