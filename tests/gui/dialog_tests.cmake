@@ -8,3 +8,11 @@ foreach(name circles closing controls editor_walk entries filters loading option
     tree validation)
   vexnumkr_test(gui/dialog_${name}_test GUI LABEL gui LINKS vexnumkr_dialog_session)
 endforeach()
+
+# Its own functions take the place of those by which the engine waits.
+vexnumkr_test(gui/dialog_two_hosts_test GUI LABEL engine
+  SOURCES app/program.cpp support/engine_waits.cpp LINKS vexnumkr_dialog_session)
+set_target_properties(dialog_two_hosts_test PROPERTIES ENABLE_EXPORTS ON)
+target_compile_definitions(dialog_two_hosts_test PRIVATE
+  HOST_PROGRAM="$<TARGET_FILE:vexnumkr-host>" PLUGIN_FOLDER="${CMAKE_BINARY_DIR}/tests/plugins")
+add_dependencies(dialog_two_hosts_test hold_write_lock vexnumkr-host vexnumkr_button_presser)

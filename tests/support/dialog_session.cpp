@@ -59,7 +59,7 @@ std::string plainText(const QString& toolTip) {
 }  // namespace
 
 DialogSession::DialogSession()
-    : connectionString_("Driver=QSQLITE;Database=" + folder_.path().toStdString() + "/host.db"),
+    : connectionString_("Driver=QSQLITE;Database=" + databaseFile()),
       database_(connectionString_),
       component_(host_),
       watchdog_(patience, giveUp) {

@@ -42,6 +42,7 @@ class DialogSession : public ::testing::Test {
 
   // The database, on a connection of the test's own.
 
+  std::string databaseFile() const { return folder_.path().toStdString() + "/host.db"; }
   /// Runs a statement, committed at once.
   void sql(const std::string& text) { database_.run(text); }
   /// The rows of a select, their cells joined by " | ".
