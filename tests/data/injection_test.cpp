@@ -113,6 +113,38 @@ TEST_F(InjectionTest, AUserNameChangesNoOtherRow) {
   }
 }
 
+TEST_F(InjectionTest, ACaptionChangesNoOtherRow) {
+  const Texts before = others();
+  for (const std::string& attempt : attempts) {
+    SCOPED_TRACE(attempt.substr(0, 60));
+    start(1, {"Max"});
+    context().Conn().BeginTrans();
+    row({"Alle Benutzer", 1, attempt, "RE", "Rechnung", 1, 2, 9, true, 50, "", ""});
+    context().blnChanged(true);
+    EXPECT_TRUE(save()) << "captions are not saved";
+    EXPECT_EQ(others(), before);
+  }
+}
+
+TEST_F(InjectionTest, AStatementThatAValueHasTurnedIntoAnotherIsRefusedBySaving) {
+  start(1, {"Max"});
+  context().Conn().BeginTrans();
+  row({"Alle Benutzer", 1, "Nord", "RE", "Rechnung", 1, 2, 9, true, 50, "", ""});
+  table().set(0, 11, "' || (SELECT strUserName_PK FROM tblUser) || '");
+  context().blnChanged(true);
+  script().takeStatements();
+  EXPECT_FALSE(save());
+  EXPECT_EQ(boxes(),
+            std::vector{test::errorBox(
+                3001, "basAllgemein", "Save",
+                "Die Anweisung wurde nicht ausgeführt, weil ein Wert sie verändert. Bitte prüfen "
+                "Sie die Eingaben auf Hochkommas.")});
+  const Texts sent = script().takeStatements();
+  ASSERT_EQ(sent.size(), 4U) << "two deletes, the roll-back and the new transaction";
+  EXPECT_EQ((Texts{sent[2], sent[3]}), (Texts{"conn: ROLLBACK", "conn: BEGIN"}));
+  EXPECT_EQ(table().get(0, 11), Value("' || (SELECT strUserName_PK FROM tblUser) || '"));
+}
+
 TEST_F(InjectionTest, TheHostsOwnStatementsGoThrough) {
   start(1);
   std::int32_t affected = 0;

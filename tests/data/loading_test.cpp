@@ -11,6 +11,26 @@ namespace {
 using test::errorBox;
 using Texts = std::vector<std::string>;
 
+// A command of a provider that does not know how many records a statement has found.
+class CommandThatDoesNotCount final : public Command {
+ public:
+  explicit CommandThatDoesNotCount(Connection& connection) : real_(connection.createCommand()) {
+    real_->ActiveConnection(connection);
+  }
+  void ActiveConnection(Connection& connection) override { real_->ActiveConnection(connection); }
+  void CommandType(std::int32_t type) override { real_->CommandType(type); }
+  void CommandTimeout(std::int32_t seconds) override { real_->CommandTimeout(seconds); }
+  void CommandText(const std::string& text) override { real_->CommandText(text); }
+  std::unique_ptr<Recordset> Execute(std::int32_t& recordsAffected) override {
+    auto records = real_->Execute(recordsAffected);
+    recordsAffected = -1;
+    return records;
+  }
+
+ private:
+  std::unique_ptr<Command> real_;
+};
+
 class LoadingTest : public test::CoreSession {
  protected:
   void circle(int number, const std::string& caption, const std::string& origin = "ORB") {
@@ -175,6 +195,13 @@ TEST_F(LoadingTest, AFailedLookAtAnAssignmentReadsAsInactive) {
             (std::vector{errorBox(4711, "basAllgemein", "AktiviertDB", "Absichtlicher Fehler")}));
   EXPECT_EQ(activity(), (Texts{"Alle Benutzer 0 RE True", "Max 0 RE True"}))
       << "the activity rule falls back to the standard range";
+}
+
+TEST_F(LoadingTest, AnUnknownNumberOfAssignmentsCountsAsSome) {
+  start(1);
+  EXPECT_FALSE(basAllgemein::AktiviertDB(context(), 1, "RE", "Max"));
+  context().cmdSQL(std::make_unique<CommandThatDoesNotCount>(context().Conn()));
+  EXPECT_TRUE(basAllgemein::AktiviertDB(context(), 1, "RE", "Max"));
 }
 
 TEST_F(LoadingTest, AQuoteInAKeyBreaksItsStatement) {

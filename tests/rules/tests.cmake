@@ -8,3 +8,4 @@ vexnumkr_test(rules/validation_test GUI LABEL gui
   LINKS vexnumkr_core_session vexnumkr_main_dialog vexnumkr_qtgrid)
 vexnumkr_core_test(rules/saving_test unit)
 vexnumkr_core_test(rules/saving_failure_test fault)
+vexnumkr_core_test(rules/saving_engine_test engine)
