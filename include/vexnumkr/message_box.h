@@ -12,8 +12,9 @@ namespace vexnumkr {
 /// 2 Cancel, 6 Yes, 7 No. REQUIRES: a QApplication exists, and this is its thread.
 ///
 /// `prompt` and `title` are plain text (UTF-8). `style` is the sum of the buttons (0 OK, 1 OK and
-/// Cancel, 3 Yes, No and Cancel, 4 Yes and No) and the icon (16 critical, 32 question,
-/// 48 exclamation, 64 information). The first button is the default. Captions are German.
+/// Cancel, 3 Yes, No and Cancel, 4 Yes and No), the icon (16 critical, 32 question, 48 exclamation,
+/// 64 information) and the default button (0 the first, 256 the second, 512 the third). Captions
+/// are German.
 VEXNUMKR_API std::int32_t showMessageBox(const std::string& prompt, std::int32_t style,
                                          const std::string& title);
 

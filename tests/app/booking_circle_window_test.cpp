@@ -5,7 +5,9 @@
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QMessageBox>
 #include <QtWidgets/QPushButton>
+#include <QtWidgets/QStyledItemDelegate>
 #include <QtWidgets/QTreeWidget>
+#include <array>
 
 #include <vexnumkr/error.h>
 
@@ -182,8 +184,9 @@ TEST_F(CircleWindow, AsksBeforeItRemovesACircleWithActiveRanges) {
       EXPECT_EQ(box.windowTitle(), QStringLiteral("Buchungskreis entfernen"));
       EXPECT_EQ(
           box.text(),
-          QStringLiteral("Im Buchungskreis 4 sind noch Nummernkreise aktiv (AB, AN, KV, RP).\n"
-                         "Soll er trotzdem entfernt werden?"));
+          QStringLiteral(
+              "Im Buchungskreis 4 (Werkstatt) sind noch Nummernkreise aktiv: AB, AN, KV, RP.\n"
+              "Soll er trotzdem entfernt werden?"));
     };
     expectBox("no", look);
     click(window, "cmdEntfernen");
@@ -194,6 +197,127 @@ TEST_F(CircleWindow, AsksBeforeItRemovesACircleWithActiveRanges) {
     expected.erase(expected.begin() + 3);
     EXPECT_EQ(lines(window), expected);
     EXPECT_EQ(current(window), "5");
+  });
+}
+
+TEST_F(CircleWindow, EnterDoesNotRemoveACircleWithActiveRanges) {
+  inWindow([&](QDialog& window) {
+    choose(window, 3);
+    windows_.expect("msgBox", [](QDialog& box) { QTest::keyClick(&box, Qt::Key_Return); });
+    click(window, "cmdEntfernen");
+    EXPECT_EQ(lines(window), sample_);
+    windows_.expect("msgBox", [](QDialog& box) {
+      EXPECT_TRUE(child<QPushButton>(box, "no").isDefault());
+      QTest::keyClick(&box, Qt::Key_Left);
+      QTest::keyClick(box.focusWidget(), Qt::Key_Return);
+    });
+    click(window, "cmdEntfernen");
+    EXPECT_EQ(lines(window).size(), sample_.size() - 1);
+  });
+}
+
+TEST_F(CircleWindow, RefusesEveryEntryThatTheFilterCouldNotTellApart) {
+  const std::vector<std::array<const char*, 3>> entries = {
+      {"7", "", "Die Beschreibung darf nicht leer sein."},
+      {"7", "   ", "Die Beschreibung darf nicht leer sein."},
+      {"7", "Alle Buchungskreise",
+       "\"Alle Buchungskreise\" hat eine feste Bedeutung und kann keine Beschreibung sein."},
+      {"7", " Aktive Buchungskreise ",
+       "\"Aktive Buchungskreise\" hat eine feste Bedeutung und kann keine Beschreibung sein."},
+      {"7", "Standard", "\"Standard\" hat eine feste Bedeutung und kann keine Beschreibung sein."},
+      {"7", "Onlinehandel", "Der Buchungskreis 3 heißt schon so."},
+      {"0", "Lager", "Die Nummer muss eine ganze Zahl ab 1 sein."},
+      {"", "Lager", "Die Nummer muss eine ganze Zahl ab 1 sein."},
+      {"-1", "Lager", "Die Nummer muss eine ganze Zahl ab 1 sein."},
+      {"1,5", "Lager", "Die Nummer muss eine ganze Zahl ab 1 sein."},
+      {"4294967297", "Lager", "Die Nummer muss eine ganze Zahl ab 1 sein."},
+      {"1", "Lager", "Die Nummer 1 ist schon vergeben."}};
+  inWindow([&](QDialog& window) {
+    windows_.expect("frmBuchungskreis", [&](QDialog& editor) {
+      for (const auto& [number, description, hint] : entries) {
+        typeInto(editor, "txtNummer", QString::fromUtf8(number));
+        typeInto(editor, "txtBeschreibung", QString::fromUtf8(description));
+        EXPECT_EQ(child<QLabel>(editor, "lblHinweis").text(), QString::fromUtf8(hint));
+        EXPECT_FALSE(child<QPushButton>(editor, "cmdOK").isEnabled()) << description;
+        QTest::keyClick(&child<QLineEdit>(editor, "txtBeschreibung"), Qt::Key_Return);
+        EXPECT_TRUE(editor.isVisible());
+      }
+      QTest::keyClick(&editor, Qt::Key_Escape);
+    });
+    click(window, "cmdNeu");
+    EXPECT_EQ(lines(window), sample_);
+  });
+}
+
+TEST_F(CircleWindow, RefusesTheSameWhenRenaming) {
+  inWindow([&](QDialog& window) {
+    choose(window, 1);
+    windows_.expect("frmBuchungskreis", [&](QDialog& editor) {
+      EXPECT_TRUE(child<QPushButton>(editor, "cmdOK").isEnabled()) << "its own name may stay";
+      for (const char* description : {"", "Standard", "Werkstatt"}) {
+        typeInto(editor, "txtBeschreibung", QString::fromUtf8(description));
+        EXPECT_FALSE(child<QPushButton>(editor, "cmdOK").isEnabled()) << description;
+      }
+      click(editor, "cmdCancel");
+    });
+    click(window, "cmdUmbenennen");
+    EXPECT_EQ(lines(window), sample_);
+  });
+}
+
+TEST_F(CircleWindow, ADoubleClickRenames) {
+  inWindow([&](QDialog& window) {
+    expectEditor({}, QStringLiteral("Dresden"), "cmdOK");
+    auto& list = child<QTreeWidget>(window, "lstBuchungskreise");
+    const QPoint place = list.visualItemRect(list.topLevelItem(1)).center();
+    QTest::mouseClick(list.viewport(), Qt::LeftButton, Qt::NoModifier, place);
+    QTest::mouseDClick(list.viewport(), Qt::LeftButton, Qt::NoModifier, place);
+    EXPECT_EQ(lines(window)[1], (Row{"2", "Dresden"}));
+  });
+}
+
+TEST_F(CircleWindow, TabVisitsTheListAndEveryButton) {
+  inWindow([](QDialog&) {
+    std::vector<std::string> visited;
+    for (int i = 0; i < 5; ++i) {
+      visited.push_back(QApplication::focusWidget()->objectName().toStdString());
+      QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    }
+    EXPECT_EQ(visited, (std::vector<std::string>{"lstBuchungskreise", "cmdNeu", "cmdUmbenennen",
+                                                 "cmdEntfernen", "cmdSchliessen"}));
+    EXPECT_EQ(QApplication::focusWidget()->objectName(), QStringLiteral("lstBuchungskreise"));
+  });
+}
+
+TEST_F(CircleWindow, SaysWhenItsChangesAreSaved) {
+  inWindow([&](QDialog& window) {
+    const auto& hint = child<QLabel>(window, "lblHinweis");
+    EXPECT_EQ(hint.text(), QStringLiteral("Die Änderungen werden erst mit dem Dialog "
+                                          "\"Nummernkreise\" gespeichert."));
+    database_.run("UPDATE Nummernkreise SET Aktiviert = 0");
+    for (std::size_t i = 0; i < sample_.size(); ++i) click(window, "cmdEntfernen");
+    EXPECT_EQ(lines(window), std::vector<Row>{});
+    EXPECT_EQ(
+        hint.text(),
+        QStringLiteral("Es gibt noch keinen Buchungskreis. Mit \"Neu …\" legen Sie einen an."));
+    EXPECT_FALSE(child<QPushButton>(window, "cmdEntfernen").isEnabled());
+  });
+}
+
+TEST_F(CircleWindow, NothingIsCutOff) {
+  database_.run(
+      "INSERT INTO Nummernkreis_Buchungskreise VALUES (2147483647, "
+      "'Eine Beschreibung, die so lang ist, wie sie überhaupt sein darf', 'ORB')");
+  inWindow([&](QDialog& window) {
+    const auto& list = child<QTreeWidget>(window, "lstBuchungskreise");
+    for (const int column : {0, 1})
+      EXPECT_GE(list.columnWidth(column),
+                static_cast<const QAbstractItemView&>(list).sizeHintForColumn(column));
+    for (const QPushButton* each : window.findChildren<QPushButton*>())
+      EXPECT_GE(each->width(), each->sizeHint().width()) << each->text().toStdString();
+    const auto& numbers = dynamic_cast<QStyledItemDelegate&>(*list.itemDelegateForColumn(0));
+    EXPECT_EQ(numbers.displayText(2147483647, QLocale(QLocale::German)).trimmed(),
+              QStringLiteral("2147483647"));
   });
 }
 

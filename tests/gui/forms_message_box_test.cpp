@@ -99,6 +99,31 @@ TEST_F(MessageBoxTest, HasTheIconOfItsStyle) {
   EXPECT_EQ(icon(64), QMessageBox::Information);
 }
 
+TEST_F(MessageBoxTest, TheStyleNamesAnotherDefault) {
+  EXPECT_EQ(askAndPress(4 + 256, Qt::Key_Return), msg_box::no);
+  EXPECT_EQ(askAndPress(4 + 32 + 256, Qt::Key_Enter), msg_box::no);
+  EXPECT_EQ(askAndPress(3 + 32 + 256, Qt::Key_Return), msg_box::no);
+  EXPECT_EQ(askAndPress(3 + 32 + 512, Qt::Key_Return), msg_box::cancel);
+  EXPECT_EQ(askAndPress(1 + 48 + 256, Qt::Key_Return), msg_box::cancel);
+}
+
+TEST_F(MessageBoxTest, ADefaultThatIsNotThereIsTheFirstButton) {
+  EXPECT_EQ(askAndPress(0 + 256, Qt::Key_Return), msg_box::ok);
+  EXPECT_EQ(askAndPress(4 + 512, Qt::Key_Return), msg_box::yes);
+  EXPECT_EQ(askAndPress(3 + 768, Qt::Key_Return), msg_box::yes);
+}
+
+TEST_F(MessageBoxTest, TheDefaultIsMarkedAndHasTheFocus) {
+  boxes.expect("yes", [](QDialog& dialog) {
+    const auto* no = dialog.findChild<QPushButton*>(QStringLiteral("no"));
+    EXPECT_TRUE(no->isDefault());
+    EXPECT_EQ(dialog.focusWidget(), no);
+    EXPECT_FALSE(dialog.findChild<QPushButton*>(QStringLiteral("yes"))->isDefault());
+    EXPECT_EQ(dialog.property("buttons").toInt(), 4 + 32 + 256);
+  });
+  toolkit->MsgBox("Frage", 4 + 32 + 256, "Titel");
+}
+
 TEST_F(MessageBoxTest, TheFirstButtonIsTheDefault) {
   EXPECT_EQ(askAndPress(3, Qt::Key_Return), msg_box::yes);
   EXPECT_EQ(askAndPress(4, Qt::Key_Return), msg_box::yes);

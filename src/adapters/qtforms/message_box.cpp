@@ -15,6 +15,8 @@ namespace {
 
 constexpr std::int32_t buttonBits = 0x0F;
 constexpr std::int32_t iconBits = 0xF0;
+constexpr std::int32_t defaultBits = 0x300;
+constexpr std::int32_t secondButtonDefault = 0x100;
 
 struct Choice {
   std::int32_t code;
@@ -61,6 +63,12 @@ QMessageBox::Icon iconOf(std::int32_t style) {
   }
 }
 
+// The place of the button that Enter presses; the first one's where the style names none there is.
+std::size_t defaultPlace(std::int32_t style, std::size_t buttons) {
+  const auto place = static_cast<std::size_t>((style & defaultBits) / secondButtonDefault);
+  return place < buttons ? place : 0;
+}
+
 class Box final : public QMessageBox {
  public:
   Box(const std::string& prompt, std::int32_t style, const std::string& title, QWidget* owner)
@@ -75,7 +83,7 @@ class Box final : public QMessageBox {
     setWindowTitle(toQt(title));
     setIcon(iconOf(style));
     for (const Choice& choice : choicesOf(style)) add(choice);
-    setDefaultButton(answers_.front().button);
+    setDefaultButton(answers_[defaultPlace(style, answers_.size())].button);
     setWindowFlag(Qt::CustomizeWindowHint);
     setWindowFlag(Qt::WindowCloseButtonHint, closable());
   }

@@ -5,6 +5,7 @@
 #include <QtWidgets/QHeaderView>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QPushButton>
+#include <QtWidgets/QStyledItemDelegate>
 #include <QtWidgets/QTreeWidget>
 #include <QtWidgets/QVBoxLayout>
 #include <algorithm>
@@ -20,11 +21,23 @@ namespace vexnumkr::host {
 namespace {
 
 constexpr int lineMargins = 8;
-constexpr std::int32_t yesNoQuestion = 4 + 32;
+constexpr std::int32_t yesNoQuestion = 4 + 32 + 256;  // "Nein" is the default
 constexpr std::int32_t exclamation = 48;
 constexpr std::int32_t yes = 6;
 
 enum Column { numberColumn, descriptionColumn, activeColumn };
+
+// Keeps a number at the right edge of its column clear of the next column.
+const QString edge(2, QChar::Nbsp);
+
+/// Shows numbers as they are, without the dots of a large amount.
+class NumberDelegate : public QStyledItemDelegate {
+ public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+  QString displayText(const QVariant& value, const QLocale&) const override {
+    return value.toString() + edge;
+  }
+};
 
 QString joined(const std::vector<std::string>& keys) {
   QStringList list;
@@ -58,7 +71,8 @@ void BookingCircleWindow::build(bool multiSelect) {
   list_ = new QTreeWidget(this);
   list_->setObjectName(QStringLiteral("lstBuchungskreise"));
   list_->setAccessibleName(QStringLiteral("Buchungskreise"));
-  list_->setHeaderLabels({QStringLiteral("Nummer"), QStringLiteral("Beschreibung"),
+  list_->setItemDelegateForColumn(numberColumn, new NumberDelegate(list_));
+  list_->setHeaderLabels({QStringLiteral("Nummer") + edge, QStringLiteral("Beschreibung"),
                           QStringLiteral("Aktive Belegarten")});
   list_->setRootIsDecorated(false);
   list_->setUniformRowHeights(true);
@@ -72,6 +86,9 @@ void BookingCircleWindow::build(bool multiSelect) {
   auto* label = new QLabel(QStringLiteral("&Buchungskreise:"), this);
   label->setObjectName(QStringLiteral("lblBuchungskreise"));
   label->setBuddy(list_);
+  hint_ = new QLabel(this);
+  hint_->setObjectName(QStringLiteral("lblHinweis"));
+  hint_->setWordWrap(true);
 
   auto* buttons = new QVBoxLayout;
   add_ = button("cmdNeu", QStringLiteral("&Neu …"), buttons);
@@ -86,6 +103,7 @@ void BookingCircleWindow::build(bool multiSelect) {
   auto* layout = new QVBoxLayout(this);
   layout->addWidget(label);
   layout->addLayout(row);
+  layout->addWidget(hint_);
   resize(fontMetrics().averageCharWidth() * 100, fontMetrics().lineSpacing() * 24);
   list_->setFocus();
 }
@@ -128,6 +146,11 @@ void BookingCircleWindow::showCircles(std::int32_t current) {
     item->setSizeHint(numberColumn, lineSize);
   }
   if (!present_.empty()) list_->setCurrentItem(list_->topLevelItem(lineFor(current)));
+  hint_->setText(
+      present_.empty()
+          ? QStringLiteral("Es gibt noch keinen Buchungskreis. Mit \"Neu …\" legen Sie einen an.")
+          : QStringLiteral(
+                "Die Änderungen werden erst mit dem Dialog \"Nummernkreise\" gespeichert."));
   fitColumns();
   enableButtons();
 }
@@ -172,22 +195,26 @@ void BookingCircleWindow::addCircle() {
 void BookingCircleWindow::renameCircle() {
   const std::vector<std::int32_t> selected = selectedNumbers();
   if (selected.size() != 1) return;
-  const auto circle =
-      std::find_if(present_.begin(), present_.end(),
-                   [&](const BookingCircle& each) { return each.number == selected.front(); });
-  BookingCircleEditor editor(*circle, present_, this);
+  BookingCircleEditor editor(listed(selected.front()), present_, this);
   if (editor.exec() != QDialog::Accepted) return;
   const BookingCircle renamed = editor.entered();
   apply([&] { circles_.rename(renamed.number, renamed.description); }, renamed.number);
 }
 
+const BookingCircle& BookingCircleWindow::listed(std::int32_t number) const {
+  return *std::find_if(present_.begin(), present_.end(),
+                       [&](const BookingCircle& each) { return each.number == number; });
+}
+
 bool BookingCircleWindow::confirmRemoval(std::int32_t number) {
   const std::vector<std::string> active = circles_.activeKeys(number);
   if (active.empty()) return true;
-  const QString prompt = QStringLiteral(
-                             "Im Buchungskreis %1 sind noch Nummernkreise aktiv (%2).\n"
-                             "Soll er trotzdem entfernt werden?")
-                             .arg(QString::number(number), joined(active));
+  const QString prompt =
+      QStringLiteral(
+          "Im Buchungskreis %1 (%2) sind noch Nummernkreise aktiv: %3.\n"
+          "Soll er trotzdem entfernt werden?")
+          .arg(QString::number(number), QString::fromStdString(listed(number).description),
+               joined(active));
   return showMessageBox(prompt.toStdString(), yesNoQuestion, "Buchungskreis entfernen") == yes;
 }
 

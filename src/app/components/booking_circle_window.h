@@ -8,6 +8,7 @@
 
 #include "app/components/booking_circles.h"
 
+class QLabel;
 class QPushButton;
 class QTreeWidget;
 
@@ -33,6 +34,8 @@ class BookingCircleWindow : public QDialog {
   int lineFor(std::int32_t number) const;
   void enableButtons();
   std::vector<std::int32_t> selectedNumbers() const;
+  /// REQUIRES: that number is listed.
+  const BookingCircle& listed(std::int32_t number) const;
 
   void addCircle();
   void renameCircle();
@@ -44,6 +47,7 @@ class BookingCircleWindow : public QDialog {
   BookingCircles circles_;
   std::vector<BookingCircle> present_;
   QTreeWidget* list_;
+  QLabel* hint_;
   QPushButton* add_;
   QPushButton* rename_;
   QPushButton* remove_;
