@@ -208,8 +208,7 @@ TEST_F(CircleWindow, EnterDoesNotRemoveACircleWithActiveRanges) {
     EXPECT_EQ(lines(window), sample_);
     windows_.expect("msgBox", [](QDialog& box) {
       EXPECT_TRUE(child<QPushButton>(box, "no").isDefault());
-      QTest::keyClick(&box, Qt::Key_Left);
-      QTest::keyClick(box.focusWidget(), Qt::Key_Return);
+      click(box, "yes");
     });
     click(window, "cmdEntfernen");
     EXPECT_EQ(lines(window).size(), sample_.size() - 1);

@@ -61,8 +61,8 @@ void frmNummernkreise::RefreshFont(const std::string& fontName) {
 void frmNummernkreise::Show() { form_->ShowModal(); }
 
 void frmNummernkreise::Form_Load() {
+  takeIcon();
   reporting("Form_Load", [&] {
-    if (HostTexts* texts = context_.host().Texts()) form_->Icon(texts->Picture(windowIcon));
     layout_.emplace(*form_);
     closeMode_ = NotClosing;
     basAllgemein::basInititialize(context_);
@@ -81,6 +81,13 @@ void frmNummernkreise::Form_Load() {
     basAllgemein::RefreshSGroups(context_);
     cboUser_.ListIndex(0);
     context_.Conn().BeginTrans();
+  });
+}
+
+// A host that cannot deliver the icon is told of; the dialog does without.
+void frmNummernkreise::takeIcon() {
+  reporting("Form_Load", [&] {
+    if (HostTexts* texts = context_.host().Texts()) form_->Icon(texts->Picture(windowIcon));
   });
 }
 

@@ -68,6 +68,7 @@ class frmNummernkreise final : public MainDialog, private FormEvents, private Tr
   }
 
   void connectControls();
+  void takeIcon();
   void applyApplicationStyle();
   void storePictures();
   void fillUserCombo();
