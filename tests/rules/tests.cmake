@@ -1,4 +1,5 @@
 vexnumkr_core_test(rules/activity_test unit)
+vexnumkr_core_test(rules/broken_host_test fault)
 vexnumkr_core_test(rules/activity_random_test unit)
 vexnumkr_core_test(rules/mask_numbering_test unit)
 vexnumkr_core_test(rules/mask_random_test unit)

@@ -18,6 +18,11 @@ struct SettingsCalls {
   std::map<std::string, std::string> values;
   std::vector<std::string> calls;
   std::vector<const Connection*> connections;
+  std::string failing;  // the member that fails, with error 4712
+
+  void enter(const char* member) const {
+    if (failing == member) throw Error(4712, "Host", "Der Host versagt");
+  }
 };
 
 class KeptSettings final : public SettingsStore {
@@ -25,12 +30,14 @@ class KeptSettings final : public SettingsStore {
   explicit KeptSettings(SettingsCalls& calls) : calls_(calls) {}
 
   void Init(std::int32_t reserved, Connection& connection) override {
+    calls_.enter("Init");
     calls_.calls.push_back("Init " + std::to_string(reserved));
     calls_.connections.push_back(&connection);
   }
   void GetSetting(const std::string& section, const std::string& key, std::string& value,
                   const std::string& profile, const std::string& user,
                   const std::string& defaultValue) override {
+    calls_.enter("GetSetting");
     calls_.calls.push_back("Get " + section + " " + key + " " + profile + " " + user + " " +
                            defaultValue);
     const auto found = calls_.values.find(inSmallLetters(key));
@@ -38,6 +45,7 @@ class KeptSettings final : public SettingsStore {
   }
   void SaveSetting(const std::string& section, const std::string& key, const std::string& value,
                    const std::string& profile) override {
+    calls_.enter("SaveSetting");
     calls_.calls.push_back("Save " + section + " " + key + " " + value + " " + profile);
     calls_.values[inSmallLetters(key)] = value;
   }

@@ -29,16 +29,26 @@ struct CircleDialogCalls {
   std::vector<bool> multiSelect;
   std::vector<std::pair<std::string, std::int32_t>> shown;
   std::function<void(Connection&)> whenShown;  // the user's work in it
+  std::string failing;                         // the member that fails, with error 4712
+
+  void enter(const char* member) const {
+    if (failing == member) throw Error(4712, "Host", "Der Host versagt");
+  }
 };
 
 class PlainCircleDialog final : public BookingCircleDialog {
  public:
   explicit PlainCircleDialog(CircleDialogCalls& calls) : calls_(calls) {}
   void Connection(std::shared_ptr<vexnumkr::Connection> connection) override {
+    calls_.enter("Connection");
     calls_.connection = std::move(connection);
   }
-  void MultiSelect(bool on) override { calls_.multiSelect.push_back(on); }
+  void MultiSelect(bool on) override {
+    calls_.enter("MultiSelect");
+    calls_.multiSelect.push_back(on);
+  }
   void Show(const std::string& origin, std::int32_t number) override {
+    calls_.enter("Show");
     calls_.shown.emplace_back(origin, number);
     if (calls_.whenShown) calls_.whenShown(*calls_.connection);
   }
@@ -50,6 +60,7 @@ class PlainCircleDialog final : public BookingCircleDialog {
 class PlainHost final : public HostComponents {
  public:
   std::unique_ptr<HostComponent> CreateObject(const std::string& name) override {
+    if (name == component_name::bookingCircles && makeInstead) return makeInstead();
     if (name == component_name::bookingCircles && hasCircleDialog)
       return std::make_unique<PlainCircleDialog>(circleDialog);
     throw Error::cannotCreateObject();
@@ -58,6 +69,7 @@ class PlainHost final : public HostComponents {
   HostMessages* Messages() override { return messages; }
 
   bool hasCircleDialog = true;
+  std::function<std::unique_ptr<HostComponent>()> makeInstead;  // of the circle dialog
   CircleDialogCalls circleDialog;
   HostTexts* texts = nullptr;
   HostMessages* messages = nullptr;
