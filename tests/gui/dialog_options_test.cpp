@@ -77,6 +77,25 @@ TEST_F(DialogOptionsTest, EveryPairHasItsCaptions) {
   });
 }
 
+TEST_F(DialogOptionsTest, NoTextIsCutOff) {
+  inCompanysOptions([&] {
+    for (QWidget* each : scenario::controlsOf(dialog())) {
+      const auto needed = [&](const QString& text) {
+        return each->fontMetrics().horizontalAdvance(text);
+      };
+      const QRect inside = each->parentWidget()->rect();
+      EXPECT_TRUE(inside.contains(each->geometry())) << each->objectName().toStdString();
+      if (const auto* box = qobject_cast<QGroupBox*>(each)) {
+        EXPECT_LT(needed(box->title()), box->width() - 8) << box->title().toStdString();
+      } else if (const auto* button = qobject_cast<QAbstractButton*>(each)) {
+        EXPECT_LT(needed(button->text()), button->width() - 20) << button->text().toStdString();
+        EXPECT_LE(button->fontMetrics().height(), button->height());
+      }
+    }
+    press("cmdCancel");
+  });
+}
+
 TEST_F(DialogOptionsTest, WithoutSettingsTheFirstChoicesStand) {
   inCompanysOptions([&] {
     EXPECT_EQ(chosen(), "0000000");

@@ -2,6 +2,7 @@
 #include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
+#include <QScrollBar>
 
 #include "scenario/controls.h"
 #include "scenario/input.h"
@@ -77,6 +78,28 @@ TEST_F(DialogSpecialRangesTest, TheDialogLooksAsDesigned) {
       press("cmdCancel");
     });
   });
+}
+
+TEST_F(DialogSpecialRangesTest, NoTextIsCutOffInEitherFont) {
+  addSpecialRanges();
+  for (const std::int32_t application : {1, 2}) {
+    if (application == 1) smallCompany("ORB");
+    init(application);
+    show([&] {
+      inSpecialRanges([&] {
+        const auto& label = control<QLabel>("lblSonderkreise");
+        EXPECT_LE(label.fontMetrics().horizontalAdvance(label.text()), label.width());
+        EXPECT_LE(label.fontMetrics().height(), label.height() + 2);
+        for (const char* name : {"cmdOK", "cmdCancel"}) {
+          const auto& button = control<QPushButton>(name);
+          EXPECT_LT(button.fontMetrics().horizontalAdvance(button.text()), button.width() - 8);
+        }
+        EXPECT_EQ(list().horizontalScrollBar()->maximum(), 0);
+        press("cmdCancel");
+      });
+      press("cmdCancel");
+    });
+  }
 }
 
 TEST_F(DialogSpecialRangesTest, OkWritesEveryRecordInItsOrder) {

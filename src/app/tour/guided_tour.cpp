@@ -42,7 +42,7 @@ GuidedTour::GuidedTour(const std::string& folder, std::ostream& narration)
 GuidedTour::~GuidedTour() = default;
 
 void GuidedTour::start() {
-  steps_ = {{mainDialog, [this](QWidget& dialog) { planTour(dialog); }}};
+  steps_ = {{mainDialog, [this](QWidget& dialog) { plan(dialog); }}};
   waiting_.start();
   scheduleTick();
 }
@@ -103,21 +103,24 @@ void GuidedTour::photograph(QWidget& window, const std::string& name, const std:
 }
 
 void GuidedTour::look(const char* window, const std::string& name, const std::string& text) {
-  steps_.push_back({window, [=, this](QWidget& shown) { photograph(shown, name, text); }});
+  then(window, [=, this](QWidget& shown) { photograph(shown, name, text); });
 }
 
-void GuidedTour::planTour(QWidget& dialog) {
+void GuidedTour::then(const char* window, std::function<void(QWidget&)> act) {
+  steps_.push_back({window, std::move(act)});
+}
+
+void GuidedTour::plan(QWidget& dialog) {
   look(mainDialog, "dialog", "Der Dialog ist geöffnet und zeigt alle Nummernkreise.");
   planFilters();
   planTicks();
   planSideDialogs(dialog);
-  steps_.push_back({mainDialog, [](QWidget& shown) { clickButton(shown, "cmdCancel"); }});
+  then(mainDialog, [](QWidget& shown) { clickButton(shown, "cmdCancel"); });
 }
 
 void GuidedTour::planFilters() {
   const auto filter = [this](int entry) {
-    steps_.push_back(
-        {mainDialog, [=](QWidget& shown) { chooseEntry(shown, "cboBuchungskreis", entry); }});
+    then(mainDialog, [=](QWidget& shown) { chooseEntry(shown, "cboBuchungskreis", entry); });
   };
   filter(1);
   look(mainDialog, "filter-aktive", "Der Filter zeigt nur die aktiven Buchungskreise.");
@@ -128,24 +131,24 @@ void GuidedTour::planFilters() {
 
 void GuidedTour::planTicks() {
   const auto tickRange = [this] {
-    steps_.push_back({mainDialog, [](QWidget& shown) { tickLastOfFirstGroup(shown, grid); }});
+    then(mainDialog, [](QWidget& shown) { tickLastOfFirstGroup(shown, grid); });
   };
   tickRange();
   look(mainDialog, "angekreuzt", "Die Leertaste kreuzt einen Nummernkreis an oder ab.");
-  steps_.push_back({mainDialog, [](QWidget& shown) { chooseEntry(shown, "cboUser", 1); }});
+  then(mainDialog, [](QWidget& shown) { chooseEntry(shown, "cboUser", 1); });
   look(mainDialog, "benutzer", "Für einen Benutzer ist je Belegart ein Nummernkreis gewählt.");
   tickRange();
   look(mainDialog, "benutzer-wahl", "Der Benutzer bekommt einen anderen Nummernkreis.");
-  steps_.push_back({mainDialog, [](QWidget& shown) { chooseEntry(shown, "cboUser", 0); }});
+  then(mainDialog, [](QWidget& shown) { chooseEntry(shown, "cboUser", 0); });
 }
 
 void GuidedTour::planSideDialogs(QWidget& dialog) {
   const auto visit = [&](const char* button, const char* window, const char* leaveBy,
                          const std::string& name, const std::string& text) {
     if (!shows(dialog, button)) return;
-    steps_.push_back({mainDialog, [=](QWidget& shown) { clickButton(shown, button); }});
+    then(mainDialog, [=](QWidget& shown) { clickButton(shown, button); });
     look(window, name, text);
-    steps_.push_back({window, [=](QWidget& shown) { clickButton(shown, leaveBy); }});
+    then(window, [=](QWidget& shown) { clickButton(shown, leaveBy); });
   };
   visit("cmdBuchungskreise", circlesDialog, "cmdSchliessen", "buchungskreise",
         "Die Buchungskreise werden in einem eigenen Fenster verwaltet.");

@@ -33,6 +33,13 @@ class GuidedTour : public QObject {
   /// To be called when the dialog is closed: whether the tour went as planned.
   bool finish();
 
+ protected:
+  /// Plans the steps; called once, when the first dialog is up. Derived tours plan their own.
+  virtual void plan(QWidget& dialog);
+  /// Adds a step: `act` runs in the window of that name once it is in front. An Error ends the
+  /// tour.
+  void then(const char* window, std::function<void(QWidget&)> act);
+
  private:
   struct Step {
     const char* window;
@@ -44,7 +51,6 @@ class GuidedTour : public QObject {
   void runNextStep(QWidget& window);
   void leave(QWidget& window, const std::string& why);
 
-  void planTour(QWidget& dialog);
   void planFilters();
   void planTicks();
   void planSideDialogs(QWidget& dialog);
