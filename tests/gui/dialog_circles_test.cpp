@@ -180,6 +180,23 @@ TEST_F(DialogCirclesTest, CancelTakesTheCirclesBack) {
   EXPECT_EQ(rows("SELECT COUNT(*) FROM Nummernkreis_Buchungskreise"), Lines{"2"});
 }
 
+TEST_F(DialogCirclesTest, OkKeepsANewNameOnlyTogetherWithAChange) {
+  const std::string names = "SELECT Beschreibung FROM Nummernkreis_Buchungskreise ORDER BY 1";
+  inCompany(2, [&] {
+    administer(renameNord);
+    press("cmdOK");
+  });
+  EXPECT_EQ(rows(names), (Lines{"Nord", "Süd"}));
+  show([&] {
+    administer(renameNord);
+    select("cboUser", "Max");
+    clickPicture(2);  // what Max has chosen already
+    press("cmdOK");
+    EXPECT_FALSE(isOpen());
+  });
+  EXPECT_EQ(rows(names), (Lines{"Norden", "Süd"}));
+}
+
 TEST_F(DialogCirclesTest, OkKeepsThem) {
   inCompany(2, [&] {
     administer(addWest);

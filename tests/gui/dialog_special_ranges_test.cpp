@@ -135,6 +135,29 @@ TEST_F(DialogSpecialRangesTest, EntryAndRecordBelongTogetherAlsoWhereDescription
   EXPECT_EQ(stored(), (Lines{"A1 | 0", "A2 | 0", "R1 | 0"}));
 }
 
+// A way to have nothing but ticks saved: choosing what a user has chosen already changes nothing,
+// but counts as a change.
+TEST_F(DialogSpecialRangesTest, TicksAreSavedOnceAUsersChoiceIsChosenAgain) {
+  inCompanyWithSpecialRanges(2, [&] {
+    inSpecialRanges([&] {
+      tick(1);
+      press("cmdOK");
+    });
+    EXPECT_FALSE(changed());
+    select("cboUser", "Max");
+    EXPECT_EQ(picture(2), "ValueTrue");
+    clickPicture(2);
+    EXPECT_EQ(picture(2), "ValueTrue");
+    EXPECT_TRUE(changed());
+    press("cmdOK");
+    EXPECT_FALSE(isOpen());
+  });
+  EXPECT_EQ(stored(), (Lines{"A1 | 0", "A2 | 0", "R1 | 0"}));
+  EXPECT_EQ(rows("SELECT Buchungskreis, NSchl FROM Nummernkreis_Zuordnung WHERE Benutzer='Max' "
+                 "ORDER BY NSchl"),
+            (Lines{"1 | AN", "0 | RE"}));
+}
+
 TEST_F(DialogSpecialRangesTest, OkWithoutAChangeWritesTheOldStates) {
   inCompanyWithSpecialRanges(2, [&] {
     inSpecialRanges([&] {

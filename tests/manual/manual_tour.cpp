@@ -43,6 +43,7 @@ QImage framed(QWidget& window) {
   painter.setFont(font);
   painter.drawText(QRect(10, 0, image.width() - 40, titleHeight), Qt::AlignVCenter,
                    window.windowTitle());
+  if (!window.windowFlags().testFlag(Qt::WindowCloseButtonHint)) return image;
   painter.setRenderHint(QPainter::Antialiasing);
   const QRectF cross(image.width() - 22.5, titleHeight / 2.0 - 5, 9, 9);
   painter.setPen(QPen(textColour, 1.3));
@@ -57,9 +58,9 @@ QAbstractItemView& grid(QWidget& dialog) {
   return *found;
 }
 
-/// A key for whatever has the focus.
-void press(Qt::Key key, const QString& text = {}) {
-  QWidget* target = QApplication::focusWidget();
+/// A key for what has the focus in the window, whether or not that is the active one yet.
+void press(QWidget& window, Qt::Key key, const QString& text = {}) {
+  QWidget* target = window.focusWidget();
   if (target == nullptr) throw Error::objectNotSet();
   for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
     QKeyEvent event(type, key, Qt::NoModifier, text);
@@ -67,15 +68,15 @@ void press(Qt::Key key, const QString& text = {}) {
   }
 }
 
-void type(const QString& text) {
-  for (const QChar each : text) press(Qt::Key_unknown, QString(each));
+void type(QWidget& window, const QString& text) {
+  for (const QChar each : text) press(window, Qt::Key_unknown, QString(each));
 }
 
 /// Makes the line `line` of the grid the current one, and opens its first value.
 void editLine(QWidget& dialog, int line) {
   pressKey(grid(dialog), Qt::Key_Home);
   for (int i = 0; i < line; ++i) pressKey(grid(dialog), Qt::Key_Down);
-  press(Qt::Key_F2);
+  press(dialog, Qt::Key_F2);
 }
 
 }  // namespace
@@ -141,7 +142,7 @@ void ManualTour::planViews() {
 void ManualTour::planEditing() {
   then(mainDialog, [](QWidget& dialog) { editLine(dialog, 2); });
   upperPart(QStringLiteral("zelle"), 7);
-  then(mainDialog, [](QWidget&) { host::press(Qt::Key_Escape); });
+  then(mainDialog, [](QWidget& dialog) { host::press(dialog, Qt::Key_Escape); });
   press(mainDialog, "cmdAuto");
   picture(box, QStringLiteral("automatisch"));
   press(box, "no");
@@ -151,7 +152,7 @@ void ManualTour::planBookingCircles() {
   press(mainDialog, "cmdBuchungskreise");
   picture(circles, QStringLiteral("buchungskreise"));
   press(circles, "cmdNeu");
-  then(circle, [](QWidget&) { type(QStringLiteral("Werkstatt")); });
+  then(circle, [](QWidget& editor) { type(editor, QStringLiteral("Werkstatt")); });
   picture(circle, QStringLiteral("buchungskreis-neu"));
   press(circle, "cmdCancel");
   then(circles, [](QWidget& window) {
@@ -168,11 +169,11 @@ void ManualTour::planBookingCircles() {
 void ManualTour::planSaving() {
   then(mainDialog, [](QWidget& dialog) {
     editLine(dialog, 2);
-    host::press(Qt::Key_Tab);
-    host::press(Qt::Key_Tab);
-    type(QStringLiteral("1260000"));
-    host::press(Qt::Key_Return);
-    host::press(Qt::Key_Escape);
+    host::press(dialog, Qt::Key_Tab);
+    host::press(dialog, Qt::Key_Tab);
+    type(dialog, QStringLiteral("1260000"));
+    host::press(dialog, Qt::Key_Return);
+    host::press(dialog, Qt::Key_Escape);
     clickButton(dialog, "cmdOK");
   });
   picture(box, QStringLiteral("speichern"));
@@ -180,7 +181,7 @@ void ManualTour::planSaving() {
   picture(box, QStringLiteral("meldung"));
   press(box, "ok");
   upperPart(QStringLiteral("meldung-zelle"), 5);
-  then(mainDialog, [](QWidget&) { host::press(Qt::Key_Escape); });
+  then(mainDialog, [](QWidget& dialog) { host::press(dialog, Qt::Key_Escape); });
 }
 
 void ManualTourOfOptions::plan(QWidget&) {
