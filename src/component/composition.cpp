@@ -17,10 +17,12 @@ class SystemClock final : public Clock {
 
 }  // namespace
 
-QtComponent::QtComponent(HostComponents& host)
+QtComponent::QtComponent(HostComponents& host, ProgressClock now)
     : forms_(makeQtFormsToolkit()),
       clock_(std::make_unique<SystemClock>()),
-      component_(std::make_unique<Component>(Services{*forms_, host, *clock_}, createMainDialog)) {}
+      progress_(makeQtProgressDisplay(std::move(now))),
+      component_(std::make_unique<Component>(Services{*forms_, host, *clock_, progress_.get()},
+                                             createMainDialog)) {}
 
 QtComponent::~QtComponent() = default;
 

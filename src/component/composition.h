@@ -6,15 +6,17 @@
 #include <vexnumkr/VXNummernkreise.h>
 #include <vexnumkr/components.h>
 
+#include "adapters/qtforms/progress/qt_progress_display.h"
 #include "hosting/component.h"
 #include "platform/services.h"
 
 namespace vexnumkr {
 
-/// The component with the Qt dialogs. `host` is borrowed and outlives it.
+/// The component with the Qt dialogs. `host` is borrowed and outlives it; `now` tells how long work
+/// has lasted.
 class QtComponent final : public VXNummernkreise {
  public:
-  explicit QtComponent(HostComponents& host);
+  explicit QtComponent(HostComponents& host, ProgressClock now = std::chrono::steady_clock::now);
   ~QtComponent() override;
 
   bool Init(std::shared_ptr<Connection> Conn, std::int32_t LngApplication,
@@ -26,6 +28,7 @@ class QtComponent final : public VXNummernkreise {
  private:
   std::unique_ptr<FormsToolkit> forms_;
   std::unique_ptr<Clock> clock_;
+  std::unique_ptr<ProgressDisplay> progress_;
   std::unique_ptr<Component> component_;
 };
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <unordered_set>
 #include <utility>
 #include <vector>
 
@@ -58,10 +59,42 @@ void readRanges(HostContext& context) {
   records->Close();
 }
 
-// Gives every number key a common row in every booking circle of the origin.
+std::int64_t activeRows(const XArray& table) {
+  std::int64_t count = 0;
+  for (std::int32_t row = table.LowerBound(1); row <= table.UpperBound(1); ++row)
+    if (table.toBoolean(row, column::Aktiviert)) ++count;
+  return count;
+}
+
+// The common rows that spreading adds: number keys times booking circles, less those that are
+// stored.
+std::int64_t lackingRows(HostContext& context) {
+  const XArray& table = context.XArray();
+  const XArray& circles = context.Buchungskreise();
+  std::unordered_set<std::string> keys;
+  for (std::int32_t i = table.LowerBound(1); i <= table.UpperBound(1); ++i)
+    keys.insert(table.toText(i, column::NSchl));
+  std::int64_t count = 0;
+  for (std::int32_t j = circles.LowerBound(1); j <= circles.UpperBound(1); ++j) {
+    const std::int32_t circle = circles.toLong(j, circle_column::Buchungskreis);
+    for (const std::string& key : keys)
+      if (table.findRange(alleBenutzer, circle, key) == -1) ++count;
+  }
+  return count;
+}
+
+std::int64_t userCount(HostContext& context) {
+  const auto& users = context.colUser();
+  return std::count_if(users.begin(), users.end(),
+                       [](const std::string& user) { return user != alleBenutzer; });
+}
+
+// Gives every number key a common row in every booking circle of the origin. The rows that it adds
+// are rarely active, so the work to come is told without them.
 void spreadOverCircles(HostContext& context) {
   XArray& table = context.XArray();
   const XArray& circles = context.Buchungskreise();
+  context.progress().expect(lackingRows(context) + activeRows(table) * userCount(context));
   const std::int32_t lastRow = table.UpperBound(1);
   for (std::int32_t i = table.LowerBound(1); i <= lastRow; ++i) {
     const std::string key = table.toText(i, column::NSchl);
@@ -72,6 +105,7 @@ void spreadOverCircles(HostContext& context) {
       range.Benutzer = alleBenutzer;
       range.Buchungskreis = circle;
       AddDataGroup(context, std::move(range), true);
+      context.progress().advance();
     }
   }
 }
@@ -82,22 +116,27 @@ void sortByCircleAndKey(XArray& table) {
   table.QuickSort(table.LowerBound(1), table.UpperBound(1), keys);
 }
 
+void deriveUserRow(HostContext& context, const RangeRow& common, const std::string& user) {
+  if (FoundInXArray(context, user, common.Buchungskreis, common.NSchl) != -1) return;
+  RangeRow range = common;
+  range.Benutzer = user;
+  range.Aktiviert = AktiviertDB(context, common.Buchungskreis, common.NSchl, user);
+  AddDataGroup(context, std::move(range), false);
+}
+
 // A range that is active for all gets a row for every user; the assignments say whose is active.
 void deriveUserRows(HostContext& context) {
   XArray& table = context.XArray();
+  context.progress().expect(activeRows(table) * userCount(context));
   const std::int32_t lastRow = table.UpperBound(1);
   for (std::int32_t i = table.LowerBound(1); i <= lastRow; ++i) {
     if (!table.toBoolean(i, column::Aktiviert)) continue;
-    const RangeRow common = rowAt(table, i);
-    const std::string caption = table.toText(i, column::Gruppe);
+    RangeRow common = rowAt(table, i);
+    common.Gruppe = table.toText(i, column::Gruppe);
     for (const std::string& user : context.colUser()) {
       if (user == alleBenutzer) continue;
-      if (FoundInXArray(context, user, common.Buchungskreis, common.NSchl) != -1) continue;
-      RangeRow range = common;
-      range.Gruppe = caption;
-      range.Benutzer = user;
-      range.Aktiviert = AktiviertDB(context, common.Buchungskreis, common.NSchl, user);
-      AddDataGroup(context, std::move(range), false);
+      deriveUserRow(context, common, user);
+      context.progress().advance();
     }
   }
 }
@@ -167,17 +206,20 @@ void copyStandardRow(HostContext& context, std::int32_t source, const std::strin
   table.set(row, column::EndWert, values.EndWert);
   table.set(row, column::Maske, values.Maske);
   table.set(row, column::Aktiviert, values.Aktiviert);
+  context.progress().advance();
 }
 
 }  // namespace
 
 void LoadItems(HostContext& context, ActivityRule CheckActivity) {
   reportingFailures(context, {moduleName, "LoadItems"}, [&] {
+    const Work work(context.progress(), "Nummernkreise werden geladen…");
     readRanges(context);
     spreadOverCircles(context);
     sortByCircleAndKey(context.XArray());
     deriveUserRows(context);
     CheckActivity(context);
+    context.progress().finish();
   });
 }
 

@@ -3,15 +3,18 @@
 namespace vexnumkr {
 
 std::unique_ptr<Recordset> query(Command& command, const std::string& text) {
-  std::int32_t recordsAffected = 0;
+  std::int32_t found = 0;
+  return query(command, text, found);
+}
+
+std::unique_ptr<Recordset> query(Command& command, const std::string& text, std::int32_t& found) {
   command.CommandText(text);
-  return command.Execute(recordsAffected);
+  return command.Execute(found);
 }
 
 std::int32_t execute(Command& command, const std::string& text) {
   std::int32_t recordsAffected = 0;
-  command.CommandText(text);
-  command.Execute(recordsAffected);
+  query(command, text, recordsAffected);
   return recordsAffected;
 }
 

@@ -38,8 +38,25 @@ void renameCircle(XArray& table, std::int32_t firstRow, std::int32_t circle,
     table.set(row, column::Gruppe, caption);
 }
 
+// The rows that new circles get: one for each standard range.
+std::int64_t lackingRows(const XArray& table, const XArray& circles) {
+  std::int64_t newCircles = 0;
+  for (std::int32_t j = circles.LowerBound(1); j <= circles.UpperBound(1); ++j) {
+    const std::int32_t circle = circles.toLong(j, circle_column::Buchungskreis);
+    if (circle != 0 && table.Find(table.LowerBound(1), column::Buchungskreis, circle) == -1)
+      ++newCircles;
+  }
+  std::int64_t standardRanges = 0;
+  for (std::int32_t row = table.LowerBound(1); row <= table.UpperBound(1); ++row)
+    if (table.equals(row, column::Benutzer, alleBenutzer) &&
+        table.toLong(row, column::Buchungskreis) == 0)
+      ++standardRanges;
+  return newCircles * standardRanges;
+}
+
 void addOrRenameCircles(HostContext& context) {
   const XArray& list = context.Buchungskreise();
+  context.progress().expect(lackingRows(context.XArray(), list));
   for (std::int32_t j = list.LowerBound(1); j <= list.UpperBound(1); ++j) {
     const std::int32_t circle = list.toLong(j, circle_column::Buchungskreis);
     if (circle == 0) continue;
@@ -101,10 +118,12 @@ void DeleteInXArray(HostContext& context, std::int32_t Buchungskreis, const std:
 
 void RefreshInXArray(HostContext& context) {
   reportingFailures(context, {moduleName, "RefreshInXArray"}, [&] {
+    const Work work(context.progress(), "Nummernkreise werden übernommen…");
     XArray before = XArray::withColumns(column::last);
     CopyXArrayDB(context, context.XArray(), before);
     addOrRenameCircles(context);
     removeMissingCircles(context, before);
+    context.progress().finish();
   });
 }
 

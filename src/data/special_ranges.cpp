@@ -22,7 +22,8 @@ SpecialRange specialRange(const Recordset& record) {
           record.Fields("NBezeichnung").toText(), record.Fields("Aktiviert").toBoolean()};
 }
 
-void add(HostContext& context, const SpecialRange& special) {
+// `left` is the number of special ranges still to come, this one included.
+void add(HostContext& context, const SpecialRange& special, std::int64_t left) {
   const XArray& table = context.XArray();
   if (table.Find(table.LowerBound(1), column::NSchl, special.U_NSchl) != -1) return;
   RangeRow range;
@@ -38,6 +39,7 @@ void add(HostContext& context, const SpecialRange& special) {
     AddDataGroup(context, range, false);
   }
   const XArray& circles = context.Buchungskreise();
+  context.progress().expect(left * (circles.UpperBound(1) - circles.LowerBound(1) + 1));
   for (std::int32_t j = circles.LowerBound(1); j <= circles.UpperBound(1); ++j)
     AddDataBuchungskreis(context, alleBenutzer, circles.toLong(j, circle_column::Buchungskreis), "",
                          special.U_NSchl, true);
@@ -66,17 +68,21 @@ bool CheckSonderkreise(HostContext& context) {
 
 void RefreshSGroups(HostContext& context) {
   reportingFailures(context, {moduleName, "RefreshSGroups"}, [&] {
+    const Work work(context.progress(), "Sonderkreise werden übernommen…");
     XArray& table = context.XArray();
     const std::int32_t rowsBefore = table.UpperBound(1) - table.LowerBound(1) + 1;
-    const auto records = query(context.cmdSQL(), statement::specialRangesByKey(context.Herkunft()));
-    for (; !records->EndOfFile(); records->MoveNext()) {
+    std::int32_t found = 0;
+    const auto records =
+        query(context.cmdSQL(), statement::specialRangesByKey(context.Herkunft()), found);
+    for (; !records->EndOfFile(); records->MoveNext(), --found) {
       const SpecialRange special = specialRange(*records);
       if (special.Aktiviert)
-        add(context, special);
+        add(context, special, found);
       else
         remove(table, special.U_NSchl, rowsBefore);
     }
     records->Close();
+    context.progress().finish();
   });
 }
 

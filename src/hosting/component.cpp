@@ -19,6 +19,7 @@ Component::~Component() { context_.releaseColUser(); }
 bool Component::Init(std::shared_ptr<Connection> Conn, std::int32_t LngApplication,
                      const std::string& strUser, const std::string& jmtVerarbeitungsdatum) {
   bool initialised = false;
+  if (context_.progress().isWorking()) return initialised;
   reportingFailures(context_, {moduleName, "Init"}, [&] {
     context_.Conn(std::move(Conn));
     context_.createColUser();
@@ -44,6 +45,7 @@ void Component::readUsers() {
 }
 
 void Component::ShowDialog() {
+  if (context_.progress().isWorking()) return;
   reportingFailures(context_, {moduleName, "ShowDialog"}, [&] {
     const auto dialog = createDialog_(context_);
     if (context_.Herkunft() == "ORB") dialog->RefreshFont(hostFont);

@@ -32,6 +32,9 @@ inline constexpr const char* hostFont = "MS Sans Serif";
 using MainDialogFactory = std::function<std::unique_ptr<MainDialog>(HostContext&)>;
 
 /// Holds the session and delegates. A fresh dialog is made for every ShowDialog.
+///
+/// Events of the host may run in the middle of long work; Init and ShowDialog called by them do
+/// nothing, and Init returns False.
 class Component final : public VXNummernkreise {
  public:
   /// `createDialog` is called for every ShowDialog.

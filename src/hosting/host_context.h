@@ -13,6 +13,7 @@
 
 #include "data/sql/guarded_connection.h"
 #include "data/table/xarray.h"
+#include "hosting/progress.h"
 #include "platform/services.h"
 #include "platform/tree_grid.h"
 
@@ -35,13 +36,16 @@ struct StatePictures {
 /// thread.
 class HostContext {
  public:
-  explicit HostContext(const Services& services) : services_(services) {}
+  explicit HostContext(const Services& services)
+      : services_(services), progress_(services.forms, services.progress) {}
   HostContext(const HostContext&) = delete;
   HostContext& operator=(const HostContext&) = delete;
 
   FormsToolkit& forms() const { return services_.forms; }
   HostComponents& host() const { return services_.host; }
   const Clock& clock() const { return services_.clock; }
+  /// Of the work that is going on.
+  Progress& progress() { return progress_; }
 
   // Handed over by the host; kept while the component lives.
 
@@ -120,6 +124,7 @@ class HostContext {
   }
 
   Services services_;
+  Progress progress_;
   std::shared_ptr<Connection> Conn_;
   std::unique_ptr<Connection> guardedConn_;
   std::int32_t LngApplication_ = 0;

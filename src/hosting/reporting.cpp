@@ -55,6 +55,7 @@ namespace basAllgemein {
 void ShowInfoBox(HostContext& context, std::int32_t number, const std::string& description,
                  const std::string& procedure, std::int16_t kind, std::int32_t buttons,
                  const std::string& module) {
+  const WorkPause pause(context.progress());
   bool shown = false;
   // Where the facility fails itself, the user hears of the failure all the same.
   ignoringFailures(
@@ -66,6 +67,7 @@ void ShowInfoBox(HostContext& context, std::int32_t number, const std::string& d
 
 std::int32_t MsgBoxEx(HostContext& context, const std::string& prompt, std::int32_t buttons,
                       const std::string& title) {
+  const WorkPause pause(context.progress());
   std::int32_t answer = 0;
   ignoringFailures([&] {
     HostMessages* messages = usesHostsBoxes(context) ? context.host().Messages() : nullptr;

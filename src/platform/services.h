@@ -6,6 +6,7 @@
 #include <vexnumkr/components.h>
 
 #include "platform/forms.h"
+#include "platform/progress.h"
 
 namespace vexnumkr {
 
@@ -27,6 +28,7 @@ struct Services {
   FormsToolkit& forms;
   HostComponents& host;
   const Clock& clock;
+  ProgressDisplay* progress = nullptr;  ///< null where nobody is to see any
 };
 
 }  // namespace vexnumkr

@@ -38,21 +38,6 @@ std::string reversed(std::string text) {
   return text;
 }
 
-class BusyPointer {
- public:
-  explicit BusyPointer(FormsToolkit& forms) : forms_(forms) {
-    forms_.SetMousePointer(MousePointer::Hourglass);
-  }
-  BusyPointer(const BusyPointer&) = delete;
-  BusyPointer& operator=(const BusyPointer&) = delete;
-  ~BusyPointer() {
-    ignoringFailures([this] { forms_.SetMousePointer(MousePointer::Default); });
-  }
-
- private:
-  FormsToolkit& forms_;
-};
-
 void numberRow(HostContext& context, std::int32_t row) {
   XArray& table = context.XArray();
   const std::string text = table.toText(row, column::Maske);
@@ -107,11 +92,14 @@ bool StartAutoNum(HostContext& context) {
                  "Möchten Sie trotzdem fortfahren?",
                  msg_box::yesNoCancel + msg_box::question, "Abfrage");
     if (answer != msg_box::yes) return;
-    const BusyPointer busy(context.forms());
+    const Work work(context.progress(), "Automatische Nummerierung…");
     XArray& table = context.XArray();
     sortRows(table, displayOrder);
-    for (std::int32_t row = table.LowerBound(1); row <= table.UpperBound(1); ++row)
+    context.progress().expect(table.UpperBound(1) - table.LowerBound(1) + 1);
+    for (std::int32_t row = table.LowerBound(1); row <= table.UpperBound(1); ++row) {
       numberRow(context, row);
+      context.progress().advance();
+    }
     finished = true;
   });
   return finished;

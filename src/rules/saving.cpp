@@ -20,19 +20,40 @@ statement::Range rangeAt(const XArray& table, std::int32_t row) {
 void writeRow(HostContext& context, std::int32_t row) {
   const XArray& table = context.XArray();
   const std::string user = table.toText(row, column::Benutzer);
-  if (user == alleBenutzer) InsertIntoNummernkreise(context, rangeAt(table, row));
-  if (table.toBoolean(row, column::Aktiviert))
+  if (user == alleBenutzer) {
+    InsertIntoNummernkreise(context, rangeAt(table, row));
+    context.progress().advance();
+  }
+  if (table.toBoolean(row, column::Aktiviert)) {
     InsertIntoNummernkreis_Zuordnung(context, table.toLong(row, column::Buchungskreis),
                                      table.toText(row, column::NSchl), ReplaceUser(user));
+    context.progress().advance();
+  }
+}
+
+// What saving sends: an insert per common and per active row, two deletions and the commit. A value
+// that does not convert is found out when its row is written.
+std::int64_t statementsFor(const XArray& table) {
+  std::int64_t statements = 3;
+  for (std::int32_t row = table.LowerBound(1); row <= table.UpperBound(1); ++row) {
+    if (table.equals(row, column::Benutzer, alleBenutzer)) ++statements;
+    if (table.get(row, column::Aktiviert) == Value(true)) ++statements;
+  }
+  return statements;
 }
 
 void writeTable(HostContext& context) {
-  execute(context.cmdSQL(), statement::deleteRanges(context.andereHerkunft()));
-  execute(context.cmdSQL(), statement::deleteAssignments(context.Herkunft()));
+  const Work work(context.progress(), "Nummernkreise werden gespeichert…");
   const XArray& table = context.XArray();
+  context.progress().expect(statementsFor(table));
+  execute(context.cmdSQL(), statement::deleteRanges(context.andereHerkunft()));
+  context.progress().advance();
+  execute(context.cmdSQL(), statement::deleteAssignments(context.Herkunft()));
+  context.progress().advance();
   for (std::int32_t row = table.LowerBound(1); row <= table.UpperBound(1); ++row)
     writeRow(context, row);
   context.Conn().CommitTrans();
+  context.progress().advance();
 }
 
 // True when the table was written and committed. A failure leaves a fresh transaction behind.

@@ -4,8 +4,8 @@ target_link_libraries(vexnumkr_dialog_session
   PUBLIC vexnumkr_scenario_driver GTest::gtest
   PRIVATE vexnumkr_options Qt6::Test)
 
-foreach(name broken_host circles circles_refresh closing controls editor_walk entries filters loading options special_ranges ticks
-    tree validation)
+foreach(name broken_host circles circles_refresh closing controls editor_walk entries filters
+    loading options progress special_ranges ticks tree validation)
   vexnumkr_test(gui/dialog_${name}_test GUI LABEL gui LINKS vexnumkr_dialog_session)
 endforeach()
 

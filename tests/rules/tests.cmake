@@ -10,3 +10,4 @@ vexnumkr_test(rules/validation_test GUI LABEL gui
 vexnumkr_core_test(rules/saving_test unit)
 vexnumkr_core_test(rules/saving_failure_test fault)
 vexnumkr_core_test(rules/saving_engine_test engine)
+vexnumkr_core_test(rules/long_work_test unit)

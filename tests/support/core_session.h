@@ -24,6 +24,7 @@
 #include "hosting/host_context.h"
 #include "support/plain_host.h"
 #include "support/recording_forms.h"
+#include "support/recording_progress.h"
 #include "support/scripted_connection.h"
 
 namespace vexnumkr::test {
@@ -54,6 +55,7 @@ class CoreSession : public ::testing::Test {
   XArray& table() { return context_.XArray(); }
   ConnectionScript& script() { return script_; }
   RecordingForms& forms() { return forms_; }
+  RecordingProgress& progress() { return progress_; }
   PlainHost& host() { return host_; }
   std::vector<Box> boxes() { return forms_.takeBoxes(); }
   const std::string& connectionString() const { return connectionString_; }
@@ -66,9 +68,10 @@ class CoreSession : public ::testing::Test {
   ConnectionScript script_;
   std::shared_ptr<Connection> connection_;
   RecordingForms forms_;
+  RecordingProgress progress_;
   PlainHost host_;
   FixedClock clock_{"20260315"};
-  HostContext context_{Services{forms_, host_, clock_}};
+  HostContext context_{Services{forms_, host_, clock_, &progress_}};
 };
 
 /// A cell as the texts above show it.

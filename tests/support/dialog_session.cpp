@@ -61,7 +61,7 @@ std::string plainText(const QString& toolTip) {
 DialogSession::DialogSession()
     : connectionString_("Driver=QSQLITE;Database=" + databaseFile()),
       database_(connectionString_),
-      component_(host_),
+      component_(host_, [this] { return now_ += lookTakes_; }),
       watchdog_(patience, giveUp) {
   calmApplication();
   for (const std::string& statement : host::rangeTableStatements()) database_.run(statement);

@@ -15,6 +15,7 @@
 
 #include <QDialog>
 #include <QTemporaryDir>
+#include <chrono>
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -62,6 +63,8 @@ class DialogSession : public ::testing::Test {
   /// `steps` have closed it.
   void inCompany(std::int32_t application, const std::function<void()>& steps);
   QtComponent& component() { return component_; }
+  /// For the component no time passes, unless a test says that every look at its clock takes some.
+  void everyLookTakes(std::chrono::milliseconds time) { lookTakes_ = time; }
   HostContext& context() { return component_.context(); }
   ConnectionScript& script() { return script_; }
   DialogHost& host() { return host_; }
@@ -137,6 +140,8 @@ class DialogSession : public ::testing::Test {
   ConnectionScript script_;
   std::shared_ptr<Connection> connection_;
   DialogHost host_;
+  std::chrono::steady_clock::time_point now_;
+  std::chrono::milliseconds lookTakes_{0};
   QtComponent component_;
   ModalUser user_;
   scenario::Watchdog watchdog_;

@@ -1,0 +1,70 @@
+#include "adapters/qtforms/progress/progress_window.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QScreen>
+#include <QVBoxLayout>
+#include <QWindow>
+
+#include "adapters/qtforms/fonts.h"
+#include "adapters/qtforms/text.h"
+#include "platform/progress.h"
+
+namespace vexnumkr::qtforms {
+namespace {
+
+constexpr int windowWidth = 320;
+constexpr int windowMargin = 16;
+
+QWidget* ownerWindow() {
+  QWidget* modal = QApplication::activeModalWidget();
+  return modal != nullptr ? modal : QApplication::activeWindow();
+}
+
+constexpr Qt::WindowFlags flags = Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
+                                  Qt::MSWindowsFixedSizeDialogHint | Qt::WindowDoesNotAcceptFocus;
+
+}  // namespace
+
+ProgressWindow::ProgressWindow(const std::string& caption)
+    : QWidget(nullptr, flags), owner_(ownerWindow()) {
+  setObjectName(QStringLiteral("progress"));
+  setWindowTitle(QStringLiteral("Nummernkreise"));
+  setFont(formFont({"Tahoma"}));
+  setAttribute(Qt::WA_ShowWithoutActivating);
+  setAttribute(Qt::WA_QuitOnClose, false);
+  caption_.setObjectName(QStringLiteral("caption"));
+  caption_.setText(toQt(caption));
+  caption_.setTextFormat(Qt::PlainText);
+  bar_.setObjectName(QStringLiteral("bar"));
+  bar_.setAccessibleName(caption_.text());
+  bar_.setRange(0, ProgressDisplay::full);
+  auto* rows = new QVBoxLayout(this);  // owned by the window
+  rows->setContentsMargins(windowMargin, windowMargin, windowMargin, windowMargin);
+  rows->addWidget(&caption_);
+  rows->addWidget(&bar_);
+  setFixedSize(windowWidth, sizeHint().height());
+  placeOverOwner();
+}
+
+ProgressWindow::~ProgressWindow() {
+  if (isActiveWindow() && owner_) owner_->activateWindow();
+}
+
+void ProgressWindow::show(int thousandths) {
+  bar_.setValue(thousandths);
+  if (!isVisible()) QWidget::show();
+}
+
+void ProgressWindow::closeEvent(QCloseEvent* event) { event->ignore(); }
+
+// The owner may go first, so it is none that deletes this.
+void ProgressWindow::placeOverOwner() {
+  const QRect area = owner_ ? owner_->frameGeometry() : screen()->availableGeometry();
+  move(area.center() - rect().center());
+  if (!owner_) return;
+  create();
+  windowHandle()->setTransientParent(owner_->windowHandle());
+}
+
+}  // namespace vexnumkr::qtforms

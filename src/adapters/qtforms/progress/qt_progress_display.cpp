@@ -1,0 +1,100 @@
+#include "adapters/qtforms/progress/qt_progress_display.h"
+
+#include <QCoreApplication>
+#include <QEventLoop>
+#include <optional>
+#include <utility>
+
+#include "adapters/qtforms/guarded.h"
+#include "adapters/qtforms/progress/input_shield.h"
+#include "adapters/qtforms/progress/progress_window.h"
+
+namespace vexnumkr {
+namespace {
+
+using namespace qtforms;
+
+constexpr std::chrono::milliseconds repaintInterval{100};
+constexpr int mostRounds = 50;  // an application that never runs out of events goes on all the same
+
+// What concerns the windows; the host's own affairs wait where they can.
+constexpr QEventLoop::ProcessEventsFlags windowEvents{QEventLoop::ExcludeSocketNotifiers |
+                                                      QEventLoop::X11ExcludeTimers};
+
+class QtProgressDisplay final : public ProgressDisplay {
+ public:
+  explicit QtProgressDisplay(ProgressClock now) : now_(std::move(now)) {}
+
+  void Begin(const std::string& caption) noexcept override {
+    guarded("Begin", [&] {
+      caption_ = caption;
+      begun_ = now_();
+    });
+  }
+
+  void Show(int thousandths) noexcept override {
+    guarded("Show", [&] { show(thousandths); });
+  }
+
+  void End() noexcept override {
+    guarded("End", [this] { close(); });
+  }
+
+  void Pause() noexcept override {
+    guarded("Pause", [this] {
+      pausedAt_ = now_();
+      close();
+    });
+  }
+
+  void Resume() noexcept override {
+    guarded("Resume", [this] { begun_ += now_() - pausedAt_; });
+  }
+
+ private:
+  void show(int thousandths) {
+    const auto now = now_();
+    if (!window_) {
+      if (now - begun_ < progressDelay) return;
+      open();
+    } else if (now - painted_ < repaintInterval) {
+      return;
+    }
+    painted_ = now;
+    window_->show(thousandths);
+    QCoreApplication::processEvents(windowEvents | QEventLoop::ExcludeUserInputEvents);
+  }
+
+  void open() {
+    shield_.emplace();
+    window_ = std::make_unique<ProgressWindow>(caption_);
+  }
+
+  // What the user has done while the window was up is meant for nobody.
+  void close() {
+    if (!window_) return;
+    QEventLoop loop;
+    int rounds = mostRounds;
+    while (rounds > 0 && loop.processEvents(windowEvents)) --rounds;
+    window_.reset();
+    shield_.reset();
+  }
+
+  using TimePoint = std::chrono::steady_clock::time_point;
+
+  const ProgressClock now_;
+  std::string caption_;
+  TimePoint begun_;
+  TimePoint pausedAt_;
+  TimePoint painted_;
+  std::optional<InputShield> shield_;
+  std::unique_ptr<ProgressWindow> window_;
+};
+
+}  // namespace
+
+std::unique_ptr<ProgressDisplay> makeQtProgressDisplay(ProgressClock now) {
+  return std::make_unique<QtProgressDisplay>(std::move(now));
+}
+
+}  // namespace vexnumkr

@@ -1,0 +1,77 @@
+#include "hosting/progress.h"
+
+#include <algorithm>
+
+#include "hosting/reporting.h"
+
+namespace vexnumkr {
+
+void Progress::begin(const std::string& caption) {
+  forms_.SetMousePointer(MousePointer::Hourglass);
+  working_ = true;
+  base_ = shown_ = 0;
+  expect(0);
+  if (display_ != nullptr) display_->Begin(caption);
+}
+
+void Progress::end() {
+  working_ = false;
+  next_ = never;
+  if (display_ != nullptr) display_->End();
+  forms_.SetMousePointer(MousePointer::Default);
+}
+
+void Progress::pause() {
+  paused_ = true;
+  if (display_ != nullptr) display_->Pause();
+  forms_.SetMousePointer(MousePointer::Default);
+}
+
+void Progress::resume() {
+  paused_ = false;
+  if (display_ != nullptr) display_->Resume();
+  forms_.SetMousePointer(MousePointer::Hourglass);
+}
+
+void Progress::expect(std::int64_t steps) {
+  base_ = shown_;
+  steps_ = steps;
+  done_ = 0;
+  next_ = working_ && display_ != nullptr && steps > 0 && base_ < ProgressDisplay::full ? 1 : never;
+}
+
+void Progress::finish() {
+  expect(1);
+  advance();
+}
+
+int Progress::position() const {
+  const std::int64_t left = ProgressDisplay::full - base_;
+  return base_ + static_cast<int>(left * std::min(done_, steps_) / steps_);
+}
+
+void Progress::show() {
+  const int reached = position();
+  if (reached > shown_) {
+    shown_ = reached;
+    display_->Show(shown_);
+  }
+  const std::int64_t left = ProgressDisplay::full - base_;
+  const std::int64_t wanted = shown_ + 1 - base_;
+  next_ = shown_ == ProgressDisplay::full ? never : (wanted * steps_ + left - 1) / left;
+}
+
+Work::~Work() {
+  ignoringFailures([this] { progress_.end(); });
+}
+
+WorkPause::WorkPause(Progress& progress)
+    : progress_(progress), pauses_(progress.working_ && !progress.paused_) {
+  if (pauses_) ignoringFailures([this] { progress_.pause(); });
+}
+
+WorkPause::~WorkPause() {
+  if (pauses_) ignoringFailures([this] { progress_.resume(); });
+}
+
+}  // namespace vexnumkr

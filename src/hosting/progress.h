@@ -1,0 +1,90 @@
+// How far the component's long work has come.
+#pragma once
+
+#include <cstdint>
+#include <limits>
+#include <string>
+
+#include "platform/forms.h"
+#include "platform/progress.h"
+
+namespace vexnumkr {
+
+/// Turns the steps of a piece of work into what a display shows: a position that only ever rises
+/// and is full when the last step is done.
+///
+/// A step costs an addition and a comparison; the display hears of at most a thousand of them.
+/// Steps outside of any work count for nothing.
+class Progress {
+ public:
+  /// Both are borrowed. Without a display only the mouse pointer tells of work.
+  Progress(FormsToolkit& forms, ProgressDisplay* display) : forms_(forms), display_(display) {}
+  Progress(const Progress&) = delete;
+  Progress& operator=(const Progress&) = delete;
+
+  bool isWorking() const { return working_; }
+
+  /// The work takes so many steps from here on: what is left of the bar stands for them. May be
+  /// said again as soon as more is known.
+  void expect(std::int64_t steps);
+  void advance(std::int64_t steps = 1) {
+    done_ += steps;
+    if (done_ >= next_) show();
+  }
+  /// The work is done, also where it took fewer steps than expected.
+  void finish();
+
+ private:
+  friend class Work;
+  friend class WorkPause;
+
+  static constexpr std::int64_t never = std::numeric_limits<std::int64_t>::max();
+
+  void begin(const std::string& caption);
+  void end();
+  void pause();
+  void resume();
+  void show();
+  int position() const;
+
+  FormsToolkit& forms_;
+  ProgressDisplay* display_;
+  bool working_ = false;
+  bool paused_ = false;
+  int base_ = 0;            // the position when the steps were last told
+  int shown_ = 0;           // the position that the display shows
+  std::int64_t steps_ = 0;  // from base_ to full
+  std::int64_t done_ = 0;
+  std::int64_t next_ = never;  // the number of steps done at which the display shows more
+};
+
+/// A piece of work, from its making to its end, by success or failure. The mouse pointer is busy
+/// meanwhile. REQUIRES: no other work is going on.
+class Work {
+ public:
+  Work(Progress& progress, const std::string& caption) : progress_(progress) {
+    progress_.begin(caption);
+  }
+  ~Work();
+  Work(const Work&) = delete;
+  Work& operator=(const Work&) = delete;
+
+ private:
+  Progress& progress_;
+};
+
+/// While one of these lives, the user is told or asked something in the middle of work. Without
+/// effect where no work is going on, and inside of another one.
+class WorkPause {
+ public:
+  explicit WorkPause(Progress& progress);
+  ~WorkPause();
+  WorkPause(const WorkPause&) = delete;
+  WorkPause& operator=(const WorkPause&) = delete;
+
+ private:
+  Progress& progress_;
+  bool pauses_;
+};
+
+}  // namespace vexnumkr
