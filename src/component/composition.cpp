@@ -17,8 +17,12 @@ class SystemClock final : public Clock {
 
 }  // namespace
 
-QtComponent::QtComponent(HostComponents& host, ProgressClock now)
-    : forms_(makeQtFormsToolkit()),
+QtComponent::QtComponent(HostComponents& host)
+    : QtComponent(host, makeQtFormsToolkit(), std::chrono::steady_clock::now) {}
+
+QtComponent::QtComponent(HostComponents& host, std::unique_ptr<FormsToolkit> forms,
+                         ProgressClock now)
+    : forms_(std::move(forms)),
       clock_(std::make_unique<SystemClock>()),
       progress_(makeQtProgressDisplay(std::move(now))),
       component_(std::make_unique<Component>(Services{*forms_, host, *clock_, progress_.get()},

@@ -12,11 +12,12 @@
 
 namespace vexnumkr {
 
-/// The component with the Qt dialogs. `host` is borrowed and outlives it; `now` tells how long work
-/// has lasted.
+/// The component with the Qt dialogs. `host` is borrowed and outlives it.
 class QtComponent final : public VXNummernkreise {
  public:
-  explicit QtComponent(HostComponents& host, ProgressClock now = std::chrono::steady_clock::now);
+  explicit QtComponent(HostComponents& host);
+  /// With forms of another kind; `now` tells how long work has lasted.
+  QtComponent(HostComponents& host, std::unique_ptr<FormsToolkit> forms, ProgressClock now);
   ~QtComponent() override;
 
   bool Init(std::shared_ptr<Connection> Conn, std::int32_t LngApplication,

@@ -1,11 +1,12 @@
 # The real dialogs on a real database.
-add_library(vexnumkr_dialog_session STATIC support/dialog_session.cpp support/modal_user.cpp)
+add_library(vexnumkr_dialog_session STATIC
+  support/dialog_session.cpp support/faulty_forms.cpp support/modal_user.cpp)
 target_link_libraries(vexnumkr_dialog_session
   PUBLIC vexnumkr_scenario_driver GTest::gtest
   PRIVATE vexnumkr_options Qt6::Test)
 
-foreach(name broken_host circles circles_refresh closing controls editor_walk entries filters
-    loading options progress special_ranges ticks tree validation)
+foreach(name broken_host circles circles_refresh closing controls editor_walk entries failures
+    filters loading options progress special_ranges ticks tree validation)
   vexnumkr_test(gui/dialog_${name}_test GUI LABEL gui LINKS vexnumkr_dialog_session)
 endforeach()
 

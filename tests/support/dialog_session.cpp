@@ -15,6 +15,7 @@
 
 #include <vexnumkr/adapters.h>
 
+#include "adapters/qtforms/qt_forms_toolkit.h"
 #include "app/schema/schema.h"
 #include "data/table/columns.h"
 #include "scenario/controls.h"
@@ -61,7 +62,8 @@ std::string plainText(const QString& toolTip) {
 DialogSession::DialogSession()
     : connectionString_("Driver=QSQLITE;Database=" + databaseFile()),
       database_(connectionString_),
-      component_(host_, [this] { return now_ += lookTakes_; }),
+      component_(host_, std::make_unique<FaultyForms>(makeQtFormsToolkit(), faults_),
+                 [this] { return now_ += lookTakes_; }),
       watchdog_(patience, giveUp) {
   calmApplication();
   for (const std::string& statement : host::rangeTableStatements()) database_.run(statement);

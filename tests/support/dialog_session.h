@@ -28,6 +28,7 @@
 #include "scenario/grid_access.h"
 #include "scenario/watchdog.h"
 #include "support/dialog_host.h"
+#include "support/faulty_forms.h"
 #include "support/modal_user.h"
 #include "support/scripted_connection.h"
 
@@ -67,6 +68,7 @@ class DialogSession : public ::testing::Test {
   void everyLookTakes(std::chrono::milliseconds time) { lookTakes_ = time; }
   HostContext& context() { return component_.context(); }
   ConnectionScript& script() { return script_; }
+  FormsFaults& faults() { return faults_; }
   DialogHost& host() { return host_; }
   /// What was sent to the database since the last call.
   Lines statements() { return script_.takeStatements(); }
@@ -140,6 +142,7 @@ class DialogSession : public ::testing::Test {
   ConnectionScript script_;
   std::shared_ptr<Connection> connection_;
   DialogHost host_;
+  FormsFaults faults_;
   std::chrono::steady_clock::time_point now_;
   std::chrono::milliseconds lookTakes_{0};
   QtComponent component_;
