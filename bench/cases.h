@@ -1,0 +1,56 @@
+// What is measured. Each of these adds its comparisons; what they need is made when the first of
+// them runs, and kept for the others.
+#pragma once
+
+#include <QTemporaryDir>
+#include <functional>
+#include <memory>
+#include <utility>
+
+#include "bench/company.h"
+#include "bench/comparison.h"
+
+namespace vexnumkr::bench {
+
+/// Made when it is first asked for.
+template <class T>
+class Lazy {
+ public:
+  explicit Lazy(std::function<std::unique_ptr<T>()> make) : make_(std::move(make)) {}
+  T& operator*() {
+    if (!made_) made_ = make_();
+    return *made_;
+  }
+  T* operator->() { return &**this; }
+
+ private:
+  std::function<std::unique_ptr<T>()> make_;
+  std::unique_ptr<T> made_;
+};
+
+template <class T>
+std::shared_ptr<Lazy<T>> lazily(std::function<std::unique_ptr<T>()> make) {
+  return std::make_shared<Lazy<T>>(std::move(make));
+}
+
+/// How much data a run uses.
+struct Scale {
+  CompanySize company;
+  CompanySize smallerCompany;
+  std::int32_t sequenceRows = 0;  ///< common rows that draw on one sequence
+  std::int32_t gridItems = 0;
+};
+
+/// Where a run keeps its databases.
+struct Workplace {
+  QTemporaryDir folder;
+  Scale scale;
+};
+
+void addDatabaseCases(Comparisons& comparisons, const std::shared_ptr<Workplace>& workplace);
+void addRuleCases(Comparisons& comparisons, const std::shared_ptr<Workplace>& workplace);
+void addTableCases(Comparisons& comparisons, const std::shared_ptr<Workplace>& workplace);
+void addGridCases(Comparisons& comparisons, const std::shared_ptr<Workplace>& workplace);
+void addDialogCases(Comparisons& comparisons, const std::shared_ptr<Workplace>& workplace);
+
+}  // namespace vexnumkr::bench

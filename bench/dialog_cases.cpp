@@ -1,0 +1,139 @@
+// The whole dialog, and the editor that a user would make do with instead.
+#include <QApplication>
+#include <QDialog>
+#include <QEvent>
+#include <QSqlDatabase>
+#include <QSqlError>
+#include <QSqlTableModel>
+#include <QTimer>
+#include <QUuid>
+#include <memory>
+#include <stdexcept>
+#include <string>
+
+#include <vexnumkr/adapters.h>
+
+#include "app/sample/create_sample.h"
+#include "bench/bare_driver.h"
+#include "bench/cases.h"
+#include "bench/session.h"
+#include "component/composition.h"
+#include "data/range_table.h"
+#include "data/table/columns.h"
+#include "support/dialog_host.h"
+
+namespace vexnumkr::bench {
+namespace {
+
+constexpr std::int32_t changedRows = 100;
+
+// Closes a dialog as soon as its window has been painted.
+class CloseWhenPainted final : public QObject {
+ public:
+  CloseWhenPainted() { qApp->installEventFilter(this); }
+  ~CloseWhenPainted() override { qApp->removeEventFilter(this); }
+  CloseWhenPainted(const CloseWhenPainted&) = delete;
+  CloseWhenPainted& operator=(const CloseWhenPainted&) = delete;
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    auto* dialog = qobject_cast<QDialog*>(watched);
+    if (event->type() == QEvent::Paint && dialog != nullptr && !painted_) {
+      painted_ = true;
+      QTimer::singleShot(0, dialog, [dialog] { dialog->close(); });
+    }
+    return false;
+  }
+
+ private:
+  bool painted_ = false;
+};
+
+// The sample company in a file, the component on it, and a driver beside it.
+class Sample {
+ public:
+  explicit Sample(const std::string& file)
+      : connectionString_(created(file)), bare_(file), session_(connectionString_) {}
+
+  void showDialog() {
+    test::DialogHost host;
+    const CloseWhenPainted closing;
+    QtComponent component(host);
+    if (!component.Init(openQtSqlConnection(connectionString_), 2, "Benutzer"))
+      throw std::runtime_error("the component does not start");
+    component.ShowDialog();
+  }
+
+  void showEmptyDialog() {
+    const CloseWhenPainted closing;
+    for (const char* table : {"Nummernkreise", "Nummernkreis_Buchungskreise",
+                              "Nummernkreis_Zuordnung", "Nummernkreis_Sonderkreise", "tblUser"})
+      bare_.run("SELECT * FROM " + std::string(table));
+    QDialog dialog;
+    dialog.resize(600, 360);
+    dialog.exec();
+  }
+
+  void editInComponent() {
+    session_.load();
+    XArray& table = session_.table();
+    for (std::int32_t row = 0; row < std::min(changedRows, table.UpperBound(1) + 1); ++row)
+      basAllgemein::SetValueAll(session_.context(), table.toText(row, column::NSchl),
+                                table.toLong(row, column::Buchungskreis), column::Maske,
+                                table.toText(row, column::Maske));
+    session_.save();
+  }
+
+  void editInTableModel() {
+    QSqlTableModel ranges(nullptr, bare_.database());
+    QSqlTableModel assignments(nullptr, bare_.database());
+    load(assignments, "Nummernkreis_Zuordnung");
+    load(ranges, "Nummernkreise");
+    const int column = ranges.fieldIndex(QStringLiteral("NBezeichnung"));
+    ++edits_;
+    for (int row = 0; row < std::min(changedRows, ranges.rowCount()); ++row)
+      ranges.setData(ranges.index(row, column), QStringLiteral("Belegart %1").arg(edits_));
+    bare_.database().transaction();
+    if (!ranges.submitAll()) throw std::runtime_error(ranges.lastError().text().toStdString());
+    bare_.database().commit();
+  }
+
+ private:
+  static std::string created(const std::string& file) {
+    host::createSampleFile(file);
+    return "Driver=QSQLITE;Database=" + file;
+  }
+
+  static void load(QSqlTableModel& model, const char* table) {
+    model.setTable(QLatin1String(table));
+    model.setEditStrategy(QSqlTableModel::OnManualSubmit);
+    if (!model.select()) throw std::runtime_error(model.lastError().text().toStdString());
+    while (model.canFetchMore()) model.fetchMore();
+  }
+
+  std::string connectionString_;
+  BareDriver bare_;
+  Session session_;
+  int edits_ = 0;
+};
+
+}  // namespace
+
+void addDialogCases(Comparisons& comparisons, const std::shared_ptr<Workplace>& workplace) {
+  const auto sample = lazily<Sample>([=] {
+    return std::make_unique<Sample>(
+        workplace->folder.filePath(QStringLiteral("sample.db")).toStdString());
+  });
+  const auto on = [&](void (Sample::*work)()) {
+    return seconds([=] { ((**sample).*work)(); }, [=] { static_cast<void>(**sample); });
+  };
+  comparisons.push_back({"dialog", "dialog, from Init until it is shown",
+                         "an empty QDialog shown, and the five tables read", 2,
+                         on(&Sample::showDialog), on(&Sample::showEmptyDialog)});
+  comparisons.push_back({"editor/sqlite",
+                         "editor, SQLite: the sample loaded, 100 ranges changed, saved",
+                         "the same in an editor built on QSqlTableModel", 1,
+                         on(&Sample::editInComponent), on(&Sample::editInTableModel)});
+}
+
+}  // namespace vexnumkr::bench

@@ -1,0 +1,124 @@
+// The rules, held against sorting the tables that they run over.
+#include <memory>
+#include <stdexcept>
+#include <string>
+#include <utility>
+
+#include "bench/cases.h"
+#include "bench/session.h"
+#include "data/table/columns.h"
+#include "rules/activity.h"
+#include "rules/mask_numbering.h"
+#include "rules/sort_orders.h"
+#include "rules/validation.h"
+
+namespace vexnumkr::bench {
+namespace {
+
+void refillNothing(HostContext&, const std::string&, const std::string&) {}
+
+void require(bool condition, const char* what) {
+  if (!condition) throw std::runtime_error(what);
+}
+
+// A table at work in a session, put back to what it was before each measurement.
+class TableAtWork {
+ public:
+  TableAtWork(std::shared_ptr<Lazy<Session>> session, XArray original)
+      : session_(std::move(session)), original_(std::move(original)) {}
+
+  void restore() {
+    context().XArray(std::make_unique<XArray>());
+    table().copyFrom(original_);
+  }
+  HostContext& context() { return (**session_).context(); }
+  XArray& table() { return context().XArray(); }
+
+  void requireMessages(int count) {
+    require((**session_).takeMessages() == count, "another number of messages");
+  }
+
+ private:
+  std::shared_ptr<Lazy<Session>> session_;
+  XArray original_;
+};
+
+bool isValid(HostContext& context) {
+  bool viewReset = false;
+  return basAllgemein::CheckValidity(context, viewReset, refillNothing);
+}
+
+using Work = std::function<void(TableAtWork&)>;
+
+Measurement onTable(const std::shared_ptr<Lazy<TableAtWork>>& table, Work work) {
+  return seconds([=] { work(**table); }, [=] { (**table).restore(); });
+}
+
+void sortForDisplay(TableAtWork& at) { sortRows(at.table(), displayOrder); }
+void sortForTree(TableAtWork& at) { sortRows(at.table(), treeOrder); }
+
+void checkSound(TableAtWork& at) {
+  require(isValid(at.context()), "ranges in order were refused");
+  at.requireMessages(0);
+}
+void checkBroken(TableAtWork& at) {
+  require(!isValid(at.context()), "ranges that overlap were let pass");
+  at.requireMessages(1);
+}
+void checkActivity(TableAtWork& at) {
+  basAllgemein::CheckActivity(at.context());
+  at.requireMessages(0);
+}
+void numberFromMasks(TableAtWork& at) {
+  require(basAllgemein::StartAutoNum(at.context()), "not numbered");
+  at.requireMessages(1);
+}
+
+// The last two ranges in the order of display get the same numbers.
+XArray lastPairBroken(std::int32_t rows) {
+  XArray table = oneSequence(rows);
+  XArray sorted = oneSequence(rows);
+  sortRows(sorted, displayOrder);
+  const std::int32_t last = sorted.UpperBound(1);
+  const auto row = [&](std::int32_t place) {
+    return table.findRange(alleBenutzer, sorted.toLong(place, column::Buchungskreis),
+                           sorted.toText(place, column::NSchl));
+  };
+  for (const std::int32_t value : {column::StartWert, column::AktuellerWert, column::EndWert})
+    table.set(row(last), value, table.get(row(last - 1), value));
+  return table;
+}
+
+}  // namespace
+
+void addRuleCases(Comparisons& comparisons, const std::shared_ptr<Workplace>& workplace) {
+  const std::int32_t rows = workplace->scale.sequenceRows;
+  const auto session = lazily<Session>([=] {
+    return std::make_unique<Session>(
+        createCompanyFile(workplace->folder.filePath(QStringLiteral("rules.db")).toStdString(),
+                          workplace->scale.company));
+  });
+  const auto table = [&](std::function<XArray()> make) {
+    return lazily<TableAtWork>([=] { return std::make_unique<TableAtWork>(session, make()); });
+  };
+  const auto sound = table([=] { return oneSequence(rows); });
+  const auto broken = table([=] { return lastPairBroken(rows); });
+  const auto company = table([=] { return companyTable(workplace->scale.company); });
+
+  const std::string inOneSequence =
+      "check, " + std::to_string(rows) + " active common ranges in one sequence, ";
+  comparisons.push_back({"check/sound", inOneSequence + "no defect",
+                         "sorting the same table by the same four keys", 2.0,
+                         onTable(sound, checkSound), onTable(sound, sortForDisplay)});
+  comparisons.push_back({"check/broken", inOneSequence + "only the last pair overlaps",
+                         "the same without a defect", 1.5, onTable(broken, checkBroken),
+                         onTable(sound, checkSound)});
+  comparisons.push_back({"activity", "activity, all users and ranges",
+                         "sorting the same table by its three keys", 1.3,
+                         onTable(company, checkActivity), onTable(company, sortForTree)});
+  comparisons.push_back({"autonum", "autonum, all users and ranges with masks",
+                         "sorting the same table", 1.5, onTable(company, numberFromMasks),
+                         onTable(company, sortForDisplay)});
+}
+
+}  // namespace vexnumkr::bench

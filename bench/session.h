@@ -1,0 +1,41 @@
+// The component without windows, at work on a company.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include <vexnumkr/database.h>
+
+#include "hosting/host_context.h"
+
+namespace vexnumkr::bench {
+
+/// A session as Init and the dialog's start leave it, for application 2 and every user of tblUser,
+/// the range table still empty. Questions are answered with Yes; a box that reports a failure is an
+/// exception here, since what fails must not be measured.
+class Session {
+ public:
+  explicit Session(std::shared_ptr<Connection> connection);
+  explicit Session(const std::string& connectionString);
+  ~Session();
+  Session(const Session&) = delete;
+  Session& operator=(const Session&) = delete;
+
+  HostContext& context();
+  XArray& table() { return context().XArray(); }
+
+  /// Replaces the range table by an empty one and fills it as the dialog does when it loads.
+  void load();
+  /// Writes everything back as OK does after a change.
+  void save();
+
+  /// The messages shown since the last call.
+  int takeMessages();
+
+ private:
+  struct Surroundings;
+  std::unique_ptr<Surroundings> surroundings_;
+};
+
+}  // namespace vexnumkr::bench
