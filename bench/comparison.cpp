@@ -48,6 +48,7 @@ void registerComparison(const Comparison& comparison, int repetitions) {
       }
       state.SetIterationTime(costs.measured);
       state.counters[ratioCounter] = costs.measured / costs.reference;
+      state.counters[measuredCounter] = costs.measured;
       state.counters[referenceCounter] = costs.reference;
       state.counters[limitCounter] = comparison.limit;
     }

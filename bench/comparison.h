@@ -7,7 +7,9 @@
 
 namespace vexnumkr::bench {
 
-/// What something cost: seconds, or bytes where memory is compared.
+enum class Unit { Seconds, Bytes };
+
+/// What something cost.
 using Measurement = std::function<double()>;
 
 /// A measured thing and the yardstick that it is held against.
@@ -18,6 +20,7 @@ struct Comparison {
   double limit = 0;       ///< the ratio that shall not be exceeded
   Measurement measured;
   Measurement reference;
+  Unit unit = Unit::Seconds;
 };
 
 using Comparisons = std::vector<Comparison>;
@@ -33,6 +36,7 @@ void registerComparison(const Comparison& comparison, int repetitions);
 /// The counters that a repetition leaves.
 inline constexpr const char* ratioCounter = "ratio";
 inline constexpr const char* limitCounter = "limit";
+inline constexpr const char* measuredCounter = "measured";
 inline constexpr const char* referenceCounter = "reference";
 
 }  // namespace vexnumkr::bench

@@ -53,13 +53,16 @@ class CloseWhenPainted final : public QObject {
 class Sample {
  public:
   explicit Sample(const std::string& file)
-      : connectionString_(created(file)), bare_(file), session_(connectionString_) {}
+      : connectionString_(created(file)),
+        bare_(file),
+        session_(connectionString_),
+        connection_(openQtSqlConnection(connectionString_)) {}
 
   void showDialog() {
     test::DialogHost host;
     const CloseWhenPainted closing;
     QtComponent component(host);
-    if (!component.Init(openQtSqlConnection(connectionString_), 2, "Benutzer"))
+    if (!component.Init(connection_, 2, "Benutzer"))
       throw std::runtime_error("the component does not start");
     component.ShowDialog();
   }
@@ -114,6 +117,7 @@ class Sample {
   std::string connectionString_;
   BareDriver bare_;
   Session session_;
+  std::shared_ptr<Connection> connection_;
   int edits_ = 0;
 };
 

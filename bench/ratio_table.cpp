@@ -4,6 +4,7 @@
 #include <cmath>
 #include <iomanip>
 #include <ostream>
+#include <sstream>
 #include <utility>
 
 namespace vexnumkr::bench {
@@ -28,6 +29,17 @@ double medianOf(const std::vector<benchmark::BenchmarkReporter::Run>& runs, cons
   return median(std::move(values));
 }
 
+// With its unit. The times are no result, but say what a ratio is about.
+std::string cost(double value, const Comparison& comparison) {
+  std::ostringstream text;
+  text << std::setprecision(3);
+  if (comparison.unit == Unit::Bytes)
+    text << value / 1e6 << " MB";
+  else
+    text << value * 1e3 << " ms";
+  return text.str();
+}
+
 }  // namespace
 
 RatioTable::RatioTable(const Comparisons& comparisons, std::string sizes)
@@ -41,8 +53,8 @@ bool RatioTable::ReportContext(const Context& context) {
       << std::lround(context.cpu_info.cycles_per_second / 1e6) << " MHz\n"
       << "Build type: " << VEXNUMKR_BUILD_TYPE << "\n"
       << "Data:       " << sizes_ << "\n\n"
-      << "| what | compared with | ratio (median) | lowest | highest | at most |\n"
-      << "|---|---|---:|---:|---:|---:|\n"
+      << "| what | compared with | ratio (median) | lowest | highest | at most | each took |\n"
+      << "|---|---|---:|---:|---:|---:|---:|\n"
       << std::flush;
   return true;
 }
@@ -70,7 +82,8 @@ void RatioTable::ReportRuns(const std::vector<Run>& runs) {
   if (above) missed_.push_back(name);
   out << std::setprecision(3) << "| " << comparison.what << " | " << comparison.yardstick << " | "
       << ratio << (above ? " (!)" : "") << " | " << lowest << " | " << highest << " | "
-      << comparison.limit << " |\n"
+      << comparison.limit << " | " << cost(medianOf(runs, measuredCounter), comparison) << " : "
+      << cost(medianOf(runs, referenceCounter), comparison) << " |\n"
       << std::flush;
 }
 

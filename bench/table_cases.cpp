@@ -207,9 +207,10 @@ void addTableCases(Comparisons& comparisons, const std::shared_ptr<Workplace>& w
                          restored(&Tables::findForEachUser)});
   comparisons.push_back({"circles", "circles, one added and one removed", "copying the table once",
                          6, exchanged, restored(&Tables::copy)});
-  comparisons.push_back(
-      {"memory", "memory, index included", "the bytes of all texts, and 4 for each number", 3,
-       [=] { return (**tables).bytesTaken(); }, [=] { return (**tables).bytesOfCells(); }});
+  comparisons.push_back({"memory", "memory, index included",
+                         "the bytes of all texts, and 4 for each number", 3,
+                         [=] { return (**tables).bytesTaken(); },
+                         [=] { return (**tables).bytesOfCells(); }, Unit::Bytes});
 }
 
 }  // namespace vexnumkr::bench

@@ -1,14 +1,16 @@
 #include "rules/range_check.h"
 
 #include <algorithm>
+#include <bit>
 #include <limits>
-#include <string>
+#include <span>
 #include <unordered_map>
 #include <vector>
 
 #include <vexnumkr/error.h>
 
 #include "data/table/columns.h"
+#include "data/table/radix_order.h"
 #include "hosting/host_context.h"
 
 namespace vexnumkr {
@@ -24,19 +26,22 @@ bool isChecked(const XArray& table, std::int32_t row) {
   return isCommon(table, row) && table.toBoolean(row, column::Aktiviert);
 }
 
-std::string sequenceOf(const XArray& table, std::int32_t row) {
-  const Value sharedWith = table.get(row, column::IstNSchlVon);
-  if (sharedWith.isNull() || sharedWith.toText().empty()) return table.toText(row, column::NSchl);
-  return sharedWith.toText();
+// By the number of its text.
+TextId sequenceOf(const XArray& table, std::int32_t row) {
+  if (!table.isNull(row, column::IstNSchlVon)) {
+    const TextId sharedWith = table.toTextId(row, column::IstNSchlVon);
+    if (sharedWith != emptyTextId) return sharedWith;
+  }
+  return table.toTextId(row, column::NSchl);
 }
 
 // Ranges of one number key in one booking circle are the same range.
 struct Identity {
   Identity(const XArray& table, std::int32_t row)
-      : key(table.toText(row, column::NSchl)), circle(table.toLong(row, column::Buchungskreis)) {}
+      : key(table.toTextId(row, column::NSchl)), circle(table.toLong(row, column::Buchungskreis)) {}
   friend bool operator==(const Identity&, const Identity&) = default;
 
-  std::string key;
+  TextId key;
   std::int32_t circle;
 };
 
@@ -60,7 +65,7 @@ bool overlap(const XArray& table, std::int32_t a, std::int32_t b) {
 std::optional<RangeDefect> defectOf(const XArray& table, std::int32_t i) {
   if (const auto rule = ruleBrokenBy(table, i)) return RangeDefect{*rule, i, i};
   const Identity own(table, i);
-  const std::string sequence = sequenceOf(table, i);
+  const TextId sequence = sequenceOf(table, i);
   for (std::int32_t j = table.LowerBound(1); j <= table.UpperBound(1); ++j) {
     const bool active = table.toBoolean(j, column::Aktiviert);
     if (!active || !isCommon(table, j) || sequenceOf(table, j) != sequence) continue;
@@ -77,20 +82,21 @@ std::optional<RangeDefect> defectOf(const XArray& table, std::int32_t i) {
 
 // Where the loops stop, found without looping over pairs.
 
-constexpr std::int64_t beyond = std::int64_t{1} << 32;  // every value of a range
-
 // A range as a stretch of numbers. A defective one stops the loops at all of its partners, as if it
-// overlapped every one of them.
+// overlapped every one of them: it stretches over all numbers.
 struct Stretch {
   std::int32_t row;
+  std::uint32_t sequence;  // from 0, in the order in which the sequences are come across
   Identity identity;
-  std::int64_t low = -beyond;
-  std::int64_t high = beyond;
+  std::int32_t low = std::numeric_limits<std::int32_t>::min();
+  std::int32_t high = std::numeric_limits<std::int32_t>::max();
   bool stopsTheLoops = true;
 };
 
-Stretch stretchAt(const XArray& table, std::int32_t row) {
-  Stretch stretch{row, Identity(table, row)};
+using Stretches = std::vector<Stretch>;
+
+Stretch stretchAt(const XArray& table, std::int32_t row, std::uint32_t sequence) {
+  Stretch stretch{row, sequence, Identity(table, row)};
   try {
     if (ruleBrokenBy(table, row)) return stretch;
     stretch.low = table.toLong(row, column::StartWert);
@@ -99,6 +105,34 @@ Stretch stretchAt(const XArray& table, std::int32_t row) {
   } catch (const Error&) {  // NOLINT(bugprone-empty-catch): the loops raise it again
   }
   return stretch;
+}
+
+// Of all ranges that the loops look at, in the table's order.
+Stretches checkedStretches(const XArray& table) {
+  Stretches stretches;
+  std::unordered_map<TextId, std::uint32_t> sequences;
+  for (std::int32_t row = table.LowerBound(1); row <= table.UpperBound(1); ++row) {
+    if (!isChecked(table, row)) continue;
+    const auto next = static_cast<std::uint32_t>(sequences.size());
+    const auto sequence = sequences.try_emplace(sequenceOf(table, row), next).first->second;
+    stretches.push_back(stretchAt(table, row, sequence));
+  }
+  return stretches;
+}
+
+// Sequence after sequence, each by where its stretches begin.
+std::vector<std::uint32_t> orderOf(const Stretches& stretches) {
+  constexpr unsigned numberBits = 32;
+  constexpr std::uint32_t signBit = 0x80000000;
+  std::vector<std::uint64_t> keys;
+  keys.reserve(stretches.size());
+  std::uint32_t highestSequence = 0;
+  for (const Stretch& stretch : stretches) {
+    const std::uint32_t low = static_cast<std::uint32_t>(stretch.low) ^ signBit;
+    keys.push_back(std::uint64_t{stretch.sequence} << numberBits | low);
+    highestSequence = std::max(highestSequence, stretch.sequence);
+  }
+  return radixOrder(keys, numberBits + static_cast<unsigned>(std::bit_width(highestSequence)));
 }
 
 // The highest of the numbers added so far, and the highest that another than its owner has added.
@@ -110,7 +144,7 @@ class HighestOfOthers {
     } else if (number > highest_) {
       ofOthers_ = highest_;
       highest_ = number;
-      owner_ = &owner;
+      owner_ = owner;
     } else {
       ofOthers_ = std::max(ofOthers_, number);
     }
@@ -122,29 +156,39 @@ class HighestOfOthers {
   }
 
  private:
-  bool owns(const Identity& owner) const { return owner_ != nullptr && *owner_ == owner; }
+  bool owns(const Identity& owner) const { return owner_ == owner; }
 
-  const Identity* owner_ = nullptr;
+  std::optional<Identity> owner_;
   std::int64_t highest_ = std::numeric_limits<std::int64_t>::min();
   std::int64_t ofOthers_ = std::numeric_limits<std::int64_t>::min();
 };
 
-using Sequence = std::vector<Stretch*>;
-
-// Marks every range of a sequence that overlaps a partner: one that starts before it and ends
-// within or behind it, or one that starts behind its start but not behind its end.
-void markOverlaps(Sequence& sequence) {
-  std::sort(sequence.begin(), sequence.end(),
-            [](const Stretch* a, const Stretch* b) { return a->low < b->low; });
+// Marks every range of one sequence that overlaps a partner: one that starts before it and ends
+// within or behind it, or one that starts behind its start but not behind its end. `order` is by
+// where they begin.
+void markOverlaps(Stretches& stretches, std::span<const std::uint32_t> order) {
   HighestOfOthers ends;
-  for (Stretch* stretch : sequence) {
-    if (ends.reaches(stretch->low, stretch->identity)) stretch->stopsTheLoops = true;
-    ends.add(stretch->identity, stretch->high);
+  for (const std::uint32_t place : order) {
+    Stretch& stretch = stretches[place];
+    if (ends.reaches(stretch.low, stretch.identity)) stretch.stopsTheLoops = true;
+    ends.add(stretch.identity, stretch.high);
   }
   HighestOfOthers starts;  // negated, so that the lowest one is the highest
-  for (auto stretch = sequence.rbegin(); stretch != sequence.rend(); ++stretch) {
-    if (starts.reaches(-(*stretch)->high, (*stretch)->identity)) (*stretch)->stopsTheLoops = true;
-    starts.add((*stretch)->identity, -(*stretch)->low);
+  for (auto place = order.rbegin(); place != order.rend(); ++place) {
+    Stretch& stretch = stretches[*place];
+    if (starts.reaches(-std::int64_t{stretch.high}, stretch.identity)) stretch.stopsTheLoops = true;
+    starts.add(stretch.identity, -std::int64_t{stretch.low});
+  }
+}
+
+void markAllOverlaps(Stretches& stretches) {
+  const std::vector<std::uint32_t> order = orderOf(stretches);
+  for (auto begin = order.begin(); begin != order.end();) {
+    const auto end = std::find_if(begin, order.end(), [&](std::uint32_t place) {
+      return stretches[place].sequence != stretches[*begin].sequence;
+    });
+    markOverlaps(stretches, {begin, end});
+    begin = end;
   }
 }
 
@@ -155,12 +199,8 @@ std::optional<std::int32_t> firstChecked(const XArray& table) {
 }
 
 std::optional<std::int32_t> firstThatStops(const XArray& table) {
-  std::vector<Stretch> stretches;
-  for (std::int32_t row = table.LowerBound(1); row <= table.UpperBound(1); ++row)
-    if (isChecked(table, row)) stretches.push_back(stretchAt(table, row));
-  std::unordered_map<std::string, Sequence> sequences;
-  for (Stretch& stretch : stretches) sequences[sequenceOf(table, stretch.row)].push_back(&stretch);
-  for (auto& [key, sequence] : sequences) markOverlaps(sequence);
+  Stretches stretches = checkedStretches(table);
+  markAllOverlaps(stretches);
   for (const Stretch& stretch : stretches)
     if (stretch.stopsTheLoops) return stretch.row;
   return std::nullopt;

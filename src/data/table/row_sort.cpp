@@ -1,19 +1,19 @@
 #include "data/table/row_sort.h"
 
 #include <algorithm>
-#include <array>
 #include <bit>
 #include <numeric>
 
 #include <vexnumkr/error.h>
 #include <vexnumkr/value.h>
 
+#include "data/table/radix_order.h"
+
 namespace vexnumkr {
 namespace {
 
 constexpr std::uint32_t signBit = 0x80000000;
 constexpr unsigned packedBits = 64;
-constexpr unsigned digitBits = 11;
 
 std::int32_t asLong(const Cell& cell, const TextPool& texts) {
   switch (cell.kind) {
@@ -99,23 +99,6 @@ std::vector<std::uint64_t> pack(const Columns& columns) {
     for (std::size_t i = 0; i < packed.size(); ++i) packed[i] = (packed[i] << bits) | values[i];
   }
   return packed;
-}
-
-// Least significant digit first; each pass is stable, so the whole is.
-std::vector<std::uint32_t> radixOrder(const std::vector<std::uint64_t>& packed, unsigned bits) {
-  constexpr std::size_t buckets = std::size_t{1} << digitBits;
-  std::vector<std::uint32_t> order(packed.size());
-  std::vector<std::uint32_t> target(packed.size());
-  std::iota(order.begin(), order.end(), 0U);
-  for (unsigned shift = 0; shift < bits; shift += digitBits) {
-    std::array<std::uint32_t, buckets> start{};
-    const auto digit = [&](std::uint32_t row) { return (packed[row] >> shift) & (buckets - 1); };
-    for (const std::uint32_t row : order) ++start[digit(row)];
-    std::exclusive_scan(start.begin(), start.end(), start.begin(), 0U);
-    for (const std::uint32_t row : order) target[start[digit(row)]++] = row;
-    order.swap(target);
-  }
-  return order;
 }
 
 // For keys too wide to be joined.

@@ -132,6 +132,10 @@ void XArray::set(std::int32_t row, std::int32_t column, const Value& value) {
   if (std::any_of(order_.begin(), order_.end(), sortsBy)) forgetOrder();
 }
 
+bool XArray::isNull(std::int32_t row, std::int32_t column) const {
+  return cell(row, column).kind == Cell::Kind::Null;
+}
+
 std::int32_t XArray::toLong(std::int32_t row, std::int32_t column) const {
   const Cell& content = cell(row, column);
   return content.isLong() ? content.number() : get(row, column).toLong();
@@ -144,6 +148,11 @@ bool XArray::toBoolean(std::int32_t row, std::int32_t column) const {
 
 std::string XArray::toText(std::int32_t row, std::int32_t column) const {
   return get(row, column).toText();
+}
+
+TextId XArray::toTextId(std::int32_t row, std::int32_t column) const {
+  const Cell& content = cell(row, column);
+  return content.isText() ? content.textId() : texts_->add(toText(row, column));
 }
 
 bool XArray::equals(std::int32_t row, std::int32_t column, std::string_view text) const {

@@ -49,10 +49,16 @@ class XArray {
   Value get(std::int32_t row, std::int32_t column) const;
   void set(std::int32_t row, std::int32_t column, const Value& value);
 
+  bool isNull(std::int32_t row, std::int32_t column) const;
+
   /// The cell converted, with the errors of Value's conversions.
   std::int32_t toLong(std::int32_t row, std::int32_t column) const;
   bool toBoolean(std::int32_t row, std::int32_t column) const;
   std::string toText(std::int32_t row, std::int32_t column) const;
+  /// The converted text by its number in the table's pool: equal texts have equal numbers, and ""
+  /// has emptyTextId.
+  TextId toTextId(std::int32_t row, std::int32_t column) const;
+  const std::string& text(TextId id) const { return texts_->text(id); }
   /// Whether the cell holds this text, where a cell that was never set counts as an empty text;
   /// false for a cell of another kind.
   bool equals(std::int32_t row, std::int32_t column, std::string_view text) const;
