@@ -1,6 +1,9 @@
 #include "rules/mask_numbering.h"
 
 #include <algorithm>
+#include <optional>
+#include <unordered_map>
+#include <utility>
 
 #include "data/table/columns.h"
 #include "hosting/reporting.h"
@@ -38,17 +41,46 @@ std::string reversed(std::string text) {
   return text;
 }
 
-void numberRow(HostContext& context, std::int32_t row) {
-  XArray& table = context.XArray();
-  const std::string text = table.toText(row, column::Maske);
-  const std::string_view mask = trimBlanks(text);
-  if (mask.empty()) return;
-  const MaskTexts texts = readMask(mask, context.strVerarbeitungsdatum());
+// The lowest and the highest number of a range.
+struct Bounds {
+  std::int32_t low = 0;
+  std::int32_t high = 0;
+};
+
+// Nothing for a mask without a character.
+std::optional<Bounds> boundsOf(std::string_view mask, std::string_view date) {
+  mask = trimBlanks(mask);
+  if (mask.empty()) return std::nullopt;
+  const MaskTexts texts = readMask(mask, date);
   const std::int32_t low = textToLong(texts.low);
-  const std::int32_t high = textToLong(texts.high);
-  table.set(row, column::StartWert, low);
-  table.set(row, column::AktuellerWert, low);
-  table.set(row, column::EndWert, high);
+  return Bounds{low, textToLong(texts.high)};
+}
+
+// Thousands of ranges share a few masks, so each mask is read once.
+class Masks {
+ public:
+  Masks(const XArray& table, std::string date) : table_(table), date_(std::move(date)) {}
+
+  std::optional<Bounds> boundsAt(std::int32_t row) {
+    const TextId mask = table_.toTextId(row, column::Maske);
+    const auto known = read_.find(mask);
+    if (known != read_.end()) return known->second;
+    return read_.emplace(mask, boundsOf(table_.text(mask), date_)).first->second;
+  }
+
+ private:
+  const XArray& table_;
+  std::string date_;
+  std::unordered_map<TextId, std::optional<Bounds>> read_;
+};
+
+void numberRow(HostContext& context, Masks& masks, std::int32_t row) {
+  const auto bounds = masks.boundsAt(row);
+  if (!bounds) return;
+  XArray& table = context.XArray();
+  table.set(row, column::StartWert, bounds->low);
+  table.set(row, column::AktuellerWert, bounds->low);
+  table.set(row, column::EndWert, bounds->high);
   context.blnChanged(true);
 }
 
@@ -96,8 +128,9 @@ bool StartAutoNum(HostContext& context) {
     XArray& table = context.XArray();
     sortRows(table, displayOrder);
     context.progress().expect(table.UpperBound(1) - table.LowerBound(1) + 1);
+    Masks masks(table, context.strVerarbeitungsdatum());
     for (std::int32_t row = table.LowerBound(1); row <= table.UpperBound(1); ++row) {
-      numberRow(context, row);
+      numberRow(context, masks, row);
       context.progress().advance();
     }
     finished = true;
