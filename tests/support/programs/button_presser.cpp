@@ -4,8 +4,9 @@
 //
 //   QT_PLUGIN_PATH=build/dev/tests/plugins QT_QPA_GENERIC_PLUGINS=buttonpresser:cmdAuto/yes/cmdOK
 //
-// A button is named by its object name. It is clicked once its window is in front and the program
-// has nothing left to do; a window in front that lacks it ends the program.
+// A button is named by its object name. It is clicked once its window is in front, the pointer is
+// not busy, and the program has nothing left to do; a window in front that lacks it ends the
+// program.
 #include <QtGui/QGenericPlugin>
 #include <QtTest/QTest>
 #include <QtWidgets/QAbstractButton>
@@ -27,6 +28,7 @@ class ButtonPresser : public QObject {
   void pressNext() {
     const QWidget* window = QApplication::activeModalWidget();
     if (window == nullptr || !window->isVisible()) return;
+    if (QGuiApplication::overrideCursor() != nullptr) return;
     const QString name = buttons_.takeFirst();
     if (buttons_.isEmpty()) pump_.stop();
     auto* button = window->findChild<QAbstractButton*>(name);
