@@ -16,6 +16,7 @@ void LiveRows::reset(std::size_t slots) {
   removed_ = 0;
   words_.clear();
   counts_.clear();
+  lastSlot_.reset();
 }
 
 // Builds the counts from the bits in one pass.
@@ -37,10 +38,27 @@ void LiveRows::remove(std::size_t slot) {
   words_[slot / wordBits] &= ~(std::uint64_t{1} << (slot % wordBits));
   for (std::size_t i = slot / wordBits + 1; i < counts_.size(); i += lowestBit(i)) --counts_[i];
   ++removed_;
+  lastSlot_.reset();
 }
 
 std::size_t LiveRows::slotAt(std::size_t position) const {
   if (removed_ == 0) return position;
+  if (lastSlot_ && position == lastPosition_) return *lastSlot_;
+  const bool isNext = lastSlot_ && position == lastPosition_ + 1;
+  lastSlot_ = isNext ? nextLive(*lastSlot_) : findSlot(position);
+  lastPosition_ = position;
+  return *lastSlot_;
+}
+
+// REQUIRES: there is one.
+std::size_t LiveRows::nextLive(std::size_t slot) const {
+  std::size_t word = ++slot / wordBits;
+  std::uint64_t bits = words_[word] & (~std::uint64_t{0} << (slot % wordBits));
+  while (bits == 0) bits = words_[++word];
+  return word * wordBits + static_cast<std::size_t>(std::countr_zero(bits));
+}
+
+std::size_t LiveRows::findSlot(std::size_t position) const {
   std::size_t word = 0;
   for (std::size_t step = std::bit_floor(counts_.size() - 1); step != 0; step /= 2) {
     const std::size_t next = word + step;
