@@ -80,6 +80,7 @@ class DialogSession : public ::testing::Test {
     user_.expectDialog(name, std::move(steps));
   }
   void answer(const std::string& button) { user_.answer(button); }
+  void whenBoxComes(std::function<void()> act) { user_.whenBoxComes(std::move(act)); }
   Boxes boxes() { return user_.takeBoxes(); }
   Lines windows() { return user_.takeLog(); }
 

@@ -106,6 +106,7 @@ std::string ModalUser::answerFor(const QMessageBox& box) {
 void ModalUser::answerBox(QMessageBox& box) {
   boxes_.push_back(recorded(box));
   log_.push_back("box " + boxes_.back().title);
+  if (whenBoxComes_) guarded(std::exchange(whenBoxComes_, {}));
   const std::string answer = answerFor(box);
   auto* button = box.findChild<QPushButton*>(QString::fromStdString(answer));
   if (button == nullptr) {

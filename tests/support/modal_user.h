@@ -32,6 +32,8 @@ class ModalUser : public QObject {
   void expectDialog(const std::string& name, std::function<void()> act);
   /// Answers the next question: "ok", "yes", "no" or "cancel".
   void answer(const std::string& button) { answers_.push_back(button); }
+  /// Runs when the next box is up, before it is answered.
+  void whenBoxComes(std::function<void()> act) { whenBoxComes_ = std::move(act); }
   /// The boxes since the last call.
   std::vector<Box> takeBoxes() { return std::exchange(boxes_, {}); }
   /// What came up and went since the last call: "box TITLE", "open NAME", "close NAME".
@@ -58,6 +60,7 @@ class ModalUser : public QObject {
 
   std::deque<Expected> expected_;
   std::deque<std::string> answers_;
+  std::function<void()> whenBoxComes_;
   std::vector<Box> boxes_;
   std::vector<std::string> log_;
   std::vector<QPointer<QDialog>> dialogs_;
