@@ -4,6 +4,8 @@ target_link_libraries(vexnumkr_test_grid
   PUBLIC vexnumkr_qtgrid Qt6::Test GTest::gtest
   PRIVATE vexnumkr_options)
 
-foreach(name items model mouse keys edit edit_handlers rebuild columns look tool_tip accessibility)
+foreach(name items model mouse keys edit edit_handlers rebuild columns look
+    contrast menus tool_tip accessibility)
   vexnumkr_test(gui/grid_${name}_test GUI LABEL gui LINKS vexnumkr_test_grid)
 endforeach()
+vexnumkr_test(gui/grid_scales_test GUI LABEL gui SCALES 1.25 1.5 2 LINKS vexnumkr_test_grid)

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "adapters/qtgrid/view/device_pixels.h"
 #include "adapters/qtgrid/view/grid_colours.h"
 
 namespace vexnumkr {
@@ -22,10 +23,8 @@ class Canvas {
         outline_(blended(ground_, ink_, 0.55F)) {
     const qreal ratio = painter.device()->devicePixelRatio();
     const qreal edge = std::floor(std::min(area.width(), area.height()) * ratio) / ratio;
-    const QPointF shift(painter.worldTransform().dx(), painter.worldTransform().dy());
-    const QPointF corner = area.center() - QPointF(edge / 2, edge / 2) + shift;
-    square_ = QRectF(std::round(corner.x() * ratio) / ratio - shift.x(),
-                     std::round(corner.y() * ratio) / ratio - shift.y(), edge, edge);
+    const QPointF corner = area.center() - QPointF(edge / 2, edge / 2);
+    square_ = onDevicePixels(painter, QRectF(corner, QSizeF(edge, edge)));
     line_ = std::max(1.0, std::round(unit() * ratio)) / ratio;
   }
 

@@ -1,9 +1,13 @@
 #include "adapters/qtgrid/edit/cell_editor.h"
 
+#include <QContextMenuEvent>
 #include <QKeyEvent>
 #include <QPainter>
 
+#include "adapters/qtgrid/edit/edit_menu.h"
 #include "adapters/qtgrid/view/cell_layout.h"
+#include "adapters/qtgrid/view/device_pixels.h"
+#include "adapters/qtgrid/view/grid_colours.h"
 
 namespace vexnumkr {
 namespace {
@@ -26,6 +30,14 @@ CellEditor::CellEditor(QWidget* viewport) : QLineEdit(viewport) {
   hide();
 }
 
+void CellEditor::useSelectionOf(const QPalette& palette) {
+  const CellColours colours = selectionColours(palette);
+  QPalette own;
+  own.setColor(QPalette::Highlight, colours.background);
+  own.setColor(QPalette::HighlightedText, colours.text);
+  setPalette(own);
+}
+
 bool CellEditor::event(QEvent* event) {
   const bool isKey = event->type() == QEvent::KeyPress;
   const bool asksForKey = event->type() == QEvent::ShortcutOverride;
@@ -45,10 +57,20 @@ bool CellEditor::event(QEvent* event) {
 void CellEditor::paintEvent(QPaintEvent* event) {
   QLineEdit::paintEvent(event);
   QPainter painter(this);
-  const QColor frame = palette().color(QPalette::Highlight);
-  const QRect inside = rect().adjusted(1, 1, -1, -1);
+  const QColor colour = palette().color(QPalette::Highlight);
+  const QRectF frame = onDevicePixels(painter, rect());
+  const qreal line = thinLine(painter);
   // Filled, because a thin pen loses edges at fractional device pixel ratios.
-  for (const QRect& edge : QRegion(rect()) - QRegion(inside)) painter.fillRect(edge, frame);
+  const QRectF across(0, 0, frame.width(), line);
+  const QRectF down(0, 0, line, frame.height());
+  painter.fillRect(across.translated(frame.topLeft()), colour);
+  painter.fillRect(across.translated(frame.left(), frame.bottom() - line), colour);
+  painter.fillRect(down.translated(frame.topLeft()), colour);
+  painter.fillRect(down.translated(frame.right() - line, frame.top()), colour);
+}
+
+void CellEditor::contextMenuEvent(QContextMenuEvent* event) {
+  openEditMenu(*this, event->globalPos());
 }
 
 }  // namespace vexnumkr

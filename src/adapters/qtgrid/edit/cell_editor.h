@@ -27,9 +27,13 @@ class CellEditor : public QLineEdit {
   explicit CellEditor(QWidget* viewport);
   /// Null for nobody; borrowed.
   void listen(CellEditorListener* listener) { listener_ = listener; }
+  /// Makes selected text legible on the selection of `palette`; all else follows the grid by
+  /// itself.
+  void useSelectionOf(const QPalette& palette);
 
  protected:
   bool event(QEvent* event) override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
 
  private:

@@ -35,6 +35,7 @@ void GridEdit::open(int item, int column) {
   GridModel& model = view_.gridModel();
   const int section = model.sectionOf(column);
   editor_->setAlignment(model.alignmentOf(section));
+  editor_->useSelectionOf(view_.palette());
   editor_->setAccessibleName(model.headerData(section, Qt::Horizontal, Qt::DisplayRole).toString());
   editor_->setText(toQString(model.items().text(item, column)));
   session_ = Session{item, static_cast<std::int16_t>(column), editor_->text()};

@@ -8,7 +8,7 @@ class QFontMetrics;
 namespace vexnumkr {
 
 /// The parts of a cell. Those that it does not have are empty; `branch` is where the arrow of a
-/// group stands.
+/// group stands. The lowest pixel of a cell is left to the rule below its row.
 struct CellLayout {
   QRect cell;
   QRect branch;
@@ -30,7 +30,8 @@ inline constexpr int treeIndentation = 15;
 inline constexpr int childIndentation = 8;
 
 int pictureEdge(const QFontMetrics& metrics);
-int rowHeight(const QFontMetrics& metrics);
+/// A row of whole device pixels, where the ratio allows it: only then do all rows look alike.
+int rowHeight(const QFontMetrics& metrics, qreal devicePixelRatio);
 CellLayout layOutCell(const QRect& cell, const CellShape& shape, const QFontMetrics& metrics);
 
 }  // namespace vexnumkr

@@ -4,6 +4,7 @@
 #include <QWidget>
 
 #include "adapters/qtgrid/picture_art.h"
+#include "adapters/qtgrid/view/device_pixels.h"
 #include "adapters/qtgrid/view/grid_colours.h"
 
 namespace vexnumkr {
@@ -32,7 +33,7 @@ void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
   cell.font = cellFont(index, option.font);
   if (!option.state.testFlag(QStyle::State_Selected)) {
     if (const auto colours = cellColours(styleOf(index).background, option.palette)) {
-      painter->fillRect(option.rect, colours->background);
+      painter->fillRect(onDevicePixels(*painter, option.rect), colours->background);
       recolour(cell, *colours);
     }
   }
@@ -61,7 +62,8 @@ void GridDelegate::paintText(QPainter* painter, const QRect& area,
 }
 
 QSize GridDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const {
-  const int height = rowHeight(option.fontMetrics);
+  const qreal ratio = option.widget == nullptr ? 1 : option.widget->devicePixelRatioF();
+  const int height = rowHeight(option.fontMetrics, ratio);
   const CellLayout parts = layout(index, QRect(0, 0, 0, height), option.fontMetrics);
   const int width = QFontMetrics(cellFont(index, option.font)).horizontalAdvance(textOf(index));
   return {parts.text.left() + width + cellPadding, height};

@@ -9,8 +9,9 @@
 namespace vexnumkr {
 
 /// Paints a cell into the whole of option.rect, the space of the tree included: its own background,
-/// the arrow of a group, the item's picture and the text. What lies behind (selection, rules) is
-/// the view's. A selected cell shows no background of its own.
+/// the arrow of a group, the item's picture and the text. The selection
+/// behind it and the rule over its lower edge are the view's. A selected cell shows no background
+/// of its own.
 class GridDelegate : public QStyledItemDelegate {
   Q_OBJECT
 

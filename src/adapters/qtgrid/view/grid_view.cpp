@@ -11,6 +11,7 @@
 #include <utility>
 
 #include "adapters/qtgrid/view/grid_header.h"
+#include "adapters/qtgrid/view/scroll_bar.h"
 
 namespace vexnumkr {
 
@@ -39,6 +40,8 @@ void GridView::setUpLook() {
   setAnimated(false);
   setIndentation(treeIndentation);
   setTabKeyNavigation(false);
+  setVerticalScrollBar(new ScrollBar(Qt::Vertical));
+  setHorizontalScrollBar(new ScrollBar(Qt::Horizontal));
   setVerticalScrollMode(ScrollPerPixel);
   setHorizontalScrollMode(ScrollPerPixel);
 }
@@ -132,6 +135,7 @@ void GridView::applyWidths() {
     header()->resizeSection(section, static_cast<int>(std::lround(width)));
   }
   fitFirstSection();
+  updateGeometries();  // at once, lest a scroll bar is seen that is not needed any more
 }
 
 void GridView::fitFirstSection() {
@@ -220,6 +224,8 @@ bool GridView::event(QEvent* event) {
     event->accept();
     return true;
   }
+  // The height of rows depends on the screen's device pixels.
+  if (event->type() == QEvent::ScreenChangeInternal) scheduleDelayedItemsLayout();
   return QTreeView::event(event);
 }
 
@@ -265,6 +271,7 @@ void GridView::mouseReleaseEvent(QMouseEvent* event) { event->accept(); }
 void GridView::resizeEvent(QResizeEvent* event) {
   QTreeView::resizeEvent(event);
   fitFirstSection();
+  updateGeometries();
 }
 
 void GridView::showEvent(QShowEvent* event) {

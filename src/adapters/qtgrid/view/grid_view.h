@@ -108,14 +108,14 @@ class GridView : public QTreeView {
   bool showToolTip(const QHelpEvent& event);
   QRect cellRect(const QModelIndex& index) const;
   bool hasKeys() const;
-  void paintGround(QPainter* painter, const QRect& row, bool selected) const;
+  void paintRule(QPainter* painter, const QRect& row) const;
   void paintCells(QPainter* painter, const QStyleOptionViewItem& row,
                   const QModelIndex& index) const;
 
   GridModel* model_;        // owned by this widget, as every QObject child
   GridDelegate* delegate_;  // likewise
   GridViewListener* listener_ = nullptr;
-  std::vector<double> widths_;  // by grid column
+  std::vector<double> widths_;                  // by grid column
   bool settingWidths_ = false;
   bool expandAtLayout_ = false;
   std::optional<int> scrollAtLayout_;

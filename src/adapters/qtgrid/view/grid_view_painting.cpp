@@ -5,6 +5,7 @@
 #include <QToolTip>
 
 #include "adapters/qtgrid/plain_text.h"
+#include "adapters/qtgrid/view/device_pixels.h"
 #include "adapters/qtgrid/view/grid_colours.h"
 #include "adapters/qtgrid/view/grid_view.h"
 
@@ -12,12 +13,9 @@ namespace vexnumkr {
 namespace {
 
 constexpr float ruleStrength = 0.12F;
-constexpr float restingSelection = 0.22F;
 
 }  // namespace
 
-// Whether keys go to the grid itself and not to an editor in it. The full colour of the selection
-// says so; else a tint is enough.
 bool GridView::hasKeys() const { return focusProxy() == nullptr && hasFocus(); }
 
 void GridView::drawRow(QPainter* painter, const QStyleOptionViewItem& option,
@@ -29,23 +27,25 @@ void GridView::drawRow(QPainter* painter, const QStyleOptionViewItem& option,
   row.font = font();
   row.fontMetrics = fontMetrics();
   row.state.setFlag(QStyle::State_Selected, selected);
-  paintGround(painter, option.rect, selected);
-  if (selected && hasKeys()) {
-    const QColor text = palette().color(QPalette::HighlightedText);
-    row.palette.setColor(QPalette::Text, text);
-    row.palette.setColor(QPalette::WindowText, text);
+  if (selected) {
+    // The full colour says that keys go here; else a tint is enough.
+    const CellColours colours =
+        hasKeys() ? selectionColours(palette()) : restingSelectionColours(palette());
+    painter->fillRect(onDevicePixels(*painter, option.rect), colours.background);
+    row.palette.setColor(QPalette::Text, colours.text);
+    row.palette.setColor(QPalette::WindowText, colours.text);
   }
   paintCells(painter, row, index);
+  paintRule(painter, option.rect);
 }
 
-void GridView::paintGround(QPainter* painter, const QRect& row, bool selected) const {
+// The rule takes the last device pixels of its row, so that all rules are of one kind and equally
+// far apart.
+void GridView::paintRule(QPainter* painter, const QRect& row) const {
+  QRectF area = onDevicePixels(*painter, row);
+  area.setTop(area.bottom() - thinLine(*painter));
   const QColor base = palette().color(QPalette::Base);
-  if (selected) {
-    const QColor highlight = palette().color(QPalette::Highlight);
-    painter->fillRect(row, hasKeys() ? highlight : blended(base, highlight, restingSelection));
-  }
-  const QColor rule = blended(base, palette().color(QPalette::Text), ruleStrength);
-  painter->fillRect(QRect(row.left(), row.bottom(), row.width(), 1), rule);
+  painter->fillRect(area, blended(base, palette().color(QPalette::Text), ruleStrength));
 }
 
 void GridView::paintCells(QPainter* painter, const QStyleOptionViewItem& row,
@@ -53,7 +53,7 @@ void GridView::paintCells(QPainter* painter, const QStyleOptionViewItem& row,
   QStyleOptionViewItem cell(row);
   for (int section = 0; section < header()->count(); ++section) {
     cell.rect = QRect(columnViewportPosition(section), row.rect.top(),
-                      header()->sectionSize(section), row.rect.height() - 1);
+                      header()->sectionSize(section), row.rect.height());
     if (cell.rect.right() < 0 || cell.rect.left() > viewport()->width()) continue;
     delegate_->paint(painter, cell, index.siblingAtColumn(section));
   }

@@ -1,0 +1,43 @@
+#include "adapters/qtgrid/view/device_pixels.h"
+
+#include <QPainter>
+#include <QTransform>
+#include <algorithm>
+#include <cmath>
+
+namespace vexnumkr {
+namespace {
+
+constexpr int longestAddition = 3;
+
+// Halves go up, also those that the transformations before have missed by a hair: what is painted
+// row by row must not come out now so and now so.
+constexpr qreal hair = 1e-6;
+
+qreal nearest(qreal number) { return std::floor(number + 0.5 + hair); }
+
+bool isWhole(qreal number) { return std::abs(number - std::round(number)) < 0.001; }
+
+}  // namespace
+
+qreal thinLine(const QPainter& painter) {
+  const qreal ratio = painter.device()->devicePixelRatio();
+  return std::max(1.0, std::floor(ratio)) / ratio;
+}
+
+QRectF onDevicePixels(const QPainter& painter, const QRectF& area) {
+  const QTransform transform = painter.deviceTransform();
+  const QRectF device = transform.mapRect(area);
+  const QPointF topLeft(nearest(device.left()), nearest(device.top()));
+  const QPointF end(nearest(device.right()), nearest(device.bottom()));
+  return transform.inverted().mapRect(QRectF(topLeft, end));
+}
+
+int wholeDevicePixels(int length, qreal ratio) {
+  for (int more = 0; more <= longestAddition; ++more) {
+    if (isWhole((length + more) * ratio)) return length + more;
+  }
+  return length;
+}
+
+}  // namespace vexnumkr
