@@ -172,6 +172,7 @@ struct ColumnDescription {
   std::string header;
   double width = 0;  ///< in grid units; 0 hides the column
   Alignment alignment = Alignment::Left;
+  bool editable = false;  ///< whether its cells take entries at all
 };
 
 struct ControlDescription {
@@ -188,6 +189,11 @@ struct ControlDescription {
   int arrayIndex = -1;
   /// The frame that this control stands in (its position is relative to it); empty for the form.
   std::string parent;
+  /// Of a label: the control of the form that it names; empty for none.
+  std::string labelled;
+  /// The letter of the caption that presses a button, or goes to the control that a label names,
+  /// together with Alt; 0 for none. It is underlined, the caption stays as it is.
+  char accessKey = 0;
   /// What assistive technology calls the control; its caption where empty.
   std::string accessibleName;
   std::vector<ColumnDescription> columns;  ///< of a tree grid, from column 0

@@ -24,6 +24,10 @@ ColumnDescription column(const char* header, double width, Alignment alignment) 
   return {header, width, alignment};
 }
 
+ColumnDescription valueColumn(const char* header, Alignment alignment) {
+  return {header, 87, alignment, true};
+}
+
 }  // namespace
 
 void GridEvents::ItemClick(std::int32_t index, std::int16_t col, GridArea area,
@@ -65,10 +69,10 @@ ControlDescription gridDescription() {
   grid.position = {150, 150, 8400, 3900};
   grid.tabIndex = 0;
   grid.columns = {
-      column("", 0, Alignment::Left),        column("Beschreibung", 133, Alignment::Left),
-      column("Start", 87, Alignment::Right), column("Aktuell", 87, Alignment::Right),
-      column("Ende", 87, Alignment::Right),  column("Maske", 87, Alignment::Left),
-      column("NSchl", 0, Alignment::Left),   column("Type", 0, Alignment::Left)};
+      column("", 0, Alignment::Left),         column("Beschreibung", 133, Alignment::Left),
+      valueColumn("Start", Alignment::Right), valueColumn("Aktuell", Alignment::Right),
+      valueColumn("Ende", Alignment::Right),  valueColumn("Maske", Alignment::Left),
+      column("NSchl", 0, Alignment::Left),    column("Type", 0, Alignment::Left)};
   return grid;
 }
 

@@ -4,6 +4,14 @@ target_link_libraries(vexnumkr_test_gui_main
   PUBLIC Qt6::Widgets Qt6::Test GTest::gtest
   PRIVATE vexnumkr_options)
 
+# What the application tells screen readers, which only the platform can switch on.
+add_library(vexnumkr_test_screen_reader STATIC
+  "${CMAKE_CURRENT_SOURCE_DIR}/support/screen_reader.cpp")
+target_include_directories(vexnumkr_test_screen_reader PUBLIC "${CMAKE_CURRENT_SOURCE_DIR}")
+target_link_libraries(vexnumkr_test_screen_reader
+  PUBLIC Qt6::Gui
+  PRIVATE vexnumkr_options Qt6::GuiPrivate)
+
 foreach(group grid forms dialog)
   if(EXISTS "${CMAKE_CURRENT_LIST_DIR}/${group}_tests.cmake")
     include("${CMAKE_CURRENT_LIST_DIR}/${group}_tests.cmake")

@@ -168,6 +168,8 @@ std::int32_t TreeGridControl::FindString(std::int32_t start, std::int16_t column
   return items().find(start, column, text);
 }
 
+void TreeGridControl::AcceptsEntries(bool accepts) { view().acceptEntries(accepts); }
+
 void TreeGridControl::StartEdit(std::int32_t index, std::int16_t column) {
   requireItem(index);
   requireColumn(column);
@@ -242,6 +244,7 @@ void TreeGridControl::restoreAfterReset() {
     view().revealAtLayout(current_);
   }
   edit_.reveal();
+  view().announceCurrent();
 }
 
 void TreeGridControl::Events(TreeGridEvents* events) {

@@ -31,6 +31,17 @@ ControlDescription combo(const char* name, const char* accessibleName, const Rec
   return control;
 }
 
+ControlDescription labelOf(const char* labelled, char accessKey, ControlDescription label) {
+  label.labelled = labelled;
+  label.accessKey = accessKey;
+  return label;
+}
+
+ControlDescription withKey(char accessKey, ControlDescription control) {
+  control.accessKey = accessKey;
+  return control;
+}
+
 ControlDescription picture(const char* name, PictureKind kind) {
   ControlDescription control = describeControl(ControlKind::PictureHolder, name, {});
   control.picture = kind;
@@ -55,10 +66,10 @@ ControlDescription grid() {
   control.tabIndex = 3;
   control.columns = {{"", 0},
                      {"Beschreibung", descriptionColumnWidth},
-                     {"Start", valueColumnWidth, Alignment::Right},
-                     {"Aktuell", valueColumnWidth, Alignment::Right},
-                     {"Ende", valueColumnWidth, Alignment::Right},
-                     {"Maske", valueColumnWidth, Alignment::Left},
+                     {"Start", valueColumnWidth, Alignment::Right, true},
+                     {"Aktuell", valueColumnWidth, Alignment::Right, true},
+                     {"Ende", valueColumnWidth, Alignment::Right, true},
+                     {"Maske", valueColumnWidth, Alignment::Left, true},
                      {"Buchungskreis", 0},
                      {"NSchl", 0},
                      {"NBezeichnung", 0},
@@ -83,28 +94,31 @@ FormDescription mainDialogDescription() {
   form.minimumWidth = 9060;  // the user filter stays clear of the other one
   form.minimumHeight = 3600;
 
-  ControlDescription options = describeButton("cmdOptionen", "Einstellungen", bottomLeft(2), 6);
+  ControlDescription options =
+      withKey('E', describeButton("cmdOptionen", "Einstellungen", bottomLeft(2), 6));
   options.visible = false;
   ControlDescription circles = describeButton("cmdBuchungskreise", "...", {4515, 135, 420, 315}, 1);
   circles.accessibleName = "Nummernkreise verwalten";
 
-  form.controls = {grid(),
-                   describeLabel("lblBuchungskreis", "Nummernkreis:", {margin, 180, 1320, 225}),
-                   combo("cboBuchungskreis", "Nummernkreis", {1470, 135, 3000, 315}, 0),
-                   circles,
-                   describeLabel("lblUser", "Benutzer:", {5580, 180, 900, 225}),
-                   combo("cboUser", "Benutzer", {6480, 135, 3000, 315}, 2),
-                   describeButton("cmdAuto", "Automatisch", bottomLeft(0), 4),
-                   describeButton("cmdSonderkreise", "Sonderkreise", bottomLeft(1), 5),
-                   options,
-                   describeButton("cmdOK", "OK", bottomRight(1), 7, ButtonRole::Default),
-                   describeButton("cmdCancel", "Abbrechen", bottomRight(0), 8, ButtonRole::Cancel),
-                   picture("UglyButtons", PictureKind::CellButton),
-                   picture("Checked", PictureKind::CheckedBox),
-                   picture("Unchecked", PictureKind::UncheckedBox),
-                   picture("ValueTrue", PictureKind::OptionOn),
-                   picture("ValueFalse", PictureKind::OptionOff),
-                   picture("NotFound", PictureKind::NotFound)};
+  form.controls = {
+      grid(),
+      labelOf("cboBuchungskreis", 'N',
+              describeLabel("lblBuchungskreis", "Nummernkreis:", {margin, 180, 1320, 225})),
+      combo("cboBuchungskreis", "Nummernkreis", {1470, 135, 3000, 315}, 0),
+      circles,
+      labelOf("cboUser", 'B', describeLabel("lblUser", "Benutzer:", {5580, 180, 900, 225})),
+      combo("cboUser", "Benutzer", {6480, 135, 3000, 315}, 2),
+      withKey('A', describeButton("cmdAuto", "Automatisch", bottomLeft(0), 4)),
+      withKey('S', describeButton("cmdSonderkreise", "Sonderkreise", bottomLeft(1), 5)),
+      options,
+      describeButton("cmdOK", "OK", bottomRight(1), 7, ButtonRole::Default),
+      describeButton("cmdCancel", "Abbrechen", bottomRight(0), 8, ButtonRole::Cancel),
+      picture("UglyButtons", PictureKind::CellButton),
+      picture("Checked", PictureKind::CheckedBox),
+      picture("Unchecked", PictureKind::UncheckedBox),
+      picture("ValueTrue", PictureKind::OptionOn),
+      picture("ValueFalse", PictureKind::OptionOff),
+      picture("NotFound", PictureKind::NotFound)};
   return form;
 }
 

@@ -156,6 +156,7 @@ void SyncDataWithControl(HostContext& context, const std::string& filter, const 
     const GridUpdate update(grid);
     const std::int32_t current = grid.ListIndex();
     grid.Clear();
+    grid.AcceptsEntries(user == alleBenutzer);
     addItems(context, View{filter, user});
     grid.ListIndex(current);
   });

@@ -36,7 +36,7 @@ void GridEdit::open(int item, int column) {
   const int section = model.sectionOf(column);
   editor_->setAlignment(model.alignmentOf(section));
   editor_->useSelectionOf(view_.palette());
-  editor_->setAccessibleName(model.headerData(section, Qt::Horizontal, Qt::DisplayRole).toString());
+  editor_->setAccessibleName(view_.pathOf(item, section));
   editor_->setText(toQString(model.items().text(item, column)));
   session_ = Session{item, static_cast<std::int16_t>(column), editor_->text()};
   ++serial_;

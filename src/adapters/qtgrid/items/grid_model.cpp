@@ -62,22 +62,22 @@ void GridModel::moveLastUnderGroup() {
 }
 
 void GridModel::setText(int item, int column, std::string_view text) {
-  if (items_.setText(item, column, text)) cellChanged(item, column);
+  if (items_.setText(item, column, text)) cellChanged(item, column, Change::Text);
 }
 
 void GridModel::setNumber(int item, int column, std::int32_t number) {
-  if (items_.setNumber(item, column, number)) cellChanged(item, column);
+  if (items_.setNumber(item, column, number)) cellChanged(item, column, Change::Text);
 }
 
 void GridModel::setPicture(int item, PictureHandle picture) {
   if (items_.picture(item) == picture) return;
   items_.setPicture(item, picture);
-  if (!shown_.empty()) cellChanged(item, columnOf(0));
+  if (!shown_.empty()) cellChanged(item, columnOf(0), Change::Picture);
 }
 
 void GridModel::setStyle(int item, int column, const CellStyle& style) {
   items_.setStyle(item, column, style);
-  cellChanged(item, column);
+  cellChanged(item, column, Change::Style);
 }
 
 void GridModel::setShown(int column, bool shown) {
@@ -113,15 +113,27 @@ void GridModel::announceReset() {
   resetting_ = true;
 }
 
-void GridModel::cellChanged(int item, int column) {
+QList<int> GridModel::rolesOf(Change change) {
+  switch (change) {
+    case Change::Text:
+      return {Qt::DisplayRole, Qt::AccessibleTextRole};
+    case Change::Picture:
+      return {Qt::DecorationRole, Qt::CheckStateRole, Qt::AccessibleDescriptionRole};
+    case Change::Style:
+      return {Qt::FontRole, Qt::BackgroundRole};
+  }
+  return {};
+}
+
+void GridModel::cellChanged(int item, int column, Change change) {
   if (resetting_) return;
   if (updateDepth_ > 0) {
     firstChanged_ = firstChanged_ < 0 ? item : std::min(firstChanged_, item);
     lastChanged_ = std::max(lastChanged_, item);
     return;
   }
-  const int section = sectionOf(column);
-  if (section >= 0) Q_EMIT dataChanged(indexOf(item, section), indexOf(item, section));
+  const QModelIndex index = indexOf(item, sectionOf(column));
+  if (index.isValid()) Q_EMIT dataChanged(index, index, rolesOf(change));
 }
 
 // One signal per group: the range of a signal has one parent.
@@ -154,6 +166,10 @@ int GridModel::sectionOf(int column) const {
 Qt::Alignment GridModel::alignmentOf(int section) const {
   const auto& column = columns_[static_cast<std::size_t>(columnOf(section))];
   return Qt::AlignVCenter | (column.alignment == Alignment::Right ? Qt::AlignRight : Qt::AlignLeft);
+}
+
+bool GridModel::isEditable(int section) const {
+  return columns_[static_cast<std::size_t>(columnOf(section))].editable;
 }
 
 // Views may still hold indexes of an earlier state while the model is being refilled.

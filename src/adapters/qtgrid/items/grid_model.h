@@ -12,9 +12,9 @@ namespace vexnumkr {
 /// The model's columns are the shown columns of the grid, called sections here; hidden ones are not
 /// part of it. An index carries its item's number, so both ways between them take constant time.
 ///
-/// Outside of updates every change is signalled by itself. Between beginUpdate() and endUpdate()
-/// the model is silent: changed cells are signalled at the end; once the structure changes, the
-/// model looks empty to views until one reset at the end shows the new state.
+/// Outside of updates every change is signalled by itself, with its roles. Between beginUpdate()
+/// and endUpdate() the model is silent: changed cells are signalled at the end; once the structure
+/// changes, the model looks empty to views until one reset at the end shows the new state.
 class GridModel : public QAbstractItemModel {
   Q_OBJECT
 
@@ -45,6 +45,9 @@ class GridModel : public QAbstractItemModel {
   /// -1 for a hidden column.
   int sectionOf(int column) const;
   Qt::Alignment alignmentOf(int section) const;
+  bool isEditable(int section) const;
+  /// Qt::Checked or Qt::Unchecked, as the item's picture says; invalid for one that says neither.
+  QVariant checkState(int item) const;
   /// What the item's picture says, in words; empty for an item without a picture.
   QString pictureText(int item) const;
 
@@ -57,12 +60,15 @@ class GridModel : public QAbstractItemModel {
   QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
  private:
+  /// What of a cell has changed.
+  enum class Change { Text, Picture, Style };
+
+  static QList<int> rolesOf(Change change);
   bool knows(const QModelIndex& index) const;
   void announceReset();
   void moveLastUnderGroup();
-  void cellChanged(int item, int column);
+  void cellChanged(int item, int column, Change change);
   void signalChangedRows();
-  QVariant checkState(int item) const;
 
   std::vector<ColumnDescription> columns_;
   std::vector<int> shown_;  // the grid columns by section

@@ -25,6 +25,7 @@ GridView::GridView(const std::vector<ColumnDescription>& columns, QWidget* paren
   setItemDelegate(delegate_);
   setModel(model_);
   setUpHeader();
+  makeAccessible();
   connect(this, &QTreeView::collapsed, this, &GridView::adopt);
   connect(
       model_, &QAbstractItemModel::rowsMoved, this,
@@ -158,6 +159,7 @@ void GridView::widthDragged(int section, int width) {
 
 void GridView::reset() {
   QTreeView::reset();
+  shownItems_.reset();
   expandAtLayout_ = true;
   if (header()->count() == model_->columnCount() && !settingWidths_) applyWidths();
 }
@@ -178,6 +180,7 @@ void GridView::doItemsLayout() {
 
 void GridView::rowsInserted(const QModelIndex& parent, int start, int end) {
   QTreeView::rowsInserted(parent, start, end);
+  shownItems_.reset();
   expandNewGroup(parent);
 }
 
@@ -254,6 +257,7 @@ void GridView::keyPressEvent(QKeyEvent* event) {
 void GridView::focusInEvent(QFocusEvent* event) {
   QAbstractScrollArea::focusInEvent(event);
   viewport()->update();
+  announceCurrent();
 }
 
 void GridView::mousePressEvent(QMouseEvent* event) {

@@ -74,9 +74,36 @@ class GridView : public QTreeView {
   QRect editorArea(int item, int column) const;
   GridHit hitTest(const QPoint& position) const;
 
+  // What assistive technology asks for. Rows are counted among the items that are shown, those in
+  // closed groups left out; sections are those of the model.
+  const std::vector<int>& shownItems();
+  /// -1 for an item that is not shown.
+  int rowOf(int item);
+  bool hasChildren(int item) const;
+  bool isOpen(int item);
+  /// In the viewport; empty for what is not shown.
+  QRect cellArea(int item, int section);
+  QRect pictureArea(int item);
+  /// The header of the cell's column, the item and its group, separated by commas.
+  QString pathOf(int item, int section) const;
+  /// The tool tip of a column where the grid itself proposes none.
+  QString toolTipOf(int section) const;
+  bool takesEntries(int section) const;
+  void acceptEntries(bool accepts) { acceptsEntries_ = accepts; }
+  /// Whether keys go to the grid itself and not to an editor in it.
+  bool hasKeys() const;
+  /// As a click of the left mouse button.
+  void click(const GridHit& hit);
+  /// Makes the item current as a click beside its cells does.
+  void choose(int item);
+  /// Tells that the current item has the focus.
+  void announceCurrent();
+
   void doItemsLayout() override;
   void reset() override;
   void rowsInserted(const QModelIndex& parent, int start, int end) override;
+  void dataChanged(const QModelIndex& topLeft, const QModelIndex& bottomRight,
+                   const QList<int>& roles = {}) override;
   void keyboardSearch(const QString&) override {}
 
  protected:
@@ -107,7 +134,10 @@ class GridView : public QTreeView {
   void cellsMoved();
   bool showToolTip(const QHelpEvent& event);
   QRect cellRect(const QModelIndex& index) const;
-  bool hasKeys() const;
+  void makeAccessible();
+  void announceExpansion(int item);
+  void announceChecked(int item);
+  void announceText(int item, int section);
   void paintRule(QPainter* painter, const QRect& row) const;
   void paintCells(QPainter* painter, const QStyleOptionViewItem& row,
                   const QModelIndex& index) const;
@@ -116,6 +146,8 @@ class GridView : public QTreeView {
   GridDelegate* delegate_;  // likewise
   GridViewListener* listener_ = nullptr;
   std::vector<double> widths_;                  // by grid column
+  std::optional<std::vector<int>> shownItems_;  // once somebody has asked
+  bool acceptsEntries_ = true;
   bool settingWidths_ = false;
   bool expandAtLayout_ = false;
   std::optional<int> scrollAtLayout_;

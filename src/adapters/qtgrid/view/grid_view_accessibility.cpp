@@ -1,0 +1,140 @@
+// What assistive technology asks a grid for, and what it is told.
+#include <QAccessible>
+#include <QHeaderView>
+#include <algorithm>
+
+#include "adapters/qtgrid/accessible/grid_accessible.h"
+#include "adapters/qtgrid/view/grid_view.h"
+
+namespace vexnumkr {
+namespace {
+
+GridAccessible* accessibleOf(GridView& view) {
+  return dynamic_cast<GridAccessible*>(QAccessible::queryAccessibleInterface(&view));
+}
+
+void announce(QAccessibleInterface* part, const QAccessible::State& changed) {
+  if (part == nullptr) return;
+  QAccessibleStateChangeEvent event(part, changed);
+  QAccessible::updateAccessibility(&event);
+}
+
+}  // namespace
+
+// Qt asks no factory for an object whose interface it has, so that nothing of the host's
+// application has to be changed.
+void GridView::makeAccessible() {
+  QAccessible::registerAccessibleInterface(new GridAccessible(*this));
+  const auto changed = [this](const QModelIndex& group) {
+    shownItems_.reset();
+    announceExpansion(GridModel::itemOf(group));
+  };
+  connect(this, &QTreeView::expanded, this, changed);
+  connect(this, &QTreeView::collapsed, this, changed);
+  connect(model_, &QAbstractItemModel::rowsMoved, this, [this] { shownItems_.reset(); });
+}
+
+const std::vector<int>& GridView::shownItems() {
+  executeDelayedItemsLayout();
+  if (shownItems_) return *shownItems_;
+  std::vector<int> items;
+  for (int item = 0; item < model_->items().count(); ++item) {
+    const QModelIndex group = model_->indexOf(item).parent();
+    if (!group.isValid() || isExpanded(group)) items.push_back(item);
+  }
+  return shownItems_.emplace(std::move(items));
+}
+
+int GridView::rowOf(int item) {
+  const std::vector<int>& items = shownItems();
+  const auto found = std::lower_bound(items.begin(), items.end(), item);
+  if (found == items.end() || *found != item) return -1;
+  return static_cast<int>(found - items.begin());
+}
+
+bool GridView::hasChildren(int item) const { return model_->hasChildren(model_->indexOf(item)); }
+
+bool GridView::isOpen(int item) {
+  executeDelayedItemsLayout();
+  return isExpanded(model_->indexOf(item));
+}
+
+QRect GridView::cellArea(int item, int section) {
+  executeDelayedItemsLayout();
+  return cellRect(model_->indexOf(item, section));
+}
+
+QRect GridView::pictureArea(int item) {
+  const QRect cell = cellArea(item, 0);
+  return cell.isEmpty() ? cell
+                        : delegate_->layout(model_->indexOf(item), cell, fontMetrics()).picture;
+}
+
+QString GridView::pathOf(int item, int section) const {
+  QStringList path{model_->headerData(section, Qt::Horizontal, Qt::DisplayRole).toString()};
+  for (QModelIndex at = model_->indexOf(item); at.isValid(); at = at.parent()) {
+    path << at.data().toString();
+  }
+  return path.join(QStringLiteral(", "));
+}
+
+QString GridView::toolTipOf(int section) const {
+  if (listener_ == nullptr) return {};
+  return listener_->toolTip(model_->columnOf(section), QString());
+}
+
+bool GridView::takesEntries(int section) const {
+  return acceptsEntries_ && model_->isEditable(section);
+}
+
+void GridView::click(const GridHit& hit) {
+  if (listener_ != nullptr) listener_->pressed(hit, Qt::LeftButton);
+}
+
+void GridView::choose(int item) { click({item, model_->columnOf(0), GridArea::Other, false}); }
+
+void GridView::announceExpansion(int item) {
+  if (!QAccessible::isActive()) return;
+  QAccessible::State changed;
+  changed.expanded = true;
+  changed.collapsed = true;
+  announce(accessibleOf(*this)->cell(item, 0), changed);
+  QAccessibleTableModelChangeEvent rows(this, QAccessibleTableModelChangeEvent::ModelReset);
+  QAccessible::updateAccessibility(&rows);
+}
+
+void GridView::announceCurrent() {
+  if (!QAccessible::isActive() || !hasKeys() || !currentIndex().isValid()) return;
+  QAccessibleEvent event(
+      accessibleOf(*this)->cell(GridModel::itemOf(currentIndex()), currentIndex().column()),
+      QAccessible::Focus);
+  QAccessible::updateAccessibility(&event);
+}
+
+void GridView::announceChecked(int item) {
+  GridAccessible& grid = *accessibleOf(*this);
+  QAccessible::State changed;
+  changed.checked = true;
+  announce(grid.cell(item, 0), changed);
+  announce(grid.picture(item), changed);
+}
+
+void GridView::announceText(int item, int section) {
+  QAccessibleInterface* cell = accessibleOf(*this)->cell(item, section);
+  QAccessibleEvent named(cell, QAccessible::NameChanged);
+  QAccessible::updateAccessibility(&named);
+  if (section == 0) return;
+  QAccessibleValueChangeEvent valued(cell, cell->text(QAccessible::Value));
+  QAccessible::updateAccessibility(&valued);
+}
+
+void GridView::dataChanged(const QModelIndex& topLeft, const QModelIndex& bottomRight,
+                           const QList<int>& roles) {
+  QTreeView::dataChanged(topLeft, bottomRight, roles);
+  if (!QAccessible::isActive()) return;
+  const int item = GridModel::itemOf(topLeft);
+  if (roles.contains(Qt::CheckStateRole)) announceChecked(item);
+  if (roles.contains(Qt::DisplayRole)) announceText(item, topLeft.column());
+}
+
+}  // namespace vexnumkr
