@@ -17,3 +17,7 @@ set_target_properties(dialog_two_hosts_test PROPERTIES ENABLE_EXPORTS ON)
 target_compile_definitions(dialog_two_hosts_test PRIVATE
   HOST_PROGRAM="$<TARGET_FILE:vexnumkr-host>" PLUGIN_FOLDER="${CMAKE_BINARY_DIR}/tests/plugins")
 add_dependencies(dialog_two_hosts_test hold_write_lock vexnumkr-host vexnumkr_button_presser)
+
+vexnumkr_test(gui/dialog_keyboard_test GUI LABEL gui
+  LINKS vexnumkr_dialog_session vexnumkr_test_screen_reader)
+vexnumkr_test(gui/dialog_look_test GUI LABEL gui SCALES 1.25 1.5 2 LINKS vexnumkr_dialog_session)

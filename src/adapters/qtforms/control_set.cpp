@@ -54,6 +54,7 @@ ControlSet::ControlSet(std::vector<ControlDescription> descriptions, QWidget& wi
     mark(entry, order);
   }
   chainTabOrder();
+  nameByLabels();
 }
 
 ControlSet::~ControlSet() {
@@ -142,6 +143,18 @@ void ControlSet::mark(const Entry& entry, std::size_t order) {
   entry.widget->setProperty("controlOrder", static_cast<int>(order));
   entry.widget->setProperty("controlKind", nameOf(entry.description->kind));
   entry.widget->installEventFilter(&toolTips_);
+}
+
+void ControlSet::nameByLabels() {
+  for (const Entry& label : entries_) {
+    if (label.description->labelled.empty()) continue;
+    const auto named = std::find_if(entries_.begin(), entries_.end(), [&](const Entry& entry) {
+      return entry.description->name == label.description->labelled;
+    });
+    auto* caption = dynamic_cast<Caption*>(label.widget);
+    if (named == entries_.end() || caption == nullptr) throw Error::objectNotSet();
+    caption->standFor(*named->widget);
+  }
 }
 
 void ControlSet::chainTabOrder() {

@@ -18,7 +18,7 @@ namespace vexnumkr::qtforms {
 class ControlSet {
  public:
   /// `window` is borrowed and outlives this. Error 91 where a control's parent is no frame of the
-  /// form.
+  /// form, or what a label names no control of it.
   ControlSet(std::vector<ControlDescription> descriptions, QWidget& window);
   ~ControlSet();
   ControlSet(const ControlSet&) = delete;
@@ -51,6 +51,7 @@ class ControlSet {
   QWidget& parentOf(const ControlDescription& description);
   void mark(const Entry& entry, std::size_t order);
   void chainTabOrder();
+  void nameByLabels();
 
   const std::vector<ControlDescription> descriptions_;
   QWidget& window_;

@@ -21,11 +21,12 @@ FormDescription description() {
       describeControl(ControlKind::CheckList, "lstSonderkreise", {120, 420, 4635, 2535});
   list.accessibleName = "Sonderkreise";
   list.tabIndex = 0;
+  ControlDescription label = describeLabel(
+      "lblSonderkreise",
+      "Folgende Sonderkreise können noch zusätzlich aktiviert werden:", {120, 120, 4605, 195});
+  label.labelled = "lstSonderkreise";
   form.controls = {
-      describeLabel(
-          "lblSonderkreise",
-          "Folgende Sonderkreise können noch zusätzlich aktiviert werden:", {120, 120, 4605, 195}),
-      list, describeButton("cmdOK", "OK", {1980, 3060, 1335, 345}, 1, ButtonRole::Default),
+      label, list, describeButton("cmdOK", "OK", {1980, 3060, 1335, 345}, 1, ButtonRole::Default),
       describeButton("cmdCancel", "Abbrechen", {3420, 3060, 1335, 345}, 2, ButtonRole::Cancel)};
   return form;
 }

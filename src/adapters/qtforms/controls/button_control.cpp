@@ -1,7 +1,9 @@
 #include "adapters/qtforms/controls/button_control.h"
 
 #include <QKeyEvent>
+#include <QStyleOptionButton>
 
+#include "adapters/qtforms/access_key.h"
 #include "adapters/qtforms/guarded.h"
 
 namespace vexnumkr::qtforms {
@@ -10,6 +12,16 @@ namespace {
 constexpr int frameWidth = 4;
 
 }  // namespace
+
+void PushButton::setAccessKey(char key) {
+  accessKey_ = key;
+  setShortcut(accessKeySequence(key));
+}
+
+void PushButton::initStyleOption(QStyleOptionButton* option) const {
+  QPushButton::initStyleOption(option);
+  option->text = withAccessKey(option->text, accessKey_);
+}
 
 void PushButton::keyPressEvent(QKeyEvent* event) {
   const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
@@ -24,6 +36,7 @@ ButtonControl::ButtonControl(const ControlDescription& description, QWidget& par
                              PendingEdits& edits)
     : WidgetControl(description, parent), edits_(edits), role_(description.role) {
   widget_.setText(toQt(description.caption));
+  if (description.accessKey != 0) widget_.setAccessKey(description.accessKey);
   widget_.setAutoDefault(false);
   widget_.setDefault(role_ == ButtonRole::Default);
   QObject::connect(&widget_, &QPushButton::clicked, &widget_, [this] { click(); });

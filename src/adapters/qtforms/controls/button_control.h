@@ -14,8 +14,14 @@ class PushButton final : public QPushButton {
  public:
   using QPushButton::QPushButton;
 
+  void setAccessKey(char key);
+
  protected:
   void keyPressEvent(QKeyEvent* event) override;
+  void initStyleOption(QStyleOptionButton* option) const override;
+
+ private:
+  char accessKey_ = 0;
 };
 
 /// Settles the form's open edits before its click takes place: the cancel button drops their texts,

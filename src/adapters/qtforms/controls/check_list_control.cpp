@@ -3,6 +3,7 @@
 #include <QMouseEvent>
 
 #include "adapters/qtgrid/picture_art.h"
+#include "adapters/qtgrid/view/scroll_bar.h"
 
 namespace vexnumkr::qtforms {
 namespace {
@@ -51,6 +52,8 @@ CheckListControl::CheckListControl(const ControlDescription& description, QWidge
     : WidgetControl(description, parent) {
   widget_.setItemDelegate(&delegate_);
   widget_.setUniformItemSizes(true);
+  widget_.setVerticalScrollBar(new ScrollBar(Qt::Vertical));
+  widget_.setHorizontalScrollBar(new ScrollBar(Qt::Horizontal));
 }
 
 void CheckListControl::AddItem(const std::string& text) {

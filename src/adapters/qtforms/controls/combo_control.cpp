@@ -1,9 +1,9 @@
 #include "adapters/qtforms/controls/combo_control.h"
 
 #include <QAbstractItemView>
-#include <QScrollBar>
 
 #include "adapters/qtforms/guarded.h"
+#include "adapters/qtgrid/view/scroll_bar.h"
 
 namespace vexnumkr::qtforms {
 
@@ -21,6 +21,7 @@ ComboControl::ComboControl(const ControlDescription& description, QWidget& paren
                            PendingEdits& edits)
     : WidgetControl(description, parent), edits_(edits) {
   widget_.watch(edits);
+  widget_.view()->setVerticalScrollBar(new ScrollBar(Qt::Vertical));
   QObject::connect(&widget_, &QComboBox::activated, &widget_,
                    [this](int index) { chosenByUser(index); });
 }

@@ -1,11 +1,41 @@
 #include "adapters/qtforms/controls/label_control.h"
 
+#include <QPainter>
+#include <QShortcut>
+#include <QStyle>
+
+#include "adapters/qtforms/access_key.h"
+
 namespace vexnumkr::qtforms {
+
+void Caption::standFor(QWidget& control) {
+  setBuddy(&control);
+  if (accessKey_ == 0) return;
+  // A child of the control: the key works while the control can be seen.
+  const auto* shortcut = new QShortcut(accessKeySequence(accessKey_), &control);
+  connect(shortcut, &QShortcut::activated, &control,
+          [&control] { control.setFocus(Qt::ShortcutFocusReason); });
+}
+
+void Caption::paintEvent(QPaintEvent* event) {
+  if (accessKey_ == 0) {
+    QLabel::paintEvent(event);
+    return;
+  }
+  QPainter painter(this);
+  const bool underline = style()->styleHint(QStyle::SH_UnderlineShortcut, nullptr, this) != 0;
+  const int flags = static_cast<int>(alignment()) |
+                    (underline ? Qt::TextShowMnemonic : Qt::TextHideMnemonic) |
+                    (wordWrap() ? Qt::TextWordWrap : Qt::TextSingleLine);
+  style()->drawItemText(&painter, contentsRect(), flags, palette(), isEnabled(),
+                        withAccessKey(text(), accessKey_), foregroundRole());
+}
 
 LabelControl::LabelControl(const ControlDescription& description, QWidget& parent)
     : WidgetControl(description, parent) {
   widget_.setTextFormat(Qt::PlainText);
   widget_.setText(toQtLines(description.caption));
+  widget_.setAccessKey(description.accessKey);
   LabelControl::fit();
 }
 
