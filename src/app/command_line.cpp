@@ -24,6 +24,7 @@ const std::set<std::string>& optionsWithValue() {
 struct Arguments {
   bool help = false;
   bool version = false;
+  bool dark = false;
   Values values;
 
   bool has(const std::string& name) const { return values.count(name) != 0; }
@@ -51,6 +52,8 @@ Arguments collect(const std::vector<std::string>& arguments) {
       found.help = true;
     } else if (argument == "--version") {
       found.version = true;
+    } else if (argument == "--dark") {
+      found.dark = true;
     } else if (optionsWithValue().count(name) == 0) {
       throw UsageError("Unbekannte Angabe: " + name);
     } else if (equals != std::string::npos) {
@@ -133,6 +136,7 @@ HostOptions readCommandLine(const std::vector<std::string>& arguments,
   if (options.user.empty()) throw UsageError("Es fehlt die Option --user.");
   options.date = processingDate(found);
   options.tour = found.value("--tour");
+  options.dark = found.dark;
   options.connection = connectionOf(found, environmentConnection);
   return options;
 }

@@ -18,8 +18,9 @@ struct HostOptions {
   std::string connection;    ///< the connection string, wherever it came from
   std::int32_t application = 0;
   std::string user;
-  std::string date;  ///< "yyyymmdd", or empty for today
-  std::string tour;  ///< the folder for the pictures of the guided tour
+  std::string date;   ///< "yyyymmdd", or empty for today
+  std::string tour;   ///< the folder for the pictures of the guided tour
+  bool dark = false;  ///< light on dark
 };
 
 /// A command line that asks for nothing that the host can do. The text is for its user (German).

@@ -19,6 +19,7 @@
 #include "app/components/host_components.h"
 #include "app/components/window_icon.h"
 #include "app/connection_text.h"
+#include "app/dark_palette.h"
 #include "app/sample/create_sample.h"
 #include "app/tour/guided_tour.h"
 #include "app/version.h"
@@ -84,6 +85,7 @@ int runDialog(int argc, char** argv, const HostOptions& options) {
   QApplication::setApplicationName(QStringLiteral("vexnumkr-host"));
   QApplication::setWindowIcon(windowIcon());
   makeGerman(application);
+  if (options.dark) makeDark();
 
   StandAloneHost host;
   const std::shared_ptr<Connection> connection = openQtSqlConnection(options.connection);

@@ -37,7 +37,13 @@ TEST(CommandLine, ReadsAllOptions) {
   EXPECT_EQ(options.user, "Becker");
   EXPECT_EQ(options.date, "20240229");
   EXPECT_EQ(options.tour, "bilder");
+  EXPECT_FALSE(options.dark);
   EXPECT_EQ(options.createSample, "");
+}
+
+TEST(CommandLine, DarkTakesNoValue) {
+  EXPECT_TRUE(read(with(complete, {"--dark"})).dark);
+  EXPECT_EQ(refusal(with(complete, {"--dark=yes"})), "Unbekannte Angabe: --dark=yes");
 }
 
 TEST(CommandLine, TakesValuesBehindAnEqualsSign) {
@@ -120,8 +126,9 @@ TEST(CommandLine, ShowsHelpAndVersionWhateverElseIsGiven) {
 }
 
 TEST(CommandLine, ExplainsEveryOption) {
-  for (const char* option : {"--connection", "--connection-file", "--application", "--user",
-                             "--date", "--create-sample", "--tour", "--help", "--version"}) {
+  for (const char* option :
+       {"--connection", "--connection-file", "--application", "--user", "--date", "--create-sample",
+        "--tour", "--dark", "--help", "--version"}) {
     EXPECT_NE(helpText().find(option), std::string::npos) << option;
   }
 }

@@ -122,7 +122,7 @@ TEST_P(Tour, ShowsEachStepAndStoresNothing) {
               QStringLiteral("20261121"), QStringLiteral("--tour"), tourFolder()}));
   EXPECT_EQ(run.exitCode, 0) << run.output << run.errors;
   const QStringList pictures = QDir(tourFolder()).entryList({QStringLiteral("*.png")});
-  EXPECT_EQ(pictures.size(), hasOptions ? 9 : 8) << run.output;
+  EXPECT_EQ(pictures.size(), hasOptions ? 10 : 9) << run.output;
   for (const QString& picture : pictures) {
     const QImage image(QDir(tourFolder()).filePath(picture));
     EXPECT_GT(image.width(), 100) << picture.toStdString();
@@ -133,6 +133,19 @@ TEST_P(Tour, ShowsEachStepAndStoresNothing) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Applications, Tour, testing::Values("1", "2"));
+
+TEST_F(HostProgram, DarkWindowsAreDark) {
+  const auto lightness = [this](const QStringList& more) {
+    const ProgramRun run = runHost(dialog({QStringLiteral("--application"), QStringLiteral("2"),
+                                           QStringLiteral("--tour"), tourFolder()}) +
+                                   more);
+    EXPECT_EQ(run.exitCode, 0) << run.output << run.errors;
+    const QImage window(QDir(tourFolder()).filePath(QStringLiteral("01-dialog.png")));
+    return window.pixelColor(2, 2).lightness();
+  };
+  EXPECT_GT(lightness({}), 200);
+  EXPECT_LT(lightness({QStringLiteral("--dark")}), 80);
+}
 
 TEST_F(HostProgram, TourFailsOnAnUnexpectedBox) {
   database_.run("DROP TABLE Nummernkreise");

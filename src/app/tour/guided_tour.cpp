@@ -113,6 +113,7 @@ void GuidedTour::then(const char* window, std::function<void(QWidget&)> act) {
 void GuidedTour::plan(QWidget& dialog) {
   look(mainDialog, "dialog", "Der Dialog ist geöffnet und zeigt alle Nummernkreise.");
   planFilters();
+  planEntry();
   planTicks();
   planSideDialogs(dialog);
   then(mainDialog, [](QWidget& shown) { clickButton(shown, "cmdCancel"); });
@@ -127,6 +128,16 @@ void GuidedTour::planFilters() {
   filter(2);
   look(mainDialog, "filter-buchungskreis", "Der Filter zeigt einen einzelnen Buchungskreis.");
   filter(0);
+}
+
+void GuidedTour::planEntry() {
+  const auto press = [this](Qt::Key key) {
+    steps_.push_back({mainDialog, [=](QWidget& shown) { pressKeyInFocus(shown, key); }});
+  };
+  steps_.push_back({mainDialog, [](QWidget& shown) { editFirstRange(shown, grid); }});
+  press(Qt::Key_Tab);
+  look(mainDialog, "eingabe", "F2 und Tab öffnen den aktuellen Wert zur Eingabe.");
+  press(Qt::Key_Escape);
 }
 
 void GuidedTour::planTicks() {

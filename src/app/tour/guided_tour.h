@@ -52,6 +52,7 @@ class GuidedTour : public QObject {
   void leave(QWidget& window, const std::string& why);
 
   void planFilters();
+  void planEntry();
   void planTicks();
   void planSideDialogs(QWidget& dialog);
   void look(const char* window, const std::string& name, const std::string& text);

@@ -19,15 +19,23 @@ Widget& child(QWidget& window, const char* name) {
   return *found;
 }
 
-}  // namespace
-
-void pressKey(QWidget& target, Qt::Key key) {
-  target.setFocus();
+void sendKey(QWidget& target, Qt::Key key) {
   const QString text = key == Qt::Key_Space ? QStringLiteral(" ") : QString();
   for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
     QKeyEvent event(type, key, Qt::NoModifier, text);
     QCoreApplication::sendEvent(&target, &event);
   }
+}
+
+}  // namespace
+
+void pressKey(QWidget& target, Qt::Key key) {
+  target.setFocus();
+  sendKey(target, key);
+}
+
+void pressKeyInFocus(QWidget& window, Qt::Key key) {
+  if (QWidget* focused = window.focusWidget()) sendKey(*focused, key);
 }
 
 void chooseEntry(QWidget& window, const char* name, int index) {
@@ -45,6 +53,13 @@ void clickButton(QWidget& window, const char* name) {
 bool shows(const QWidget& window, const char* name) {
   const auto* found = window.findChild<QWidget*>(QLatin1String(name));
   return found != nullptr && found->isVisible();
+}
+
+void editFirstRange(QWidget& window, const char* name) {
+  auto& tree = child<QAbstractItemView>(window, name);
+  pressKey(tree, Qt::Key_Home);
+  pressKey(tree, Qt::Key_Down);
+  pressKey(tree, Qt::Key_F2);
 }
 
 void tickLastOfFirstGroup(QWidget& window, const char* name) {

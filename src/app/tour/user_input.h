@@ -19,6 +19,13 @@ void clickButton(QWidget& window, const char* name);
 /// Whether `window` shows a control of that name.
 bool shows(const QWidget& window, const char* name);
 
+/// Makes the first line of the first group of the tree `name` current by arrow keys, and opens its
+/// first value for editing.
+void editFirstRange(QWidget& window, const char* name);
+
+/// A key press and release to the widget of `window` that has the focus.
+void pressKeyInFocus(QWidget& window, Qt::Key key);
+
 /// Makes the last line of the first group of the tree `name` current by arrow keys, and presses the
 /// space bar on it.
 void tickLastOfFirstGroup(QWidget& window, const char* name);
