@@ -124,6 +124,11 @@ class VEXNUMKR_API Connection {
   virtual void Open(const std::string& user, const std::string& password, std::int32_t options) = 0;
   virtual void Close() = 0;
 
+  /// Whether in text literals a backslash changes the meaning of what follows it, quotes included,
+  /// as on MariaDB without the mode NO_BACKSLASH_ESCAPES. The component needs to know where its
+  /// values end; an implementation for such a database has to say so.
+  virtual bool BackslashEscapes() const { return false; }
+
   /// As Command::Execute, for a text without a command of its own.
   virtual std::unique_ptr<Recordset> Execute(const std::string& text,
                                              std::int32_t& recordsAffected) = 0;

@@ -1,7 +1,7 @@
 // Statement texts taken apart, so that nobody has to look for characters inside literals.
 //
-// The lexical rules are SQLite's, exactly: where this and the engine disagreed about the end of a
-// literal or a comment, a second statement could hide there.
+// The lexical rules are each engine's own, exactly: where these and the engine disagreed about the
+// end of a literal or a comment, a second statement could hide there.
 #pragma once
 
 #include <string_view>
@@ -9,18 +9,33 @@
 
 namespace vexnumkr {
 
+enum class Dialect { sqlite, postgresql, mariadb };
+
+/// How an engine, in the mode that a connection has set, reads a statement.
+struct LexicalRules {
+  Dialect dialect = Dialect::sqlite;
+  /// In texts, a backslash takes the meaning from the character behind it, quotes included.
+  bool backslashEscapes = false;
+  /// Double quotes enclose texts, not names.
+  bool doubleQuotedTexts = false;
+
+  friend bool operator==(const LexicalRules&, const LexicalRules&) = default;
+};
+
 enum class TokenKind {
   word,        ///< A keyword or a bare name.
   quotedName,  ///< "name", `name` or [name], with its quotes.
   text,        ///< 'text', with its quotes.
   number,      ///< 12, 1.5e-3, 0x1F.
   semicolon,
-  symbol,  ///< Any other single character.
+  directive,  ///< The beginning of a comment that the engine may execute.
+  symbol,     ///< Any other single character.
 };
 
 struct Token {
   TokenKind kind;
   std::string_view text;  ///< Points into the text that was taken apart.
+  bool isClosed = true;   ///< False for a literal that lacks its closing quote.
 
   /// Whether it is that keyword, in any case. A name in quotes is none.
   bool is(std::string_view keyword) const;
@@ -30,6 +45,6 @@ struct Token {
 /// Puts the tokens of `sql` into `tokens`, which is emptied first and keeps its memory. White space
 /// and comments yield none. An unclosed literal or comment goes on to the end of the text. Any text
 /// can be taken apart; whether it makes sense is the engine's to say.
-void tokenise(std::string_view sql, std::vector<Token>& tokens);
+void tokenise(std::string_view sql, const LexicalRules& rules, std::vector<Token>& tokens);
 
 }  // namespace vexnumkr

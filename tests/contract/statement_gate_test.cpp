@@ -67,6 +67,26 @@ TEST(StatementGate, TakesATriggerAsOneStatement) {
   }
 }
 
+TEST(StatementGate, ReadsTextsAsTheEngineDoes) {
+  const LexicalRules escaping{.dialect = Dialect::mariadb, .backslashEscapes = true};
+  StatementGate gate;
+  EXPECT_NO_THROW(gate.pass("SELECT '\\'; DELETE FROM a; --'", escaping));
+  EXPECT_THROW(gate.pass("SELECT '\\'; DELETE FROM a; --'"), Error);
+  const LexicalRules postgresql{.dialect = Dialect::postgresql};
+  EXPECT_NO_THROW(gate.pass("DO $$ BEGIN; END $$", postgresql));
+  EXPECT_THROW(gate.pass("CREATE TRIGGER t BEGIN a; END", postgresql), Error);
+}
+
+TEST(StatementGate, RefusesCommentsThatMayBeExecuted) {
+  StatementGate gate;
+  for (const char* const text : {"SELECT 1 /*! + 1 */", "/*M!100100 DROP TABLE a */"}) {
+    const Error error =
+        test::errorOf([&] { gate.pass(text, LexicalRules{.dialect = Dialect::mariadb}); });
+    EXPECT_EQ(error.number(), 3001) << text;
+  }
+  EXPECT_NO_THROW(gate.pass("SELECT '/*! a */'", LexicalRules{.dialect = Dialect::mariadb}));
+}
+
 TEST(StatementGate, KnowsWhatAStatementDoes) {
   StatementGate gate;
   for (const char* const text : {"SELECT 1", "values (1)", "WITH a AS (DELETE) SELECT 1",

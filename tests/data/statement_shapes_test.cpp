@@ -11,7 +11,9 @@ namespace {
 
 class StatementShapesTest : public ::testing::Test {
  protected:
-  bool isOwn(const std::string& text) { return shapes_.isOwn(text); }
+  bool isOwn(const std::string& text, bool backslashEscapes = false) {
+    return shapes_.isOwn(text, backslashEscapes);
+  }
   bool isOwnWithDescription(const std::string& description) {
     statement::Range range;
     range.NBezeichnung = description;
@@ -66,6 +68,36 @@ TEST_F(StatementShapesTest, ASecondStatementIsRefusedAlsoBeforeAnOpenLiteral) {
 
 TEST_F(StatementShapesTest, AnOpenLiteralIsLeftToTheEngineToRefuse) {
   EXPECT_TRUE(isOwnWithDescription("O'Neill"));
+}
+
+TEST_F(StatementShapesTest, ABackslashBeforeTheQuoteIsRefusedWhereItHidesIt) {
+  statement::Range range;
+  range.NBezeichnung = "x\\";
+  range.Maske = ", 0, 0, 0, 0, 0, '', '') -- ";
+  const std::string text = statement::insertRange(range);
+  EXPECT_TRUE(isOwn(text, false));
+  EXPECT_FALSE(isOwn(text, true));
+  range.NBezeichnung = "x\\\\";
+  EXPECT_TRUE(isOwn(statement::insertRange(range), true));
+}
+
+TEST_F(StatementShapesTest, NothingHidesBetweenTheLiterals) {
+  statement::Range range;
+  range.NBezeichnung = "x' /*! evil ";
+  range.Maske = " */, 1, 2, 3, -1, 5, '', 'z";
+  EXPECT_FALSE(isOwn(statement::insertRange(range)));
+  range.NBezeichnung = "x'\n, 1, 2, 3, -1, 5, '', 'z') -- ";
+  EXPECT_FALSE(isOwn(statement::insertRange(range)));
+}
+
+TEST_F(StatementShapesTest, AnOpenLiteralHasToBeOpenForEveryEngine) {
+  statement::Range range;
+  range.IstNSchlVon = "x' || $$";
+  range.Maske = "$$ || ', ";
+  EXPECT_FALSE(isOwn(statement::insertRange(range)));
+  for (const char* value :
+       {"x' || E", "x' #", "x' `", "x' || \"", "x' [", "x' /* ", "x' 1e", "a' \\"})
+    EXPECT_FALSE(isOwnWithDescription(value)) << value;
 }
 
 TEST_F(StatementShapesTest, LongValuesMakeNoDifference) {

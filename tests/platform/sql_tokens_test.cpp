@@ -11,7 +11,7 @@ using Texts = std::vector<std::string>;
 
 Texts tokensOf(std::string_view sql) {
   std::vector<Token> tokens;
-  tokenise(sql, tokens);
+  tokenise(sql, {}, tokens);
   Texts texts;
   for (const Token& token : tokens) texts.emplace_back(token.text);
   return texts;
@@ -19,7 +19,7 @@ Texts tokensOf(std::string_view sql) {
 
 std::vector<TokenKind> kindsOf(std::string_view sql) {
   std::vector<Token> tokens;
-  tokenise(sql, tokens);
+  tokenise(sql, {}, tokens);
   std::vector<TokenKind> kinds;
   for (const Token& token : tokens) kinds.push_back(token.kind);
   return kinds;
@@ -78,7 +78,7 @@ TEST(SqlTokens, TakeUmlautsAsLetters) {
 TEST(SqlTokens, KnowKeywordsInAnyCase) {
   const auto first = [](std::string_view sql) {
     std::vector<Token> tokens;
-    tokenise(sql, tokens);
+    tokenise(sql, {}, tokens);
     return tokens.at(0);
   };
   EXPECT_TRUE(first("SELECT").is("SELECT"));

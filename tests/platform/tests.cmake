@@ -1,2 +1,3 @@
 vexnumkr_test(platform/value_test LABEL unit LINKS vexnumkr_platform)
 vexnumkr_test(platform/sql_tokens_test LABEL unit LINKS vexnumkr_platform)
+vexnumkr_test(platform/sql_dialects_test LABEL unit LINKS vexnumkr_platform)

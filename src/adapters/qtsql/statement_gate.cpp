@@ -33,10 +33,11 @@ bool createsTrigger(Tokens tokens) {
   return skip("TRIGGER");
 }
 
-// The position of the semicolon that ends the first statement, or the end. A trigger ends at the
-// semicolon behind an END that follows a semicolon; a CASE closes with an END that does not.
-std::size_t statementEnd(Tokens tokens) {
-  const bool isTrigger = createsTrigger(tokens);
+// The position of the semicolon that ends the first statement, or the end. A trigger of SQLite's
+// ends at the semicolon behind an END that follows a semicolon; a CASE closes with an END that does
+// not.
+std::size_t statementEnd(Tokens tokens, Dialect dialect) {
+  const bool isTrigger = dialect == Dialect::sqlite && createsTrigger(tokens);
   for (std::size_t i = 0; i < tokens.size(); ++i) {
     if (!isSemicolon(tokens[i])) continue;
     if (!isTrigger || (i >= 2 && tokens[i - 1].is("END") && isSemicolon(tokens[i - 2]))) return i;
@@ -71,14 +72,19 @@ bool Statement::changesRows() const {
   return isOneOf(mainVerb(tokens), verbs);
 }
 
-Statement StatementGate::pass(std::string_view text) {
+bool Statement::onlyReads() const { return startsWith("SELECT") || startsWith("VALUES"); }
+
+Statement StatementGate::pass(std::string_view text, const LexicalRules& rules) {
   if (text.find('\0') != std::string_view::npos)
     throw refused("Die Anweisung enthält ein Nullzeichen.");
-  tokenise(text, tokens_);
+  tokenise(text, rules, tokens_);
+  if (std::any_of(tokens_.begin(), tokens_.end(),
+                  [](const Token& token) { return token.kind == TokenKind::directive; }))
+    throw refused("Kommentare der Form /*! … */ sind nicht erlaubt.");
   const auto first = std::find_if_not(tokens_.begin(), tokens_.end(), isSemicolon);
   const Tokens tokens = Tokens(tokens_).subspan(static_cast<std::size_t>(first - tokens_.begin()));
   if (tokens.empty()) throw refused("Die Anweisung ist leer.");
-  const std::size_t end = statementEnd(tokens);
+  const std::size_t end = statementEnd(tokens, rules.dialect);
   if (!std::all_of(tokens.begin() + static_cast<std::ptrdiff_t>(end), tokens.end(), isSemicolon))
     throw refused("Es ist nur eine Anweisung erlaubt; hinter dem Semikolon steht eine weitere.");
   const char* const begin = tokens.front().text.data();

@@ -19,15 +19,19 @@ struct Statement {
   bool isSelect() const;
   /// Whether it inserts, updates or deletes rows, so that the engine's count of changes is its own.
   bool changesRows() const;
+  /// Whether it begins as a select does and so can be taken to leave everything as it is.
+  bool onlyReads() const;
+  /// Whether it begins with that keyword.
+  bool startsWith(std::string_view keyword) const { return tokens.front().is(keyword); }
 };
 
 /// Lets exactly one statement through. Whatever else is to be demanded of statements belongs here.
 class StatementGate {
  public:
-  /// The statement in `text`; semicolons, blanks and comments before and behind it do not count.
-  /// Errors (3001): no statement, more than one, or a zero character, at which an engine would stop
-  /// reading.
-  Statement pass(std::string_view text);
+  /// The statement in `text`, as an engine with those rules reads it; semicolons, blanks and
+  /// comments before and behind it do not count. Errors (3001): no statement, more than one, a zero
+  /// character, at which an engine would stop reading, and comments that an engine may execute.
+  Statement pass(std::string_view text, const LexicalRules& rules = {});
 
  private:
   std::vector<Token> tokens_;

@@ -12,8 +12,8 @@ constexpr std::int32_t invalidArgument = 3001;
 // Shared by a connection and all that it makes.
 class Guard {
  public:
-  void check(const std::string& text) {
-    if (shapes_.isOwn(text)) return;
+  void check(const std::string& text, const Connection& connection) {
+    if (shapes_.isOwn(text, connection.BackslashEscapes())) return;
     throw Error(invalidArgument, "VEXNummernkreise",
                 "Die Anweisung wurde nicht ausgeführt, weil ein Wert sie verändert. Bitte prüfen "
                 "Sie die Eingaben auf Hochkommas.");
@@ -41,13 +41,14 @@ class GuardedConnection final : public Connection {
     real_->Open(user, password, options);
   }
   void Close() override { real_->Close(); }
+  bool BackslashEscapes() const override { return real_->BackslashEscapes(); }
   void BeginTrans() override { real_->BeginTrans(); }
   void CommitTrans() override { real_->CommitTrans(); }
   void RollbackTrans() override { real_->RollbackTrans(); }
 
   std::unique_ptr<Recordset> Execute(const std::string& text,
                                      std::int32_t& recordsAffected) override {
-    guard_->check(text);
+    guard_->check(text, *real_);
     return real_->Execute(text, recordsAffected);
   }
 
@@ -73,7 +74,8 @@ class GuardedCommand final : public Command {
       : real_(std::move(real)), guard_(std::move(guard)) {}
 
   void ActiveConnection(Connection& connection) override {
-    real_->ActiveConnection(realConnectionOf(connection));
+    connection_ = &realConnectionOf(connection);
+    real_->ActiveConnection(*connection_);
   }
   void CommandType(std::int32_t type) override { real_->CommandType(type); }
   void CommandTimeout(std::int32_t seconds) override { real_->CommandTimeout(seconds); }
@@ -82,13 +84,15 @@ class GuardedCommand final : public Command {
     real_->CommandText(text);
   }
   std::unique_ptr<Recordset> Execute(std::int32_t& recordsAffected) override {
-    guard_->check(text_);
+    // Without a connection the command fails by itself.
+    if (connection_ != nullptr) guard_->check(text_, *connection_);
     return real_->Execute(recordsAffected);
   }
 
  private:
   std::unique_ptr<Command> real_;
   std::shared_ptr<Guard> guard_;
+  Connection* connection_ = nullptr;  // Borrowed by ActiveConnection, as the interface says.
   std::string text_;
 };
 
@@ -101,8 +105,9 @@ class GuardedRecordset final : public Recordset {
   void CursorLocation(std::int32_t location) override { real_->CursorLocation(location); }
   void Open(const std::string& source, Connection& connection, std::int32_t cursorType,
             std::int32_t lockType, std::int32_t options) override {
-    guard_->check(source);
-    real_->Open(source, realConnectionOf(connection), cursorType, lockType, options);
+    Connection& real = realConnectionOf(connection);
+    guard_->check(source, real);
+    real_->Open(source, real, cursorType, lockType, options);
   }
   bool EndOfFile() const override { return real_->EndOfFile(); }
   void MoveFirst() override { real_->MoveFirst(); }

@@ -1,14 +1,13 @@
 #include "data/sql/statement_shapes.h"
 
 #include <algorithm>
-#include <utility>
 
 #include "data/sql/statements.h"
 
 namespace vexnumkr {
 namespace {
 
-constexpr std::string_view literal = "?";
+constexpr char literalMark = '?';
 
 bool isLiteral(const Token& token) {
   return token.kind == TokenKind::text || token.kind == TokenKind::number;
@@ -19,25 +18,10 @@ bool takesSignedNumber(const Token& token) {
   return token.isSymbol('=') || token.isSymbol(',') || token.isSymbol('(');
 }
 
-// Takes the literals out, signs included.
-void reduce(std::vector<Token>& tokens) {
-  std::size_t end = 0;
-  for (std::size_t i = 0; i < tokens.size(); ++i) {
-    const bool isSign = tokens[i].isSymbol('-') && end > 0 && takesSignedNumber(tokens[end - 1]) &&
-                        i + 1 < tokens.size() && tokens[i + 1].kind == TokenKind::number;
-    if (isSign) ++i;
-    Token token = tokens[i];
-    if (isLiteral(token)) token.text = literal;
-    tokens[end++] = token;
-  }
-  tokens.resize(end);
-}
-
-// Names and keywords have to be spelled as the component spells them.
-bool sameShape(const std::vector<Token>& a, const std::vector<Token>& b) {
-  return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](const Token& x, const Token& y) {
-    return x.kind == y.kind && x.text == y.text;
-  });
+bool isSign(const std::vector<Token>& tokens, std::size_t i) {
+  return tokens[i].isSymbol('-') && i > 0 && takesSignedNumber(tokens[i - 1]) &&
+         i + 1 < tokens.size() && tokens[i + 1].kind == TokenKind::number &&
+         tokens[i].text.data() + 1 == tokens[i + 1].text.data();
 }
 
 // Every statement, with values of no interest.
@@ -58,39 +42,69 @@ std::vector<std::string> ownStatements() {
           statement::insertAssignment(0, "", "", "")};
 }
 
-// A closed literal has an even number of quotes: two around it, and two for each in it.
 bool endsInsideLiteral(const std::vector<Token>& tokens) {
-  if (tokens.empty() || tokens.back().kind != TokenKind::text) return false;
-  const std::string_view text = tokens.back().text;
-  return std::count(text.begin(), text.end(), '\'') % 2 != 0;
+  return !tokens.empty() && tokens.back().kind == TokenKind::text && !tokens.back().isClosed;
 }
 
-bool isOneStatement(const std::vector<Token>& tokens) {
-  return std::none_of(tokens.begin(), tokens.end(),
-                      [](const Token& token) { return token.kind == TokenKind::semicolon; });
+// Whether engines could disagree about where a literal begins that stands behind this token.
+bool isDoubtful(const Token& token) {
+  static constexpr std::string_view quoteSymbols = "#$`[]\\";
+  switch (token.kind) {
+    case TokenKind::word:
+      return token.is("E") || token.text.find('$') != std::string_view::npos;
+    case TokenKind::number:
+      return token.text.find_first_not_of("0123456789.") != std::string_view::npos;
+    case TokenKind::symbol:
+      return quoteSymbols.find(token.text[0]) != std::string_view::npos;
+    case TokenKind::text:
+      return false;
+    default:
+      return true;
+  }
+}
+
+// Whether a text whose last literal is open is a single statement and open for every engine.
+bool isOpenForAll(std::string_view text, const std::vector<Token>& tokens) {
+  const char* at = text.data();
+  for (const Token& token : tokens) {
+    const std::string_view gap(at, static_cast<std::size_t>(token.text.data() - at));
+    if (isDoubtful(token) || gap.find_first_not_of(" \t\r\n") != std::string_view::npos)
+      return false;
+    at = token.text.data() + token.text.size();
+  }
+  return true;
 }
 
 }  // namespace
 
-StatementShapes::StatementShapes() : texts_(ownStatements()) {
-  for (const std::string& text : texts_) {
-    Shape shape;
-    tokenise(text, shape);
-    reduce(shape);
-    shapes_.push_back(std::move(shape));
+StatementShapes::StatementShapes() {
+  for (const std::string& text : ownStatements()) {
+    takeApart(text, false);
+    shapes_.insert(shapeOf(text));
   }
 }
 
-bool StatementShapes::isOwn(std::string_view text) {
-  tokenise(text, tokens_);
-  if (endsInsideLiteral(tokens_)) return isOneStatement(tokens_);
-  // Comments yield no tokens, and the component's statements have none: the last token is the end.
-  if (tokens_.empty() ||
-      tokens_.back().text.data() + tokens_.back().text.size() != text.data() + text.size())
-    return false;
-  reduce(tokens_);
-  return std::any_of(shapes_.begin(), shapes_.end(),
-                     [this](const Shape& shape) { return sameShape(shape, tokens_); });
+bool StatementShapes::isOwn(std::string_view text, bool backslashEscapes) {
+  takeApart(text, backslashEscapes);
+  if (endsInsideLiteral(tokens_)) return isOpenForAll(text, tokens_);
+  return shapes_.contains(shapeOf(text));
+}
+
+void StatementShapes::takeApart(std::string_view text, bool backslashEscapes) {
+  tokenise(text, LexicalRules{.backslashEscapes = backslashEscapes}, tokens_);
+}
+
+const std::string& StatementShapes::shapeOf(std::string_view text) {
+  shape_.clear();
+  const char* copied = text.data();
+  for (std::size_t i = 0; i < tokens_.size(); ++i) {
+    const std::string_view token = tokens_[i].text;
+    if (!isLiteral(tokens_[i]) && !isSign(tokens_, i)) continue;
+    shape_.append(copied, token.data());
+    if (isLiteral(tokens_[i])) shape_ += literalMark;
+    copied = token.data() + token.size();
+  }
+  return shape_.append(copied, text.data() + text.size());
 }
 
 }  // namespace vexnumkr

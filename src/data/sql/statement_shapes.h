@@ -1,6 +1,7 @@
 // What a statement is apart from the values in it.
 #pragma once
 
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -9,28 +10,32 @@
 
 namespace vexnumkr {
 
-/// Knows the shapes of the component's own statements: their tokens with the literals taken out.
+/// Knows the shapes of the component's own statements: their texts with the literals taken out.
 ///
 /// Values stand in the statements as they are, so a quote in one ends its literal, and the rest of
 /// the value would be read as SQL. A statement that a value has given another shape is none of
-/// ours.
+/// ours. Outside the literals every character has to be the component's own, so that nothing can
+/// hide in what an engine may or may not take for a comment.
 class StatementShapes {
  public:
   StatementShapes();
   StatementShapes(const StatementShapes&) = delete;
   StatementShapes& operator=(const StatementShapes&) = delete;
 
-  /// Whether `text` is one of the component's statements, whatever the values in it. A single
-  /// statement whose last literal is not closed counts as one: no engine executes it, and the
-  /// engine's own message says best what is wrong.
-  bool isOwn(std::string_view text);
+  /// Whether `text` is one of the component's statements, whatever the values in it, for an engine
+  /// that reads backslashes in texts as said. A single statement whose last literal is not closed,
+  /// in whatever way engines read it, counts as one: none executes it, and the engine's own message
+  /// says best what is wrong.
+  bool isOwn(std::string_view text, bool backslashEscapes = false);
 
  private:
-  using Shape = std::vector<Token>;
+  void takeApart(std::string_view text, bool backslashEscapes);
+  /// What was taken apart, with a mark for each literal.
+  const std::string& shapeOf(std::string_view text);
 
-  std::vector<std::string> texts_;  // what the tokens of the shapes point into
-  std::vector<Shape> shapes_;
-  std::vector<Token> tokens_;  // of the text at hand; kept for its memory
+  std::set<std::string> shapes_;
+  std::vector<Token> tokens_;  // Of the text at hand; both are kept for their memory.
+  std::string shape_;
 };
 
 }  // namespace vexnumkr

@@ -1,0 +1,119 @@
+// Where the engines read the same characters differently.
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "platform/sql_tokens.h"
+
+namespace vexnumkr {
+namespace {
+
+using Texts = std::vector<std::string>;
+
+constexpr LexicalRules sqlite{.dialect = Dialect::sqlite};
+constexpr LexicalRules postgresql{.dialect = Dialect::postgresql};
+constexpr LexicalRules mariadb{.dialect = Dialect::mariadb};
+constexpr LexicalRules mariadbByDefault{
+    .dialect = Dialect::mariadb, .backslashEscapes = true, .doubleQuotedTexts = true};
+
+Texts tokensOf(std::string_view sql, const LexicalRules& rules) {
+  std::vector<Token> tokens;
+  tokenise(sql, rules, tokens);
+  Texts texts;
+  for (const Token& token : tokens) texts.emplace_back(token.text);
+  return texts;
+}
+
+Token lastOf(std::string_view sql, const LexicalRules& rules) {
+  std::vector<Token> tokens;
+  tokenise(sql, rules, tokens);
+  return tokens.back();
+}
+
+}  // namespace
+
+TEST(SqlDialects, ABackslashMayHideAQuote) {
+  EXPECT_EQ(tokensOf("'\\' ; x'", sqlite), (Texts{"'\\'", ";", "x", "'"}));
+  EXPECT_EQ(tokensOf("'\\' ; x'", mariadb), (Texts{"'\\'", ";", "x", "'"}));
+  EXPECT_EQ(tokensOf("'\\' ; x'", mariadbByDefault), Texts{"'\\' ; x'"});
+  EXPECT_EQ(tokensOf("'\\\\' ; x'", mariadbByDefault), (Texts{"'\\\\'", ";", "x", "'"}));
+  EXPECT_EQ(tokensOf("\"\\\" ; x\"", mariadbByDefault), Texts{"\"\\\" ; x\""});
+  EXPECT_EQ(tokensOf("`\\` ; x", mariadbByDefault), (Texts{"`\\`", ";", "x"}));
+  EXPECT_EQ(tokensOf("'\\' ; x'", {.dialect = Dialect::postgresql, .backslashEscapes = true}),
+            Texts{"'\\' ; x'"});
+}
+
+TEST(SqlDialects, DoubleQuotesEncloseNamesOrTexts) {
+  EXPECT_EQ(lastOf("\"a\"", mariadb).kind, TokenKind::quotedName);
+  EXPECT_EQ(lastOf("\"a\"", mariadbByDefault).kind, TokenKind::text);
+  EXPECT_EQ(lastOf("\"a\"", postgresql).kind, TokenKind::quotedName);
+}
+
+TEST(SqlDialects, BracketsAndBackticksQuoteOnlySomewhere) {
+  EXPECT_EQ(tokensOf("[a;b]", sqlite), Texts{"[a;b]"});
+  EXPECT_EQ(tokensOf("[a;b]", postgresql), (Texts{"[", "a", ";", "b", "]"}));
+  EXPECT_EQ(tokensOf("[a;b]", mariadb), (Texts{"[", "a", ";", "b", "]"}));
+  EXPECT_EQ(tokensOf("`a;b`", mariadb), Texts{"`a;b`"});
+  EXPECT_EQ(tokensOf("`a;b`", postgresql), (Texts{"`", "a", ";", "b", "`"}));
+}
+
+TEST(SqlDialects, PostgresqlEscapesInTextsThatSaySo) {
+  EXPECT_EQ(tokensOf("E'\\' ; x'", postgresql), Texts{"E'\\' ; x'"});
+  EXPECT_EQ(tokensOf("1e'\\' ; x'", postgresql), (Texts{"1", "e'\\' ; x'"}));
+  EXPECT_EQ(tokensOf("NAME'\\' ; x'", postgresql), (Texts{"NAME", "'\\'", ";", "x", "'"}));
+  EXPECT_EQ(tokensOf("e'a'\n'\\' ; x'", postgresql), Texts{"e'a'\n'\\' ; x'"});
+  EXPECT_EQ(tokensOf("e'a' -- b\n '\\' ; x'", postgresql), Texts{"e'a' -- b\n '\\' ; x'"});
+  EXPECT_EQ(tokensOf("e'a' '\\' ; x'", postgresql), (Texts{"e'a'", "'\\'", ";", "x", "'"}));
+  EXPECT_EQ(tokensOf("1e5 1.5e-3", postgresql), (Texts{"1e5", "1.5e-3"}));
+}
+
+TEST(SqlDialects, PostgresqlQuotesWithDollars) {
+  EXPECT_EQ(tokensOf("$$a;'b$$ c", postgresql), (Texts{"$$a;'b$$", "c"}));
+  EXPECT_EQ(tokensOf("$x$a;$$;$x$ c", postgresql), (Texts{"$x$a;$$;$x$", "c"}));
+  EXPECT_EQ(tokensOf("a$$;b$$", postgresql), (Texts{"a$$", ";", "b$$"}));
+  EXPECT_EQ(tokensOf("1$$;$$", postgresql), (Texts{"1", "$$;$$"}));
+  EXPECT_EQ(tokensOf("$1;", postgresql), (Texts{"$", "1", ";"}));
+  EXPECT_FALSE(lastOf("$$;", postgresql).isClosed);
+  EXPECT_EQ(tokensOf("$$;$$", sqlite), (Texts{"$$", ";", "$$"}));
+}
+
+TEST(SqlDialects, OnlyPostgresqlNestsComments) {
+  const char* const nested = "a /* /* */ ; b */ c";
+  EXPECT_EQ(tokensOf(nested, postgresql), (Texts{"a", "c"}));
+  EXPECT_EQ(tokensOf(nested, sqlite), (Texts{"a", ";", "b", "*", "/", "c"}));
+  EXPECT_EQ(tokensOf(nested, mariadb), (Texts{"a", ";", "b", "*", "/", "c"}));
+}
+
+TEST(SqlDialects, MariadbHasItsOwnLineComments) {
+  EXPECT_EQ(tokensOf("a # ; b\nc", mariadb), (Texts{"a", "c"}));
+  EXPECT_EQ(tokensOf("a # b", postgresql), (Texts{"a", "#", "b"}));
+  EXPECT_EQ(tokensOf("a --;b", mariadb), (Texts{"a", "-", "-", ";", "b"}));
+  EXPECT_EQ(tokensOf("a -- ;b", mariadb), Texts{"a"});
+  EXPECT_EQ(tokensOf("a --\t;b", mariadb), Texts{"a"});
+  EXPECT_EQ(tokensOf("a --", mariadb), Texts{"a"});
+  EXPECT_EQ(tokensOf("a --;b", postgresql), Texts{"a"});
+}
+
+TEST(SqlDialects, MariadbMayExecuteComments) {
+  for (const char* const sql : {"a /*! */", "a /*!50000 b */", "a /*M! */", "a /*M!100000 b */"}) {
+    std::vector<Token> tokens;
+    tokenise(sql, mariadb, tokens);
+    EXPECT_EQ(tokens.at(1).kind, TokenKind::directive) << sql;
+  }
+  EXPECT_EQ(tokensOf("a /* ! */ b", mariadb), (Texts{"a", "b"}));
+  EXPECT_EQ(tokensOf("a /*! b */ c", postgresql), (Texts{"a", "c"}));
+}
+
+TEST(SqlDialects, OnlySqliteSkipsAByteOrderMark) {
+  EXPECT_EQ(tokensOf("\xEF\xBB\xBF"
+                     "a",
+                     sqlite),
+            Texts{"a"});
+  EXPECT_EQ(tokensOf("\xEF\xBB\xBF"
+                     "a",
+                     postgresql),
+            Texts{"\xEF\xBB\xBF"
+                  "a"});
+}
+
+}  // namespace vexnumkr
