@@ -24,13 +24,15 @@ TEST(ConnectionString, NamesDriverAndDatabase) {
 
 TEST(ConnectionString, TakesKeysInAnyCaseAndOrder) {
   const ConnectionSettings settings = parseConnectionString(
-      "pwd=geheim;UID=Max;server=db.example;PORT=5432;dataBASE=firma;driver=QPSQL");
+      "pwd=geheim;UID=Max;options=sslmode=require;server=db.example;PORT=5432;dataBASE=firma;"
+      "driver=QPSQL");
   EXPECT_EQ(settings, (ConnectionSettings{.driver = "QPSQL",
                                           .database = "firma",
                                           .server = "db.example",
                                           .port = 5432,
                                           .user = "Max",
-                                          .password = "geheim"}));
+                                          .password = "geheim",
+                                          .options = "sslmode=require"}));
 }
 
 TEST(ConnectionString, IgnoresBlanksAndEmptyPairs) {
@@ -79,9 +81,10 @@ TEST(ConnectionString, SaysWhatIsWrong) {
   EXPECT_EQ(text("Driver=A;/a/b.db"), prefix + "In Eintrag 2 fehlt das Gleichheitszeichen.");
   EXPECT_EQ(text("Driver=A;Datei;Database=b"),
             prefix + "In Eintrag 2 fehlt das Gleichheitszeichen.");
-  EXPECT_EQ(text("Driver=A;Datei=b"), prefix +
-                                          "Eintrag 2 hat einen unbekannten Schlüssel; erlaubt "
-                                          "sind Driver, Database, Server, Port, UID und PWD.");
+  EXPECT_EQ(text("Driver=A;Datei=b"),
+            prefix +
+                "Eintrag 2 hat einen unbekannten Schlüssel; erlaubt "
+                "sind Driver, Database, Server, Port, UID, PWD und Options.");
   EXPECT_EQ(text("Driver=A;Database=b;DRIVER=c"),
             prefix + "Der Schlüssel Driver kommt mehrmals vor.");
   EXPECT_EQ(text("Driver=A;Database=\"b"),
@@ -139,7 +142,8 @@ TEST(ConnectionString, ComposedTextsParseToTheSameSettings) {
                                       .server = word(0),
                                       .port = static_cast<std::uint16_t>(random()),
                                       .user = word(0),
-                                      .password = word(0)};
+                                      .password = word(0),
+                                      .options = word(0)};
     const std::string text = composeConnectionString(settings);
     EXPECT_EQ(parseConnectionString(text), settings) << text;
   }

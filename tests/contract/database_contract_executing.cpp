@@ -1,8 +1,23 @@
+#include <algorithm>
+#include <cctype>
+
 #include "contract/database_contract.h"
 
 namespace vexnumkr::test {
 
 using Texts = std::vector<std::string>;
+
+namespace {
+
+// Engines that fold names tell them folded.
+bool namesWithoutCase(const std::string& message, const std::string& name) {
+  return std::search(message.begin(), message.end(), name.begin(), name.end(), [](char a, char b) {
+           return std::tolower(static_cast<unsigned char>(a)) ==
+                  std::tolower(static_cast<unsigned char>(b));
+         }) != message.end();
+}
+
+}  // namespace
 
 TEST_P(DatabaseContract, ASelectAffectsTheRowsItFinds) {
   EXPECT_EQ(run("SELECT Nr FROM Werte"), 0);
@@ -116,7 +131,7 @@ TEST_P(DatabaseContract, FailuresCarryTheEnginesCodeAndMessage) {
 
   const Error unknown = errorOf(*conn, "SELECT * FROM GibtEsNicht");
   EXPECT_EQ(unknown.number(), numbers.unknownTable);
-  EXPECT_NE(unknown.description().find("GibtEsNicht"), std::string::npos) << unknown.description();
+  EXPECT_TRUE(namesWithoutCase(unknown.description(), "GibtEsNicht")) << unknown.description();
 
   const Error syntax = errorOf(*conn, "INSERT INTO Werte (Nr, Inhalt) VALUES (2, 'O'Brien')");
   EXPECT_EQ(syntax.number(), numbers.syntaxError);

@@ -8,6 +8,8 @@ namespace {
 
 void failOnWarnings(QtMsgType type, const QMessageLogContext&, const QString& message) {
   if (type == QtDebugMsg || type == QtInfoMsg) return;
+  // Of any change that an ODBC driver refuses; the adapter raises that as an error.
+  if (message.startsWith(QLatin1String("QODBCResult::exec: Unable to execute statement"))) return;
   ADD_FAILURE() << "Qt warns: " << message.toStdString();
 }
 

@@ -105,7 +105,8 @@ TEST(SqliteOpening, AnUnknownDriverIsAnError) {
   const Error error = openingError("Driver=QXYZ;Database=a");
   EXPECT_EQ(error.number(), 3706);
   EXPECT_EQ(error.description(),
-            "Der Datenbanktreiber \"QXYZ\" wird nicht unterstützt; möglich ist: QSQLITE.");
+            "Der Datenbanktreiber \"QXYZ\" wird nicht unterstützt; möglich sind: QSQLITE, QPSQL, "
+            "QMYSQL, QMARIADB, QODBC.");
 }
 
 TEST(SqliteOpening, AMalformedStringIsAnErrorOnOpening) {

@@ -24,6 +24,16 @@ vexnumkr_sqlite_test(database_contract_borrowed_test contract)
 vexnumkr_sqlite_test(database_contract_scripted_test contract
   SOURCES support/scripted_connection.cpp)
 
+vexnumkr_test(contract/database_contract_engine_test LABEL contract
+  SOURCES contract/qt_main.cpp
+  LINKS vexnumkr_fresh_database vexnumkr_database_contract)
+vexnumkr_on_every_engine(database_contract_engine_test)
+
+vexnumkr_test(contract/engine_sessions_test LABEL engine
+  SOURCES contract/qt_main.cpp
+  LINKS vexnumkr_fresh_database vexnumkr_database_contract)
+vexnumkr_on_every_engine(engine_sessions_test)
+
 add_executable(hold_write_lock contract/hold_write_lock.cpp)
 target_link_libraries(hold_write_lock PRIVATE vexnumkr_options Qt6::Sql)
 set_target_properties(hold_write_lock PROPERTIES
@@ -36,7 +46,7 @@ vexnumkr_sqlite_test(sqlite_update_test engine)
 vexnumkr_sqlite_test(sqlite_locking_test engine)
 add_dependencies(sqlite_locking_test hold_write_lock)
 
-foreach(name connection_string field_value simple_select statement_gate)
+foreach(name connection_string eight_bit_text field_value simple_select statement_gate)
   vexnumkr_test(contract/${name}_test LABEL unit
     SOURCES contract/database_language.cpp LINKS vexnumkr_qtsql)
 endforeach()

@@ -4,7 +4,7 @@
 
 #include "adapters/qtsql/command.h"
 #include "adapters/qtsql/connection_string.h"
-#include "adapters/qtsql/engine.h"
+#include "adapters/qtsql/driver.h"
 #include "adapters/qtsql/failure.h"
 #include "adapters/qtsql/recordset.h"
 
@@ -12,14 +12,15 @@ namespace vexnumkr {
 namespace qtsql {
 namespace {
 
-const Engine& engineOfBorrowed(const QSqlDatabase& database) {
+const Driver& driverOfBorrowed(const QSqlDatabase& database) {
   if (!database.isOpen())
     throw failure(failure_number::invalidConnection,
                   "Die übergebene Datenbank ist nicht geöffnet.");
-  return engineOf(database.driverName().toStdString());
+  requireSteadyConnection(database);
+  return driverOf(database.driverName().toStdString());
 }
 
-std::string connectionStringOf(const QSqlDatabase& database) {
+std::string connectionStringOf(const QSqlDatabase& database, const Driver& driver) {
   ConnectionSettings settings;
   settings.driver = database.driverName().toStdString();
   settings.database = database.databaseName().toStdString();
@@ -27,6 +28,8 @@ std::string connectionStringOf(const QSqlDatabase& database) {
   settings.port = static_cast<std::uint16_t>(std::max(database.port(), 0));
   settings.user = database.userName().toStdString();
   settings.password = database.password().toStdString();
+  // How the host opens a file and waits for its locks is no matter of reaching it.
+  if (driver.name != "QSQLITE") settings.options = database.connectOptions().toStdString();
   return composeConnectionString(settings);
 }
 
@@ -44,9 +47,10 @@ std::unique_ptr<Recordset> SessionSlot::execute(const std::string& text,
   return std::make_unique<SqlRecordset>(std::move(outcome.rows));
 }
 
-SqlConnection::SqlConnection(const QSqlDatabase& borrowed)
-    : connectionString_(connectionStringOf(borrowed)) {
-  slot_->session = std::make_shared<Session>(engineOfBorrowed(borrowed), borrowed);
+SqlConnection::SqlConnection(const QSqlDatabase& borrowed) {
+  const Driver& driver = driverOfBorrowed(borrowed);
+  connectionString_ = connectionStringOf(borrowed, driver);
+  slot_->session = std::make_shared<Session>(driver, borrowed);
 }
 
 void SqlConnection::ConnectionString(const std::string& text) {
@@ -55,7 +59,7 @@ void SqlConnection::ConnectionString(const std::string& text) {
 }
 
 void SqlConnection::IsolationLevel(std::int32_t level) {
-  if (slot_->session) requireIsolation(slot_->session->engine(), level);
+  if (slot_->session) requireIsolation(level);
   isolationLevel_ = level;
 }
 
@@ -69,9 +73,9 @@ void SqlConnection::Open(const std::string& user, const std::string& password,
   ConnectionSettings settings = parseConnectionString(connectionString_);
   if (!user.empty()) settings.user = user;
   if (!password.empty()) settings.password = password;
-  const Engine& engine = engineOf(settings.driver);
-  requireIsolation(engine, isolationLevel_);
-  slot_->session = std::make_shared<Session>(engine, settings);
+  const Driver& driver = driverOf(settings.driver);
+  requireIsolation(isolationLevel_);
+  slot_->session = std::make_shared<Session>(driver, settings, isolationLevel_);
 }
 
 void SqlConnection::Close() {
@@ -84,7 +88,11 @@ std::unique_ptr<Recordset> SqlConnection::Execute(const std::string& text,
   return slot_->execute(text, recordsAffected);
 }
 
-void SqlConnection::BeginTrans() { slot_->require()->begin(); }
+bool SqlConnection::BackslashEscapes() const {
+  return slot_->session && slot_->session->rules().backslashEscapes;
+}
+
+void SqlConnection::BeginTrans() { slot_->require()->begin(isolationLevel_); }
 
 void SqlConnection::CommitTrans() { slot_->require()->commit(); }
 

@@ -21,8 +21,12 @@ struct SessionSlot {
   std::unique_ptr<Recordset> execute(const std::string& text, std::int32_t& recordsAffected) const;
 };
 
-/// Time-outs are kept but not imposed: an embedded engine neither connects over a network nor stops
-/// in the middle of a statement, and waits for locks as its entry in engine.cpp says.
+/// Time-outs are checked but not imposed: how long it takes to give up a server is the driver's
+/// choice, and how long a lock is waited for the engine's or its entry's in engine.cpp.
+///
+/// A connection of the adapter's own that was lost is opened again by whatever comes next, except
+/// inside a transaction, which is lost with it: that has to be rolled back first. One whose
+/// transaction could not begin because the server was away begins it with the next statement.
 ///
 /// Closing a connection, or releasing it, rolls back the transaction that was begun on it. The
 /// ConnectionString holds the password, also after opening.
@@ -43,6 +47,7 @@ class SqlConnection final : public Connection {
   void Close() override;
   std::unique_ptr<Recordset> Execute(const std::string& text,
                                      std::int32_t& recordsAffected) override;
+  bool BackslashEscapes() const override;
   void BeginTrans() override;
   void CommitTrans() override;
   void RollbackTrans() override;

@@ -12,8 +12,8 @@
 namespace vexnumkr::qtsql {
 namespace {
 
-constexpr std::array<std::string_view, 6> keyNames = {"Driver", "Database", "Server",
-                                                      "Port",   "UID",      "PWD"};
+constexpr std::array<std::string_view, 7> keyNames = {"Driver", "Database", "Server", "Port",
+                                                      "UID",    "PWD",      "Options"};
 constexpr std::size_t driverKey = 0;
 constexpr std::size_t databaseKey = 1;
 constexpr std::size_t portKey = 3;
@@ -47,7 +47,7 @@ class PairReader {
     if (found == keyNames.end())
       throw malformed("Eintrag " + std::to_string(number_) +
                       " hat einen unbekannten Schlüssel; erlaubt sind Driver, Database, Server, "
-                      "Port, UID und PWD.");
+                      "Port, UID, PWD und Options.");
     return static_cast<std::size_t>(found - keyNames.begin());
   }
 
@@ -112,9 +112,9 @@ ConnectionSettings parseConnectionString(std::string_view text) {
   if (text.find('\0') != std::string_view::npos) throw malformed("Nullzeichen sind nicht erlaubt.");
   ConnectionSettings settings;
   std::string port;
-  const std::array<std::string*, keyNames.size()> values = {&settings.driver, &settings.database,
-                                                            &settings.server, &port,
-                                                            &settings.user,   &settings.password};
+  const std::array<std::string*, keyNames.size()> values = {
+      &settings.driver, &settings.database, &settings.server, &port,
+      &settings.user,   &settings.password, &settings.options};
   std::array<bool, keyNames.size()> seen{};
   for (PairReader reader(text); reader.next();) {
     const std::size_t key = reader.key();
@@ -134,7 +134,7 @@ std::string composeConnectionString(const ConnectionSettings& settings) {
   const std::string port = settings.port == 0 ? std::string() : std::to_string(settings.port);
   const std::array<const std::string*, keyNames.size()> values = {
       &settings.driver, &settings.database, &settings.server, &port,
-      &settings.user,   &settings.password};
+      &settings.user,   &settings.password, &settings.options};
   std::string text;
   for (std::size_t key = 0; key < keyNames.size(); ++key) {
     const std::string& value = *values[key];

@@ -1,8 +1,8 @@
 // The connection string: `key=value` pairs separated by semicolons.
 //
-// Keys are Driver, Database, Server, Port, UID and PWD, without regard to case. Blanks around keys
-// and values do not count, nor do empty pairs. A value that begins with a double quote goes on to
-// the next single one, with doubled ones inside standing for one.
+// Keys are Driver, Database, Server, Port, UID, PWD and Options, without regard to case. Blanks
+// around keys and values do not count, nor do empty pairs. A value that begins with a double quote
+// goes on to the next single one, with doubled ones inside standing for one.
 #pragma once
 
 #include <cstdint>
@@ -18,6 +18,7 @@ struct ConnectionSettings {
   std::uint16_t port = 0;  ///< 0 is the engine's own.
   std::string user;
   std::string password;
+  std::string options = {};  ///< For Qt's driver, as it writes them.
 
   friend bool operator==(const ConnectionSettings&, const ConnectionSettings&) = default;
 };

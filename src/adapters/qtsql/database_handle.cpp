@@ -10,36 +10,41 @@ namespace vexnumkr::qtsql {
 namespace {
 
 // Asked for here because Qt itself only prints a warning.
-QString availableDriver(const Engine& engine) {
+QString availableDriver(const Driver& driver) {
   if (QCoreApplication::instance() == nullptr)
     throw failure(failure_number::invalidConnection,
                   "Für eine Datenbankverbindung fehlt das Qt-Anwendungsobjekt.");
-  const QString driver =
-      QString::fromLatin1(engine.driver.data(), static_cast<qsizetype>(engine.driver.size()));
-  if (!QSqlDatabase::isDriverAvailable(driver))
+  const QString name =
+      QString::fromLatin1(driver.name.data(), static_cast<qsizetype>(driver.name.size()));
+  if (!QSqlDatabase::isDriverAvailable(name))
     throw failure(
         failure_number::invalidConnection,
-        "Der Qt-Datenbanktreiber " + std::string(engine.driver) + " ist nicht installiert.");
-  return driver;
+        "Der Qt-Datenbanktreiber " + std::string(driver.name) + " ist nicht installiert.");
+  return name;
 }
 
-QSqlDatabase newEntry(const Engine& engine) {
-  const QString driver = availableDriver(engine);
-  return QSqlDatabase::addDatabase(driver, QUuid::createUuid().toString());
+QSqlDatabase newEntry(const Driver& driver) {
+  const QString name = availableDriver(driver);
+  return QSqlDatabase::addDatabase(name, QUuid::createUuid().toString());
 }
 
 }  // namespace
 
 // Delegates, so that a failure to open removes the new entry again.
-DatabaseHandle::DatabaseHandle(const Engine& engine, const ConnectionSettings& settings)
-    : DatabaseHandle(newEntry(engine), true) {
-  database_.setConnectOptions(QString::fromLatin1(engine.connectOptions));
-  database_.setDatabaseName(engine.databaseName(settings.database));
-  database_.setHostName(QString::fromStdString(settings.server));
-  if (settings.port != 0) database_.setPort(settings.port);
-  database_.setUserName(QString::fromStdString(settings.user));
-  database_.setPassword(QString::fromStdString(settings.password));
-  if (!database_.open()) throw engineFailure(database_.lastError());
+DatabaseHandle::DatabaseHandle(const Driver& driver, const ConnectionSettings& settings)
+    : DatabaseHandle(newEntry(driver), true) {
+  driver.configure(database_, settings);
+  requireSteadyConnection(database_);
+  open();
+}
+
+void DatabaseHandle::reopen() {
+  database_.close();
+  open();
+}
+
+void DatabaseHandle::open() {
+  if (!database_.open()) throw withoutPasswords(engineFailure(database_.lastError()), database_);
 }
 
 DatabaseHandle::~DatabaseHandle() {

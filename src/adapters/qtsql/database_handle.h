@@ -4,7 +4,7 @@
 #include <QtSql/QSqlDatabase>
 
 #include "adapters/qtsql/connection_string.h"
-#include "adapters/qtsql/engine.h"
+#include "adapters/qtsql/driver.h"
 
 namespace vexnumkr::qtsql {
 
@@ -14,8 +14,8 @@ namespace vexnumkr::qtsql {
 class DatabaseHandle {
  public:
   /// Opens an own one. Errors: 3709 where Qt lacks the application object or the driver; the
-  /// engine's when it cannot open.
-  DatabaseHandle(const Engine& engine, const ConnectionSettings& settings);
+  /// engine's when it cannot open, without passwords.
+  DatabaseHandle(const Driver& driver, const ConnectionSettings& settings);
 
   /// Borrows `database`.
   explicit DatabaseHandle(const QSqlDatabase& database) : DatabaseHandle(database, false) {}
@@ -25,11 +25,16 @@ class DatabaseHandle {
   DatabaseHandle& operator=(const DatabaseHandle&) = delete;
 
   const QSqlDatabase& get() const { return database_; }
-  /// False when the host has closed a borrowed database in the meantime.
+  bool isOwned() const { return owned_; }
+  /// Opens an own one anew. REQUIRES: no query on it. Error: the engine's.
+  void reopen();
+  /// False when the host has closed a borrowed database in the meantime, or a server an own one.
   bool isOpen() const { return database_.isOpen(); }
 
  private:
   DatabaseHandle(const QSqlDatabase& database, bool owned) : database_(database), owned_(owned) {}
+
+  void open();
 
   QSqlDatabase database_;
   bool owned_;

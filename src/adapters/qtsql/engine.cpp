@@ -1,11 +1,6 @@
 #include "adapters/qtsql/engine.h"
 
-#include <QtCore/QByteArray>
-#include <QtCore/QDir>
-#include <QtCore/QUrl>
-#include <algorithm>
 #include <array>
-#include <filesystem>
 
 #include <vexnumkr/database.h>
 
@@ -14,74 +9,117 @@
 namespace vexnumkr::qtsql {
 namespace {
 
-// Plainly named, a missing file would be created by opening it; only a URI can forbid that.
-QString sqliteDatabaseName(const std::string& database) {
-  const QString name = QString::fromStdString(database);
-  if (name == QLatin1String(":memory:")) return name;
-  if (name.startsWith(QLatin1String("file:"))) {
-    if (name.contains(QLatin1String("mode="))) return name;
-    return name + (name.contains(u'?') ? u'&' : u'?') + QLatin1String("mode=rw");
-  }
-  QString path = QDir::fromNativeSeparators(name);
-  if (std::filesystem::path(name.toStdU16String()).is_absolute())
-    path.prepend(path.startsWith(u'/') ? QLatin1String("//") : QLatin1String("///"));
-  const QByteArray encoded = QUrl::toPercentEncoding(path, QByteArrayLiteral("/"));
-  return QLatin1String("file:") + QString::fromLatin1(encoded) + QLatin1String("?mode=rw");
-}
+using Statements = std::span<const char* const>;
 
 // SQLite checks foreign keys only on connections that ask for it, and a schema that declares them
-// means them.
-constexpr std::array<const char*, 1> sqliteOpening = {"PRAGMA foreign_keys = ON"};
-
+// means them. Through ODBC there is no other way to say how long to wait for a lock.
+constexpr std::array sqliteOpening = {"PRAGMA foreign_keys = ON", "PRAGMA busy_timeout = 5000"};
 // Transactions are serializable whatever one asks for.
-constexpr std::array<std::int32_t, 2> sqliteIsolation = {ado::unspecified, ado::isolated};
+constexpr std::array sqliteBegin = {"BEGIN DEFERRED"};
+constexpr std::array sqliteRowNumbers = {"rowid", "_rowid_", "oid"};
 
-constexpr std::array<const char*, 3> sqliteRowNumbers = {"rowid", "_rowid_", "oid"};
+LexicalRules sqliteRules(const QString& /*mode*/) { return {.dialect = Dialect::sqlite}; }
 
-constexpr std::array engines = {
-    Engine{.driver = "QSQLITE",
-           .connectOptions = "QSQLITE_BUSY_TIMEOUT=5000;QSQLITE_OPEN_URI",
-           .databaseName = sqliteDatabaseName,
-           .openingStatements = sqliteOpening,
-           .begin = "BEGIN DEFERRED",
-           .commit = "COMMIT",
-           .rollback = "ROLLBACK",
-           .isolationLevels = sqliteIsolation,
-           .failureMayRollBack = true,
-           .rowNumberNames = sqliteRowNumbers,
-           .keyEquals = " IS ",
-           .unknownName = 1},
-};
+// Locks are waited for as long as MariaDB does it by default; notices would go to standard error.
+constexpr std::array postgresqlOpening = {
+    "SET standard_conforming_strings = on; SET lock_timeout = '50s'; "
+    "SET client_min_messages = error"};
+constexpr std::array postgresqlBegin = {"BEGIN; SAVEPOINT vexnumkr"};
+constexpr std::array postgresqlBeginIsolated = {
+    "BEGIN ISOLATION LEVEL SERIALIZABLE; SAVEPOINT vexnumkr"};
 
-std::string supportedDrivers() {
-  std::string names;
-  for (const Engine& engine : engines)
-    names.append(names.empty() ? "" : ", ").append(engine.driver);
-  return names;
+LexicalRules postgresqlRules(const QString& mode) {
+  return {.dialect = Dialect::postgresql, .backslashEscapes = mode == QLatin1String("off")};
 }
 
-QLatin1String latin1(std::string_view text) {
-  return QLatin1String(text.data(), static_cast<qsizetype>(text.size()));
+// Texts mean what stands in them, and one that is too long for its column is an error.
+constexpr std::array mariadbOpening = {
+    "SET SESSION autocommit = 1, sql_mode = "
+    "'STRICT_TRANS_TABLES,NO_BACKSLASH_ESCAPES,ANSI_QUOTES,NO_ENGINE_SUBSTITUTION'"};
+constexpr std::array mariadbBegin = {"START TRANSACTION"};
+constexpr std::array mariadbBeginIsolated = {"SET TRANSACTION ISOLATION LEVEL SERIALIZABLE",
+                                             "START TRANSACTION"};
+
+LexicalRules mariadbRules(const QString& mode) {
+  return {.dialect = Dialect::mariadb,
+          .backslashEscapes = !mode.contains(QLatin1String("NO_BACKSLASH_ESCAPES")),
+          .doubleQuotedTexts = !mode.contains(QLatin1String("ANSI_QUOTES"))};
 }
 
 }  // namespace
 
-const Engine& engineOf(std::string_view driver) {
-  const QString name = QString::fromUtf8(driver.data(), static_cast<qsizetype>(driver.size()));
-  const auto found = std::find_if(engines.begin(), engines.end(), [&](const Engine& engine) {
-    return name.compare(latin1(engine.driver), Qt::CaseInsensitive) == 0;
-  });
-  if (found != engines.end()) return *found;
-  throw failure(failure_number::unknownDriver,
-                "Der Datenbanktreiber \"" + std::string(driver) +
-                    "\" wird nicht unterstützt; möglich ist: " + supportedDrivers() + ".");
-}
+const Engine sqlite = {.name = "SQLite",
+                       .dialect = Dialect::sqlite,
+                       .openingStatements = sqliteOpening,
+                       .isolateSession = nullptr,
+                       .lexicalMode = nullptr,
+                       .rules = sqliteRules,
+                       .begin = sqliteBegin,
+                       .beginIsolated = sqliteBegin,
+                       .commit = "COMMIT",
+                       .rollback = "ROLLBACK",
+                       .guardsTransactions = true,
+                       .transactionProbe = nullptr,
+                       .recovery = Recovery::secondBegin,
+                       .transactionQuery = nullptr,
+                       .afterChange = nullptr,
+                       .undo = nullptr,
+                       .rowNumberNames = sqliteRowNumbers,
+                       .keyEquals = " IS ",
+                       .nameQuote = '"',
+                       .unknownName = 1};
 
-void requireIsolation(const Engine& engine, std::int32_t level) {
-  const auto levels = engine.isolationLevels;
-  if (std::find(levels.begin(), levels.end(), level) != levels.end()) return;
-  throw failure(failure_number::notAvailable, "Die Isolationsstufe " + std::to_string(level) +
-                                                  " gibt es bei diesem Datenbanksystem nicht.");
+// A failed statement aborts the whole transaction unless it can go back to a savepoint. There is
+// always one right behind the last change: it goes along with that change, and a commit that found
+// none would otherwise be taken for one of an aborted transaction, which silently is a roll-back.
+const Engine postgresql = {
+    .name = "PostgreSQL",
+    .dialect = Dialect::postgresql,
+    .openingStatements = postgresqlOpening,
+    .isolateSession = "SET SESSION CHARACTERISTICS AS TRANSACTION ISOLATION LEVEL SERIALIZABLE",
+    .lexicalMode = "SHOW standard_conforming_strings",
+    .rules = postgresqlRules,
+    .begin = postgresqlBegin,
+    .beginIsolated = postgresqlBeginIsolated,
+    .commit = "RELEASE SAVEPOINT vexnumkr; COMMIT",
+    .rollback = "ROLLBACK",
+    .guardsTransactions = false,
+    .transactionProbe = "SAVEPOINT vexnumkr_probe; RELEASE SAVEPOINT vexnumkr_probe",
+    .recovery = Recovery::savepoint,
+    .transactionQuery = nullptr,
+    .afterChange = "RELEASE SAVEPOINT vexnumkr; SAVEPOINT vexnumkr",
+    .undo = "ROLLBACK TO SAVEPOINT vexnumkr",
+    .rowNumberNames = {},
+    .keyEquals = " = ",
+    .nameQuote = '"',
+    .unknownName = 0};
+
+// A deadlock rolls the whole transaction back, and what followed would be committed by itself.
+const Engine mariadb = {.name = "MariaDB",
+                        .dialect = Dialect::mariadb,
+                        .openingStatements = mariadbOpening,
+                        .isolateSession = "SET SESSION TRANSACTION ISOLATION LEVEL SERIALIZABLE",
+                        .lexicalMode = "SELECT @@SESSION.sql_mode",
+                        .rules = mariadbRules,
+                        .begin = mariadbBegin,
+                        .beginIsolated = mariadbBeginIsolated,
+                        .commit = "COMMIT",
+                        .rollback = "ROLLBACK",
+                        .guardsTransactions = false,
+                        .transactionProbe = nullptr,
+                        .recovery = Recovery::askEngine,
+                        .transactionQuery = "SELECT @@in_transaction",
+                        .afterChange = nullptr,
+                        .undo = nullptr,
+                        .rowNumberNames = {},
+                        .keyEquals = " = ",
+                        .nameQuote = '`',
+                        .unknownName = 0};
+
+void requireIsolation(std::int32_t level) {
+  if (level == ado::unspecified || level == ado::isolated) return;
+  throw failure(failure_number::notAvailable,
+                "Die Isolationsstufe " + std::to_string(level) + " gibt es nicht.");
 }
 
 }  // namespace vexnumkr::qtsql

@@ -6,6 +6,7 @@
 
 #include <vexnumkr/error.h>
 
+class QSqlDatabase;
 class QSqlError;
 
 namespace vexnumkr::qtsql {
@@ -21,18 +22,27 @@ inline constexpr std::int32_t unknownDriver = 3706;
 inline constexpr std::int32_t invalidConnection = 3709;
 inline constexpr std::int32_t recordGone = -2147217864;
 inline constexpr std::int32_t unspecified = -2147467259;
+inline constexpr std::int32_t noTransaction = -2147168242;
+inline constexpr std::int32_t transactionRuns = -2147168237;
 }  // namespace failure_number
 
 /// One of the adapter's own failures.
 Error failure(std::int32_t number, const std::string& text);
 
-/// A failure of the engine: its code and its message. Where the driver failed before the engine was
-/// asked, the driver's text and `unspecified`.
+/// A failure of the engine: its code and its message. Codes with letters (PostgreSQL's 42P01) have
+/// no number and are `unspecified`; the message names them. Where the driver failed before the
+/// engine was asked, the driver's text and `unspecified`.
 Error engineFailure(const QSqlError& error);
+
+/// `error` with what `database` has for passwords masked in its text, those in an ODBC connection
+/// string included.
+Error withoutPasswords(const Error& error, const QSqlDatabase& database);
 
 Error connectionClosed();
 Error connectionOpen();
 Error recordsetClosed();
 Error recordsetOpen();
+Error transactionMissing();
+Error transactionRuns();
 
 }  // namespace vexnumkr::qtsql

@@ -20,6 +20,11 @@ Value integerValue(qlonglong number) {
   return static_cast<std::int32_t>(number);
 }
 
+Value unsignedValue(qulonglong number) {
+  if (number > static_cast<qulonglong>(largest)) return std::to_string(number);
+  return static_cast<std::int32_t>(number);
+}
+
 Value realValue(double number) {
   if (number >= smallest && number <= largest && std::trunc(number) == number)
     return static_cast<std::int32_t>(number);
@@ -50,12 +55,18 @@ Value toValue(const QVariant& field) {
       return static_cast<const QString*>(field.constData())->toStdString();
     case QMetaType::Bool:
       return field.toBool() ? -1 : 0;
+    case QMetaType::Char:
+    case QMetaType::SChar:
+    case QMetaType::UChar:
+      return field.toInt();
     case QMetaType::Short:
     case QMetaType::UShort:
     case QMetaType::Int:
     case QMetaType::UInt:
     case QMetaType::LongLong:
       return integerValue(field.toLongLong());
+    case QMetaType::ULongLong:
+      return unsignedValue(field.toULongLong());
     case QMetaType::Float:
     case QMetaType::Double:
       return realValue(field.toDouble());

@@ -11,7 +11,7 @@ namespace {
 std::optional<RowSet> selectWith(Session& session, const SimpleSelect& select,
                                  const RecordKeys& keys) {
   try {
-    return session.run(toQString(select.withColumns(keys.columnList().toStdString())));
+    return session.read(toQString(select.withColumns(keys.columnList().toStdString())));
   } catch (const Error& error) {
     if (error.number() != session.engine().unknownName) throw;
     return std::nullopt;
@@ -22,15 +22,14 @@ std::optional<RowSet> selectWith(Session& session, const SimpleSelect& select,
 
 KeyedSelect selectWithKeys(Session& session, const Statement& statement) {
   if (const auto select = parseSimpleSelect(statement)) {
-    for (RecordKeys& keys :
-         RecordKeys::candidates(session.engine(), session.database(), select->table)) {
+    for (RecordKeys& keys : RecordKeys::candidates(session, select->table)) {
       if (auto rows = selectWith(session, *select, keys)) {
         rows->hideLast(keys.count());
         return {std::move(*rows), std::move(keys)};
       }
     }
   }
-  return {session.run(toQString(statement.text)), std::nullopt};
+  return {session.read(statement), std::nullopt};
 }
 
 }  // namespace vexnumkr::qtsql

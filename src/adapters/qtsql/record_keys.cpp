@@ -1,13 +1,10 @@
 #include "adapters/qtsql/record_keys.h"
 
 #include <QtCore/QStringList>
-#include <QtSql/QSqlDriver>
-#include <QtSql/QSqlField>
-#include <QtSql/QSqlIndex>
-#include <QtSql/QSqlRecord>
 #include <algorithm>
 
 #include "adapters/qtsql/field_value.h"
+#include "adapters/qtsql/key_columns.h"
 
 namespace vexnumkr::qtsql {
 namespace {
@@ -16,21 +13,16 @@ bool isSameName(const QString& a, const QString& b) {
   return a.compare(b, Qt::CaseInsensitive) == 0;
 }
 
-QString quoted(const QString& name) {
+QString inQuotes(const QString& name, QChar quote) {
   QString escaped = name;
-  return u'"' + escaped.replace(u'"', QLatin1String("\"\"")) + u'"';
-}
-
-bool hasColumn(const QSqlRecord& columns, const QString& name) {
-  for (int i = 0; i < columns.count(); ++i)
-    if (isSameName(columns.fieldName(i), name)) return true;
-  return false;
+  return quote + escaped.replace(quote, QString(2, quote)) + quote;
 }
 
 // The first row-number name that no column of the table has taken.
-QString rowNumberName(const Engine& engine, const QSqlRecord& columns) {
+QString rowNumberName(const Engine& engine, const TableKeys& table) {
   for (const char* const name : engine.rowNumberNames)
-    if (!hasColumn(columns, QString::fromLatin1(name))) return QString::fromLatin1(name);
+    if (!table.columns.contains(QString::fromLatin1(name), Qt::CaseInsensitive))
+      return QString::fromLatin1(name);
   return {};
 }
 
@@ -39,21 +31,21 @@ QString rowNumberName(const Engine& engine, const QSqlRecord& columns) {
 RecordKeys::RecordKeys(const Engine& engine, std::string_view table, std::vector<Key> keys)
     : table_(toQString(table)),
       equals_(QString::fromLatin1(engine.keyEquals)),
+      quote_(QLatin1Char(engine.nameQuote)),
       keys_(std::move(keys)) {}
 
-std::vector<RecordKeys> RecordKeys::candidates(const Engine& engine, const QSqlDatabase& database,
-                                               std::string_view table) {
-  const QString name = toQString(table);
-  const QSqlIndex primary = database.primaryIndex(name);
+QString RecordKeys::quoted(const QString& name) const { return inQuotes(name, quote_); }
+
+std::vector<RecordKeys> RecordKeys::candidates(Session& session, std::string_view table) {
+  const Engine& engine = session.engine();
+  const TableKeys known = keysOf(session, table);
   std::vector<Key> keys;
-  for (int i = 0; i < primary.count(); ++i)
-    keys.push_back({primary.fieldName(i), quoted(primary.fieldName(i))});
-  // An automatic key is the row number under a name of its own, and may be changed.
-  const bool isAutomatic = primary.count() == 1 && primary.field(0).isAutoValue();
+  for (const QString& name : known.unique)
+    keys.push_back({name, inQuotes(name, QLatin1Char(engine.nameQuote))});
 
   std::vector<RecordKeys> found;
-  const QString rowNumber = rowNumberName(engine, database.record(name));
-  if (!isAutomatic && !rowNumber.isEmpty()) {
+  const QString rowNumber = rowNumberName(engine, known);
+  if (!known.isRowNumber && !rowNumber.isEmpty()) {
     std::vector<Key> withNumber = {{QString(), rowNumber}};
     withNumber.insert(withNumber.end(), keys.begin(), keys.end());
     found.push_back(RecordKeys(engine, table, std::move(withNumber)));
@@ -84,11 +76,13 @@ RecordKeys::Change RecordKeys::change(const RowSet& rows, std::size_t row,
   QStringList conditions;
   for (std::size_t i = 0; i < keys_.size(); ++i) {
     conditions << keys_[i].sql + equals_ + u'?';
-    change.values << rows.at(row, rows.columnCount() + i);
+    change.checkValues << rows.at(row, rows.columnCount() + i);
   }
+  const QString where = QLatin1String(" WHERE ") + conditions.join(QLatin1String(" AND "));
   change.text = QLatin1String("UPDATE ") + table_ + QLatin1String(" SET ") +
-                settings.join(QLatin1String(", ")) + QLatin1String(" WHERE ") +
-                conditions.join(QLatin1String(" AND "));
+                settings.join(QLatin1String(", ")) + where;
+  change.values += change.checkValues;
+  change.check = QLatin1String("SELECT COUNT(*) FROM ") + table_ + where;
   return change;
 }
 

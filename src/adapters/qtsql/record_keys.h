@@ -3,7 +3,6 @@
 
 #include <QtCore/QString>
 #include <QtCore/QVariant>
-#include <QtSql/QSqlDatabase>
 #include <string_view>
 #include <vector>
 
@@ -11,6 +10,8 @@
 #include "adapters/qtsql/row_set.h"
 
 namespace vexnumkr::qtsql {
+
+class Session;
 
 /// Columns that tell a table's records apart. They stand in the rows behind the select's own
 /// columns, hidden.
@@ -20,8 +21,7 @@ class RecordKeys {
   /// engine's built-in row number with the primary key, then the primary key alone. The two
   /// together also notice when the number of a deleted record has gone to another one. Whether the
   /// table does have the row number shows only when it is selected.
-  static std::vector<RecordKeys> candidates(const Engine& engine, const QSqlDatabase& database,
-                                            std::string_view table);
+  static std::vector<RecordKeys> candidates(Session& session, std::string_view table);
 
   /// The key columns, for a select.
   QString columnList() const;
@@ -33,6 +33,8 @@ class RecordKeys {
   struct Change {
     QString text;  ///< With a `?` for each of the values.
     QVariantList values;
+    QString check;  ///< Counts the records that it concerns.
+    QVariantList checkValues;
   };
 
   /// Sets the fields `columns` of the record of `row` to what `rows` holds. REQUIRES: identify.
@@ -48,9 +50,11 @@ class RecordKeys {
   };
 
   RecordKeys(const Engine& engine, std::string_view table, std::vector<Key> keys);
+  QString quoted(const QString& name) const;
 
   QString table_;
   QString equals_;
+  QChar quote_;
   std::vector<Key> keys_;
 };
 

@@ -24,7 +24,7 @@ void SqlRecordset::Open(const std::string& source, Connection& connection, std::
     rows_ = std::move(found.rows);
     keys_ = std::move(found.keys);
   } else {
-    rows_ = session->run(toQString(statement.text));
+    rows_ = session->read(statement);
   }
   session_ = session;
   isOpen_ = true;
@@ -68,7 +68,9 @@ void SqlRecordset::Update() {
   const std::vector<std::size_t> columns = changedColumns();
   if (columns.empty()) return;
   const RecordKeys::Change change = keys_->change(rows_, current_, columns);
-  if (session->change(change.text, change.values) == 0)
+  // A change to what it is already may count as none.
+  if (session->change(change.text, change.values) == 0 &&
+      session->count(change.check, change.checkValues) == 0)
     throw failure(failure_number::recordGone,
                   "Der Datensatz ist nicht mehr vorhanden und kann nicht geändert werden.");
   keys_->followChange(rows_, current_, columns);

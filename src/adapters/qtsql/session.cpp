@@ -1,102 +1,167 @@
 #include "adapters/qtsql/session.h"
 
-#include <QtSql/QSqlError>
-
+#include "adapters/qtsql/eight_bit_text.h"
 #include "adapters/qtsql/failure.h"
 #include "adapters/qtsql/field_value.h"
 
 namespace vexnumkr::qtsql {
+namespace {
 
-Session::Session(const Engine& engine, const ConnectionSettings& settings)
-    : engine_(engine), database_(engine, settings), query_(database_.get()) {
-  query_.setForwardOnly(true);
-  for (const char* const statement : engine_.openingStatements) run(QString::fromLatin1(statement));
+QString textOf(const Statement& statement, bool inEightBits) {
+  return inEightBits ? toQString(inAscii(statement)) : toQString(statement.text);
 }
 
-Session::Session(const Engine& engine, const QSqlDatabase& borrowed)
-    : engine_(engine), database_(borrowed), query_(database_.get()) {
-  query_.setForwardOnly(true);
+// What goes along with a text must not end up inside a literal of it.
+bool takesAppendix(const Statement& statement) { return statement.tokens.back().isClosed; }
+
+}  // namespace
+
+Session::Session(const Driver& driver, const ConnectionSettings& settings, std::int32_t isolation)
+    : driver_(driver),
+      database_(driver, settings),
+      engine_(&driver.engine(database_.get())),
+      sessionIsolation_(isolation) {
+  prepare();
+}
+
+Session::Session(const Driver& driver, const QSqlDatabase& borrowed)
+    : driver_(driver), database_(borrowed), engine_(&driver.engine(borrowed)) {
+  prepare();
 }
 
 Session::~Session() {
-  if (inTransaction_ && !rolledBackBy_ && database_.isOpen())
-    query_.exec(QString::fromLatin1(engine_.rollback));
+  if (inTransaction_ && !endedBy_ && !isLost_ && database_.isOpen()) succeeds(engine_->rollback);
+}
+
+// Nothing of a borrowed connection is changed.
+void Session::prepare() {
+  query_.emplace(database_.get());
+  query_->setForwardOnly(true);
+  if (database_.isOwned()) {
+    for (const char* const statement : engine_->openingStatements) {
+      run(QString::fromLatin1(statement));
+      runRest();
+    }
+    if (sessionIsolation_ == ado::isolated && engine_->isolateSession != nullptr)
+      run(QString::fromLatin1(engine_->isolateSession));
+  }
+  learnRules();
+}
+
+void Session::learnRules() {
+  QString mode;
+  if (engine_->lexicalMode != nullptr)
+    mode = run(QString::fromLatin1(engine_->lexicalMode)).at(0, 0).toString();
+  rules_ = engine_->rules(mode);
 }
 
 Session::Outcome Session::execute(std::string_view text) {
-  const Statement statement = gate_.pass(text);
-  RowSet rows = run(toQString(statement.text));
+  const Statement statement = gate_.pass(text, rules_);
+  requireReady();
+  const bool movesOn =
+      inTransaction_ && engine_->recovery == Recovery::savepoint && !statement.onlyReads();
+  const bool together = movesOn && takesAppendix(statement);
+  QString sql = textOf(statement, driver_.eightBitEngine == engine_);
+  // In a line of its own, which the engine's messages about the statement leave out.
+  if (together) sql += QLatin1String("\n; ") + QLatin1String(engine_->afterChange);
+  RowSet rows = run(sql);
   const std::size_t found = rows.rowCount();
   const bool counts = rows.columnCount() == 0 && statement.changesRows();
-  return {std::move(rows), counts ? query_.numRowsAffected() : static_cast<std::int32_t>(found)};
+  const auto affected = counts ? query_->numRowsAffected() : static_cast<std::int32_t>(found);
+  if (movesOn && !together) run(QString::fromLatin1(engine_->afterChange));
+  if (movesOn) runRest();
+  if (statement.startsWith("SET")) learnRules();
+  return {std::move(rows), affected};
 }
 
 Statement Session::passSelect(std::string_view text) {
-  const Statement statement = gate_.pass(text);
+  const Statement statement = gate_.pass(text, rules_);
   if (!statement.isSelect())
     throw failure(failure_number::invalidArgument, "Nur eine Abfrage kann geöffnet werden.");
   return statement;
 }
 
+RowSet Session::read(const Statement& statement) {
+  return read(textOf(statement, driver_.eightBitEngine == engine_));
+}
+
+RowSet Session::read(const QString& text) {
+  requireReady();
+  return run(text);
+}
+
 RowSet Session::run(const QString& text) {
-  requireUsable();
-  if (!query_.exec(text)) fail(query_.lastError());
-  if (!query_.isSelect()) return RowSet();
-  RowSet rows(query_);
-  if (query_.lastError().isValid()) fail(query_.lastError());
+  if (!query_->exec(text)) fail(query_->lastError());
+  if (!query_->isSelect()) return RowSet();
+  RowSet rows(*query_);
+  if (query_->lastError().isValid()) fail(query_->lastError());
   return rows;
 }
 
+// What else a text of the adapter's own consists of.
+void Session::runRest() {
+  while (query_->nextResult()) {
+  }
+  if (query_->lastError().isValid()) fail(query_->lastError());
+}
+
+bool Session::succeeds(const char* text) {
+  bool done = query_->exec(QString::fromLatin1(text));
+  while (done && query_->nextResult()) {
+  }
+  failure_ = query_->lastError();
+  query_->finish();
+  return done && !failure_.isValid();
+}
+
 std::int32_t Session::change(const QString& text, const QVariantList& values) {
-  requireUsable();
+  requireReady();
+  std::int32_t changed = 0;
+  {
+    QSqlQuery query(database_.get());
+    if (!query.prepare(text)) fail(query.lastError());
+    for (const QVariant& value : values) query.addBindValue(value);
+    if (!query.exec()) fail(query.lastError());
+    changed = query.numRowsAffected();
+  }
+  if (inTransaction_ && engine_->recovery == Recovery::savepoint) {
+    run(QString::fromLatin1(engine_->afterChange));
+    runRest();
+  }
+  return changed;
+}
+
+std::int32_t Session::count(const QString& text, const QVariantList& values) {
+  requireReady();
   QSqlQuery query(database_.get());
+  query.setForwardOnly(true);
   if (!query.prepare(text)) fail(query.lastError());
   for (const QVariant& value : values) query.addBindValue(value);
-  if (!query.exec()) fail(query.lastError());
-  return query.numRowsAffected();
+  if (!query.exec() || !query.next()) fail(query.lastError());
+  return query.value(0).toInt();
 }
 
-void Session::begin() {
-  run(QString::fromLatin1(engine_.begin));
-  inTransaction_ = true;
+void Session::requireReady() {
+  if (endedBy_) throw *endedBy_;
+  if (!database_.isOpen()) {
+    if (!database_.isOwned()) throw connectionClosed();
+    isLost_ = true;
+  }
+  if (isLost_) reconnect();
+  if (!beginsLater_) return;
+  beginNow();
+  beginsLater_ = false;
 }
 
-void Session::commit() {
-  run(QString::fromLatin1(engine_.commit));
-  inTransaction_ = false;
-}
-
-void Session::rollback() {
-  requireOpen();
-  inTransaction_ = false;
-  if (rolledBackBy_)
-    rolledBackBy_.reset();
-  else
-    run(QString::fromLatin1(engine_.rollback));
-}
-
-void Session::requireOpen() const {
-  if (!database_.isOpen()) throw connectionClosed();
-}
-
-void Session::requireUsable() const {
-  requireOpen();
-  if (rolledBackBy_) throw *rolledBackBy_;
-}
-
-void Session::fail(const QSqlError& error) {
-  const Error raised = engineFailure(error);
-  if (inTransaction_ && engine_.failureMayRollBack && !transactionStillRuns())
-    rolledBackBy_ = raised;
-  throw raised;
-}
-
-// A second transaction can begin only where the first is gone.
-bool Session::transactionStillRuns() {
-  QSqlQuery probe(database_.get());
-  if (!probe.exec(QString::fromLatin1(engine_.begin))) return true;
-  probe.exec(QString::fromLatin1(engine_.rollback));
-  return false;
+// A borrowed connection is the host's to open again.
+void Session::reconnect() {
+  if (database_.isOwned()) {
+    query_.reset();
+    database_.reopen();
+    query_.emplace(database_.get());
+  }
+  isLost_ = false;
+  prepare();
 }
 
 }  // namespace vexnumkr::qtsql

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QtCore/QVariant>
+#include <QtSql/QSqlError>
 #include <QtSql/QSqlQuery>
 #include <cstdint>
 #include <memory>
@@ -9,6 +10,7 @@
 #include <string>
 #include <string_view>
 
+#include <vexnumkr/database.h>
 #include <vexnumkr/error.h>
 
 #include "adapters/qtsql/database_handle.h"
@@ -20,13 +22,18 @@ namespace vexnumkr::qtsql {
 /// Every member raises the engine's own failures. No statement stays open behind any of them, so no
 /// lock lingers that the transaction does not hold.
 ///
-/// Some engines answer grave failures (a full disk, a trigger's RAISE(ROLLBACK)) by rolling the
-/// transaction back. What follows would then take effect at once, outside any transaction. Here it
-/// is refused with that very failure until the transaction is rolled back by its owner.
+/// A failed statement leaves a running transaction, and what was done in it before, in place: where
+/// the engine would abort it, it goes back to a savepoint, which costs a round trip only then.
+///
+/// Some failures end a transaction nevertheless (a full disk, a deadlock, a lost connection). What
+/// follows would then take effect at once, outside any transaction. Here it is refused with that
+/// very failure until the transaction is rolled back by its owner.
 class Session {
  public:
-  Session(const Engine& engine, const ConnectionSettings& settings);
-  Session(const Engine& engine, const QSqlDatabase& borrowed);
+  /// Opens an own database. `isolation` also holds for statements outside transactions.
+  Session(const Driver& driver, const ConnectionSettings& settings,
+          std::int32_t isolation = ado::unspecified);
+  Session(const Driver& driver, const QSqlDatabase& borrowed);
 
   /// Rolls back a transaction that was begun here and is still running.
   ~Session();
@@ -44,32 +51,61 @@ class Session {
   /// The one statement in `text`, not run yet. Error: 3001 when it is no select.
   Statement passSelect(std::string_view text);
 
-  /// Runs a text that the adapter has made itself out of passed ones.
-  RowSet run(const QString& text);
+  /// Runs a statement that has passed, or was made by the adapter, and only reads.
+  RowSet read(const Statement& statement);
+  RowSet read(const QString& text);
 
   /// Runs a change with a value for each `?` in it. Returns the number of rows changed.
   std::int32_t change(const QString& text, const QVariantList& values);
+  /// Runs a select with a value for each `?` in it that yields one number.
+  std::int32_t count(const QString& text, const QVariantList& values);
 
-  void begin();
-  /// A failed commit leaves the transaction running.
+  /// Begins a transaction. Where the connection was lost before, a new one is opened first; fails
+  /// that too, the transaction begins with the next statement that finds the server again.
+  void begin(std::int32_t isolation);
+  /// After a failed commit the transaction still runs or can only be rolled back, as after any
+  /// other failure.
   void commit();
+  /// Has nothing to do, and does not fail, where the transaction went with its connection.
   void rollback();
 
-  const Engine& engine() const { return engine_; }
+  const Engine& engine() const { return *engine_; }
+  const LexicalRules& rules() const { return rules_; }
   const QSqlDatabase& database() const { return database_.get(); }
 
  private:
-  void requireUsable() const;
-  void requireOpen() const;
-  [[noreturn]] void fail(const QSqlError& error);
-  bool transactionStillRuns();
+  using Statements = std::span<const char* const>;
 
-  const Engine& engine_;
+  void prepare();
+  void learnRules();
+  void reconnect();
+  void requireReady();
+  void requireNoOtherTransaction();
+
+  RowSet run(const QString& text);
+  void runRest();
+  bool succeeds(const char* text);
+  Statements beginStatements() const;
+  void beginNow();
+
+  [[noreturn]] void fail(const QSqlError& error);
+  bool recovers();
+  bool engineInTransaction();
+  bool isGone(const QSqlError& error);
+
+  const Driver& driver_;
   DatabaseHandle database_;
-  QSqlQuery query_;  // One for all statements: making one costs as much as a short select.
+  const Engine* engine_;
+  std::int32_t sessionIsolation_ = ado::unspecified;
+  std::int32_t isolation_ = ado::unspecified;  // Of the transaction.
+  LexicalRules rules_;
+  std::optional<QSqlQuery> query_;  // One for all: making one costs as much as a short select.
   StatementGate gate_;
   bool inTransaction_ = false;
-  std::optional<Error> rolledBackBy_;
+  bool beginsLater_ = false;  // The transaction was begun while the server was away.
+  bool isLost_ = false;
+  QSqlError failure_;             // Of the last text that did not succeed.
+  std::optional<Error> endedBy_;  // What has ended the transaction.
 };
 
 }  // namespace vexnumkr::qtsql
