@@ -1,10 +1,11 @@
-# A session of the core on a real SQLite file, for this folder and those of hosting and rules.
+# A session of the core on a real database, for this folder and those of hosting and rules.
 add_library(vexnumkr_core_session STATIC
-  support/core_session.cpp "${PROJECT_SOURCE_DIR}/src/app/schema/schema.cpp")
+  support/core_session.cpp "${PROJECT_SOURCE_DIR}/src/app/schema/schema.cpp"
+  "${PROJECT_SOURCE_DIR}/src/app/sql.cpp")
 target_include_directories(vexnumkr_core_session
   PUBLIC "${PROJECT_SOURCE_DIR}/tests" "${CMAKE_BINARY_DIR}/src/app/generated")
 target_link_libraries(vexnumkr_core_session
-  PUBLIC vexnumkr_rules vexnumkr_qtsql vexnumkr_scripted_connection Qt6::Core GTest::gtest
+  PUBLIC vexnumkr_rules vexnumkr_fresh_database vexnumkr_scripted_connection Qt6::Core GTest::gtest
   PRIVATE vexnumkr_options)
 
 # vexnumkr_core_test(FOLDER/NAME LABEL): a test on a CoreSession.
@@ -37,3 +38,5 @@ add_test(NAME table_memory_test COMMAND table_memory_test)
 set_tests_properties(table_memory_test PROPERTIES LABELS unit TIMEOUT 120)
 set_property(GLOBAL APPEND PROPERTY VEXNUMKR_TEST_FILES
   "${CMAKE_CURRENT_SOURCE_DIR}/data/table_memory_test.cpp")
+
+vexnumkr_on_every_engine(loading_test special_ranges_test circle_list_test injection_test)

@@ -2,13 +2,16 @@
 add_library(vexnumkr_dialog_session STATIC
   support/dialog_session.cpp support/faulty_forms.cpp support/modal_user.cpp)
 target_link_libraries(vexnumkr_dialog_session
-  PUBLIC vexnumkr_scenario_driver GTest::gtest
+  PUBLIC vexnumkr_scenario_driver vexnumkr_fresh_database GTest::gtest
   PRIVATE vexnumkr_options Qt6::Test)
 
 foreach(name broken_host circles circles_refresh closing controls editor_walk entries failures
     filters interruptions loading options progress special_ranges ticks tree validation)
   vexnumkr_test(gui/dialog_${name}_test GUI LABEL gui LINKS vexnumkr_dialog_session)
 endforeach()
+
+vexnumkr_on_every_engine(
+  dialog_circles_test dialog_closing_test dialog_loading_test dialog_special_ranges_test)
 
 # Its own functions take the place of those by which the engine waits.
 vexnumkr_test(gui/dialog_two_hosts_test GUI LABEL engine

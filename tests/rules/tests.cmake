@@ -12,3 +12,5 @@ vexnumkr_core_test(rules/saving_test unit)
 vexnumkr_core_test(rules/saving_failure_test fault)
 vexnumkr_core_test(rules/long_work_test unit)
 vexnumkr_core_test(rules/reported_failures_test fault)
+
+vexnumkr_on_every_engine(saving_test saving_failure_test)

@@ -2,97 +2,110 @@
 
 #include <QtCore/QFile>
 #include <QtCore/QString>
-#include <QtSql/QSqlError>
-#include <QtSql/QSqlQuery>
-#include <QtSql/QSqlRecord>
 
 #include <vexnumkr/error.h>
 
 #include "adapters/qtsql/connection_string.h"
-#include "adapters/qtsql/database_handle.h"
-#include "adapters/qtsql/engine.h"
-#include "adapters/qtsql/failure.h"
+#include "adapters/qtsql/session.h"
 #include "app/components/settings_store.h"
+#include "app/connection_text.h"
+#include "app/sql.h"
 #include "scenario/schema.h"
 #include "scenario/transcript.h"
 
 namespace vexnumkr::scenario {
 namespace {
 
-constexpr std::string_view sqlite = "QSQLITE";
+constexpr std::string_view sqliteDriver = "QSQLITE";
 
 // Connections fail on files that are not there.
 void provideFile(const std::string& file) {
   QFile(QString::fromStdString(file)).open(QIODevice::ReadWrite);
 }
 
-std::unique_ptr<qtsql::DatabaseHandle> open(const qtsql::ConnectionSettings& settings) {
-  const qtsql::Engine& engine = qtsql::engineOf(settings.driver);
-  if (engine.driver == sqlite) provideFile(settings.database);
-  return std::make_unique<qtsql::DatabaseHandle>(engine, settings);
+std::unique_ptr<qtsql::Session> open(const qtsql::ConnectionSettings& settings) {
+  const qtsql::Driver& driver = qtsql::driverOf(settings.driver);
+  if (driver.name == sqliteDriver) provideFile(settings.database);
+  return std::make_unique<qtsql::Session>(driver, settings);
+}
+
+// The file of a SQLite database, by whatever driver it is reached.
+std::string fileOf(const qtsql::ConnectionSettings& settings) {
+  if (qtsql::driverOf(settings.driver).name == sqliteDriver) return settings.database;
+  return host::ConnectionText(settings.database).value("Database");
+}
+
+host::SchemaEngine schemaOf(const qtsql::Session& session) {
+  switch (session.engine().dialect) {
+    case Dialect::postgresql:
+      return host::SchemaEngine::postgresql;
+    case Dialect::mariadb:
+      return host::SchemaEngine::mariadb;
+    case Dialect::sqlite:
+      break;
+  }
+  return host::SchemaEngine::sqlite;
 }
 
 std::string printedField(const QVariant& field) {
   return field.isNull() ? std::string() : printedText(field.toString().toStdString());
 }
 
-PrintedRow printedRow(const QSqlQuery& query, int columns) {
-  std::vector<std::string> cells;
-  for (int i = 0; i < columns; ++i) cells.push_back(printedField(query.value(i)));
-  return joined(cells);
-}
-
-std::vector<PrintedRow> runOn(const QSqlDatabase& database, const std::string& statement) {
-  QSqlQuery query(database);
-  query.setForwardOnly(true);
-  if (!query.exec(QString::fromStdString(statement))) throw qtsql::engineFailure(query.lastError());
+std::vector<PrintedRow> runOn(qtsql::Session& session, const std::string& statement) {
+  const qtsql::RowSet found = session.execute(statement).rows;
   std::vector<PrintedRow> rows;
-  const int columns = query.record().count();
-  while (query.isSelect() && query.next()) rows.push_back(printedRow(query, columns));
-  if (query.lastError().isValid()) throw qtsql::engineFailure(query.lastError());
+  for (std::size_t row = 0; row < found.rowCount(); ++row) {
+    std::vector<std::string> cells;
+    for (std::size_t column = 0; column < found.columnCount(); ++column)
+      cells.push_back(printedField(found.at(row, column)));
+    rows.push_back(joined(cells));
+  }
   return rows;
 }
 
 // Engines differ in what they say about a table that is not there, and none of it matters.
-void drop(const QSqlDatabase& database, const std::string& table) {
-  QSqlQuery(database).exec(QString::fromStdString("DROP TABLE " + table));
+void drop(qtsql::Session& session, const std::string& table) {
+  try {
+    session.execute("DROP TABLE " + table);
+  } catch (const Error&) {
+  }
 }
 
-// Lets statements on `database` name the tables of another SQLite file as if they were its own.
-void attach(const QSqlDatabase& database, const std::string& file) {
-  const QString name =
-      QString::fromStdString(file).replace(QLatin1String("'"), QLatin1String("''"));
-  runOn(database, "ATTACH DATABASE '" + name.toStdString() + "' AS settings");
+// Lets statements on `session` name the tables of another SQLite file as if they were its own.
+void attach(qtsql::Session& session, const std::string& file) {
+  session.execute("ATTACH DATABASE " + host::sqlText(file) + " AS settings");
 }
 
 }  // namespace
 
 ScenarioDatabase::ScenarioDatabase(const std::string& connectionString) {
-  qtsql::ConnectionSettings settings = qtsql::parseConnectionString(connectionString);
+  const qtsql::ConnectionSettings settings = qtsql::parseConnectionString(connectionString);
   main_ = open(settings);
-  if (qtsql::engineOf(settings.driver).driver != sqlite) return;
-  settings.database = host::settingsFile(settings.database);
-  settings_ = open(settings);
-  attach(main_->get(), settings.database);
+  if (schemaOf(*main_) != host::SchemaEngine::sqlite) return;
+  qtsql::ConnectionSettings beside;
+  beside.driver = sqliteDriver;
+  beside.database = host::settingsFile(fileOf(settings));
+  settings_ = open(beside);
+  attach(*main_, beside.database);
 }
 
 ScenarioDatabase::~ScenarioDatabase() = default;
 
-const QSqlDatabase& ScenarioDatabase::databaseOf(const std::string& table) const {
-  return table == settingsTable && settings_ != nullptr ? settings_->get() : main_->get();
+qtsql::Session& ScenarioDatabase::sessionOf(const std::string& table) const {
+  return table == settingsTable && settings_ != nullptr ? *settings_ : *main_;
 }
 
 void ScenarioDatabase::createTables() {
   for (const TableDefinition& table : tableDefinitions()) {
-    const QSqlDatabase& database = databaseOf(table.name);
-    drop(database, table.name);
-    runOn(database, std::string("CREATE TABLE ") + table.name + " (" + table.definition + ")");
+    qtsql::Session& session = sessionOf(table.name);
+    drop(session, table.name);
+    session.execute(createStatement(table, schemaOf(session)));
   }
-  for (const std::string& statement : indexStatements()) runOn(main_->get(), statement);
+  for (const std::string& statement : indexStatements()) main_->execute(statement);
 }
 
 std::vector<PrintedRow> ScenarioDatabase::run(const std::string& statement) {
-  return runOn(main_->get(), statement);
+  return runOn(*main_, statement);
 }
 
 const std::vector<std::string>& ScenarioDatabase::tableNames() {
@@ -102,13 +115,17 @@ const std::vector<std::string>& ScenarioDatabase::tableNames() {
   return names;
 }
 
+// NULL comes first, as it does by itself everywhere else.
 std::vector<PrintedRow> ScenarioDatabase::rows(const std::string& table) const {
+  qtsql::Session& session = sessionOf(table);
+  const bool isPostgresql = schemaOf(session) == host::SchemaEngine::postgresql;
   for (const TableDefinition& definition : tableDefinitions()) {
     if (definition.name != table) continue;
     std::string order;
     for (int column = 1; column <= definition.columns; ++column)
-      order += (column == 1 ? "" : ", ") + std::to_string(column);
-    return runOn(databaseOf(table), "SELECT * FROM " + table + " ORDER BY " + order);
+      order +=
+          (column == 1 ? "" : ", ") + std::to_string(column) + (isPostgresql ? " NULLS FIRST" : "");
+    return runOn(session, "SELECT * FROM " + table + " ORDER BY " + order);
   }
   throw Error::subscriptOutOfRange();
 }

@@ -5,10 +5,8 @@
 #include <string>
 #include <vector>
 
-class QSqlDatabase;
-
 namespace vexnumkr::qtsql {
-class DatabaseHandle;
+class Session;
 }
 
 namespace vexnumkr::scenario {
@@ -40,10 +38,10 @@ class ScenarioDatabase {
   std::vector<PrintedRow> rows(const std::string& table) const;
 
  private:
-  const QSqlDatabase& databaseOf(const std::string& table) const;
+  qtsql::Session& sessionOf(const std::string& table) const;
 
-  std::unique_ptr<qtsql::DatabaseHandle> main_;
-  std::unique_ptr<qtsql::DatabaseHandle> settings_;  // where the settings have a file of their own
+  std::unique_ptr<qtsql::Session> main_;
+  std::unique_ptr<qtsql::Session> settings_;  // Where the settings have a file of their own.
 };
 
 }  // namespace vexnumkr::scenario

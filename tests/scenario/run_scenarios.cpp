@@ -4,15 +4,18 @@
 #include <stdio.h>
 #include <sys/wait.h>
 
+#include <QCoreApplication>
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
 #include <iterator>
-#include <optional>
 #include <sstream>
 #include <string>
 #include <vector>
+
+#include "scenario/expected_transcript.h"
+#include "support/fresh_database.h"
 
 namespace {
 
@@ -32,9 +35,18 @@ std::string quoted(const std::string& text) {
   return result + "'";
 }
 
+// Messages name the database, which has another name each time.
+std::string withoutName(std::string transcript, const std::string& name) {
+  for (std::size_t at = transcript.find(name); at != std::string::npos; at = transcript.find(name))
+    transcript.replace(at, name.size(), "DATENBANK");
+  return transcript;
+}
+
 Result run(const fs::path& driver, const fs::path& scenario) {
+  const vexnumkr::test::FreshDatabase database;
   Result result;
-  const std::string command = quoted(driver.string()) + " " + quoted(scenario.string());
+  const std::string command = quoted(driver.string()) + " --connection " +
+                              quoted(database.connectionString()) + " " + quoted(scenario.string());
   FILE* output = popen(command.c_str(), "r");
   if (output == nullptr) return result;
   char buffer[4096];
@@ -42,6 +54,7 @@ Result run(const fs::path& driver, const fs::path& scenario) {
     result.transcript.append(buffer, n);
   const int status = pclose(output);
   if (WIFEXITED(status)) result.status = WEXITSTATUS(status);
+  result.transcript = withoutName(result.transcript, database.name());
   return result;
 }
 
@@ -76,16 +89,11 @@ int statusOf(const std::string& transcript) {
   return !lines.empty() && lines.back().rfind("failed: ", 0) == 0 ? statusFailed : 0;
 }
 
-std::optional<std::string> contentOf(const fs::path& file) {
-  std::ifstream in(file, std::ios::binary);
-  if (!in) return std::nullopt;
-  return std::string(std::istreambuf_iterator<char>(in), {});
-}
-
-bool passes(const Result& result, const fs::path& expectedFile) {
-  const auto expected = contentOf(expectedFile);
+bool passes(const Result& result, const fs::path& scenario) {
+  const auto expected =
+      vexnumkr::scenario::expectedTranscript(scenario, vexnumkr::test::engineUnderTest());
   if (!expected) {
-    std::cout << "there is no " << expectedFile.string() << '\n';
+    std::cout << "there is no expected transcript that fits " << scenario.string() << '\n';
     return false;
   }
   if (result.transcript != *expected) {
@@ -97,9 +105,20 @@ bool passes(const Result& result, const fs::path& expectedFile) {
   return false;
 }
 
+// The .expected file on SQLite, the engine's own lines elsewhere.
+bool update(const Result& result, const fs::path& scenario) {
+  const std::string engine = vexnumkr::test::engineUnderTest();
+  if (engine != "sqlite")
+    return vexnumkr::scenario::writeEngineLines(scenario, engine, result.transcript);
+  std::ofstream(fs::path(scenario).replace_extension(".expected"), std::ios::binary)
+      << result.transcript;
+  return true;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
+  const QCoreApplication application(argc, argv);
   const fs::path driver = fs::path(argv[0]).parent_path() / "vexnumkr-scenario";
   std::vector<std::string> words(argv + 1, argv + argc);
   const bool updates = !words.empty() && words[0] == "--update";
@@ -110,14 +129,10 @@ int main(int argc, char** argv) {
   }
   bool allPass = true;
   for (const fs::path scenario : words) {
-    const fs::path expectedFile = fs::path(scenario).replace_extension(".expected");
     const Result result = run(driver, scenario);
-    if (updates) {
-      std::ofstream(expectedFile, std::ios::binary) << result.transcript;
-    } else if (!passes(result, expectedFile)) {
-      std::cout << "FAILED: " << scenario.string() << '\n';
-      allPass = false;
-    }
+    if (updates ? update(result, scenario) : passes(result, scenario)) continue;
+    std::cout << "FAILED: " << scenario.string() << '\n';
+    allPass = false;
   }
   return allPass ? 0 : 1;
 }

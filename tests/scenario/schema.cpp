@@ -29,6 +29,37 @@ const std::vector<TableDefinition>& tableDefinitions() {
   return definitions;
 }
 
+namespace {
+
+constexpr const char* rangeKey = "PRIMARY KEY (Buchungskreis, NSchl)";
+
+// A unique key takes rows with NULL in it, as SQLite's primary key does.
+std::string withUniqueRangeKey(std::string definition) {
+  const std::size_t at = definition.find(rangeKey);
+  if (at == std::string::npos) return definition;
+  return definition.replace(at, std::string("PRIMARY KEY").size(), "UNIQUE");
+}
+
+std::string withCollation(std::string definition, const std::string& collation) {
+  for (std::size_t at = definition.find("VARCHAR("); at != std::string::npos;
+       at = definition.find("VARCHAR(", at + 1))
+    definition.insert(definition.find(')', at) + 1, collation);
+  return definition;
+}
+
+}  // namespace
+
+std::string createStatement(const TableDefinition& table, host::SchemaEngine engine) {
+  std::string definition = table.definition;
+  std::string options;
+  if (engine != host::SchemaEngine::sqlite) definition = withUniqueRangeKey(definition);
+  if (engine == host::SchemaEngine::postgresql)
+    definition = withCollation(definition, " COLLATE \"C\"");
+  if (engine == host::SchemaEngine::mariadb)
+    options = " ENGINE = InnoDB CHARACTER SET utf8mb4 COLLATE utf8mb4_nopad_bin";
+  return std::string("CREATE TABLE ") + table.name + " (" + definition + ")" + options;
+}
+
 const std::vector<std::string>& indexStatements() {
   static const std::vector<std::string> statements = {
       "CREATE INDEX Nummernkreis_Zuordnung_Index ON Nummernkreis_Zuordnung "

@@ -4,6 +4,8 @@
 #include <string>
 #include <vector>
 
+#include "app/schema/schema.h"
+
 namespace vexnumkr::scenario {
 
 struct TableDefinition {
@@ -19,6 +21,9 @@ inline constexpr const char* settingsTable = "Einstellungen";
 
 /// All tables, those that are listed first.
 const std::vector<TableDefinition>& tableDefinitions();
+
+/// The statement that makes `table` on that engine. Texts are compared by code points on each.
+std::string createStatement(const TableDefinition& table, host::SchemaEngine engine);
 
 /// Statements to run on the database when its tables are there.
 const std::vector<std::string>& indexStatements();

@@ -44,7 +44,7 @@ add_library(vexnumkr_scenario_driver STATIC
   scenario/windows.cpp)
 target_link_libraries(vexnumkr_scenario_driver
   PUBLIC vexnumkr_scenario_language vexnumkr_scripted_connection vexnumkr_scenario_settings
-    vexnumkr_component Qt6::Widgets Qt6::Sql
+    vexnumkr_component vexnumkr_qtsql Qt6::Widgets Qt6::Sql
   PRIVATE vexnumkr_options Qt6::Test)
 
 add_executable(vexnumkr-scenario scenario/main.cpp)
@@ -72,14 +72,17 @@ foreach(test scenario_program_test random_scenario_test)
   add_dependencies(${test} vexnumkr-scenario)
 endforeach()
 
-add_executable(run_scenarios scenario/run_scenarios.cpp)
-target_link_libraries(run_scenarios PRIVATE vexnumkr_options)
+add_executable(run_scenarios scenario/run_scenarios.cpp scenario/expected_transcript.cpp)
+target_link_libraries(run_scenarios PRIVATE vexnumkr_fresh_database vexnumkr_options)
 add_dependencies(run_scenarios vexnumkr-scenario)
 
 file(GLOB scenarios CONFIGURE_DEPENDS scenarios/*.scenario)
 foreach(file IN LISTS scenarios)
   get_filename_component(name "${file}" NAME_WE)
   add_test(NAME scenario_${name} COMMAND run_scenarios "${file}")
-  set_tests_properties(scenario_${name} PROPERTIES LABELS scenario TIMEOUT 60
-    ENVIRONMENT "LC_ALL=C.UTF-8;ASAN_OPTIONS=detect_leaks=0")
+  set_tests_properties(scenario_${name} PROPERTIES LABELS "scenario;sqlite" TIMEOUT 60
+    ENVIRONMENT "${VEXNUMKR_TEST_ENVIRONMENT}")
+  foreach(engine IN LISTS VEXNUMKR_ENGINES)
+    vexnumkr_add_engine_test(scenario_${name} ${engine} run_scenarios "${file}")
+  endforeach()
 endforeach()

@@ -2,7 +2,6 @@
 
 #include <vexnumkr/adapters.h>
 
-#include "app/schema/schema.h"
 #include "data/booking_circles.h"
 #include "hosting/start_up.h"
 
@@ -16,11 +15,6 @@ std::string joined(const std::vector<std::string>& cells) {
   return text;
 }
 
-void createFile(const std::string& path) {
-  QFile file(QString::fromStdString(path));
-  ASSERT_TRUE(file.open(QIODevice::WriteOnly)) << path;
-}
-
 }  // namespace
 
 std::string cellText(const Value& value) {
@@ -30,12 +24,10 @@ std::string cellText(const Value& value) {
 }
 
 CoreSession::CoreSession() {
-  const std::string path = folder_.filePath(QStringLiteral("host.db")).toStdString();
-  createFile(path);
-  connectionString_ = "Driver=QSQLITE;Database=" + path;
-  own_ = openQtSqlConnection(connectionString_);
-  for (const std::string& statement : host::rangeTableStatements()) sql(statement);
-  connection_ = scriptedConnection(openQtSqlConnection(connectionString_), script_);
+  own_ = openQtSqlConnection(connectionString());
+  for (const std::string& statement : host::rangeTableStatements(database_.schema()))
+    sql(statement);
+  connection_ = scriptedConnection(openQtSqlConnection(connectionString()), script_);
 }
 
 CoreSession::~CoreSession() { basAllgemein::basTerminate(context_); }

@@ -1,4 +1,5 @@
-// A session of the core on a real SQLite file: for tests of everything that needs no window.
+// A session of the core on a real database, of the engine that the test run asks for: for tests of
+// everything that needs no window.
 //
 //   class LoadingTest : public CoreSession {};
 //   TEST_F(LoadingTest, ...) {
@@ -14,7 +15,6 @@
 #include <gtest/gtest.h>
 
 #include <QCoreApplication>
-#include <QTemporaryDir>
 #include <memory>
 #include <string>
 #include <vector>
@@ -22,6 +22,7 @@
 #include <vexnumkr/database.h>
 
 #include "hosting/host_context.h"
+#include "support/fresh_database.h"
 #include "support/plain_host.h"
 #include "support/recording_forms.h"
 #include "support/recording_progress.h"
@@ -58,12 +59,12 @@ class CoreSession : public ::testing::Test {
   RecordingProgress& progress() { return progress_; }
   PlainHost& host() { return host_; }
   std::vector<Box> boxes() { return forms_.takeBoxes(); }
-  const std::string& connectionString() const { return connectionString_; }
+  const std::string& connectionString() const { return database_.connectionString(); }
+  FreshDatabase& database() { return database_; }
   std::shared_ptr<Connection> hostConnection() { return connection_; }
 
  private:
-  QTemporaryDir folder_;
-  std::string connectionString_;
+  FreshDatabase database_;
   std::shared_ptr<Connection> own_;
   ConnectionScript script_;
   std::shared_ptr<Connection> connection_;

@@ -16,7 +16,6 @@
 #include <vexnumkr/adapters.h>
 
 #include "adapters/qtforms/qt_forms_toolkit.h"
-#include "app/schema/schema.h"
 #include "data/table/columns.h"
 #include "scenario/controls.h"
 #include "scenario/input.h"
@@ -60,14 +59,14 @@ std::string plainText(const QString& toolTip) {
 }  // namespace
 
 DialogSession::DialogSession()
-    : connectionString_("Driver=QSQLITE;Database=" + databaseFile()),
-      database_(connectionString_),
+    : database_(fresh_.connectionString()),
       component_(host_, std::make_unique<FaultyForms>(makeQtFormsToolkit(), faults_),
                  [this] { return now_ += lookTakes_; }),
       watchdog_(patience, giveUp) {
   calmApplication();
-  for (const std::string& statement : host::rangeTableStatements()) database_.run(statement);
-  connection_ = scriptedConnection(openQtSqlConnection(connectionString_), script_);
+  for (const std::string& statement : host::rangeTableStatements(fresh_.schema()))
+    database_.run(statement);
+  connection_ = scriptedConnection(openQtSqlConnection(connectionString()), script_);
 }
 
 DialogSession::~DialogSession() = default;

@@ -1,4 +1,5 @@
-// A session with the real dialogs: real widgets on a real SQLite file, worked with mouse and keys.
+// A session with the real dialogs: real widgets on a real database, of the engine that the test run
+// asks for, worked with mouse and keys.
 //
 //   TEST_F(DialogFiltersTest, ...) {
 //     inCompany(2, [&] {
@@ -14,7 +15,6 @@
 #include <gtest/gtest.h>
 
 #include <QDialog>
-#include <QTemporaryDir>
 #include <chrono>
 #include <cstdint>
 #include <functional>
@@ -29,6 +29,7 @@
 #include "scenario/watchdog.h"
 #include "support/dialog_host.h"
 #include "support/faulty_forms.h"
+#include "support/fresh_database.h"
 #include "support/modal_user.h"
 #include "support/scripted_connection.h"
 
@@ -44,9 +45,11 @@ class DialogSession : public ::testing::Test {
 
   // The database, on a connection of the test's own.
 
-  std::string databaseFile() const { return folder_.path().toStdString() + "/host.db"; }
+  /// Of a test on SQLite.
+  const std::string& databaseFile() const { return fresh_.name(); }
   /// Runs a statement, committed at once.
   void sql(const std::string& text) { database_.run(text); }
+  const std::string& connectionString() const { return fresh_.connectionString(); }
   /// The rows of a select, their cells joined by " | ".
   Lines rows(const std::string& text) { return database_.run(text); }
   /// The users Anna and Max, the booking circles 1 "Nord" and 2 "Süd" and the keys AN "Angebot" and
@@ -137,8 +140,7 @@ class DialogSession : public ::testing::Test {
   std::string range(const std::string& user, std::int32_t circle, const std::string& key);
 
  private:
-  QTemporaryDir folder_;
-  std::string connectionString_;
+  FreshDatabase fresh_;
   scenario::ScenarioDatabase database_;
   ConnectionScript script_;
   std::shared_ptr<Connection> connection_;

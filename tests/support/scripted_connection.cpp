@@ -46,6 +46,7 @@ class ScriptedConnection : public Connection {
     real_->Open(user, password, options);
   }
   void Close() override { real_->Close(); }
+  bool BackslashEscapes() const override { return real_->BackslashEscapes(); }
 
   std::unique_ptr<Recordset> Execute(const std::string& text,
                                      std::int32_t& recordsAffected) override {

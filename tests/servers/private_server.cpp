@@ -1,0 +1,38 @@
+#include "servers/private_server.h"
+
+#include <sys/stat.h>
+
+#include <cstdlib>
+#include <fstream>
+#include <stdexcept>
+
+namespace vexnumkr::test {
+
+PrivateServer::PrivateServer(const std::string& engine)
+    : server_(engine == "mariadb" ? "mariadb" : "postgresql") {
+  const std::string folder = folder_.path().toStdString();
+  // The server may run as another user, which has to pass through.
+  ::chmod(folder.c_str(), 0711);
+  std::ofstream(folder + "/servers") << folder << '\n';
+  ::setenv("VEXNUMKR_TEST_SERVERS", (folder + "/servers").c_str(), 1);
+  start();
+}
+
+PrivateServer::~PrivateServer() {
+  try {
+    kill();
+  } catch (const std::exception&) {
+    // It is stopped already.
+  }
+}
+
+void PrivateServer::order(const std::string& action) {
+  const std::string folder = folder_.path().toStdString();
+  const std::string command = std::string("'") + SERVER_SCRIPT + "' " + server_ + " " + action +
+                              " '" + folder + "/" + server_ + "' >>'" + folder +
+                              "/log' 2>&1 </dev/null";
+  if (std::system(command.c_str()) != 0)
+    throw std::runtime_error("cannot " + action + " the server: " + command);
+}
+
+}  // namespace vexnumkr::test

@@ -1,0 +1,52 @@
+// A database of a test's own, on the engine that the test run asks for.
+//
+// ctest runs many programs once per engine: the environment variable VEXNUMKR_TEST_ENGINE names it
+// (sqlite where it is not set, postgresql, mariadb, odbc-postgresql, odbc-sqlite), and
+// VEXNUMKR_TEST_SERVERS the file that says where the servers are (tests/servers/fixture.sh).
+#pragma once
+
+#include <QTemporaryDir>
+#include <memory>
+#include <string>
+
+#include "app/schema/schema.h"
+
+namespace vexnumkr::test {
+
+/// The name of the engine asked for.
+std::string engineUnderTest();
+
+/// Empty, with text in UTF-8 that is compared by code points; gone with this object, whoever is
+/// still connected. REQUIRES: a QCoreApplication. Error: std::runtime_error without a server.
+class FreshDatabase {
+ public:
+  explicit FreshDatabase(const std::string& engine = engineUnderTest());
+  ~FreshDatabase();
+  FreshDatabase(const FreshDatabase&) = delete;
+  FreshDatabase& operator=(const FreshDatabase&) = delete;
+
+  /// As for openQtSqlConnection; without a password, for a user who may do everything.
+  const std::string& connectionString() const { return connectionString_; }
+  /// The same for another user of the server.
+  std::string connectionString(const std::string& user, const std::string& password) const;
+  const std::string& engine() const { return engine_; }
+  /// Whose definitions make the host's tables here.
+  host::SchemaEngine schema() const;
+
+  /// Runs a statement on the server as its administrator, outside this database.
+  void administer(const std::string& statement) const;
+  /// What the server calls the database; the file's path where there is no server.
+  const std::string& name() const { return name_; }
+
+ private:
+  bool isOnServer() const;
+  bool isPostgresql() const { return engine_.ends_with("postgresql"); }
+  std::string compose(const std::string& user, const std::string& database) const;
+
+  std::string engine_;
+  QTemporaryDir folder_;  // Where there is no server.
+  std::string name_;
+  std::string connectionString_;
+};
+
+}  // namespace vexnumkr::test
