@@ -1,5 +1,6 @@
 #include "app/command_line.h"
 
+#include <algorithm>
 #include <map>
 #include <set>
 #include <string_view>
@@ -17,7 +18,7 @@ using Values = std::map<std::string, std::string>;
 const std::set<std::string>& optionsWithValue() {
   static const std::set<std::string> names = {
       "--connection", "--connection-file", "--application", "--user",
-      "--date",       "--create-sample",   "--tour"};
+      "--date",       "--create-sample",   "--scale",       "--tour"};
   return names;
 }
 
@@ -41,6 +42,11 @@ void add(Arguments& found, const std::string& name, const std::string& value) {
   }
 }
 
+/// The sample is made in the database that is named anyway unless a file is named for it.
+constexpr const char* inDatabase = "-";
+
+bool mayLackValue(const std::string& name) { return name == "--create-sample"; }
+
 /// Splits "--name=value" and "--name value" alike.
 Arguments collect(const std::vector<std::string>& arguments) {
   Arguments found;
@@ -59,8 +65,10 @@ Arguments collect(const std::vector<std::string>& arguments) {
     } else if (equals != std::string::npos) {
       add(found, name, argument.substr(equals + 1));
     } else {
-      const bool last = at + 1 == arguments.size();
-      add(found, name, last ? std::string() : arguments[++at]);
+      const bool hasValue =
+          at + 1 < arguments.size() && !(mayLackValue(name) && arguments[at + 1].starts_with("--"));
+      const std::string missing = mayLackValue(name) ? inDatabase : "";
+      add(found, name, hasValue ? arguments[++at] : missing);
     }
   }
   return found;
@@ -106,15 +114,39 @@ std::string connectionOf(const Arguments& found, const std::optional<std::string
   }
   if (found.has("--connection")) return found.value("--connection");
   if (found.has("--connection-file")) return readConnectionFile(found.value("--connection-file"));
-  if (found.has("--create-sample")) return sqliteConnectionText(found.value("--create-sample"));
+  const std::string sample = found.value("--create-sample");
+  if (!sample.empty() && sample != inDatabase) return sqliteConnectionText(sample);
   if (environment && !environment->empty()) return *environment;
   throw UsageError(
       "Es fehlt die Verbindung: --connection, --connection-file oder VEXNUMKR_CONNECTION.");
 }
 
-/// Whether nothing but --create-sample is given.
+/// Whether nothing but --create-sample is given, and what says where and how large.
 bool onlySample(const Arguments& found) {
-  return found.has("--create-sample") && found.values.size() == 1;
+  static const std::set<std::string> own = {"--create-sample", "--scale", "--connection",
+                                            "--connection-file"};
+  return found.has("--create-sample") &&
+         std::all_of(found.values.begin(), found.values.end(),
+                     [&](const auto& option) { return own.count(option.first) != 0; });
+}
+
+int sampleScale(const Arguments& found) {
+  constexpr int largest = 500;
+  const std::string text = found.value("--scale");
+  if (text.empty()) return 0;
+  if (!found.has("--create-sample")) throw UsageError("--scale gilt nur mit --create-sample.");
+  const bool isNumber = text.size() <= 3 && text.find_first_not_of("0123456789") == text.npos;
+  if (!isNumber || number(text) < 1 || number(text) > largest)
+    throw UsageError("--scale muss eine Zahl von 1 bis 500 sein, nicht \"" + text + "\".");
+  return number(text);
+}
+
+void readSampleOptions(const Arguments& found, HostOptions& options) {
+  const std::string sample = found.value("--create-sample");
+  options.createTables = sample == inDatabase;
+  if (!options.createTables) options.createSample = sample;
+  options.sampleScale = sampleScale(found);
+  options.showDialog = !onlySample(found);
 }
 
 }  // namespace
@@ -127,8 +159,9 @@ HostOptions readCommandLine(const std::vector<std::string>& arguments,
   options.showVersion = found.version;
   if (found.help || found.version) return options;
 
-  options.createSample = found.value("--create-sample");
-  options.showDialog = !onlySample(found);
+  readSampleOptions(found, options);
+  if (options.createTables || options.showDialog)
+    options.connection = connectionOf(found, environmentConnection);
   if (!options.showDialog) return options;
 
   options.application = applicationCode(found);
@@ -137,13 +170,12 @@ HostOptions readCommandLine(const std::vector<std::string>& arguments,
   options.date = processingDate(found);
   options.tour = found.value("--tour");
   options.dark = found.dark;
-  options.connection = connectionOf(found, environmentConnection);
   return options;
 }
 
 std::string helpText() {
   return R"(Aufruf: vexnumkr-host --connection VERBINDUNG --application 1|2 --user NAME [Optionen]
-        vexnumkr-host --create-sample DATEI
+        vexnumkr-host --create-sample [DATEI] [--scale N] [--connection VERBINDUNG]
 
 Öffnet eine Datenbank und zeigt den Dialog "Nummernkreise".
 

@@ -96,9 +96,10 @@ int runDialog(int argc, char** argv, const HostOptions& options) {
   return showDialog(*component, options);
 }
 
-void makeSample(int argc, char** argv, const std::string& file) {
+void makeSample(int argc, char** argv, const HostOptions& options) {
   const QCoreApplication application(argc, argv);
-  std::cout << createSampleFile(file);
+  std::cout << (options.createTables ? createSampleTables(options.connection, options.sampleScale)
+                                     : createSampleFile(options.createSample, options.sampleScale));
 }
 
 int runOptions(int argc, char** argv, const HostOptions& options) {
@@ -110,7 +111,7 @@ int runOptions(int argc, char** argv, const HostOptions& options) {
     std::cout << "vexnumkr-host " << version << '\n';
     return exit_status::done;
   }
-  if (!options.createSample.empty()) makeSample(argc, argv, options.createSample);
+  if (options.createTables || !options.createSample.empty()) makeSample(argc, argv, options);
   return options.showDialog ? runDialog(argc, argv, options) : exit_status::done;
 }
 

@@ -27,12 +27,22 @@ bool sameName(const std::string& a, const std::string& b) {
   return QString::fromStdString(a).compare(QString::fromStdString(b), Qt::CaseInsensitive) == 0;
 }
 
+/// Whether an ODBC driver is one for SQLite: "{SQLite3}", or the path of its library.
+bool namesSqlite(const std::string& driver) {
+  return QString::fromStdString(driver).contains(QLatin1String("sqlite"), Qt::CaseInsensitive);
+}
+
 /// The settings file that belongs to a connection, or empty where its database holds the settings.
 std::string ownFile(const std::string& connectionText) {
   const ConnectionText connection(connectionText);
-  const std::string database = connection.value("Database");
-  const bool hasFile = sameName(connection.value("Driver"), "QSQLITE") && isFileName(database);
-  return hasFile ? settingsFile(database) : std::string();
+  std::string database = connection.value("Database");
+  bool isSqlite = sameName(connection.value("Driver"), "QSQLITE");
+  if (sameName(connection.value("Driver"), "QODBC")) {
+    const ConnectionText odbc(database);
+    isSqlite = namesSqlite(odbc.value("DRIVER"));
+    database = odbc.value("Database");
+  }
+  return isSqlite && isFileName(database) ? settingsFile(database) : std::string();
 }
 
 struct Setting {
@@ -106,7 +116,8 @@ Connection& TableSettings::prepared() {
   }
   Connection& place = file_.empty() ? *host_ : *own_;
   if (!hasTable(place)) {
-    for (const std::string& statement : settingsTableStatements()) execute(place, statement);
+    const SchemaEngine engine = schemaEngineOf(place);
+    for (const std::string& statement : settingsTableStatements(engine)) execute(place, statement);
   }
   return place;
 }

@@ -12,7 +12,8 @@ namespace vexnumkr::host {
 /// makes. Sections and keys are compared without regard to case and keep their first spelling.
 ///
 /// On SQLite, where a dialog's open transaction may be the one writer of its file, the table lies
-/// in a file of its own beside the database; on other engines in the database of the connection.
+/// in a file of its own beside the database, also when that is reached through ODBC; on other
+/// engines in the database of the connection.
 class TableSettings : public SettingsStore {
  public:
   /// Errors: the engine's, for a settings file that cannot be opened.

@@ -3,7 +3,10 @@
 #include <algorithm>
 #include <string_view>
 
+#include <vexnumkr/error.h>
+
 #include "app/schema/schema_texts.h"
+#include "app/sql.h"
 
 namespace vexnumkr::host {
 
@@ -31,10 +34,44 @@ std::vector<std::string> statements(std::string_view script) {
   return result;
 }
 
+const schema_text::Scripts& scriptsOf(SchemaEngine engine) {
+  switch (engine) {
+    case SchemaEngine::postgresql:
+      return schema_text::postgresql;
+    case SchemaEngine::mariadb:
+      return schema_text::mariadb;
+    case SchemaEngine::sqlite:
+      break;
+  }
+  return schema_text::sqlite;
+}
+
+// Empty where the engine has no such function, as SQLite.
+std::string serverVersion(Connection& connection) {
+  try {
+    std::string version;
+    forEachRow(connection, "SELECT version() AS Fassung",
+               [&](const Recordset& row) { version = textField(row, "Fassung"); });
+    return version;
+  } catch (const Error&) {
+    return {};
+  }
+}
+
 }  // namespace
 
-std::vector<std::string> rangeTableStatements() { return statements(schema_text::ranges); }
+SchemaEngine schemaEngineOf(Connection& connection) {
+  const std::string version = serverVersion(connection);
+  if (version.starts_with("PostgreSQL")) return SchemaEngine::postgresql;
+  return version.empty() ? SchemaEngine::sqlite : SchemaEngine::mariadb;
+}
 
-std::vector<std::string> settingsTableStatements() { return statements(schema_text::settings); }
+std::vector<std::string> rangeTableStatements(SchemaEngine engine) {
+  return statements(scriptsOf(engine).ranges);
+}
+
+std::vector<std::string> settingsTableStatements(SchemaEngine engine) {
+  return statements(scriptsOf(engine).settings);
+}
 
 }  // namespace vexnumkr::host
