@@ -160,8 +160,7 @@ HostOptions readCommandLine(const std::vector<std::string>& arguments,
   if (found.help || found.version) return options;
 
   readSampleOptions(found, options);
-  if (options.createTables || options.showDialog)
-    options.connection = connectionOf(found, environmentConnection);
+  if (options.createTables) options.connection = connectionOf(found, environmentConnection);
   if (!options.showDialog) return options;
 
   options.application = applicationCode(found);
@@ -170,6 +169,7 @@ HostOptions readCommandLine(const std::vector<std::string>& arguments,
   options.date = processingDate(found);
   options.tour = found.value("--tour");
   options.dark = found.dark;
+  options.connection = connectionOf(found, environmentConnection);
   return options;
 }
 

@@ -13,11 +13,11 @@ namespace vexnumkr::host {
 struct HostOptions {
   bool showHelp = false;
   bool showVersion = false;
-  std::string createSample;  ///< the SQLite file to make, before anything is opened
+  std::string createSample;   ///< the SQLite file to make, before anything is opened
   bool createTables = false;  ///< make the sample in the database of `connection` instead
   int sampleScale = 0;        ///< 0 is the small company
-  bool showDialog = false;   ///< false when only a sample is made
-  std::string connection;    ///< the connection string, wherever it came from
+  bool showDialog = false;    ///< false when only a sample is made
+  std::string connection;     ///< the connection string, wherever it came from
   std::int32_t application = 0;
   std::string user;
   std::string date;   ///< "yyyymmdd", or empty for today

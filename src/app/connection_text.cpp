@@ -93,13 +93,30 @@ std::string sqliteConnectionText(const std::string& file) {
   return connection.text();
 }
 
+std::vector<std::string> passwordsIn(std::string_view connectionText) {
+  std::vector<std::string> found;
+  const ConnectionText outer(connectionText);
+  const ConnectionText odbc(outer.value("Database"));
+  for (const ConnectionText* text : {&outer, &odbc}) {
+    for (const char* const key : {"PWD", "Password"}) {
+      std::string password = text->value(key);
+      if (password.starts_with('{') && password.ends_with('}') && text == &odbc)
+        password = password.substr(1, password.size() - 2);
+      if (password.empty()) continue;
+      if (const std::string quoted = quotedWhereNeeded(password); quoted != password)
+        found.push_back(quoted);
+      found.push_back(password);
+    }
+  }
+  return found;
+}
+
 std::string withoutPassword(std::string message, std::string_view connectionText) {
-  const std::string password = ConnectionText(connectionText).value("PWD");
-  if (password.empty()) return message;
   const std::string mask = "***";
-  for (auto at = message.find(password); at != std::string::npos;
-       at = message.find(password, at + mask.size())) {
-    message.replace(at, password.size(), mask);
+  for (const std::string& password : passwordsIn(connectionText)) {
+    for (auto at = message.find(password); at != std::string::npos;
+         at = message.find(password, at + mask.size()))
+      message.replace(at, password.size(), mask);
   }
   return message;
 }

@@ -31,7 +31,11 @@ class ConnectionText {
 /// The connection string of a SQLite database in `file`.
 std::string sqliteConnectionText(const std::string& file);
 
-/// `message` with the password of `connectionText` masked, wherever it stands in it.
+/// The passwords in a connection string, those of an ODBC connection string in it included; values
+/// in quotes also as they stand there.
+std::vector<std::string> passwordsIn(std::string_view connectionText);
+
+/// `message` with the passwords of `connectionText` masked, wherever they stand in it.
 std::string withoutPassword(std::string message, std::string_view connectionText);
 
 }  // namespace vexnumkr::host

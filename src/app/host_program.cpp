@@ -20,6 +20,7 @@
 #include "app/components/window_icon.h"
 #include "app/connection_text.h"
 #include "app/dark_palette.h"
+#include "app/process_list.h"
 #include "app/sample/create_sample.h"
 #include "app/tour/guided_tour.h"
 #include "app/version.h"
@@ -121,6 +122,7 @@ int runHost(int argc, char** argv) {
   HostOptions options;
   try {
     options = readCommandLine({argv + 1, argv + argc}, environment("VEXNUMKR_CONNECTION"));
+    hidePasswords(argc, argv);
     return runOptions(argc, argv, options);
   } catch (const UsageError& error) {
     std::cerr << "vexnumkr-host: " << error.what()

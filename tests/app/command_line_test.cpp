@@ -29,6 +29,20 @@ std::string refusal(const Arguments& arguments) {
   return "";
 }
 
+TEST(CommandLine, MakesASampleInTheDatabaseThatIsNamedAnyway) {
+  const HostOptions options = read({"--create-sample", "--scale", "50"}, "Driver=X");
+  EXPECT_TRUE(options.createTables);
+  EXPECT_EQ(options.createSample, "");
+  EXPECT_EQ(options.connection, "Driver=X");
+  EXPECT_EQ(options.sampleScale, 50);
+  EXPECT_FALSE(options.showDialog);
+  EXPECT_TRUE(read({"--connection", "Driver=Y", "--create-sample"}).createTables);
+  EXPECT_FALSE(read({"--create-sample", "neu.db", "--scale=7"}).createTables);
+  for (const char* const scale : {"0", "501", "viele", "-1", "9999"})
+    EXPECT_NE(refusal({"--create-sample", "neu.db", "--scale", scale}), "") << scale;
+  EXPECT_EQ(refusal({"--scale", "5"}), "--scale gilt nur mit --create-sample.");
+}
+
 TEST(CommandLine, ReadsAllOptions) {
   const HostOptions options = read(with(complete, {"--date", "20240229", "--tour", "bilder"}));
   EXPECT_TRUE(options.showDialog);

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "app/process_list.h"
+
 namespace vexnumkr::host {
 namespace {
 
@@ -48,6 +50,27 @@ TEST(Passwords, AreMasked) {
   EXPECT_EQ(withoutPassword("alles gut", connection), "alles gut");
   EXPECT_EQ(withoutPassword("ohne Kennwort", "Driver=QSQLITE"), "ohne Kennwort");
   EXPECT_EQ(withoutPassword("**", "PWD=*"), "******");
+}
+
+TEST(Passwords, AreMaskedInOdbcConnectionStringsToo) {
+  const std::string connection =
+      "Driver=QODBC;Database=\"DRIVER={X};Server=s;Pwd={ge;heim};UID=u\";PWD=auch";
+  EXPECT_EQ(withoutPassword("ge;heim und auch", "Driver=QODBC;PWD=auch"), "ge;heim und ***");
+  EXPECT_EQ(withoutPassword("auch", connection), "***");
+  EXPECT_EQ(withoutPassword("geheim", "Driver=QODBC;Database=\"DSN=x;Password=geheim\""), "***");
+}
+
+TEST(Passwords, AreHiddenInTheListOfProcesses) {
+  std::string name = "vexnumkr-host", option = "--connection", user = "--user";
+  std::string spaced = "Driver=QPSQL;Database=f;PWD=geheim;UID=u";
+  std::string joined = "--connection=Driver=QPSQL;PWD=\"ge;heim\"";
+  std::string who = "geheim";
+  char* arguments[] = {name.data(), option.data(), spaced.data(),
+                       user.data(), who.data(),    joined.data()};
+  hidePasswords(6, arguments);
+  EXPECT_EQ(spaced, "Driver=QPSQL;Database=f;PWD=******;UID=u");
+  EXPECT_EQ(joined, "--connection=Driver=QPSQL;PWD=*********");
+  EXPECT_EQ(who, "geheim");
 }
 
 }  // namespace

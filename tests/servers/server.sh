@@ -49,15 +49,19 @@ take_folder() {
 postgresql_start() {
   local bin
   bin=$(postgresql_bin)
-  if [ ! -e "$folder/data/PG_VERSION" ]; then
+  local isNew=
+  [ -e "$folder/data/PG_VERSION" ] || isNew=1
+  if [ -n "$isNew" ]; then
     as_server "$bin/initdb" -D "$folder/data" -U vexnumkr -A trust -E UTF8 --locale=C.UTF-8 \
       --no-sync --no-instructions
-    as_server tee "$folder/data/pg_hba.conf" <<<"local all kennwort scram-sha-256
+    # Members of "kennwort" need a password.
+    as_server tee "$folder/data/pg_hba.conf" <<<"local all +kennwort scram-sha-256
 local all all trust"
   fi
   as_server "$bin/pg_ctl" start -D "$folder/data" -l "$folder/log" -w -t 60 -o \
     "-c listen_addresses= -c unix_socket_directories=$folder -c fsync=off -c full_page_writes=off \
      -c max_connections=60 -c shared_buffers=32MB -c lc_messages=C"
+  [ -z "$isNew" ] || "$bin/psql" -h "$folder" -U vexnumkr -c "CREATE ROLE kennwort" postgres
 }
 postgresql_bin() { find /usr/lib/postgresql -maxdepth 2 -name bin | sort -V | tail -n 1; }
 postgresql_stop() {
@@ -66,7 +70,9 @@ postgresql_stop() {
 postgresql_kill() { postgresql_stop immediate; }
 
 mariadb_start() {
+  local isNew=
   if [ ! -d "$folder/data/mysql" ]; then
+    isNew=1
     as_server mariadb-install-db --no-defaults --datadir="$folder/data" --skip-test-db \
       --auth-root-authentication-method=normal --skip-name-resolve
   fi
@@ -77,6 +83,9 @@ mariadb_start() {
     --innodb-log-file-size=32M --skip-log-bin --performance-schema=OFF
   mariadb-admin --no-defaults --socket="$folder/socket" --user=root --wait=60 \
     --connect-timeout=60 ping
+  # They would go before users of any host.
+  [ -z "$isNew" ] || mariadb --no-defaults --socket="$folder/socket" --user=root --execute \
+    "DELETE FROM mysql.global_priv WHERE User = ''; FLUSH PRIVILEGES"
 }
 mariadb_end() {
   local pid

@@ -1,0 +1,130 @@
+// A user with the rights that the scripts for administrators grant, and no others.
+#include <QFile>
+#include <QTextStream>
+
+#include <vexnumkr/adapters.h>
+
+#include "contract/database_language.h"
+#include "data/booking_circles.h"
+#include "data/loading.h"
+#include "data/special_ranges.h"
+#include "hosting/start_up.h"
+#include "rules/activity.h"
+#include "rules/saving_session.h"
+
+namespace vexnumkr {
+namespace {
+
+using test::Texts;
+
+constexpr const char* password = "Ge'heim 4711";
+
+// The statements of a script, each in a line of its own.
+Texts statementsOf(const std::string& script) {
+  QFile file(QString::fromStdString(script));
+  EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << script;
+  Texts statements;
+  for (const QString& line : QString::fromUtf8(file.readAll()).split(u'\n'))
+    if (line.endsWith(u';')) statements.push_back(line.chopped(1).toStdString());
+  return statements;
+}
+
+class RightsTest : public test::SavingSession {
+ protected:
+  RightsTest() : user_(database().name() + "_u") {
+    for (const std::string& statement : host::settingsTableStatements(database().schema()))
+      sql(statement);
+    const bool onMariadb = database().engine() == "mariadb";
+    const std::string quoted = "'Ge''heim 4711'";
+    database().administer(onMariadb ? "CREATE USER " + user_ + " IDENTIFIED BY " + quoted
+                                    : "CREATE ROLE " + user_ + " LOGIN IN ROLE kennwort PASSWORD " +
+                                          quoted);
+    const std::string script =
+        std::string(SCHEMA_FOLDER) + (onMariadb ? "/mariadb" : "/postgresql") + "/rechte.sql";
+    for (std::string statement : statementsOf(script)) {
+      const std::size_t at = statement.find("nummernkreise", statement.find(" TO "));
+      sql(statement.replace(at, std::string("nummernkreise").size(), user_));
+    }
+  }
+  ~RightsTest() override {
+    basAllgemein::basTerminate(context());
+    context().Conn(nullptr);
+    if (database().engine() == "mariadb") {
+      database().administer("DROP USER " + user_);
+    } else {
+      sql("DROP OWNED BY " + user_);
+      database().administer("DROP ROLE " + user_);
+    }
+  }
+
+  std::shared_ptr<Connection> open() {
+    return openQtSqlConnection(database().connectionString(user_, password));
+  }
+
+ private:
+  void sql(const std::string& statement) { CoreSession::sql(statement); }
+
+  std::string user_;
+};
+
+}  // namespace
+
+TEST_F(RightsTest, TheyAreEnoughToLoadAndSave) {
+  company();
+  basAllgemein::basTerminate(context());
+  const auto connection = open();
+  context().Conn(connection);
+  basAllgemein::basInititialize(context());
+  basAllgemein::RefreshCombo(context(), nullptr);
+  basAllgemein::LoadItems(context(), basAllgemein::CheckActivity);
+  basAllgemein::RefreshSGroups(context());
+  EXPECT_FALSE(rows().empty());
+  EXPECT_EQ(boxes().size(), 0U);
+  while (!rows().empty()) table().DeleteRows(0);
+  context().Conn().BeginTrans();
+  editedTable();
+  context().blnChanged(true);
+  EXPECT_TRUE(save());
+  EXPECT_TRUE(boxes().empty());
+}
+
+TEST_F(RightsTest, TheyAreEnoughForTheOtherDialogs) {
+  const auto connection = open();
+  test::run(*connection, "INSERT INTO Nummernkreis_Buchungskreise VALUES (5, 'Ost', 'ORB')");
+  test::run(*connection, "DELETE FROM Nummernkreis_Buchungskreise WHERE Buchungskreis = 5");
+  test::run(*connection, "INSERT INTO Einstellungen VALUES ('a', 'b', 'c', 'd', '0')");
+  EXPECT_EQ(test::run(*connection, "UPDATE Einstellungen SET Wert = '1'"), 1);
+  EXPECT_EQ(test::run(*connection, "SELECT strUserName_PK FROM tblUser"), 0);
+
+  std::int32_t affected = 0;
+  const auto own = openQtSqlConnection(database().connectionString());
+  own->Execute("INSERT INTO Nummernkreis_Sonderkreise VALUES ('S', 'RE', 'Sonder', 0, 'ORB')",
+               affected);
+  const auto records = connection->createRecordset();
+  records->CursorLocation(ado::useClient);
+  records->Open("SELECT NBezeichnung, Aktiviert FROM Nummernkreis_Sonderkreise", *connection,
+                ado::openKeyset, ado::lockOptimistic, ado::unspecified);
+  records->Fields("Aktiviert", true);
+  records->Update();
+  EXPECT_EQ(test::rows(*own, "SELECT Aktiviert FROM Nummernkreis_Sonderkreise", {"Aktiviert"}),
+            Texts{"-1"});
+}
+
+TEST_F(RightsTest, TheyAllowNothingElse) {
+  const auto connection = open();
+  for (const char* const statement :
+       {"INSERT INTO tblUser VALUES ('x')", "DELETE FROM tblUser", "DROP TABLE tblUser",
+        "DELETE FROM Nummernkreis_Sonderkreise", "CREATE TABLE Mehr (a INTEGER)",
+        "ALTER TABLE Nummernkreise ADD Mehr INTEGER"})
+    EXPECT_NE(test::errorOf(*connection, statement).number(), 0) << statement;
+}
+
+TEST_F(RightsTest, AWrongPasswordIsRefusedAndNotTold) {
+  const Error error = test::errorOf([&] {
+    openQtSqlConnection(database().connectionString(database().name() + "_u", "falsch4711"));
+  });
+  EXPECT_NE(error.number(), 0);
+  EXPECT_EQ(error.description().find("falsch4711"), std::string::npos) << error.description();
+}
+
+}  // namespace vexnumkr
