@@ -5,6 +5,7 @@
 #include <QTemporaryDir>
 #include <functional>
 #include <memory>
+#include <string>
 #include <utility>
 
 #include "bench/company.h"
@@ -35,17 +36,23 @@ std::shared_ptr<Lazy<T>> lazily(std::function<std::unique_ptr<T>()> make) {
 
 /// How much data a run uses.
 struct Scale {
-  CompanySize company;
-  CompanySize smallerCompany;
+  int company = 0;                ///< the scale of the sample company
+  int smallerCompany = 0;         ///< and of the one that it is compared with
   std::int32_t sequenceRows = 0;  ///< common rows that draw on one sequence
   std::int32_t gridItems = 0;
 };
 
 /// Where a run keeps its databases.
 struct Workplace {
+  /// The path of a new file with the sample company of that scale.
+  std::string companyFile(const char* name, int companyScale) const;
+
   QTemporaryDir folder;
   Scale scale;
 };
+
+/// How the component reaches such a file.
+std::string connectionStringOf(const std::string& file);
 
 void addDatabaseCases(Comparisons& comparisons, const std::shared_ptr<Workplace>& workplace);
 void addRuleCases(Comparisons& comparisons, const std::shared_ptr<Workplace>& workplace);

@@ -1,23 +1,15 @@
 #include "bench/company.h"
 
-#include <QFile>
-#include <QSqlDatabase>
-#include <QSqlError>
-#include <QSqlQuery>
-#include <QVariant>
-#include <functional>
 #include <numeric>
-#include <stdexcept>
 
-#include "app/schema/schema.h"
-#include "bench/bare_driver.h"
+#include "app/sample/scaled_company.h"
 #include "data/table/columns.h"
 #include "hosting/host_context.h"
 
 namespace vexnumkr::bench {
 namespace {
 
-constexpr std::int32_t rangeLength = 10'000;
+constexpr std::int32_t circlesPerKey = 41;
 
 // Steps that share no factor with the number of places visit every one of them, in no order.
 class Scattered {
@@ -34,120 +26,98 @@ class Scattered {
   std::int32_t step_ = 61'813;
 };
 
-QString keyName(std::int32_t key) { return QStringLiteral("B%1").arg(key, 2, 10, QChar(u'0')); }
-QString userName(std::int32_t user) {
-  return QStringLiteral("Benutzer %1").arg(user, 3, 10, QChar(u'0'));
+std::string caption(std::int32_t circle, const host::SampleCompany& company) {
+  if (circle == 0) return standardGroup;
+  return company.circles[static_cast<std::size_t>(circle) - 1].description;
 }
 
-void insert(QSqlDatabase& database, const char* table, int columns,
-            const std::function<void(const std::function<void(const QVariantList&)>&)>& rows) {
-  QSqlQuery query(database);
-  QString places;
-  for (int i = 0; i < columns; ++i) places += i == 0 ? QStringLiteral("?") : QStringLiteral(", ?");
-  query.prepare(QStringLiteral("INSERT INTO %1 VALUES (%2)").arg(QLatin1String(table), places));
-  rows([&](const QVariantList& values) {
-    for (int i = 0; i < values.size(); ++i) query.bindValue(i, values[i]);
-    if (!query.exec()) throw std::runtime_error(query.lastError().text().toStdString());
-  });
+struct Row {
+  std::string user = alleBenutzer;
+  std::string caption;
+  std::string sharedKey;
+  host::SampleRange range;
+};
+
+void write(XArray& table, std::int32_t place, const Row& row) {
+  const host::SampleRange& range = row.range;
+  table.set(place, column::Benutzer, row.user);
+  table.set(place, column::Buchungskreis, range.circle);
+  table.set(place, column::Gruppe, row.caption);
+  table.set(place, column::NSchl, range.key);
+  table.set(place, column::NBezeichnung, range.description);
+  table.set(place, column::StartWert, range.start);
+  table.set(place, column::AktuellerWert, range.current);
+  table.set(place, column::EndWert, range.end);
+  table.set(place, column::Aktiviert, range.active);
+  table.set(place, column::SortierIndex, range.sortIndex);
+  table.set(place, column::IstNSchlVon, row.sharedKey);
+  table.set(place, column::Maske, range.mask);
 }
 
-template <class Visit>
-void forEachRange(const CompanySize& size, const Visit& visit) {
-  for (std::int32_t key = 0; key < size.keys; ++key)
-    for (std::int32_t circle = 0; circle <= size.circles; ++circle) visit(circle, key);
-}
-
-void writeRanges(QSqlDatabase& database, const CompanySize& size) {
-  insert(database, "Nummernkreise", 10, [&](const auto& add) {
-    forEachRange(size, [&](std::int32_t circle, std::int32_t key) {
-      const std::int32_t start = circle * rangeLength + 1;
-      add({circle, keyName(key), QStringLiteral("Belegart Nummer %1").arg(key), start, start + 17,
-           start + rangeLength - 1, -1, key, QStringLiteral(""),
-           QStringLiteral("JJ%1NNNN").arg(circle + 10)});
-    });
-  });
-}
-
-void writeAssignments(QSqlDatabase& database, const CompanySize& size) {
-  insert(database, "Nummernkreis_Zuordnung", 4, [&](const auto& add) {
-    forEachRange(size, [&](std::int32_t circle, std::int32_t key) {
-      add({circle, keyName(key), QStringLiteral("ALL"), QStringLiteral("ORC")});
-      for (std::int32_t user = 0; user < size.users; ++user)
-        add({circle, keyName(key), userName(user), QStringLiteral("ORC")});
-    });
-  });
-}
-
-void writeCirclesAndUsers(QSqlDatabase& database, const CompanySize& size) {
-  insert(database, "Nummernkreis_Buchungskreise", 3, [&](const auto& add) {
-    for (std::int32_t circle = 1; circle <= size.circles; ++circle)
-      add({circle, QStringLiteral("Buchungskreis %1").arg(circle), QStringLiteral("ORC")});
-  });
-  insert(database, "tblUser", 1, [&](const auto& add) {
-    for (std::int32_t user = 0; user < size.users; ++user) add({userName(user)});
-  });
+// Ranges of a hundred numbers, the `place`th of them.
+Row plainRow(std::int32_t row, std::int32_t place) {
+  const std::int32_t key = row / circlesPerKey;
+  const std::int32_t start = place * 100 + 1;
+  Row made;
+  made.range = {row % circlesPerKey,
+                "K" + std::to_string(key),
+                "Belegart " + std::to_string(key),
+                start,
+                start + 17,
+                start + 99,
+                true,
+                key,
+                "",
+                ""};
+  made.caption =
+      row % circlesPerKey == 0 ? standardGroup : "Filiale " + std::to_string(row % circlesPerKey);
+  return made;
 }
 
 }  // namespace
 
-std::string createCompanyFile(const std::string& file, const CompanySize& size) {
-  BareDriver driver(file);
-  QSqlDatabase& database = driver.database();
-  driver.run("BEGIN");
-  for (const std::string& statement : host::rangeTableStatements()) driver.run(statement);
-  writeRanges(database, size);
-  writeAssignments(database, size);
-  writeCirclesAndUsers(database, size);
-  driver.run("COMMIT");
-  return "Driver=QSQLITE;Database=" + file;
+CompanySize::CompanySize(int scale) {
+  const host::SampleCompany company = host::scaledCompany(scale);
+  circles = static_cast<std::int32_t>(company.circles.size());
+  keys = static_cast<std::int32_t>(company.ranges.size()) / (circles + 1);
+  users = static_cast<std::int32_t>(company.users.size());
 }
 
-XArray companyTable(const CompanySize& size) {
+XArray companyTable(int scale) {
+  const host::SampleCompany company = host::scaledCompany(scale);
+  std::vector<std::string> users = company.users;
+  users.insert(users.begin(), alleBenutzer);
+  const auto rows = static_cast<std::int32_t>(users.size() * company.ranges.size());
   XArray table = XArray::withColumns(column::last);
-  table.AppendRows(size.rows());
-  const Scattered scattered(size.rows());
-  for (std::int32_t row = 0; row < size.rows(); ++row) {
-    const std::int32_t user = row / size.ranges();
-    const std::int32_t key = row % size.ranges() / (size.circles + 1);
-    const std::int32_t circle = row % (size.circles + 1);
-    const std::int32_t start = circle * rangeLength + 1;
-    const std::int32_t place = scattered(row);
-    table.set(place, column::Benutzer, user == 0 ? alleBenutzer : userName(user - 1).toStdString());
-    table.set(place, column::Buchungskreis, circle);
-    table.set(place, column::Gruppe,
-              circle == 0 ? standardGroup : "Buchungskreis " + std::to_string(circle));
-    table.set(place, column::NSchl, keyName(key).toStdString());
-    table.set(place, column::NBezeichnung, "Belegart Nummer " + std::to_string(key));
-    table.set(place, column::StartWert, start);
-    table.set(place, column::AktuellerWert, start + 17);
-    table.set(place, column::EndWert, start + rangeLength - 1);
-    table.set(place, column::Aktiviert, true);
-    table.set(place, column::SortierIndex, key);
-    table.set(place, column::IstNSchlVon, "");
-    table.set(place, column::Maske, "JJ" + std::to_string(circle + 10) + "NNNN");
+  table.AppendRows(rows);
+  const Scattered scattered(rows);
+  std::int32_t next = 0;
+  for (const std::string& user : users) {
+    for (const host::SampleRange& range : company.ranges) {
+      Row row{user, caption(range.circle, company), "", range};
+      row.range.mask = "JJ" + std::to_string(range.circle + 10) + "NNNN";
+      write(table, scattered(next++), row);
+    }
   }
+  return table;
+}
+
+XArray commonTable(std::int32_t items) {
+  XArray table = XArray::withColumns(column::last);
+  table.AppendRows(items);
+  for (std::int32_t row = 0; row < items; ++row) write(table, row, plainRow(row, row));
   return table;
 }
 
 XArray oneSequence(std::int32_t rows) {
   XArray table = XArray::withColumns(column::last);
   table.AppendRows(rows);
-  constexpr std::int32_t circles = 40;
   const Scattered scattered(rows);
   for (std::int32_t row = 0; row < rows; ++row) {
-    const std::int32_t start = scattered(row) * 100 + 1;
-    table.set(row, column::Benutzer, alleBenutzer);
-    table.set(row, column::Buchungskreis, row % circles);
-    table.set(row, column::Gruppe, "Buchungskreis " + std::to_string(row % circles));
-    table.set(row, column::NSchl, "B" + std::to_string(row / circles));
-    table.set(row, column::NBezeichnung, "Belegart Nummer " + std::to_string(row / circles));
-    table.set(row, column::StartWert, start);
-    table.set(row, column::AktuellerWert, start + 17);
-    table.set(row, column::EndWert, start + 99);
-    table.set(row, column::Aktiviert, true);
-    table.set(row, column::SortierIndex, (row / circles * 7) % 1000);
-    table.set(row, column::IstNSchlVon, "RE");
-    table.set(row, column::Maske, "");
+    Row made = plainRow(row, scattered(row));
+    made.sharedKey = "RE";
+    made.range.sortIndex = made.range.sortIndex * 7 % 1000;
+    write(table, row, made);
   }
   return table;
 }

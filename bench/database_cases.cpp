@@ -18,8 +18,8 @@ namespace {
 // A company's file, a session on it, and what the session sends when it loads and when it saves.
 class LoadAndSave {
  public:
-  LoadAndSave(const std::string& file, const CompanySize& size)
-      : connectionString_(createCompanyFile(file, size)),
+  explicit LoadAndSave(const std::string& file)
+      : connectionString_(connectionStringOf(file)),
         bare_(std::make_unique<BareDriver>(file)),
         session_(std::make_unique<Session>(connectionString_)) {}
 
@@ -73,11 +73,9 @@ class LoadAndSave {
 };
 
 std::shared_ptr<Lazy<LoadAndSave>> companyOf(const std::shared_ptr<Workplace>& workplace,
-                                             const std::string& file, const CompanySize& size) {
-  return lazily<LoadAndSave>([=] {
-    return std::make_unique<LoadAndSave>(
-        workplace->folder.filePath(QString::fromStdString(file)).toStdString(), size);
-  });
+                                             const char* name, int scale) {
+  return lazily<LoadAndSave>(
+      [=] { return std::make_unique<LoadAndSave>(workplace->companyFile(name, scale)); });
 }
 
 }  // namespace

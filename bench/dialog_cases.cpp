@@ -13,7 +13,6 @@
 
 #include <vexnumkr/adapters.h>
 
-#include "app/sample/create_sample.h"
 #include "bench/bare_driver.h"
 #include "bench/cases.h"
 #include "bench/session.h"
@@ -53,7 +52,7 @@ class CloseWhenPainted final : public QObject {
 class Sample {
  public:
   explicit Sample(const std::string& file)
-      : connectionString_(created(file)),
+      : connectionString_(connectionStringOf(file)),
         bare_(file),
         session_(connectionString_),
         connection_(openQtSqlConnection(connectionString_)) {}
@@ -62,7 +61,7 @@ class Sample {
     test::DialogHost host;
     const CloseWhenPainted closing;
     QtComponent component(host);
-    if (!component.Init(connection_, 2, "Benutzer"))
+    if (!component.Init(connection_, 1, "Benutzer"))
       throw std::runtime_error("the component does not start");
     component.ShowDialog();
   }
@@ -102,11 +101,6 @@ class Sample {
   }
 
  private:
-  static std::string created(const std::string& file) {
-    host::createSampleFile(file);
-    return "Driver=QSQLITE;Database=" + file;
-  }
-
   static void load(QSqlTableModel& model, const char* table) {
     model.setTable(QLatin1String(table));
     model.setEditStrategy(QSqlTableModel::OnManualSubmit);
@@ -124,10 +118,8 @@ class Sample {
 }  // namespace
 
 void addDialogCases(Comparisons& comparisons, const std::shared_ptr<Workplace>& workplace) {
-  const auto sample = lazily<Sample>([=] {
-    return std::make_unique<Sample>(
-        workplace->folder.filePath(QStringLiteral("sample.db")).toStdString());
-  });
+  const auto sample = lazily<Sample>(
+      [=] { return std::make_unique<Sample>(workplace->companyFile("sample.db", 0)); });
   const auto on = [&](void (Sample::*work)()) {
     return seconds([=] { ((**sample).*work)(); }, [=] { static_cast<void>(**sample); });
   };

@@ -7,7 +7,6 @@
 #include <QScrollBar>
 #include <QStandardItemModel>
 #include <QTreeView>
-#include <algorithm>
 #include <memory>
 #include <stdexcept>
 #include <utility>
@@ -20,7 +19,6 @@
 #include "data/table/columns.h"
 #include "dialogs/main/layout.h"
 #include "dialogs/main/tree.h"
-#include "rules/sort_orders.h"
 
 namespace vexnumkr::bench {
 namespace {
@@ -105,7 +103,7 @@ class PlainModel final : public QAbstractItemModel {
 // Page by page from the first item to the last, each page painted at once.
 void scrollThrough(QTreeView& view) {
   QScrollBar& bar = *view.verticalScrollBar();
-  for (int place = 0; place < bar.maximum(); place += std::max(1, bar.pageStep())) {
+  for (int place = 0; place < bar.maximum(); place += bar.pageStep()) {
     bar.setValue(place);
     view.viewport()->repaint();
   }
@@ -121,11 +119,10 @@ void showFirst(QWidget& window) {
 class GridAtWork {
  public:
   GridAtWork(const std::string& file, std::int32_t items)
-      : session_(createCompanyFile(file, tiny)),
+      : session_(connectionStringOf(file)),
         grid_(makeQtTreeGrid(gridOf(mainDialogDescription()), &window_)) {
     session_.context().sftNummernkreise(grid_.get());
-    session_.table().copyFrom(companyTable({40, std::max(1, items / 41), 0}));
-    sortRows(session_.table(), treeOrder);
+    session_.table().copyFrom(commonTable(items));
     window_.resize(windowSize);
     grid_->widget()->resize(windowSize);
     fillGrid();
@@ -167,7 +164,6 @@ class GridAtWork {
   }
 
  private:
-  static constexpr CompanySize tiny{1, 1, 1};
   static constexpr QSize windowSize{700, 500};
 
   Session session_;
@@ -182,10 +178,8 @@ class GridAtWork {
 
 void addGridCases(Comparisons& comparisons, const std::shared_ptr<Workplace>& workplace) {
   const std::int32_t items = workplace->scale.gridItems;
-  const auto grid = lazily<GridAtWork>([=] {
-    return std::make_unique<GridAtWork>(
-        workplace->folder.filePath(QStringLiteral("grid.db")).toStdString(), items);
-  });
+  const auto grid = lazily<GridAtWork>(
+      [=] { return std::make_unique<GridAtWork>(workplace->companyFile("grid.db", 1), items); });
   const auto on = [&](void (GridAtWork::*work)(), void (GridAtWork::*prepare)() = nullptr) {
     return seconds([=] { ((**grid).*work)(); },
                    [=] {

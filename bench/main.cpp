@@ -43,8 +43,8 @@
 namespace vexnumkr::bench {
 namespace {
 
-constexpr Scale fullScale{{40, 60, 100}, {40, 60, 9}, 100'000, 100'000};
-constexpr Scale quickScale{{4, 6, 10}, {4, 6, 2}, 1'000, 1'000};
+constexpr Scale fullScale{50, 23, 100'000, 100'000};
+constexpr Scale quickScale{5, 3, 1'000, 1'000};
 constexpr int fullRepetitions = 7;
 
 // Takes an option of this program's own out of the arguments.
@@ -82,8 +82,8 @@ int run(std::vector<char*> arguments) {
   for (const Comparison& comparison : comparisons)
     registerComparison(comparison, quick ? 1 : fullRepetitions);
 
-  RatioTable table(comparisons, described(workplace->scale.company) + "; " +
-                                    described(workplace->scale.smallerCompany));
+  RatioTable table(comparisons, described(CompanySize(workplace->scale.company)) + "; a tenth: " +
+                                    described(CompanySize(workplace->scale.smallerCompany)));
   const std::size_t measured = benchmark::RunSpecifiedBenchmarks(&table);
   benchmark::ClearRegisteredBenchmarks();  // what they keep must go before the application does
   std::printf("\n%zu comparisons, %zu above their limits\n", measured, table.missed().size());

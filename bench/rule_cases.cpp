@@ -95,8 +95,7 @@ void addRuleCases(Comparisons& comparisons, const std::shared_ptr<Workplace>& wo
   const std::int32_t rows = workplace->scale.sequenceRows;
   const auto session = lazily<Session>([=] {
     return std::make_unique<Session>(
-        createCompanyFile(workplace->folder.filePath(QStringLiteral("rules.db")).toStdString(),
-                          workplace->scale.company));
+        connectionStringOf(workplace->companyFile("rules.db", workplace->scale.company)));
   });
   const auto table = [&](std::function<XArray()> make) {
     return lazily<TableAtWork>([=] { return std::make_unique<TableAtWork>(session, make()); });

@@ -56,7 +56,7 @@ Session::Session(std::shared_ptr<Connection> connection)
     : surroundings_(std::make_unique<Surroundings>()) {
   HostContext& session = context();
   session.Conn(std::move(connection));
-  session.LngApplication(2);
+  session.LngApplication(1);
   session.strVerarbeitungsdatum("20260315");
   session.createColUser();
   session.colUser().emplace_back(alleBenutzer);

@@ -11,7 +11,7 @@
 
 namespace vexnumkr::bench {
 
-/// A session as Init and the dialog's start leave it, for application 2 and every user of tblUser,
+/// A session as Init and the dialog's start leave it, for application 1 and every user of tblUser,
 /// the range table still empty. Questions are answered with Yes; a box that reports a failure is an
 /// exception here, since what fails must not be measured.
 class Session {

@@ -73,8 +73,8 @@ struct KeyHash {
 // A session whose range table is that of the company, and the same in plain containers.
 class Tables {
  public:
-  Tables(const std::string& file, const CompanySize& size)
-      : size_(size), session_(createCompanyFile(file, size)), original_(companyTable(size)) {
+  Tables(const std::string& file, int scale)
+      : scale_(scale), session_(connectionStringOf(file)), original_(companyTable(scale)) {
     restore();
     plain_ = plainRows(original_);
     for (std::size_t row = 0; row < plain_.size(); ++row) {
@@ -142,7 +142,7 @@ class Tables {
 
   double bytesTaken() {
     const std::size_t before = bytesInUse();
-    XArray copy = companyTable(size_);
+    XArray copy = companyTable(scale_);
     copy.findRange(alleBenutzer, 0, "");
     return static_cast<double>(bytesInUse() - before);
   }
@@ -169,7 +169,7 @@ class Tables {
     sumOfRows_ = sumOfRows;
   }
 
-  CompanySize size_;
+  int scale_;
   Session session_;
   XArray original_;
   std::vector<PlainRow> plain_;
@@ -183,9 +183,8 @@ class Tables {
 
 void addTableCases(Comparisons& comparisons, const std::shared_ptr<Workplace>& workplace) {
   const auto tables = lazily<Tables>([=] {
-    return std::make_unique<Tables>(
-        workplace->folder.filePath(QStringLiteral("tables.db")).toStdString(),
-        workplace->scale.company);
+    const int scale = workplace->scale.company;
+    return std::make_unique<Tables>(workplace->companyFile("tables.db", scale), scale);
   });
   const auto measured = [&](void (Tables::*work)(), void (Tables::*prepare)()) {
     return seconds([=] { ((**tables).*work)(); }, [=] { ((**tables).*prepare)(); });

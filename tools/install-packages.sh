@@ -9,7 +9,7 @@ set -euo pipefail
 
 build=(cmake g++ ninja-build qt6-base-dev)
 runtime=(fonts-liberation libqt6sql6-sqlite)
-testing=(g++-mingw-w64-x86-64-posix libgtest-dev qt6-base-private-dev)
+testing=(g++-mingw-w64-x86-64-posix libbenchmark-dev libgtest-dev qt6-base-private-dev)
 # Of use where the distribution has them: the formatter of the sources, a display of another kind,
 # German texts of Qt itself.
 formatter=(clang-format-14)
