@@ -127,6 +127,7 @@ void GridView::setWidthOf(int gridColumn, double width) {
   widths_[static_cast<std::size_t>(gridColumn)] = std::max(width, 0.0);
   model_->setShown(gridColumn, width > 0);
   applyWidths();
+  fitScrollBars();
 }
 
 void GridView::applyWidths() {
@@ -136,7 +137,6 @@ void GridView::applyWidths() {
     header()->resizeSection(section, static_cast<int>(std::lround(width)));
   }
   fitFirstSection();
-  updateGeometries();  // at once, lest a scroll bar is seen that is not needed any more
 }
 
 void GridView::fitFirstSection() {
@@ -147,6 +147,12 @@ void GridView::fitFirstSection() {
   const int left = viewport()->width() - others;
   header()->resizeSection(0, std::max(static_cast<int>(std::lround(own)), left));
   cellsMoved();
+}
+
+// At once, lest a scroll bar is seen that is not needed any more; the layout after a reset sees to
+// it by itself, and knows where to scroll to.
+void GridView::fitScrollBars() {
+  if (!expandAtLayout_) updateGeometries();
 }
 
 void GridView::widthDragged(int section, int width) {
@@ -275,7 +281,7 @@ void GridView::mouseReleaseEvent(QMouseEvent* event) { event->accept(); }
 void GridView::resizeEvent(QResizeEvent* event) {
   QTreeView::resizeEvent(event);
   fitFirstSection();
-  updateGeometries();
+  fitScrollBars();
 }
 
 void GridView::showEvent(QShowEvent* event) {

@@ -131,6 +131,7 @@ class GridView : public QTreeView {
   void widthDragged(int section, int width);
   void applyWidths();
   void fitFirstSection();
+  void fitScrollBars();
   void cellsMoved();
   bool showToolTip(const QHelpEvent& event);
   QRect cellRect(const QModelIndex& index) const;
