@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Builds everything and runs all tests; the last thing it prints is ctest's summary.
+# Builds everything and runs all tests, on every database engine; the last thing it prints is a table
+# of what has passed on which.
 #
 #   ./test.sh [dev|release|all]
 #
@@ -48,6 +49,8 @@ esac
 status=0
 for preset in "${tested[@]}"; do
   echo "== ctest $preset"
-  ctest --preset "$preset" || status=$?
+  ctest --preset "$preset" --output-junit tests.xml || status=$?
+  echo "== engines $preset"
+  tools/engine-table.sh "build/$preset/tests.xml"
 done
 exit "$status"

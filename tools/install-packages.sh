@@ -10,6 +10,9 @@ set -euo pipefail
 build=(cmake g++ ninja-build qt6-base-dev)
 runtime=(fonts-liberation libqt6sql6-sqlite)
 testing=(g++-mingw-w64-x86-64-posix libbenchmark-dev libgtest-dev qt6-base-private-dev)
+# The database servers of the tests, and the drivers to reach them and ODBC.
+engines=(libqt6sql6-psql libqt6sql6-mysql libqt6sql6-odbc odbc-postgresql libsqliteodbc odbcinst
+  postgresql mariadb-server mariadb-client)
 # Of use where the distribution has them: the formatter of the sources, a display of another kind,
 # German texts of Qt itself.
 formatter=(clang-format-14)
@@ -23,7 +26,7 @@ case "${1:-}" in
     welcome=("${display[@]}" "${translations[@]}")
     ;;
   test)
-    needed=("${build[@]}" "${runtime[@]}" "${testing[@]}")
+    needed=("${build[@]}" "${runtime[@]}" "${testing[@]}" "${engines[@]}")
     welcome=("${formatter[@]}")
     ;;
   *)

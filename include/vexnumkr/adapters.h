@@ -14,12 +14,19 @@ namespace vexnumkr {
 /// Opens a connection through Qt SQL.
 ///
 /// `connectionString` is a list of `key=value` pairs separated by semicolons, keys without regard
-/// to case: `Driver` (QSQLITE) and `Database` (a file) are required; `Server`, `Port`, `UID` and
-/// `PWD` are for engines that are reached over a network. A value that holds a semicolon or begins
-/// or ends with a blank stands in double quotes, a double quote in it is doubled.
+/// to case: `Driver` and `Database` are required; `Server`, `Port`, `UID`, `PWD` and `Options` (for
+/// Qt's driver, as it writes them) are for engines that are reached over a network. A value that
+/// holds a semicolon or begins or ends with a blank stands in double quotes, a double quote in it is
+/// doubled. docs/datenbank.md has examples.
 ///
 /// QSQLITE: the file must exist (`:memory:` is an empty database of its own); foreign keys are
 /// enforced; a lock is waited for up to five seconds.
+/// QPSQL, QMYSQL, QMARIADB: a Server that is a path is a Unix socket. On MariaDB the connection runs
+/// in strict mode and takes backslashes as they are.
+/// QODBC: `Database` is a DSN or a connection string of ODBC's, for PostgreSQL or SQLite.
+///
+/// On servers a lost connection is opened again by whatever comes next; its transaction has to be
+/// rolled back first. No error text holds a password.
 ///
 /// REQUIRES: a QCoreApplication. Errors: a malformed string, an unknown driver, and whatever the
 /// engine says on opening.
@@ -30,9 +37,11 @@ VEXNUMKR_API std::unique_ptr<Connection> createQtSqlConnection();
 
 /// Wraps a database that the host has opened itself. It is borrowed: it stays open when the result
 /// is closed or released. The working connection is opened with its driver, database name, host,
-/// port, user and password. No setting of the database is changed: how long it waits for locks and
-/// whether it enforces foreign keys is the host's choice. A transaction begun by the result and
-/// still open then is rolled back. Errors: 3709 when it is not open, an unknown driver.
+/// port, user, password and options. No setting of the database is changed: how long it waits for
+/// locks, whether it enforces foreign keys and what a backslash means is the host's choice. While a
+/// transaction of the host's runs, none can begin. A transaction begun by the result and still open
+/// then is rolled back. Errors: 3709 when it is not open; 3706 for an unknown driver, and for one
+/// that silently connects again.
 VEXNUMKR_API std::shared_ptr<Connection> borrowQtSqlConnection(const QSqlDatabase& database);
 
 }  // namespace vexnumkr

@@ -30,7 +30,7 @@ std::string refusal(const Arguments& arguments) {
 }
 
 TEST(CommandLine, MakesASampleInTheDatabaseThatIsNamedAnyway) {
-  const HostOptions options = read({"--create-sample", "--scale", "50"}, "Driver=X");
+  const HostOptions options = readCommandLine({"--create-sample", "--scale", "50"}, "Driver=X");
   EXPECT_TRUE(options.createTables);
   EXPECT_EQ(options.createSample, "");
   EXPECT_EQ(options.connection, "Driver=X");

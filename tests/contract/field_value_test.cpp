@@ -13,6 +13,16 @@ std::string shown(const QVariant& field) { return test::shown(toValue(field)); }
 
 }  // namespace
 
+TEST(FieldValue, UnsignedAndSmallIntegersAreNumbersToo) {
+  EXPECT_EQ(toValue(QVariant::fromValue<qulonglong>(7)), Value(7));
+  EXPECT_EQ(toValue(QVariant::fromValue<qulonglong>(2147483648ULL)), Value("2147483648"));
+  EXPECT_EQ(toValue(QVariant::fromValue<qulonglong>(18446744073709551615ULL)),
+            Value("18446744073709551615"));
+  EXPECT_EQ(toValue(QVariant::fromValue<char>(5)), Value(5));
+  EXPECT_EQ(toValue(QVariant::fromValue<signed char>(-1)), Value(-1));
+  EXPECT_EQ(toValue(QVariant::fromValue<unsigned char>(200)), Value(200));
+}
+
 TEST(FieldValue, NullIsToldFromEmptyTexts) {
   EXPECT_EQ(shown(QVariant()), "Null");
   EXPECT_EQ(shown(QVariant(QMetaType::fromType<QString>())), "Null");

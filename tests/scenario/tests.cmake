@@ -59,6 +59,8 @@ endforeach()
 foreach(name chord script transcript watchdog)
   vexnumkr_test(scenario/${name}_test LABEL unit LINKS vexnumkr_scenario_driver)
 endforeach()
+vexnumkr_test(scenario/expected_transcript_test LABEL unit
+  SOURCES scenario/expected_transcript.cpp LINKS vexnumkr_scenario_driver)
 foreach(name scenario_database scripted_connection scripted_host)
   vexnumkr_test(scenario/${name}_test GUI LABEL unit LINKS vexnumkr_scenario_driver)
 endforeach()
