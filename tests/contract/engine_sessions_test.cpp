@@ -68,6 +68,24 @@ TEST_F(EngineSessions, TheWorkingConnectionNeverWaitsForTheDialogsTransaction) {
   EXPECT_EQ(test::rows(*work, "SELECT COUNT(*) AS X FROM Kreise", {"X"}), Texts{"2"});
 }
 
+TEST_F(EngineSessions, BothConnectionsAreSerializable) {
+  if (isSqlite()) GTEST_SKIP() << "there is no other isolation";
+  const auto work = openWorking();
+  conn->IsolationLevel(ado::isolated);
+  conn->BeginTrans();
+  run("INSERT INTO Kreise VALUES (1, 'a', 0)");
+  const char* const ofWork = isPostgresql()
+                                 ? "SELECT upper(current_setting('transaction_isolation')) AS X"
+                                 : "SELECT @@SESSION.tx_isolation AS X";
+  const char* const ofTransaction =
+      isPostgresql() ? ofWork
+                     : "SELECT trx_isolation_level AS X FROM information_schema.innodb_trx "
+                       "WHERE trx_mysql_thread_id = CONNECTION_ID()";
+  EXPECT_EQ(test::rows(*work, ofWork, {"X"}), Texts{"'SERIALIZABLE'"});
+  EXPECT_EQ(test::rows(*conn, ofTransaction, {"X"}), Texts{"'SERIALIZABLE'"});
+  conn->RollbackTrans();
+}
+
 TEST_F(EngineSessions, AFailureOfEveryKindLeavesTheTransactionInPlace) {
   conn->IsolationLevel(ado::isolated);
   conn->BeginTrans();

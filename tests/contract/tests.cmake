@@ -19,7 +19,6 @@ function(vexnumkr_sqlite_test name label)
     LINKS vexnumkr_qtsql vexnumkr_database_contract)
 endfunction()
 
-vexnumkr_sqlite_test(database_contract_sqlite_test contract)
 vexnumkr_sqlite_test(database_contract_borrowed_test contract)
 vexnumkr_sqlite_test(database_contract_scripted_test contract
   SOURCES support/scripted_connection.cpp)

@@ -91,6 +91,7 @@ class Session {
   [[noreturn]] void fail(const QSqlError& error);
   bool recovers();
   bool engineInTransaction();
+  void requireItsTransaction();
   bool isGone(const QSqlError& error);
 
   const Driver& driver_;

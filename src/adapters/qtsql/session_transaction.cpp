@@ -32,6 +32,7 @@ bool Session::engineInTransaction() {
   if (engine_->transactionProbe != nullptr) return succeeds(engine_->transactionProbe);
   const bool runs = query_->exec(QString::fromLatin1(engine_->transactionQuery)) &&
                     query_->next() && query_->value(0).toInt() != 0;
+  failure_ = query_->lastError();
   query_->finish();
   return runs;
 }
@@ -48,14 +49,19 @@ void Session::beginNow() {
   inTransaction_ = true;
 }
 
+// What has been sent since the transaction ended is committed already, and the rest is not to be.
+void Session::requireItsTransaction() {
+  if (engineInTransaction()) return;
+  if (failure_.isValid()) fail(failure_);
+  endedBy_ = transactionMissing();
+  throw *endedBy_;
+}
+
 void Session::commit() {
   if (endedBy_) throw *endedBy_;
   if (!inTransaction_ && !engine_->guardsTransactions) throw transactionMissing();
   requireReady();
-  if (engine_->recovery == Recovery::askEngine && !engineInTransaction()) {
-    endedBy_ = transactionMissing();
-    throw *endedBy_;
-  }
+  if (engine_->recovery == Recovery::askEngine) requireItsTransaction();
   run(QString::fromLatin1(engine_->commit));
   runRest();
   inTransaction_ = false;
