@@ -50,7 +50,5 @@ status=0
 for preset in "${tested[@]}"; do
   echo "== ctest $preset"
   ctest --preset "$preset" --output-junit tests.xml || status=$?
-  echo "== engines $preset"
-  tools/engine-table.sh "build/$preset/tests.xml"
 done
 exit "$status"
