@@ -3,27 +3,21 @@
 #include <QSqlError>
 #include <QSqlQuery>
 #include <QSqlRecord>
-#include <QUuid>
 #include <QVariant>
 #include <stdexcept>
 
+#include "adapters/qtsql/driver.h"
+
 namespace vexnumkr::bench {
 
-BareDriver::BareDriver(const std::string& file)
-    : name_(QUuid::createUuid().toString()),
-      database_(QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), name_)) {
-  database_.setDatabaseName(QString::fromStdString(file));
-  if (!database_.open()) throw std::runtime_error(database_.lastError().text().toStdString());
-}
+BareDriver::BareDriver(const std::string& connectionString)
+    : BareDriver(qtsql::parseConnectionString(connectionString)) {}
 
-BareDriver::~BareDriver() {
-  database_.close();
-  database_ = QSqlDatabase();
-  QSqlDatabase::removeDatabase(name_);
-}
+BareDriver::BareDriver(const qtsql::ConnectionSettings& settings)
+    : handle_(qtsql::driverOf(settings.driver), settings) {}
 
 int BareDriver::run(const std::string& statement) {
-  QSqlQuery query(database_);
+  QSqlQuery query(database());
   query.setForwardOnly(true);
   if (!query.exec(QString::fromStdString(statement)))
     throw std::runtime_error(query.lastError().text().toStdString() + ": " + statement);
@@ -35,7 +29,7 @@ int BareDriver::run(const std::string& statement) {
 }
 
 void BareDriver::tryToRun(const std::string& statement) {
-  QSqlQuery query(database_);
+  QSqlQuery query(database());
   query.exec(QString::fromStdString(statement));
 }
 

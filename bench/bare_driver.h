@@ -3,19 +3,17 @@
 
 #include <QSqlDatabase>
 #include <string>
-#include <vector>
+
+#include "adapters/qtsql/database_handle.h"
 
 namespace vexnumkr::bench {
 
-/// A connection of its own to a SQLite file. Errors of the engine are raised as exceptions.
+/// A connection of its own. Errors of the engine are raised as exceptions.
 class BareDriver {
  public:
-  explicit BareDriver(const std::string& file);
-  ~BareDriver();
-  BareDriver(const BareDriver&) = delete;
-  BareDriver& operator=(const BareDriver&) = delete;
+  explicit BareDriver(const std::string& connectionString);
 
-  QSqlDatabase& database() { return database_; }
+  QSqlDatabase database() const { return handle_.get(); }
 
   /// Sends a statement and reads every column of every row, forward only, keeping none; returns the
   /// number of rows.
@@ -24,8 +22,9 @@ class BareDriver {
   void tryToRun(const std::string& statement);
 
  private:
-  QString name_;
-  QSqlDatabase database_;
+  explicit BareDriver(const qtsql::ConnectionSettings& settings);
+
+  qtsql::DatabaseHandle handle_;
 };
 
 }  // namespace vexnumkr::bench

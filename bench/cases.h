@@ -2,13 +2,11 @@
 // them runs, and kept for the others.
 #pragma once
 
-#include <QTemporaryDir>
+#include <cstdint>
 #include <functional>
 #include <memory>
-#include <string>
 #include <utility>
 
-#include "bench/company.h"
 #include "bench/comparison.h"
 
 namespace vexnumkr::bench {
@@ -40,24 +38,13 @@ struct Scale {
   int smallerCompany = 0;         ///< and of the one that it is compared with
   std::int32_t sequenceRows = 0;  ///< common rows that draw on one sequence
   std::int32_t gridItems = 0;
+  int repetitions = 1;
 };
 
-/// Where a run keeps its databases.
-struct Workplace {
-  /// The path of a new file with the sample company of that scale.
-  std::string companyFile(const char* name, int companyScale) const;
-
-  QTemporaryDir folder;
-  Scale scale;
-};
-
-/// How the component reaches such a file.
-std::string connectionStringOf(const std::string& file);
-
-void addDatabaseCases(Comparisons& comparisons, const std::shared_ptr<Workplace>& workplace);
-void addRuleCases(Comparisons& comparisons, const std::shared_ptr<Workplace>& workplace);
-void addTableCases(Comparisons& comparisons, const std::shared_ptr<Workplace>& workplace);
-void addGridCases(Comparisons& comparisons, const std::shared_ptr<Workplace>& workplace);
-void addDialogCases(Comparisons& comparisons, const std::shared_ptr<Workplace>& workplace);
+void addDatabaseCases(Comparisons& comparisons, const Scale& scale);
+void addRuleCases(Comparisons& comparisons, const Scale& scale);
+void addTableCases(Comparisons& comparisons, const Scale& scale);
+void addGridCases(Comparisons& comparisons, const Scale& scale);
+void addDialogCases(Comparisons& comparisons, const Scale& scale);
 
 }  // namespace vexnumkr::bench

@@ -50,7 +50,6 @@ void registerComparison(const Comparison& comparison, int repetitions) {
       state.counters[ratioCounter] = costs.measured / costs.reference;
       state.counters[measuredCounter] = costs.measured;
       state.counters[referenceCounter] = costs.reference;
-      state.counters[limitCounter] = comparison.limit;
     }
   };
   benchmark::RegisterBenchmark(comparison.name.c_str(), run)

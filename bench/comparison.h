@@ -2,6 +2,7 @@
 #pragma once
 
 #include <functional>
+#include <limits>
 #include <string>
 #include <vector>
 
@@ -11,6 +12,9 @@ enum class Unit { Seconds, Bytes };
 
 /// What something cost.
 using Measurement = std::function<double()>;
+
+/// Of a comparison that is of interest, but has no limit.
+inline constexpr double noLimit = std::numeric_limits<double>::infinity();
 
 /// A measured thing and the yardstick that it is held against.
 struct Comparison {
@@ -35,7 +39,6 @@ void registerComparison(const Comparison& comparison, int repetitions);
 
 /// The counters that a repetition leaves.
 inline constexpr const char* ratioCounter = "ratio";
-inline constexpr const char* limitCounter = "limit";
 inline constexpr const char* measuredCounter = "measured";
 inline constexpr const char* referenceCounter = "reference";
 

@@ -6,7 +6,7 @@
 #include <QSqlError>
 #include <QSqlTableModel>
 #include <QTimer>
-#include <QUuid>
+#include <algorithm>
 #include <memory>
 #include <stdexcept>
 #include <string>
@@ -15,6 +15,7 @@
 
 #include "bench/bare_driver.h"
 #include "bench/cases.h"
+#include "bench/sample_database.h"
 #include "bench/session.h"
 #include "component/composition.h"
 #include "data/range_table.h"
@@ -51,11 +52,11 @@ class CloseWhenPainted final : public QObject {
 // The sample company in a file, the component on it, and a driver beside it.
 class Sample {
  public:
-  explicit Sample(const std::string& file)
-      : connectionString_(connectionStringOf(file)),
-        bare_(file),
-        session_(connectionString_),
-        connection_(openQtSqlConnection(connectionString_)) {}
+  explicit Sample(const std::string& engine)
+      : database_(sampleScale, engine),
+        bare_(database_.connectionString()),
+        session_(database_.connectionString()),
+        connection_(openQtSqlConnection(database_.connectionString())) {}
 
   void showDialog() {
     test::DialogHost host;
@@ -91,24 +92,38 @@ class Sample {
     QSqlTableModel assignments(nullptr, bare_.database());
     load(assignments, "Nummernkreis_Zuordnung");
     load(ranges, "Nummernkreise");
-    const int column = ranges.fieldIndex(QStringLiteral("NBezeichnung"));
+    const int column = descriptionColumn(ranges);
     ++edits_;
     for (int row = 0; row < std::min(changedRows, ranges.rowCount()); ++row)
       ranges.setData(ranges.index(row, column), QStringLiteral("Belegart %1").arg(edits_));
-    bare_.database().transaction();
+    QSqlDatabase database = bare_.database();
+    database.transaction();
     if (!ranges.submitAll()) throw std::runtime_error(ranges.lastError().text().toStdString());
-    bare_.database().commit();
+    database.commit();
   }
 
  private:
-  static void load(QSqlTableModel& model, const char* table) {
-    model.setTable(QLatin1String(table));
+  static int descriptionColumn(const QSqlTableModel& model) {
+    return std::max(model.fieldIndex(QStringLiteral("NBezeichnung")),
+                    model.fieldIndex(QStringLiteral("nbezeichnung")));
+  }
+
+  void load(QSqlTableModel& model, const char* table) {
+    // As the engine has folded the name; the model quotes it.
+    const QStringList known = bare_.database().tables();
+    const auto found = std::find_if(known.begin(), known.end(), [&](const QString& name) {
+      return name.compare(QLatin1String(table), Qt::CaseInsensitive) == 0;
+    });
+    if (found == known.end()) throw std::runtime_error(std::string(table) + " is not there");
+    model.setTable(*found);
     model.setEditStrategy(QSqlTableModel::OnManualSubmit);
     if (!model.select()) throw std::runtime_error(model.lastError().text().toStdString());
     while (model.canFetchMore()) model.fetchMore();
   }
 
-  std::string connectionString_;
+  static constexpr int sampleScale = 0;
+
+  SampleDatabase database_;
   BareDriver bare_;
   Session session_;
   std::shared_ptr<Connection> connection_;
@@ -117,19 +132,27 @@ class Sample {
 
 }  // namespace
 
-void addDialogCases(Comparisons& comparisons, const std::shared_ptr<Workplace>& workplace) {
-  const auto sample = lazily<Sample>(
-      [=] { return std::make_unique<Sample>(workplace->companyFile("sample.db", 0)); });
-  const auto on = [&](void (Sample::*work)()) {
+void addDialogCases(Comparisons& comparisons, const Scale& /*scale*/) {
+  using Sampled = std::shared_ptr<Lazy<Sample>>;
+  const auto sampleOn = [](const std::string& engine) {
+    return lazily<Sample>([=] { return std::make_unique<Sample>(engine); });
+  };
+  const auto on = [](const Sampled& sample, void (Sample::*work)()) {
     return seconds([=] { ((**sample).*work)(); }, [=] { static_cast<void>(**sample); });
   };
+  const auto editor = [&](const Sampled& sample, const std::string& engine) {
+    comparisons.push_back(
+        {"editor/" + engine, "editor, " + engine + ": the sample loaded, 100 ranges changed, saved",
+         "the same in an editor built on QSqlTableModel", 1, on(sample, &Sample::editInComponent),
+         on(sample, &Sample::editInTableModel)});
+  };
+  const Sampled sample = sampleOn(fileEngine);
   comparisons.push_back({"dialog", "dialog, from Init until it is shown",
                          "an empty QDialog shown, and the five tables read", 2,
-                         on(&Sample::showDialog), on(&Sample::showEmptyDialog)});
-  comparisons.push_back({"editor/sqlite",
-                         "editor, SQLite: the sample loaded, 100 ranges changed, saved",
-                         "the same in an editor built on QSqlTableModel", 1,
-                         on(&Sample::editInComponent), on(&Sample::editInTableModel)});
+                         on(sample, &Sample::showDialog), on(sample, &Sample::showEmptyDialog)});
+  editor(sample, fileEngine);
+  for (const std::string& engine : otherEngines())
+    if (engine == "postgresql") editor(sampleOn(engine), engine);
 }
 
 }  // namespace vexnumkr::bench

@@ -14,6 +14,8 @@
 
 #include "adapters/qtgrid/qt_tree_grid.h"
 #include "bench/cases.h"
+#include "bench/company.h"
+#include "bench/sample_database.h"
 #include "bench/session.h"
 #include "data/booking_circles.h"
 #include "data/table/columns.h"
@@ -118,8 +120,8 @@ void showFirst(QWidget& window) {
 // A session with a table of that many common ranges, and the dialog's grid in a window.
 class GridAtWork {
  public:
-  GridAtWork(const std::string& file, std::int32_t items)
-      : session_(connectionStringOf(file)),
+  explicit GridAtWork(std::int32_t items)
+      : session_(database_.connectionString()),
         grid_(makeQtTreeGrid(gridOf(mainDialogDescription()), &window_)) {
     session_.context().sftNummernkreise(grid_.get());
     session_.table().copyFrom(commonTable(items));
@@ -166,6 +168,7 @@ class GridAtWork {
  private:
   static constexpr QSize windowSize{700, 500};
 
+  SampleDatabase database_{1};
   Session session_;
   QWidget window_;
   std::unique_ptr<QtTreeGrid> grid_;
@@ -176,10 +179,9 @@ class GridAtWork {
 
 }  // namespace
 
-void addGridCases(Comparisons& comparisons, const std::shared_ptr<Workplace>& workplace) {
-  const std::int32_t items = workplace->scale.gridItems;
-  const auto grid = lazily<GridAtWork>(
-      [=] { return std::make_unique<GridAtWork>(workplace->companyFile("grid.db", 1), items); });
+void addGridCases(Comparisons& comparisons, const Scale& scale) {
+  const std::int32_t items = scale.gridItems;
+  const auto grid = lazily<GridAtWork>([items] { return std::make_unique<GridAtWork>(items); });
   const auto on = [&](void (GridAtWork::*work)(), void (GridAtWork::*prepare)() = nullptr) {
     return seconds([=] { ((**grid).*work)(); },
                    [=] {

@@ -8,6 +8,7 @@
 //                                                 work, not what they cost
 //   vexnumkr-bench --check                        ends with 1 when a ratio lies above its limit
 //   vexnumkr-bench --benchmark_out=FILE           every single measurement as JSON
+//   tools/bench.sh [OPTION...]                    the same, with servers for PostgreSQL and MariaDB
 //
 // The operations:
 //
@@ -38,14 +39,14 @@
 #include <vector>
 
 #include "bench/cases.h"
+#include "bench/company.h"
 #include "bench/ratio_table.h"
 
 namespace vexnumkr::bench {
 namespace {
 
-constexpr Scale fullScale{50, 23, 100'000, 100'000};
-constexpr Scale quickScale{5, 3, 1'000, 1'000};
-constexpr int fullRepetitions = 7;
+constexpr Scale fullScale{50, 23, 100'000, 100'000, 7};
+constexpr Scale quickScale{5, 3, 1'000, 1'000, 1};
 
 // Takes an option of this program's own out of the arguments.
 bool takeOption(std::vector<char*>& arguments, std::string_view option) {
@@ -59,13 +60,13 @@ std::string described(const CompanySize& size) {
          " rows";
 }
 
-Comparisons allComparisons(const std::shared_ptr<Workplace>& workplace) {
+Comparisons allComparisons(const Scale& scale) {
   Comparisons all;
-  addDatabaseCases(all, workplace);
-  addRuleCases(all, workplace);
-  addTableCases(all, workplace);
-  addGridCases(all, workplace);
-  addDialogCases(all, workplace);
+  addDatabaseCases(all, scale);
+  addRuleCases(all, scale);
+  addTableCases(all, scale);
+  addGridCases(all, scale);
+  addDialogCases(all, scale);
   return all;
 }
 
@@ -76,14 +77,13 @@ int run(std::vector<char*> arguments) {
   benchmark::Initialize(&count, arguments.data());
   if (benchmark::ReportUnrecognizedArguments(count, arguments.data())) return 2;
 
-  const auto workplace = std::make_shared<Workplace>();
-  workplace->scale = quick ? quickScale : fullScale;
-  const Comparisons comparisons = allComparisons(workplace);
+  const Scale& scale = quick ? quickScale : fullScale;
+  const Comparisons comparisons = allComparisons(scale);
   for (const Comparison& comparison : comparisons)
-    registerComparison(comparison, quick ? 1 : fullRepetitions);
+    registerComparison(comparison, scale.repetitions);
 
-  RatioTable table(comparisons, described(CompanySize(workplace->scale.company)) + "; a tenth: " +
-                                    described(CompanySize(workplace->scale.smallerCompany)));
+  RatioTable table(comparisons, described(CompanySize(scale.company)) +
+                                    "; a tenth: " + described(CompanySize(scale.smallerCompany)));
   const std::size_t measured = benchmark::RunSpecifiedBenchmarks(&table);
   benchmark::ClearRegisteredBenchmarks();  // what they keep must go before the application does
   std::printf("\n%zu comparisons, %zu above their limits\n", measured, table.missed().size());

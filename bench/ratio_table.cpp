@@ -29,6 +29,12 @@ double medianOf(const std::vector<benchmark::BenchmarkReporter::Run>& runs, cons
   return median(std::move(values));
 }
 
+std::string limitText(double limit) {
+  std::ostringstream text;
+  if (limit != noLimit) text << limit;
+  return text.str();
+}
+
 // With its unit. The times are no result, but say what a ratio is about.
 std::string cost(double value, const Comparison& comparison) {
   std::ostringstream text;
@@ -82,8 +88,8 @@ void RatioTable::ReportRuns(const std::vector<Run>& runs) {
   if (above) missed_.push_back(name);
   out << std::setprecision(3) << "| " << comparison.what << " | " << comparison.yardstick << " | "
       << ratio << (above ? " (!)" : "") << " | " << lowest << " | " << highest << " | "
-      << comparison.limit << " | " << cost(medianOf(runs, measuredCounter), comparison) << " : "
-      << cost(medianOf(runs, referenceCounter), comparison) << " |\n"
+      << limitText(comparison.limit) << " | " << cost(medianOf(runs, measuredCounter), comparison)
+      << " : " << cost(medianOf(runs, referenceCounter), comparison) << " |\n"
       << std::flush;
 }
 

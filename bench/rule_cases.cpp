@@ -5,6 +5,8 @@
 #include <utility>
 
 #include "bench/cases.h"
+#include "bench/company.h"
+#include "bench/sample_database.h"
 #include "bench/session.h"
 #include "data/table/columns.h"
 #include "rules/activity.h"
@@ -21,25 +23,32 @@ void require(bool condition, const char* what) {
   if (!condition) throw std::runtime_error(what);
 }
 
+struct SampleSession {
+  explicit SampleSession(int scale) : database(scale), session(database.connectionString()) {}
+
+  SampleDatabase database;
+  Session session;
+};
+
 // A table at work in a session, put back to what it was before each measurement.
 class TableAtWork {
  public:
-  TableAtWork(std::shared_ptr<Lazy<Session>> session, XArray original)
+  TableAtWork(std::shared_ptr<Lazy<SampleSession>> session, XArray original)
       : session_(std::move(session)), original_(std::move(original)) {}
 
   void restore() {
     context().XArray(std::make_unique<XArray>());
     table().copyFrom(original_);
   }
-  HostContext& context() { return (**session_).context(); }
+  HostContext& context() { return (**session_).session.context(); }
   XArray& table() { return context().XArray(); }
 
   void requireMessages(int count) {
-    require((**session_).takeMessages() == count, "another number of messages");
+    require((**session_).session.takeMessages() == count, "another number of messages");
   }
 
  private:
-  std::shared_ptr<Lazy<Session>> session_;
+  std::shared_ptr<Lazy<SampleSession>> session_;
   XArray original_;
 };
 
@@ -91,18 +100,17 @@ XArray lastPairBroken(std::int32_t rows) {
 
 }  // namespace
 
-void addRuleCases(Comparisons& comparisons, const std::shared_ptr<Workplace>& workplace) {
-  const std::int32_t rows = workplace->scale.sequenceRows;
-  const auto session = lazily<Session>([=] {
-    return std::make_unique<Session>(
-        connectionStringOf(workplace->companyFile("rules.db", workplace->scale.company)));
-  });
+void addRuleCases(Comparisons& comparisons, const Scale& scale) {
+  const std::int32_t rows = scale.sequenceRows;
+  const int companyScale = scale.company;
+  const auto session =
+      lazily<SampleSession>([=] { return std::make_unique<SampleSession>(companyScale); });
   const auto table = [&](std::function<XArray()> make) {
     return lazily<TableAtWork>([=] { return std::make_unique<TableAtWork>(session, make()); });
   };
   const auto sound = table([=] { return oneSequence(rows); });
   const auto broken = table([=] { return lastPairBroken(rows); });
-  const auto company = table([=] { return companyTable(workplace->scale.company); });
+  const auto company = table([=] { return companyTable(companyScale); });
 
   const std::string inOneSequence =
       "check, " + std::to_string(rows) + " active common ranges in one sequence, ";

@@ -12,6 +12,8 @@
 #include <vector>
 
 #include "bench/cases.h"
+#include "bench/company.h"
+#include "bench/sample_database.h"
 #include "bench/session.h"
 #include "data/booking_circles.h"
 #include "data/range_table.h"
@@ -73,8 +75,11 @@ struct KeyHash {
 // A session whose range table is that of the company, and the same in plain containers.
 class Tables {
  public:
-  Tables(const std::string& file, int scale)
-      : scale_(scale), session_(connectionStringOf(file)), original_(companyTable(scale)) {
+  explicit Tables(int scale)
+      : scale_(scale),
+        database_(scale),
+        session_(database_.connectionString()),
+        original_(companyTable(scale)) {
     restore();
     plain_ = plainRows(original_);
     for (std::size_t row = 0; row < plain_.size(); ++row) {
@@ -170,6 +175,7 @@ class Tables {
   }
 
   int scale_;
+  SampleDatabase database_;
   Session session_;
   XArray original_;
   std::vector<PlainRow> plain_;
@@ -181,11 +187,9 @@ class Tables {
 
 }  // namespace
 
-void addTableCases(Comparisons& comparisons, const std::shared_ptr<Workplace>& workplace) {
-  const auto tables = lazily<Tables>([=] {
-    const int scale = workplace->scale.company;
-    return std::make_unique<Tables>(workplace->companyFile("tables.db", scale), scale);
-  });
+void addTableCases(Comparisons& comparisons, const Scale& scale) {
+  const auto tables =
+      lazily<Tables>([company = scale.company] { return std::make_unique<Tables>(company); });
   const auto measured = [&](void (Tables::*work)(), void (Tables::*prepare)()) {
     return seconds([=] { ((**tables).*work)(); }, [=] { ((**tables).*prepare)(); });
   };

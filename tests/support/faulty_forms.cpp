@@ -139,6 +139,7 @@ class FaultyGrid final : public Faulty<TreeGrid> {
   void ColWidth(std::int16_t column, double width) override {
     checked("ColWidth=").ColWidth(column, width);
   }
+  void AcceptsEntries(bool accepts) override { checked("AcceptsEntries").AcceptsEntries(accepts); }
   void BeginUpdate() override { checked("BeginUpdate").BeginUpdate(); }
   void EndUpdate() override { checked("EndUpdate").EndUpdate(); }
   void Events(TreeGridEvents* events) override { checked("Events=").Events(events); }
