@@ -39,6 +39,7 @@ ProgressWindow::ProgressWindow(const std::string& caption)
   bar_.setObjectName(QStringLiteral("bar"));
   bar_.setAccessibleName(caption_.text());
   bar_.setRange(0, ProgressDisplay::full);
+  bar_.setFormat(QStringLiteral("%p %"));
   auto* rows = new QVBoxLayout(this);  // owned by the window
   rows->setContentsMargins(windowMargin, windowMargin, windowMargin, windowMargin);
   rows->addWidget(&caption_);
@@ -63,6 +64,7 @@ void ProgressWindow::placeOverOwner() {
   const QRect area = owner_ ? owner_->frameGeometry() : screen()->availableGeometry();
   move(area.center() - rect().center());
   if (!owner_) return;
+  setWindowIcon(owner_->windowIcon());
   create();
   windowHandle()->setTransientParent(owner_->windowHandle());
 }

@@ -1,5 +1,6 @@
 #include "adapters/qtforms/progress/qt_progress_display.h"
 
+#include <QAbstractEventDispatcher>
 #include <QCoreApplication>
 #include <QEventLoop>
 #include <optional>
@@ -15,7 +16,7 @@ namespace {
 using namespace qtforms;
 
 constexpr std::chrono::milliseconds repaintInterval{100};
-constexpr int mostRounds = 50;  // an application that never runs out of events goes on all the same
+constexpr int rounds = 4;  // input goes from the window system's queue to Qt's, and from there on
 
 // What concerns the windows; the host's own affairs wait where they can.
 constexpr QEventLoop::ProcessEventsFlags windowEvents{QEventLoop::ExcludeSocketNotifiers |
@@ -73,9 +74,10 @@ class QtProgressDisplay final : public ProgressDisplay {
   // What the user has done while the window was up is meant for nobody.
   void close() {
     if (!window_) return;
-    QEventLoop loop;
-    int rounds = mostRounds;
-    while (rounds > 0 && loop.processEvents(windowEvents)) --rounds;
+    for (int round = 0; round < rounds; ++round) {
+      QAbstractEventDispatcher::instance()->wakeUp();  // input passed over before counts as new
+      QCoreApplication::processEvents(windowEvents);
+    }
     window_.reset();
     shield_.reset();
   }
