@@ -10,6 +10,11 @@
 #include "adapters/qtforms/qt_forms_toolkit.h"
 
 namespace vexnumkr::test {
+namespace {
+
+constexpr int patience = 60'000;  // milliseconds; a busy machine is no failure
+
+}  // namespace
 
 void RecordingEvents::Form_Load() {
   log_->push_back("Load");
@@ -137,7 +142,9 @@ void FormsTest::show(std::function<void()> steps) {
   events.onShown = before;
 }
 
-void FormsTest::waitUntilActive() const { EXPECT_TRUE(QTest::qWaitForWindowActive(&window())); }
+void FormsTest::waitUntilActive() const {
+  EXPECT_TRUE(QTest::qWaitForWindowActive(&window(), patience));
+}
 
 QDialog& FormsTest::window() const { return dynamic_cast<QDialog&>(*form); }
 

@@ -1,5 +1,6 @@
 #include "scenario/watchdog.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace vexnumkr::scenario {
@@ -49,9 +50,18 @@ void Watchdog::watch() {
       isWatching_ = false;
       bark_(line_, waitingFor_);
     } else {
-      changed_.wait_until(lock, deadline_);
+      waitABit(lock);
     }
   }
+}
+
+// Time in which the whole machine stood still is none that the command has taken.
+void Watchdog::waitABit(std::unique_lock<std::mutex>& lock) {
+  constexpr std::chrono::seconds bit{1};
+  const Clock::time_point before = Clock::now();
+  changed_.wait_until(lock, std::min(deadline_, before + bit));
+  const auto waited = Clock::now() - before;
+  if (waited > 2 * bit) deadline_ += waited - bit;
 }
 
 }  // namespace vexnumkr::scenario

@@ -32,6 +32,7 @@ class Watchdog {
   using Clock = std::chrono::steady_clock;
 
   void watch();
+  void waitABit(std::unique_lock<std::mutex>& lock);
 
   const std::chrono::milliseconds patience_;
   const Bark bark_;

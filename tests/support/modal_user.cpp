@@ -14,6 +14,8 @@
 namespace vexnumkr::test {
 namespace {
 
+constexpr int patience = 60'000;  // milliseconds; a busy machine is no failure
+
 // A step that cannot be taken fails the test; the exception must not pass through Qt.
 void guarded(const std::function<void()>& act) {
   try {
@@ -74,7 +76,7 @@ void ModalUser::closed(QDialog& window) {
 }
 
 void ModalUser::waitUntilActive(const QDialog& dialog) {
-  EXPECT_TRUE(QTest::qWaitFor([&] { return QApplication::activeWindow() == &dialog; }))
+  EXPECT_TRUE(QTest::qWaitFor([&] { return QApplication::activeWindow() == &dialog; }, patience))
       << dialog.objectName().toStdString() << " does not become active";
 }
 
