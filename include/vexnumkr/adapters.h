@@ -16,14 +16,14 @@ namespace vexnumkr {
 /// `connectionString` is a list of `key=value` pairs separated by semicolons, keys without regard
 /// to case: `Driver` and `Database` are required; `Server`, `Port`, `UID`, `PWD` and `Options` (for
 /// Qt's driver, as it writes them) are for engines that are reached over a network. A value that
-/// holds a semicolon or begins or ends with a blank stands in double quotes, a double quote in it is
-/// doubled. docs/datenbank.md has examples.
+/// holds a semicolon or begins or ends with a blank stands in double quotes, a double quote in it
+/// is doubled. docs/datenbank.md has examples.
 ///
 /// QSQLITE: the file must exist (`:memory:` is an empty database of its own); foreign keys are
 /// enforced; a lock is waited for up to five seconds.
-/// QPSQL, QMYSQL, QMARIADB: a Server that is a path is a Unix socket. On MariaDB the connection runs
-/// in strict mode and takes backslashes as they are.
-/// QODBC: `Database` is a DSN or a connection string of ODBC's, for PostgreSQL or SQLite.
+/// QPSQL, QMYSQL, QMARIADB: a Server that is a path is a Unix socket. On MariaDB the connection
+/// runs in strict mode and takes backslashes as they are. QODBC: `Database` is a DSN or a
+/// connection string of ODBC's, for PostgreSQL or SQLite.
 ///
 /// On servers a lost connection is opened again by whatever comes next; its transaction has to be
 /// rolled back first. No error text holds a password.

@@ -89,7 +89,9 @@ TEST_F(InjectionTest, AValueThatIsSavedChangesNoOtherRow) {
           "SELECT Buchungskreis FROM Nummernkreise WHERE NSchl NOT IN ('OPFER', 'LM', 'OPFER2')");
       // MariaDB refuses to insert a text that is too long for its column; the update that takes the
       // insert's place then finds no row to refuse it for.
-      const bool isStored = saved && !(database().engine() == "mariadb" && attempt.size() > 255);
+      const std::size_t width = place == 4 || place == 11 ? 255 : 10;
+      const bool isTooLong = database().engine() == "mariadb" && attempt.size() > width;
+      const bool isStored = saved && !isTooLong;
       EXPECT_EQ(own.size(), isStored ? 1U : 0U) << "one range, or none of it";
       if (!saved) context().Conn().RollbackTrans();
       sql("DELETE FROM Nummernkreise WHERE Buchungskreis=1");
