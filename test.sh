@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Builds everything and runs all tests, on every database engine; the last thing it prints is a table
-# of what has passed on which.
+# Builds everything and runs all tests, on every database engine; the last thing it prints is ctest's
+# summary.
 #
 #   ./test.sh [dev|release|all]
 #
@@ -9,7 +9,7 @@
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")"
 
-usage() { sed -n '2,7s/^# \{0,1\}//p' test.sh; }
+usage() { sed -n '2,8s/^# \{0,1\}//p' test.sh; }
 
 case "${1:-dev}" in
   dev) tested=(dev) ;;
