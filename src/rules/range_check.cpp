@@ -107,15 +107,34 @@ Stretch stretchAt(const XArray& table, std::int32_t row, std::uint32_t sequence)
   return stretch;
 }
 
-// Of all ranges that the loops look at, in the table's order.
+// Numbers the sequences from 0 in the order in which they are come across. Rows of one sequence
+// mostly follow each other.
+class SequenceNumbers {
+ public:
+  std::uint32_t of(TextId sequence) {
+    if (sequence != last_) {
+      const auto next = static_cast<std::uint32_t>(numbers_.size());
+      number_ = numbers_.try_emplace(sequence, next).first->second;
+      last_ = sequence;
+    }
+    return number_;
+  }
+
+ private:
+  std::unordered_map<TextId, std::uint32_t> numbers_;
+  std::optional<TextId> last_;
+  std::uint32_t number_ = 0;
+};
+
+// Of all ranges that the loops look at, in the table's order. Errors of flags that do not convert.
 Stretches checkedStretches(const XArray& table) {
   Stretches stretches;
-  std::unordered_map<TextId, std::uint32_t> sequences;
+  stretches.reserve(static_cast<std::size_t>(table.UpperBound(1) - table.LowerBound(1) + 1));
+  SequenceNumbers sequences;
   for (std::int32_t row = table.LowerBound(1); row <= table.UpperBound(1); ++row) {
-    if (!isChecked(table, row)) continue;
-    const auto next = static_cast<std::uint32_t>(sequences.size());
-    const auto sequence = sequences.try_emplace(sequenceOf(table, row), next).first->second;
-    stretches.push_back(stretchAt(table, row, sequence));
+    const bool active = table.toBoolean(row, column::Aktiviert);
+    if (!active || !isCommon(table, row)) continue;
+    stretches.push_back(stretchAt(table, row, sequences.of(sequenceOf(table, row))));
   }
   return stretches;
 }
@@ -164,32 +183,27 @@ class HighestOfOthers {
 };
 
 // Marks every range of one sequence that overlaps a partner: one that starts before it and ends
-// within or behind it, or one that starts behind its start but not behind its end. `order` is by
-// where they begin.
-void markOverlaps(Stretches& stretches, std::span<const std::uint32_t> order) {
+// within or behind it, or one that starts behind its start but not behind its end. They stand in
+// the order of where they begin.
+void markOverlaps(std::span<Stretch> sequence) {
   HighestOfOthers ends;
-  for (const std::uint32_t place : order) {
-    Stretch& stretch = stretches[place];
+  for (Stretch& stretch : sequence) {
     if (ends.reaches(stretch.low, stretch.identity)) stretch.stopsTheLoops = true;
     ends.add(stretch.identity, stretch.high);
   }
   HighestOfOthers starts;  // negated, so that the lowest one is the highest
-  for (auto place = order.rbegin(); place != order.rend(); ++place) {
-    Stretch& stretch = stretches[*place];
-    if (starts.reaches(-std::int64_t{stretch.high}, stretch.identity)) stretch.stopsTheLoops = true;
-    starts.add(stretch.identity, -std::int64_t{stretch.low});
+  for (auto stretch = sequence.rbegin(); stretch != sequence.rend(); ++stretch) {
+    if (starts.reaches(-std::int64_t{stretch->high}, stretch->identity))
+      stretch->stopsTheLoops = true;
+    starts.add(stretch->identity, -std::int64_t{stretch->low});
   }
 }
 
-void markAllOverlaps(Stretches& stretches) {
-  const std::vector<std::uint32_t> order = orderOf(stretches);
-  for (auto begin = order.begin(); begin != order.end();) {
-    const auto end = std::find_if(begin, order.end(), [&](std::uint32_t place) {
-      return stretches[place].sequence != stretches[*begin].sequence;
-    });
-    markOverlaps(stretches, {begin, end});
-    begin = end;
-  }
+Stretches inOrder(const Stretches& stretches) {
+  Stretches ordered;
+  ordered.reserve(stretches.size());
+  for (const std::uint32_t place : orderOf(stretches)) ordered.push_back(stretches[place]);
+  return ordered;
 }
 
 std::optional<std::int32_t> firstChecked(const XArray& table) {
@@ -198,29 +212,36 @@ std::optional<std::int32_t> firstChecked(const XArray& table) {
   return std::nullopt;
 }
 
-std::optional<std::int32_t> firstThatStops(const XArray& table) {
-  Stretches stretches = checkedStretches(table);
-  markAllOverlaps(stretches);
-  for (const Stretch& stretch : stretches)
-    if (stretch.stopsTheLoops) return stretch.row;
-  return std::nullopt;
+std::optional<std::int32_t> firstThatStops(const Stretches& stretches) {
+  Stretches ordered = inOrder(stretches);
+  for (auto begin = ordered.begin(); begin != ordered.end();) {
+    const auto end = std::find_if(begin, ordered.end(), [&](const Stretch& stretch) {
+      return stretch.sequence != begin->sequence;
+    });
+    markOverlaps({begin, end});
+    begin = end;
+  }
+  std::optional<std::int32_t> first;
+  for (const Stretch& stretch : ordered)
+    if (stretch.stopsTheLoops && (!first || stretch.row < *first)) first = stretch.row;
+  return first;
 }
 
-bool everyFlagConverts(const XArray& table) {
+std::optional<std::int32_t> whereTheLoopsStop(const XArray& table) {
+  Stretches stretches;
   try {
-    for (std::int32_t row = table.LowerBound(1); row <= table.UpperBound(1); ++row)
-      static_cast<void>(table.toBoolean(row, column::Aktiviert));
-    return true;
+    stretches = checkedStretches(table);
   } catch (const Error&) {
-    return false;
+    // A flag that does not convert stops the inner loop for whichever range comes first.
+    return firstChecked(table);
   }
+  return firstThatStops(stretches);
 }
 
 }  // namespace
 
 std::optional<RangeDefect> firstDefect(const XArray& table) {
-  // A flag that does not convert stops the inner loop for whichever range comes first.
-  const auto stop = everyFlagConverts(table) ? firstThatStops(table) : firstChecked(table);
+  const auto stop = whereTheLoopsStop(table);
   return stop ? defectOf(table, *stop) : std::nullopt;
 }
 
