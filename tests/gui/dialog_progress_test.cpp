@@ -1,4 +1,5 @@
 // Long work of the main dialog: what the user sees of it, and what becomes of his input meanwhile.
+#include <QAccessible>
 #include <QCoreApplication>
 #include <QKeyEvent>
 #include <QLabel>
@@ -6,6 +7,7 @@
 #include <QTest>
 #include <QWindow>
 
+#include "adapters/qtgrid/view/grid_view.h"
 #include "support/dialog_session.h"
 
 namespace vexnumkr::test {
@@ -43,6 +45,38 @@ class DialogProgressTest : public DialogSession {
                                     new QKeyEvent(type, key, Qt::NoModifier));
   }
   static bool pointerIsBusy() { return QGuiApplication::overrideCursor() != nullptr; }
+  static void act(QAccessibleInterface* part, const QString& action) {
+    part->actionInterface()->doAction(action);
+  }
+  /// All that assistive technology could do to the dialog with "Nord" of the offers.
+  void actAsAssistiveTechnology() {
+    using Actions = QAccessibleActionInterface;
+    QAccessibleInterface* tree = QAccessible::queryAccessibleInterface(&gridAccess().view());
+    QAccessibleInterface* caption = tree->tableInterface()->cellAt(2, 0);
+    act(caption, Actions::toggleAction());
+    act(caption->child(0), Actions::toggleAction());
+    act(caption, Actions::setFocusAction());
+    act(tree->tableInterface()->cellAt(2, 1), Actions::pressAction());
+    EXPECT_FALSE(tree->tableInterface()->selectRow(6));
+    act(QAccessible::queryAccessibleInterface(&control("cmdCancel")), Actions::pressAction());
+  }
+  /// Saves a new value while `meanwhile` runs; then the ranges in the database, each with
+  /// the number of those who draw from it.
+  Lines savedWhile(const std::function<void()>& meanwhile) {
+    inCompany(2, [&] {
+      enterAValue();
+      everyLookTakes(slow);
+      watch.whenShown = meanwhile;
+      press("cmdOK");
+      EXPECT_FALSE(isOpen());
+      EXPECT_EQ(watch.captions, Lines{"Nummernkreise werden gespeichert…"});
+    });
+    EXPECT_EQ(boxes(), Boxes{});
+    return rows(
+        "SELECT r.Buchungskreis, r.NSchl, COUNT(*) FROM Nummernkreise r LEFT JOIN "
+        "Nummernkreis_Zuordnung z ON z.Buchungskreis = r.Buchungskreis AND z.NSchl = r.NSchl "
+        "GROUP BY r.Buchungskreis, r.NSchl ORDER BY r.NSchl, r.Buchungskreis");
+  }
   void enterAValue() {
     click(2, 3);
     type("160");
@@ -51,6 +85,8 @@ class DialogProgressTest : public DialogSession {
   }
 
   const milliseconds slow{200};
+  const Lines allSaved{"0 | AN | 2", "1 | AN | 2", "2 | AN | 1",
+                       "0 | RE | 3", "1 | RE | 1", "2 | RE | 1"};
   ProgressWatch watch;
 };
 
@@ -117,6 +153,51 @@ TEST_F(DialogProgressTest, WhatTheUserDoesMeanwhileIsDropped) {
     EXPECT_EQ(shown("cboUser"), "Alle Benutzer");
     key("F8");
     EXPECT_EQ(shown("cboUser"), "Anna");
+  });
+}
+
+// Unticking takes rows out of the table whose rows are being written.
+TEST_F(DialogProgressTest, AssistiveTechnologyChangesNothingInMidSave) {
+  const Lines lines = savedWhile([this] {
+    const Lines before = tree();
+    actAsAssistiveTechnology();
+    EXPECT_EQ(tree(), before);
+    EXPECT_EQ(editor(), "none");
+    EXPECT_EQ(range("Alle Benutzer", 1, "AN"), "100|160|199|JNN|True");
+    EXPECT_EQ(range("Max", 1, "AN"), "100|160|199|JNN|True");
+  });
+  EXPECT_EQ(lines, allSaved);
+}
+
+// As it would come from an adapter that asks nobody.
+TEST_F(DialogProgressTest, TheDialogItselfHeedsNoClickInMidSave) {
+  const Lines lines = savedWhile([this] {
+    const Lines before = tree();
+    gridAccess().view().click({2, 1, GridArea::Picture, false});
+    EXPECT_EQ(tree(), before);
+    gridAccess().view().click({2, 3, GridArea::Cell, false});
+    EXPECT_EQ(editor(), "none");
+    EXPECT_EQ(range("Max", 1, "AN"), "100|160|199|JNN|True");
+  });
+  EXPECT_EQ(lines, allSaved);
+}
+
+TEST_F(DialogProgressTest, AssistiveTechnologyChangesNothingUnderABox) {
+  inCompany(2, [&] {
+    click(1, 3);
+    key("Escape");
+    const Lines before = tree();
+    answer("no");
+    whenBoxComes([&] {
+      actAsAssistiveTechnology();
+      EXPECT_EQ(tree(), before);
+      EXPECT_EQ(editor(), "none");
+      EXPECT_EQ(grid().ListIndex(), 1);
+    });
+    press("cmdAuto");
+    EXPECT_TRUE(isOpen());
+    EXPECT_EQ(boxes().size(), 1U);
+    EXPECT_EQ(tree(), before);
   });
 }
 

@@ -128,27 +128,27 @@ void frmNummernkreise::rebuildGrid() {
 }
 
 void frmNummernkreise::cboBuchungskreis_Click() {
-  reporting("cboBuchungskreis_Click", [&] {
+  onInput("cboBuchungskreis_Click", [&] {
     context_.strFilterBuchungskreis(cboBuchungskreis_.Text());
     if (!suppressComboEvents_) rebuildGrid();
   });
 }
 
 void frmNummernkreise::cboUser_Click() {
-  reporting("cboUser_Click", [&] {
+  onInput("cboUser_Click", [&] {
     context_.strFilterUser(cboUser_.Text());
     if (!suppressComboEvents_) rebuildGrid();
   });
 }
 
 void frmNummernkreise::cmdAuto_Click() {
-  reporting("cmdAuto_Click", [&] {
+  onInput("cmdAuto_Click", [&] {
     if (basAllgemein::StartAutoNum(context_)) rebuildGrid();
   });
 }
 
 void frmNummernkreise::cmdBuchungskreise_Click() {
-  reporting("cmdBuchungskreise_Click", [&] {
+  onInput("cmdBuchungskreise_Click", [&] {
     if (!basAllgemein::CallBuchungskreise(context_, context_.Herkunft())) return;
     refillFilter();
     basAllgemein::RefreshInXArray(context_);
@@ -167,7 +167,7 @@ void frmNummernkreise::refillFilter() {
 }
 
 void frmNummernkreise::cmdSonderkreise_Click() {
-  reporting("cmdSonderkreise_Click", [&] {
+  onInput("cmdSonderkreise_Click", [&] {
     {
       frmSonderkreise dialog(context_);
       if (context_.Herkunft() == "ORB")
@@ -180,25 +180,25 @@ void frmNummernkreise::cmdSonderkreise_Click() {
 }
 
 void frmNummernkreise::cmdOptionen_Click() {
-  reporting("cmdOptionen_Click", [&] { frmOptionen(context_).Show(); });
+  onInput("cmdOptionen_Click", [&] { frmOptionen(context_).Show(); });
 }
 
 void frmNummernkreise::cmdOK_Click() {
-  reporting("cmdOK_Click", [&] {
+  onInput("cmdOK_Click", [&] {
     closeMode_ = ByOK;
     form_->Unload();
   });
 }
 
 void frmNummernkreise::cmdCancel_Click() {
-  reporting("cmdCancel_Click", [&] {
+  onInput("cmdCancel_Click", [&] {
     closeMode_ = ByCancel;
     form_->Unload();
   });
 }
 
 void frmNummernkreise::Form_KeyDown(std::int16_t KeyCode, std::int16_t /*Shift*/) {
-  reporting("Form_KeyDown", [&] {
+  onInput("Form_KeyDown", [&] {
     if (!cboUser_.Visible()) return;
     if (KeyCode == key_code::f10) {
       sftNummernkreise_.EndEdit(false);

@@ -67,6 +67,13 @@ class frmNummernkreise final : public MainDialog, private FormEvents, private Tr
     reportingFailures(context_, {"frmNummernkreise", procedure}, std::forward<Body>(body));
   }
 
+  /// For what the user does. In the middle of work, whose rows must not change under it, nothing is
+  /// done; a box that tells of a failure of the work changes nothing about that.
+  template <class Body>
+  void onInput(const char* procedure, Body&& body) {
+    if (!context_.progress().isWorking()) reporting(procedure, std::forward<Body>(body));
+  }
+
   void connectControls();
   void takeIcon();
   void applyApplicationStyle();

@@ -23,7 +23,7 @@ std::int32_t currentItem(const TreeGrid& grid) {
 
 void frmNummernkreise::ItemClick(std::int32_t index, std::int16_t column, GridArea area,
                                  std::int16_t button) {
-  reporting("sftNummernkreise_ItemClick", [&] {
+  onInput("sftNummernkreise_ItemClick", [&] {
     if (button != leftButton) return;
     if (area == GridArea::Picture && !isGroup(sftNummernkreise_, index))
       basAllgemein::CheckBoxHandling(context_, index, cboUser_.Text(), cboBuchungskreis_.Text());
@@ -33,7 +33,7 @@ void frmNummernkreise::ItemClick(std::int32_t index, std::int16_t column, GridAr
 }
 
 void frmNummernkreise::KeyDown(std::int16_t key) {
-  reporting("sftNummernkreise_KeyDown", [&] {
+  onInput("sftNummernkreise_KeyDown", [&] {
     if (key != key_code::space && key != key_code::f2) return;
     const std::int32_t index = currentItem(sftNummernkreise_);
     if (index < 0 || isGroup(sftNummernkreise_, index)) return;
@@ -46,7 +46,7 @@ void frmNummernkreise::KeyDown(std::int16_t key) {
 
 void frmNummernkreise::CEKeyDown(std::int16_t& key, std::int16_t shift, std::int32_t index,
                                  std::int16_t column) {
-  reporting("sftNummernkreise_CEKeyDown", [&] {
+  onInput("sftNummernkreise_CEKeyDown", [&] {
     const EditorMove move = editorMove(sftNummernkreise_, key, shift, index, column);
     if (!move.moves) return;
     key = 0;
@@ -57,7 +57,8 @@ void frmNummernkreise::CEKeyDown(std::int16_t& key, std::int16_t shift, std::int
 
 void frmNummernkreise::AfterEdit(std::int32_t index, std::int16_t column, bool& cancel,
                                  std::string& text) {
-  reporting("sftNummernkreise_AfterEdit", [&] {
+  cancel = context_.progress().isWorking();
+  onInput("sftNummernkreise_AfterEdit", [&] {
     const bool numeric = column >= grid_column::Start && column < grid_column::Maske;
     if (numeric && (!basAllgemein::CheckValue(context_, text) || text.empty())) {
       cancel = true;

@@ -5,6 +5,7 @@
 
 #include "adapters/qtforms/access_key.h"
 #include "adapters/qtforms/guarded.h"
+#include "adapters/qtgrid/accessible/assistive_action.h"
 
 namespace vexnumkr::qtforms {
 namespace {
@@ -50,7 +51,9 @@ void ButtonControl::fit() {
                          widget_.width() - 2 * frameWidth));
 }
 
+// A press by assistive technology is no event that a modal window keeps from the button.
 void ButtonControl::click() {
+  if (!takesAssistiveActions(widget_)) return;
   if (!edits_.settle(role_ != ButtonRole::Cancel)) return;
   if (handler_) guarded("Click", handler_);
 }

@@ -3,10 +3,13 @@
 #include <QGuiApplication>
 #include <QMouseEvent>
 
+#include "adapters/qtgrid/accessible/assistive_action.h"
+
 namespace vexnumkr::qtforms {
 namespace {
 
 bool isInput(const QEvent& event) {
+  if (event.type() == assistiveActionEvent()) return true;
   switch (event.type()) {
     case QEvent::KeyPress:
     case QEvent::KeyRelease:

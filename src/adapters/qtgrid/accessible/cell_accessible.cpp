@@ -145,7 +145,7 @@ QString CellAccessible::localizedActionName(const QString& name) const {
 }
 
 void CellAccessible::doAction(const QString& name) {
-  if (!actionNames().contains(name)) return;
+  if (!actionNames().contains(name) || !takesActions()) return;
   if (name == Actions::setFocusAction()) {
     view().choose(item_);
     view().setFocus(Qt::OtherFocusReason);

@@ -10,7 +10,8 @@ namespace vexnumkr {
 /// the keys move between rows and not between cells. Its child is the picture.
 ///
 /// Actions are those of the mouse: a press expands or collapses a group, chooses an option button
-/// and opens the editor of a cell that takes entries; a check box is toggled.
+/// and opens the editor of a cell that takes entries; a check box is toggled. While the mouse could
+/// not reach the grid, under a message box or during work, they do nothing.
 class CellAccessible final : public GridPart,
                              public QAccessibleTableCellInterface,
 #if QT_VERSION >= QT_VERSION_CHECK(6, 8, 0)

@@ -3,6 +3,7 @@
 #include <QHeaderView>
 #include <algorithm>
 
+#include "adapters/qtgrid/accessible/assistive_action.h"
 #include "adapters/qtgrid/accessible/cell_accessible.h"
 #include "adapters/qtgrid/accessible/header_accessible.h"
 #include "adapters/qtgrid/accessible/picture_accessible.h"
@@ -146,13 +147,13 @@ QList<int> GridAccessible::selectedRows() const {
 bool GridAccessible::isRowSelected(int row) const { return selectedRows().contains(row); }
 
 bool GridAccessible::selectRow(int row) {
-  if (itemAt(row) < 0) return false;
+  if (itemAt(row) < 0 || !takesAssistiveActions(view())) return false;
   view().choose(itemAt(row));
   return isRowSelected(row);
 }
 
 bool GridAccessible::unselectRow(int row) {
-  if (!isRowSelected(row)) return false;
+  if (!isRowSelected(row) || !takesAssistiveActions(view())) return false;
   view().selectItem(itemAt(row), false);
   return true;
 }

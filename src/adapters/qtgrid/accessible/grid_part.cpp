@@ -1,5 +1,7 @@
 #include "adapters/qtgrid/accessible/grid_part.h"
 
+#include "adapters/qtgrid/accessible/assistive_action.h"
+
 namespace vexnumkr {
 
 // Without the blanks that keep a cell from being empty.
@@ -11,6 +13,8 @@ QRect GridPart::onScreen(const QRect& area) const {
   if (area.isEmpty()) return {};
   return {view().viewport()->mapToGlobal(area.topLeft()), area.size()};
 }
+
+bool GridPart::takesActions() const { return takesAssistiveActions(view()); }
 
 void GridPart::click(int item, int section, GridArea area, bool onArrow) const {
   view().click({item, model().columnOf(section), area, onArrow});

@@ -37,6 +37,8 @@ class GridPart : public QAccessibleInterface {
   QString textOf(int item, int section) const;
   /// `area` of the viewport on the screen.
   QRect onScreen(const QRect& area) const;
+  /// Whether actions may do anything now.
+  bool takesActions() const;
   /// As a click of the left mouse button.
   void click(int item, int section, GridArea area, bool onArrow = false) const;
 

@@ -52,7 +52,7 @@ QString PictureAccessible::localizedActionName(const QString&) const {
 }
 
 void PictureAccessible::doAction(const QString& name) {
-  if (isValid() && name == action()) click(item_, 0, GridArea::Picture);
+  if (isValid() && name == action() && takesActions()) click(item_, 0, GridArea::Picture);
 }
 
 QStringList PictureAccessible::keyBindingsForAction(const QString& name) const {
