@@ -219,18 +219,34 @@ TEST_F(FormsProgressTest, InputAheadOfShortWorkIsKept) {
             Log{"KeyDown 119 0"});
 }
 
-// The press has been seen, so its end has to be seen too.
-TEST_F(FormsProgressTest, AButtonHeldBeforeIsReleased) {
+// The press has been seen, so its end has to be seen too; but it must not become a click.
+TEST_F(FormsProgressTest, AButtonHeldBeforeIsReleasedWithoutAClick) {
   auto& pressed = widget<QPushButton>("cmdAuto");
   const QPoint place = pressed.mapTo(&window(), pressed.rect().center());
-  heard([&] {
-    QTest::mousePress(window().windowHandle(), Qt::LeftButton, {}, place);
-    EXPECT_TRUE(pressed.isDown());
-    longWork();
-    QTest::mouseRelease(window().windowHandle(), Qt::LeftButton, {}, place);
-    display_->End();
-    EXPECT_FALSE(pressed.isDown());
-  });
+  EXPECT_EQ(heard([&] {
+              QTest::mousePress(window().windowHandle(), Qt::LeftButton, {}, place);
+              EXPECT_TRUE(pressed.isDown());
+              longWork();
+              EXPECT_FALSE(pressed.isDown());
+              QTest::mouseRelease(window().windowHandle(), Qt::LeftButton, {}, place);
+              display_->End();
+              EXPECT_FALSE(pressed.isDown());
+            }),
+            Log{});
+}
+
+TEST_F(FormsProgressTest, AButtonHeldThroughTheWorkIsNotClickedAfterwardsEither) {
+  const QWidget& pressed = widget("cmdAuto");
+  const QPoint place = pressed.mapTo(&window(), pressed.rect().center());
+  EXPECT_EQ(heard([&] {
+              QTest::mousePress(window().windowHandle(), Qt::LeftButton, {}, place);
+              longWork();
+              display_->End();
+              QTest::mouseRelease(window().windowHandle(), Qt::LeftButton, {}, place);
+              EXPECT_EQ(events.log(), Log{});
+              click(widget("cmdAuto"));
+            }),
+            Log{"cmdAuto"});
 }
 
 TEST_F(FormsProgressTest, TheHostsTimersWaitUntilTheWorkIsDone) {

@@ -1,7 +1,9 @@
 #include "adapters/qtforms/progress/input_shield.h"
 
-#include <QGuiApplication>
+#include <QApplication>
 #include <QMouseEvent>
+#include <QWidget>
+#include <QWindow>
 
 #include "adapters/qtgrid/accessible/assistive_action.h"
 
@@ -44,26 +46,44 @@ bool isInput(const QEvent& event) {
   }
 }
 
+// Where no widget is: what is released there is not clicked.
+constexpr QPointF nowhere{-20000, -20000};
+
+QWindow* windowInFront() {
+  const QWidget* modal = QApplication::activeModalWidget();
+  const QWidget* window = modal != nullptr ? modal : QApplication::activeWindow();
+  return window != nullptr ? window->windowHandle() : nullptr;
+}
+
+// The window passes a release on to the widget that was pressed, wherever it takes place.
+void releaseHeldButtons() {
+  QWindow* window = windowInFront();
+  if (window == nullptr) return;
+  Qt::MouseButtons held = QGuiApplication::mouseButtons();
+  for (const auto button : {Qt::LeftButton, Qt::RightButton, Qt::MiddleButton}) {
+    if (!held.testFlag(button)) continue;
+    held.setFlag(button, false);
+    QMouseEvent release(QEvent::MouseButtonRelease, nowhere, nowhere, nowhere, button, held,
+                        QGuiApplication::keyboardModifiers());
+    QCoreApplication::sendEvent(window, &release);
+  }
+}
+
 }  // namespace
 
-InputShield::InputShield() : held_(QGuiApplication::mouseButtons()) {
+InputShield::InputShield() {
+  releaseHeldButtons();
   QCoreApplication::instance()->installEventFilter(this);
 }
 
 InputShield::~InputShield() { QCoreApplication::instance()->removeEventFilter(this); }
 
 bool InputShield::eventFilter(QObject* /*receiver*/, QEvent* event) {
-  if (!isInput(*event) || endsEarlierPress(*event)) return false;
+  if (!isInput(*event)) return false;
   // A key asked for as a shortcut is looked for among the shortcuts unless somebody takes it; a
   // window whose close is not refused closes.
   event->setAccepted(event->type() == QEvent::ShortcutOverride);
   return true;
-}
-
-bool InputShield::endsEarlierPress(const QEvent& event) {
-  if (event.type() != QEvent::MouseButtonRelease) return false;
-  const Qt::MouseButton button = static_cast<const QMouseEvent&>(event).button();
-  return held_.testFlag(button);
 }
 
 }  // namespace vexnumkr::qtforms
