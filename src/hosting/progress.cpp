@@ -14,10 +14,11 @@ void Progress::begin(const std::string& caption) {
   if (display_ != nullptr) display_->Begin(caption);
 }
 
+// What the host has queued may run while the display goes: still in the middle of work.
 void Progress::end() {
-  working_ = false;
   next_ = never;
   if (display_ != nullptr) display_->End();
+  working_ = false;
   forms_.SetMousePointer(MousePointer::Default);
 }
 

@@ -127,6 +127,14 @@ TEST_F(ProgressTest, AFailureEndsTheWork) {
   EXPECT_FALSE(progress.isWorking());
 }
 
+TEST_F(ProgressTest, WorkGoesOnUntilItsDisplayHasGone) {
+  bool working = false;
+  display_.onEnd = [&] { working = progress.isWorking(); };
+  { const Work work(progress, "Arbeit"); }
+  EXPECT_TRUE(working);
+  EXPECT_FALSE(progress.isWorking());
+}
+
 TEST_F(ProgressTest, StepsOutsideOfWorkAreNotShown) {
   progress.expect(3);
   progress.advance();

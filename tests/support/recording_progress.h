@@ -17,7 +17,10 @@ class RecordingProgress final : public ProgressDisplay {
     log_.push_back(std::to_string(thousandths));
     if (onShow) onShow(thousandths);
   }
-  void End() noexcept override { log_.emplace_back("end"); }
+  void End() noexcept override {
+    log_.emplace_back("end");
+    if (onEnd) onEnd();
+  }
   void Pause() noexcept override { log_.emplace_back("pause"); }
   void Resume() noexcept override { log_.emplace_back("resume"); }
 
@@ -26,6 +29,7 @@ class RecordingProgress final : public ProgressDisplay {
   std::vector<std::string> takeLog() { return std::exchange(log_, {}); }
 
   std::function<void(int thousandths)> onShow;
+  std::function<void()> onEnd;
 
  private:
   std::vector<std::string> log_;
