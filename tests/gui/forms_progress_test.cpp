@@ -312,6 +312,30 @@ TEST_F(FormsProgressTest, ABoxInAPauseCanBeAnswered) {
             Log{});
 }
 
+// Fails the making of the progress window.
+class WindowFault final : public QObject {
+ public:
+  WindowFault() { qApp->installEventFilter(this); }
+  bool eventFilter(QObject* receiver, QEvent* event) override {
+    if (receiver->objectName() != QLatin1String("progress")) return false;
+    if (event->type() == QEvent::WindowTitleChange) throw std::bad_alloc();
+    return false;
+  }
+};
+
+TEST_F(FormsProgressTest, InputIsNotKeptBackWithoutAWindow) {
+  EXPECT_EQ(heard([&] {
+              {
+                const WindowFault fault;
+                longWork();
+                EXPECT_EQ(shown(), nullptr);
+              }
+              display_->End();
+              click(widget("cmdAuto"));
+            }),
+            Log{"cmdAuto"});
+}
+
 TEST_F(FormsProgressTest, ItGoesWithItsDisplay) {
   longWork();
   ASSERT_NE(shown(), nullptr);

@@ -66,20 +66,25 @@ class QtProgressDisplay final : public ProgressDisplay {
     QCoreApplication::processEvents(windowEvents | QEventLoop::ExcludeUserInputEvents);
   }
 
+  // Nobody's input is kept from him without a window that says why.
   void open() {
+    auto window = std::make_unique<ProgressWindow>(caption_);
     shield_.emplace();
-    window_ = std::make_unique<ProgressWindow>(caption_);
+    window_ = std::move(window);
   }
 
   // What the user has done while the window was up is meant for nobody.
   void close() {
-    if (!window_) return;
+    if (window_) dropInput();
+    window_.reset();
+    shield_.reset();
+  }
+
+  static void dropInput() {
     for (int round = 0; round < rounds; ++round) {
       QAbstractEventDispatcher::instance()->wakeUp();  // input passed over before counts as new
       QCoreApplication::processEvents(windowEvents);
     }
-    window_.reset();
-    shield_.reset();
   }
 
   using TimePoint = std::chrono::steady_clock::time_point;
