@@ -3,6 +3,7 @@
 #include <array>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 #include "data/booking_circles.h"
 #include "data/loading.h"
@@ -56,7 +57,6 @@ std::int64_t lackingRows(const XArray& table, const XArray& circles) {
 
 void addOrRenameCircles(HostContext& context) {
   const XArray& list = context.Buchungskreise();
-  context.progress().expect(lackingRows(context.XArray(), list));
   for (std::int32_t j = list.LowerBound(1); j <= list.UpperBound(1); ++j) {
     const std::int32_t circle = list.toLong(j, circle_column::Buchungskreis);
     if (circle == 0) continue;
@@ -71,13 +71,24 @@ void addOrRenameCircles(HostContext& context) {
   }
 }
 
-// `before` is the table as it was before circles were added and renamed.
-void removeMissingCircles(HostContext& context, const XArray& before) {
-  for (std::int32_t k = before.LowerBound(1); k <= before.UpperBound(1); ++k) {
-    if (!before.equals(k, column::Benutzer, alleBenutzer)) continue;
-    const std::int32_t circle = before.toLong(k, column::Buchungskreis);
-    if (circle == 0 || isListedCircle(context, circle)) continue;
-    DeleteInXArray(context, circle, before.toText(k, column::NSchl), true);
+// The common rows of `table` whose circle is no longer listed.
+std::vector<std::int32_t> rowsOfMissingCircles(HostContext& context, const XArray& table) {
+  std::vector<std::int32_t> rows;
+  for (std::int32_t row = table.LowerBound(1); row <= table.UpperBound(1); ++row) {
+    if (!table.equals(row, column::Benutzer, alleBenutzer)) continue;
+    const std::int32_t circle = table.toLong(row, column::Buchungskreis);
+    if (circle != 0 && !isListedCircle(context, circle)) rows.push_back(row);
+  }
+  return rows;
+}
+
+// The rows are those of `before`, the table as it was before circles were added and renamed.
+void removeMissingCircles(HostContext& context, const XArray& before,
+                          const std::vector<std::int32_t>& rows) {
+  for (const std::int32_t row : rows) {
+    DeleteInXArray(context, before.toLong(row, column::Buchungskreis),
+                   before.toText(row, column::NSchl), true);
+    context.progress().advance();
   }
 }
 
@@ -121,8 +132,11 @@ void RefreshInXArray(HostContext& context) {
     const Work work(context.progress(), "Nummernkreise werden übernommen…");
     XArray before = XArray::withColumns(column::last);
     CopyXArrayDB(context, context.XArray(), before);
+    const std::vector<std::int32_t> missing = rowsOfMissingCircles(context, before);
+    context.progress().expect(lackingRows(before, context.Buchungskreise()) +
+                              static_cast<std::int64_t>(missing.size()));
     addOrRenameCircles(context);
-    removeMissingCircles(context, before);
+    removeMissingCircles(context, before, missing);
     context.progress().finish();
   });
 }

@@ -86,6 +86,15 @@ TEST_F(FormsProgressTest, ShortWorkIsNotShown) {
   });
 }
 
+TEST_F(FormsProgressTest, WorkThatIsDoneIsNotShownAnyMore) {
+  show([&] {
+    display_->Begin("Ein langer Schritt");
+    after(progressDelay, ProgressDisplay::full);
+    EXPECT_EQ(shown(), nullptr);
+    display_->End();
+  });
+}
+
 TEST_F(FormsProgressTest, LongWorkIsShownWithItsCaptionAndBar) {
   show([&] {
     longWork();

@@ -178,6 +178,19 @@ TEST_F(LongWorkTest, NewCirclesCountTheRowsThatTheyGet) {
   EXPECT_EQ(log().front(), "begin Nummernkreise werden übernommen…");
 }
 
+TEST_F(LongWorkTest, MissingCirclesCountTheRowsThatTheyLose) {
+  for (const char* key : {"AN", "RE"}) stored(0, key);
+  circles(3);
+  start(1, {"Anna"});
+  load();
+  sql("DELETE FROM Nummernkreis_Buchungskreise WHERE Buchungskreis > 1");
+  basAllgemein::RefreshCombo(context(), nullptr);
+  log();
+  basAllgemein::RefreshInXArray(context());
+  EXPECT_EQ(log(),
+            (Texts{"begin Nummernkreise werden übernommen…", "250", "500", "750", "1000", "end"}));
+}
+
 TEST_F(LongWorkTest, NumberingCountsTheRows) {
   start(1);
   for (int i = 0; i < 8; ++i) range(alleBenutzer, i, "RE", 1);

@@ -56,7 +56,8 @@ class QtProgressDisplay final : public ProgressDisplay {
   void show(int thousandths) {
     const auto now = now_();
     if (!window_) {
-      if (now - begun_ < progressDelay) return;
+      // Work that is done shows no window, which would only flash.
+      if (thousandths == full || now - begun_ < progressDelay) return;
       open();
     } else if (now - painted_ < repaintInterval) {
       return;
