@@ -16,7 +16,7 @@ void Progress::begin(const std::string& caption) {
 
 // What the host has queued may run while the display goes: still in the middle of work.
 void Progress::end() {
-  next_ = never;
+  isShown_ = false;
   if (display_ != nullptr) display_->End();
   working_ = false;
   forms_.SetMousePointer(MousePointer::Default);
@@ -38,7 +38,7 @@ void Progress::expect(std::int64_t steps) {
   base_ = shown_;
   steps_ = steps;
   done_ = 0;
-  next_ = working_ && display_ != nullptr && steps > 0 && base_ < ProgressDisplay::full ? 1 : never;
+  isShown_ = working_ && display_ != nullptr && steps > 0 && base_ < ProgressDisplay::full;
 }
 
 void Progress::finish() {
@@ -52,14 +52,9 @@ int Progress::position() const {
 }
 
 void Progress::show() {
-  const int reached = position();
-  if (reached > shown_) {
-    shown_ = reached;
-    display_->Show(shown_);
-  }
-  const std::int64_t left = ProgressDisplay::full - base_;
-  const std::int64_t wanted = shown_ + 1 - base_;
-  next_ = shown_ == ProgressDisplay::full ? never : (wanted * steps_ + left - 1) / left;
+  shown_ = position();
+  isShown_ = shown_ < ProgressDisplay::full;
+  display_->Show(shown_);
 }
 
 Work::~Work() {

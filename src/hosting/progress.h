@@ -2,7 +2,6 @@
 #pragma once
 
 #include <cstdint>
-#include <limits>
 #include <string>
 
 #include "platform/forms.h"
@@ -13,8 +12,8 @@ namespace vexnumkr {
 /// Turns the steps of a piece of work into what a display shows: a position that only ever rises
 /// and is full when the last step is done.
 ///
-/// A step costs an addition and a comparison; the display hears of at most a thousand of them.
-/// Steps outside of any work count for nothing.
+/// The display hears of every step until it is full, so that time passes for it however slowly the
+/// position rises. Steps outside of any work count for nothing.
 class Progress {
  public:
   /// Both are borrowed. Without a display only the mouse pointer tells of work.
@@ -29,7 +28,7 @@ class Progress {
   void expect(std::int64_t steps);
   void advance(std::int64_t steps = 1) {
     done_ += steps;
-    if (done_ >= next_) show();
+    if (isShown_) show();
   }
   /// The work is done, also where it took fewer steps than expected.
   void finish();
@@ -37,8 +36,6 @@ class Progress {
  private:
   friend class Work;
   friend class WorkPause;
-
-  static constexpr std::int64_t never = std::numeric_limits<std::int64_t>::max();
 
   void begin(const std::string& caption);
   void end();
@@ -55,7 +52,7 @@ class Progress {
   int shown_ = 0;           // the position that the display shows
   std::int64_t steps_ = 0;  // from base_ to full
   std::int64_t done_ = 0;
-  std::int64_t next_ = never;  // the number of steps done at which the display shows more
+  bool isShown_ = false;  // whether there is more to show to a display
 };
 
 /// A piece of work, from its making to its end, by success or failure. The mouse pointer is busy

@@ -19,7 +19,8 @@ class ProgressDisplay {
   virtual ~ProgressDisplay() = default;
   /// Work begins. REQUIRES: none is going on.
   virtual void Begin(const std::string& caption) noexcept = 0;
-  /// So many thousandths of the work are done; more than Show said before.
+  /// One more step is done, so many thousandths of the work by now; never fewer than Show said
+  /// before. Steps are many: what shows nothing new costs a look at the clock.
   virtual void Show(int thousandths) noexcept = 0;
   /// The work is done or has failed.
   virtual void End() noexcept = 0;

@@ -40,15 +40,18 @@ TEST_F(ProgressTest, EveryStepIsShownWhereThereAreFew) {
   EXPECT_EQ(log(), (Log{"begin Arbeit", "250", "500", "750", "1000", "end"}));
 }
 
-TEST_F(ProgressTest, ManyStepsAreShownAThousandTimes) {
+// A step may be a statement to a slow server, and the display waits for its time to come.
+TEST_F(ProgressTest, TheDisplayHearsOfEveryStepUntilItIsFull) {
   const Work work(progress, "Arbeit");
   constexpr int steps = 123'457;
   progress.expect(steps);
   log();
   for (std::int64_t step = 1; step <= steps; ++step) {
     progress.advance();
-    for (const std::string& shown : log()) EXPECT_EQ(shown, std::to_string(step * 1000 / steps));
+    ASSERT_EQ(positions(), std::vector{static_cast<int>(step * 1000 / steps)});
   }
+  progress.advance();
+  EXPECT_EQ(log(), Log{});
 }
 
 TEST_F(ProgressTest, StepsCanBeTakenAtOnce) {
@@ -107,7 +110,7 @@ TEST_F(ProgressTest, WhateverIsExpectedThePositionOnlyRises) {
     }
     int before = 0;
     for (const int position : positions()) {
-      ASSERT_GT(position, before) << "seed " << seed;
+      ASSERT_GE(position, before) << "seed " << seed;
       before = position;
     }
     ASSERT_EQ(before, ProgressDisplay::full) << "seed " << seed;
