@@ -112,6 +112,35 @@ TEST_F(DialogProgressTest, LoadingIsShownBeforeTheDialogIs) {
   });
 }
 
+TEST_F(DialogProgressTest, ThePointerIsBusyBeforeTheRangesAreRead) {
+  std::vector<bool> pointers;
+  host().whenAsked = [&] { pointers.push_back(pointerIsBusy()); };
+  inCompany(2, [&] {
+    EXPECT_EQ(pointers, std::vector{true});
+    EXPECT_FALSE(pointerIsBusy());
+  });
+}
+
+TEST_F(DialogProgressTest, SavingSpecialRangesIsShown) {
+  for (const char* key : {"A1", "A2", "A3", "A4"})
+    sql(std::string("INSERT INTO Nummernkreis_Sonderkreise VALUES ('") + key +
+        "', 'AN', 'Messe', 0, 'ORC')");
+  inCompany(2, [&] {
+    expectDialog("frmSonderkreise", [&] {
+      everyLookTakes(slow);
+      watch.whenShown = [&] {
+        everyLookTakes(milliseconds(0));
+        EXPECT_EQ(windows().back(), "open frmSonderkreise");
+      };
+      press("cmdOK");
+    });
+    press("cmdSonderkreise");
+    EXPECT_EQ(watch.captions, Lines{"Sonderkreise werden gespeichert…"});
+    EXPECT_EQ(watch.pointers, std::vector{true});
+    EXPECT_FALSE(pointerIsBusy());
+  });
+}
+
 TEST_F(DialogProgressTest, SavingIsShown) {
   inCompany(2, [&] {
     enterAValue();

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <algorithm>
+#include <functional>
 #include <map>
 #include <memory>
 #include <string>
@@ -64,6 +65,7 @@ class KeptSettings final : public SettingsStore {
 class DialogHost final : public HostComponents {
  public:
   std::unique_ptr<HostComponent> CreateObject(const std::string& name) override {
+    if (whenAsked) whenAsked();
     if (name == component_name::settings && hasSettings)
       return std::make_unique<KeptSettings>(settings);
     return plain.CreateObject(name);
@@ -72,6 +74,8 @@ class DialogHost final : public HostComponents {
   HostMessages* Messages() override { return plain.messages; }
 
   PlainHost plain;
+  /// Runs whenever an object is asked for.
+  std::function<void()> whenAsked;
   bool hasSettings = true;
   SettingsCalls settings;
 };

@@ -65,13 +65,7 @@ void frmNummernkreise::Form_Load() {
   reporting("Form_Load", [&] {
     layout_.emplace(*form_);
     closeMode_ = NotClosing;
-    basAllgemein::basInititialize(context_);
-    sftNummernkreise_.CellButtonPicture(form_->control<PictureHolder>("UglyButtons").Picture());
-    applyApplicationStyle();
-    context_.sftNummernkreise(&sftNummernkreise_);
-    storePictures();
-    form_->control<Button>("cmdSonderkreise").Visible(basAllgemein::CheckSonderkreise(context_));
-    basAllgemein::RefreshCombo(context_, &cboBuchungskreis_);
+    prepare();
     cboBuchungskreis_.ListIndex(0);
     fillUserCombo();
     ShowUserCombo();
@@ -82,6 +76,18 @@ void frmNummernkreise::Form_Load() {
     cboUser_.ListIndex(0);
     context_.Conn().BeginTrans();
   });
+}
+
+// What is asked of the database ahead of the ranges; a slow server keeps the pointer busy.
+void frmNummernkreise::prepare() {
+  const Work work(context_.progress(), "Nummernkreise werden geladen…");
+  basAllgemein::basInititialize(context_);
+  sftNummernkreise_.CellButtonPicture(form_->control<PictureHolder>("UglyButtons").Picture());
+  applyApplicationStyle();
+  context_.sftNummernkreise(&sftNummernkreise_);
+  storePictures();
+  form_->control<Button>("cmdSonderkreise").Visible(basAllgemein::CheckSonderkreise(context_));
+  basAllgemein::RefreshCombo(context_, &cboBuchungskreis_);
 }
 
 // A host that cannot deliver the icon is told of; the dialog does without.

@@ -76,6 +76,7 @@ class frmNummernkreise final : public MainDialog, private FormEvents, private Tr
 
   void connectControls();
   void takeIcon();
+  void prepare();
   void applyApplicationStyle();
   void storePictures();
   void fillUserCombo();

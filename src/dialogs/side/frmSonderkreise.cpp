@@ -64,11 +64,14 @@ void frmSonderkreise::Form_Load() {
 void frmSonderkreise::SaveSettings() {
   reportingFailures(context_, {moduleName, "SaveSettings"}, [&] {
     if (records_ == nullptr || lstSonderkreise_.ListCount() == 0) return;
+    const Work work(context_.progress(), "Sonderkreise werden gespeichert…");
+    context_.progress().expect(lstSonderkreise_.ListCount());
     records_->MoveFirst();
     for (std::int32_t i = 0; i < lstSonderkreise_.ListCount(); ++i) {
       records_->Fields("Aktiviert", lstSonderkreise_.Selected(i));
       records_->Update();
       records_->MoveNext();
+      context_.progress().advance();
     }
   });
 }
