@@ -9,21 +9,21 @@
 CREATE TABLE Nummernkreise (
   Buchungskreis  INTEGER NOT NULL,
   NSchl          VARCHAR(10) NOT NULL,
-  NBezeichnung   VARCHAR(255),
+  NBezeichnung   MEDIUMTEXT,
   StartWert      INTEGER,
   AktuellerWert  INTEGER,
   EndWert        INTEGER,
   Aktiviert      SMALLINT,
   SortierIndex   INTEGER,
   IstNSchlVon    VARCHAR(10),
-  Maske          VARCHAR(255),
+  Maske          MEDIUMTEXT,
   PRIMARY KEY (Buchungskreis, NSchl)
 ) ENGINE = InnoDB CHARACTER SET utf8mb4 COLLATE utf8mb4_nopad_bin;
 
 -- The booking circles of each origin. A number that both origins list is shared by them.
 CREATE TABLE Nummernkreis_Buchungskreise (
   Buchungskreis  INTEGER NOT NULL,
-  Beschreibung   VARCHAR(255),
+  Beschreibung   MEDIUMTEXT,
   Herkunft       VARCHAR(3) NOT NULL,
   PRIMARY KEY (Herkunft, Buchungskreis)
 ) ENGINE = InnoDB CHARACTER SET utf8mb4 COLLATE utf8mb4_nopad_bin;
@@ -43,7 +43,7 @@ CREATE INDEX Nummernkreis_Zuordnung_Alle
 CREATE TABLE Nummernkreis_Sonderkreise (
   U_NSchl        VARCHAR(10) NOT NULL,
   NSchl          VARCHAR(10),
-  NBezeichnung   VARCHAR(255),
+  NBezeichnung   MEDIUMTEXT,
   Aktiviert      SMALLINT,
   Herkunft       VARCHAR(3) NOT NULL,
   PRIMARY KEY (Herkunft, U_NSchl)
