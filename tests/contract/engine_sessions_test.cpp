@@ -248,6 +248,60 @@ TEST_F(EngineSessions, AfterADeadlockNothingIsCommittedByItself) {
   EXPECT_EQ(stored().front(), "'mein'");
 }
 
+// The row is not there, so the update in place of the failed insert would find none and succeed.
+TEST_F(EngineSessions, AfterALockThatCouldNotBeHadNothingGoesOnBeforeTheRollBack) {
+  if (isSqlite()) GTEST_SKIP() << "there is one lock, which the first change takes";
+  const auto other = open();
+  other->BeginTrans();
+  test::run(*other, "INSERT INTO Kreise VALUES (2, 'fremd', 0)");
+  run(isPostgresql() ? "SET lock_timeout = '1s'" : "SET SESSION innodb_lock_wait_timeout = 1");
+  conn->BeginTrans();
+  run("INSERT INTO Kreise VALUES (1, 'mein', 0)");
+  const Error locked = errorOf(*conn, "INSERT INTO Kreise VALUES (2, 'mein', 0)");
+  EXPECT_NE(locked.number(), 0);
+  other->RollbackTrans();
+  EXPECT_EQ(errorOf(*conn, "UPDATE Kreise SET Text = 'mein' WHERE Nr = 2").description(),
+            locked.description());
+  EXPECT_EQ(errorOf([&] { conn->CommitTrans(); }).description(), locked.description());
+  conn->RollbackTrans();
+  EXPECT_EQ(stored(), Texts{});
+  conn->BeginTrans();
+  run("INSERT INTO Kreise VALUES (2, 'mein', 0)");
+  conn->CommitTrans();
+  EXPECT_EQ(stored(), Texts{"'mein'"});
+}
+
+TEST_F(EngineSessions, AfterATextThatDoesNotFitNothingGoesOnBeforeTheRollBack) {
+  if (isSqlite()) GTEST_SKIP() << "every text fits";
+  conn->BeginTrans();
+  const Error tooLong =
+      errorOf(*conn, "INSERT INTO Kreise VALUES (2, '" + std::string(101, 'x') + "', 0)");
+  EXPECT_NE(tooLong.number(), 0);
+  EXPECT_EQ(errorOf(*conn, "UPDATE Kreise SET Wahr = 0 WHERE Nr = 2").description(),
+            tooLong.description());
+  conn->RollbackTrans();
+  EXPECT_EQ(run("INSERT INTO Kreise VALUES (2, 'kurz', 0)"), 1);
+}
+
+TEST_F(EngineSessions, AConnectionThatGoesRollsBackWhatAFailureHasEnded) {
+  const auto settings = qtsql::parseConnectionString(database.connectionString());
+  const qtsql::DatabaseHandle host(qtsql::driverOf(settings.driver), settings);
+  if (isSqlite()) GTEST_SKIP() << "every text fits";
+  {
+    const auto borrowed = borrowQtSqlConnection(host.get());
+    borrowed->BeginTrans();
+    test::run(*borrowed, "INSERT INTO Kreise VALUES (1, 'mein', 0)");
+    test::run(*borrowed, isPostgresql() ? "SELECT 1" : "SET sql_mode = 'STRICT_TRANS_TABLES'");
+    EXPECT_NE(
+        errorOf(*borrowed, "INSERT INTO Kreise VALUES (2, '" + std::string(101, 'x') + "', 0)")
+            .number(),
+        0);
+  }
+  QSqlQuery own(host.get());
+  ASSERT_TRUE(own.exec(QStringLiteral("INSERT INTO Kreise VALUES (3, 'Wirt', 0)")));
+  EXPECT_EQ(stored(), Texts{"'Wirt'"});
+}
+
 TEST_F(EngineSessions, AConnectionThatWasEndedComesBackButNotItsTransaction) {
   if (isSqlite()) GTEST_SKIP() << "there is no server";
   const auto end = [&] {

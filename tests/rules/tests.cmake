@@ -8,9 +8,10 @@ vexnumkr_core_test(rules/validation_large_test unit)
 vexnumkr_test(rules/validation_test GUI LABEL gui
   LINKS vexnumkr_core_session vexnumkr_main_dialog vexnumkr_qtgrid)
 vexnumkr_core_test(rules/saving_engine_test engine)
+vexnumkr_core_test(rules/saving_locked_test fault)
 vexnumkr_core_test(rules/saving_test unit)
 vexnumkr_core_test(rules/saving_failure_test fault)
 vexnumkr_core_test(rules/long_work_test unit)
 vexnumkr_core_test(rules/reported_failures_test fault)
 
-vexnumkr_on_every_engine(saving_test saving_failure_test)
+vexnumkr_on_every_engine(saving_locked_test saving_test saving_failure_test)

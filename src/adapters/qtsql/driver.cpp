@@ -11,6 +11,7 @@
 #include <filesystem>
 
 #include "adapters/qtsql/failure.h"
+#include "adapters/qtsql/odbc_state.h"
 
 namespace vexnumkr::qtsql {
 namespace {
@@ -92,6 +93,14 @@ const Engine& engineBehindOdbc(const QSqlDatabase& database) {
                 "PostgreSQL und SQLite.");
 }
 
+QString nativeCode(const QSqlQuery& failed, const Engine& /*engine*/) {
+  return failed.lastError().nativeErrorCode();
+}
+
+QString odbcCode(const QSqlQuery& failed, const Engine& engine) {
+  return &engine == &postgresql ? odbcState(failed) : nativeCode(failed, engine);
+}
+
 bool neverLost(const QSqlError& /*error*/) { return false; }
 
 // Classes 08 and 57P are about the connection; without any code the server has not answered.
@@ -109,11 +118,12 @@ bool isLostMariadb(const QSqlError& error) {
 
 // Debian's ODBC driver for SQLite has none of ODBC's functions for wide characters.
 constexpr std::array drivers = {
-    Driver{"QSQLITE", configureSqlite, sqliteAlways, neverLost, false, nullptr},
-    Driver{"QPSQL", configureServer, postgresqlAlways, isLostPostgresql, false, nullptr},
-    Driver{"QMYSQL", configureMariadb, mariadbAlways, isLostMariadb, false, nullptr},
-    Driver{"QMARIADB", configureMariadb, mariadbAlways, isLostMariadb, false, nullptr},
-    Driver{"QODBC", configureOdbc, engineBehindOdbc, neverLost, true, &sqlite},
+    Driver{"QSQLITE", configureSqlite, sqliteAlways, nativeCode, neverLost, false, nullptr},
+    Driver{"QPSQL", configureServer, postgresqlAlways, nativeCode, isLostPostgresql, false,
+           nullptr},
+    Driver{"QMYSQL", configureMariadb, mariadbAlways, nativeCode, isLostMariadb, false, nullptr},
+    Driver{"QMARIADB", configureMariadb, mariadbAlways, nativeCode, isLostMariadb, false, nullptr},
+    Driver{"QODBC", configureOdbc, engineBehindOdbc, odbcCode, neverLost, true, &sqlite},
 };
 
 std::string supportedDrivers() {

@@ -9,6 +9,7 @@
 #include "adapters/qtsql/engine.h"
 
 class QSqlError;
+class QSqlQuery;
 
 namespace vexnumkr::qtsql {
 
@@ -18,6 +19,8 @@ struct Driver {
   void (*configure)(QSqlDatabase& database, const ConnectionSettings& settings);
   /// The engine that an open database talks to. Error: 3706 when it is none that is supported.
   const Engine& (*engine)(const QSqlDatabase& database);
+  /// The engine's own code for the failure of `failed`, as far as the driver tells.
+  QString (*engineCode)(const QSqlQuery& failed, const Engine& engine);
   /// Whether the connection is gone, as far as the failure tells.
   bool (*isLost)(const QSqlError& error);
   /// Whether a failure may hide that; then a session asks.

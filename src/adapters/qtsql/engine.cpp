@@ -1,5 +1,6 @@
 #include "adapters/qtsql/engine.h"
 
+#include <algorithm>
 #include <array>
 
 #include <vexnumkr/database.h>
@@ -18,6 +19,13 @@ constexpr std::array sqliteOpening = {"PRAGMA foreign_keys = ON", "PRAGMA busy_t
 constexpr std::array sqliteBegin = {"BEGIN DEFERRED"};
 constexpr std::array sqliteRowNumbers = {"rowid", "_rowid_", "oid"};
 
+// Out of memory, interrupted, disk errors, a damaged file, a full disk; extended codes have more in
+// their upper bytes. Whoever cannot have the lock is told so at the first change already.
+bool sqliteEndsTransaction(const QString& code) {
+  static constexpr std::array codes = {7, 9, 10, 11, 13};
+  return std::find(codes.begin(), codes.end(), code.toInt() & 0xff) != codes.end();
+}
+
 LexicalRules sqliteRules(const QString& /*mode*/) { return {.dialect = Dialect::sqlite}; }
 
 // Locks are waited for as long as MariaDB does it by default; notices would go to standard error.
@@ -27,6 +35,15 @@ constexpr std::array postgresqlOpening = {
 constexpr std::array postgresqlBegin = {"BEGIN; SAVEPOINT vexnumkr"};
 constexpr std::array postgresqlBeginIsolated = {
     "BEGIN ISOLATION LEVEL SERIALIZABLE; SAVEPOINT vexnumkr"};
+
+// Values that do not fit, roll-backs, resources, locks, cancellations and the server's own
+// troubles.
+bool postgresqlEndsTransaction(const QString& code) {
+  static constexpr std::array classes = {"22", "40", "53", "54", "55", "57", "58", "XX"};
+  return std::any_of(classes.begin(), classes.end(), [&](const char* start) {
+    return code.size() == 5 && code.startsWith(QLatin1String(start));
+  });
+}
 
 LexicalRules postgresqlRules(const QString& mode) {
   return {.dialect = Dialect::postgresql, .backslashEscapes = mode == QLatin1String("off")};
@@ -39,6 +56,14 @@ constexpr std::array mariadbOpening = {
 constexpr std::array mariadbBegin = {"START TRANSACTION"};
 constexpr std::array mariadbBeginIsolated = {"SET TRANSACTION ISOLATION LEVEL SERIALIZABLE",
                                              "START TRANSACTION"};
+
+// A full disk (1021, 1114), rows changed meanwhile (1020), a failed commit (1180), locks (1205,
+// 1213), values that do not fit (1264, 1366, 1406), cancellations (1317, 1969).
+bool mariadbEndsTransaction(const QString& code) {
+  static constexpr std::array codes = {1020, 1021, 1114, 1180, 1205, 1213,
+                                       1264, 1317, 1366, 1406, 1969};
+  return std::find(codes.begin(), codes.end(), code.toInt()) != codes.end();
+}
 
 LexicalRules mariadbRules(const QString& mode) {
   return {.dialect = Dialect::mariadb,
@@ -67,6 +92,7 @@ const Engine sqlite = {.name = "SQLite",
                        .rowNumberNames = sqliteRowNumbers,
                        .keyEquals = " IS ",
                        .nameQuote = '"',
+                       .endsTransaction = sqliteEndsTransaction,
                        .unknownName = 1};
 
 // A failed statement aborts the whole transaction unless it can go back to a savepoint. There is
@@ -92,6 +118,7 @@ const Engine postgresql = {
     .rowNumberNames = {},
     .keyEquals = " = ",
     .nameQuote = '"',
+    .endsTransaction = postgresqlEndsTransaction,
     .unknownName = 0};
 
 // A deadlock rolls the whole transaction back, and what followed would be committed by itself.
@@ -114,6 +141,7 @@ const Engine mariadb = {.name = "MariaDB",
                         .rowNumberNames = {},
                         .keyEquals = " = ",
                         .nameQuote = '`',
+                        .endsTransaction = mariadbEndsTransaction,
                         .unknownName = 0};
 
 void requireIsolation(std::int32_t level) {

@@ -57,6 +57,10 @@ struct Engine {
   /// Compares a key column with its value, so that NULL equals NULL where keys may hold it.
   const char* keyEquals;
   char nameQuote;
+  /// Whether a failure of that code may have kept an insert from its row although the row was not
+  /// there yet (no lock, no room, a text too long): the update that takes the insert's place would
+  /// find nothing and succeed, and the commit would make the loss final.
+  bool (*endsTransaction)(const QString& code);
   /// The engine's code for a statement that names a column or table which does not exist.
   std::int32_t unknownName;
 };

@@ -30,7 +30,7 @@ Session::Session(const Driver& driver, const QSqlDatabase& borrowed)
 }
 
 Session::~Session() {
-  if (inTransaction_ && !endedBy_ && !isLost_ && database_.isOpen()) succeeds(engine_->rollback);
+  if (inTransaction_ && !isLost_ && database_.isOpen()) succeeds(engine_->rollback);
 }
 
 // Nothing of a borrowed connection is changed.
@@ -91,10 +91,10 @@ RowSet Session::read(const QString& text) {
 }
 
 RowSet Session::run(const QString& text) {
-  if (!query_->exec(text)) fail(query_->lastError());
+  if (!query_->exec(text)) fail(*query_);
   if (!query_->isSelect()) return RowSet();
   RowSet rows(*query_);
-  if (query_->lastError().isValid()) fail(query_->lastError());
+  if (query_->lastError().isValid()) fail(*query_);
   return rows;
 }
 
@@ -102,7 +102,7 @@ RowSet Session::run(const QString& text) {
 void Session::runRest() {
   while (query_->nextResult()) {
   }
-  if (query_->lastError().isValid()) fail(query_->lastError());
+  if (query_->lastError().isValid()) fail(*query_);
 }
 
 bool Session::succeeds(const char* text) {
@@ -119,9 +119,9 @@ std::int32_t Session::change(const QString& text, const QVariantList& values) {
   std::int32_t changed = 0;
   {
     QSqlQuery query(database_.get());
-    if (!query.prepare(text)) fail(query.lastError());
+    if (!query.prepare(text)) fail(query);
     for (const QVariant& value : values) query.addBindValue(value);
-    if (!query.exec()) fail(query.lastError());
+    if (!query.exec()) fail(query);
     changed = query.numRowsAffected();
   }
   if (inTransaction_ && engine_->recovery == Recovery::savepoint) {
@@ -135,9 +135,9 @@ std::int32_t Session::count(const QString& text, const QVariantList& values) {
   requireReady();
   QSqlQuery query(database_.get());
   query.setForwardOnly(true);
-  if (!query.prepare(text)) fail(query.lastError());
+  if (!query.prepare(text)) fail(query);
   for (const QVariant& value : values) query.addBindValue(value);
-  if (!query.exec() || !query.next()) fail(query.lastError());
+  if (!query.exec() || !query.next()) fail(query);
   return query.value(0).toInt();
 }
 

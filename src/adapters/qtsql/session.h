@@ -25,9 +25,11 @@ namespace vexnumkr::qtsql {
 /// A failed statement leaves a running transaction, and what was done in it before, in place: where
 /// the engine would abort it, it goes back to a savepoint, which costs a round trip only then.
 ///
-/// Some failures end a transaction nevertheless (a full disk, a deadlock, a lost connection). What
-/// follows would then take effect at once, outside any transaction. Here it is refused with that
-/// very failure until the transaction is rolled back by its owner.
+/// Some failures end a transaction nevertheless. After a deadlock or a lost connection, what
+/// follows would take effect at once, outside any transaction; after a lock that could not be had
+/// or a full disk, an update in place of the insert that has failed would find no row, and the
+/// commit would lose one (Engine::endsTransaction). Here it is refused with that very failure until
+/// the transaction is rolled back by its owner.
 class Session {
  public:
   /// Opens an own database. `isolation` also holds for statements outside transactions.
@@ -88,7 +90,8 @@ class Session {
   Statements beginStatements() const;
   void beginNow();
 
-  [[noreturn]] void fail(const QSqlError& error);
+  [[noreturn]] void fail(const QSqlQuery& failed);
+  [[noreturn]] void fail(const QSqlError& error, const QString& engineCode);
   bool recovers();
   bool engineInTransaction();
   void requireItsTransaction();

@@ -52,7 +52,7 @@ void Session::beginNow() {
 // What has been sent since the transaction ended is committed already, and the rest is not to be.
 void Session::requireItsTransaction() {
   if (engineInTransaction()) return;
-  if (failure_.isValid()) fail(failure_);
+  if (failure_.isValid()) fail(failure_, failure_.nativeErrorCode());
   endedBy_ = transactionMissing();
   throw *endedBy_;
 }
@@ -86,10 +86,18 @@ void Session::rollback() {
   if (!isLost_ || !wasInTransaction) throw engineFailure(error);
 }
 
-void Session::fail(const QSqlError& error) {
+void Session::fail(const QSqlQuery& failed) {
+  const QSqlError error = failed.lastError();
+  fail(error, driver_.engineCode(failed, *engine_));
+}
+
+// Going back to the savepoint comes first in any case: an aborted transaction answers nothing.
+void Session::fail(const QSqlError& error, const QString& engineCode) {
   const Error raised = engineFailure(error);
   isLost_ = driver_.isLost(error) || (database_.isOwned() && !database_.isOpen());
-  if (inTransaction_ && !endedBy_ && (isLost_ || !recovers())) endedBy_ = raised;
+  if (inTransaction_ && !endedBy_ &&
+      (isLost_ || !recovers() || engine_->endsTransaction(engineCode)))
+    endedBy_ = raised;
   if (!inTransaction_ || endedBy_) isLost_ = isGone(error);
   throw raised;
 }

@@ -1,0 +1,77 @@
+// A save that does not get a lock in time: it says so and changes nothing, and the next one works.
+#include <vexnumkr/adapters.h>
+
+#include "rules/saving_session.h"
+#include "rules/sort_orders.h"
+
+namespace vexnumkr {
+namespace {
+
+using test::Texts;
+
+void execute(Connection& connection, const std::string& text) {
+  std::int32_t affected = 0;
+  connection.Execute(text, affected);
+}
+
+class SavingLockedTest : public test::SavingSession {
+ protected:
+  void SetUp() override {
+    company();
+    before = stored();
+    editedTable();
+    sortRows(table(), displayOrder);
+  }
+  bool isServer() { return !database().engine().ends_with("sqlite"); }
+  /// On the connection that saves, outside of its transaction and unrecorded.
+  void waitOneSecondForLocks() {
+    Connection& connection = test::realConnection(*hostConnection());
+    connection.RollbackTrans();
+    execute(connection, database().engine() == "mariadb"
+                            ? "SET SESSION innodb_lock_wait_timeout = 1"
+                            : "SET lock_timeout = '1s'");
+    connection.BeginTrans();
+  }
+
+  Texts before;
+};
+
+// The insert waits for the other one, which may yet be rolled back. Were the update tried after
+// that, it would find no row, and the commit would lose the range.
+TEST_F(SavingLockedTest, ARangeThatSomebodyElseIsInserting) {
+  if (!isServer()) GTEST_SKIP() << "there is one lock, which the first change takes";
+  waitOneSecondForLocks();
+  const auto other = openQtSqlConnection(connectionString());
+  other->BeginTrans();
+  execute(*other, "INSERT INTO Nummernkreise VALUES (2, 'RE', '', 1, 1, 9, 0, 1, '', '')");
+  const Texts values = rows();
+  EXPECT_FALSE(save());
+  const auto raised = boxes();
+  ASSERT_EQ(raised.size(), 1U);
+  EXPECT_TRUE(raised.front().prompt.starts_with("basAllgemein\r\nSave: ")) << raised.front().prompt;
+  other->RollbackTrans();
+  EXPECT_EQ(stored(), before);
+  EXPECT_EQ(rows(), values);
+  EXPECT_TRUE(context().blnChanged());
+  EXPECT_TRUE(save());
+  EXPECT_EQ(storedRanges().size(), 8U);
+  EXPECT_EQ(storedAssignments().size(), 8U);
+}
+
+TEST_F(SavingLockedTest, AKeyThatIsTooLongForItsColumn) {
+  if (!isServer()) GTEST_SKIP() << "every text fits";
+  const std::int32_t key = 3;
+  const Value fitting = table().get(0, key);
+  for (std::int32_t row = 0; row <= table().UpperBound(1); ++row)
+    if (table().get(row, key) == fitting) table().set(row, key, std::string(30, 'k'));
+  EXPECT_FALSE(save());
+  EXPECT_EQ(boxes().size(), 1U);
+  EXPECT_EQ(stored(), before);
+  for (std::int32_t row = 0; row <= table().UpperBound(1); ++row)
+    if (table().get(row, key) == Value(std::string(30, 'k'))) table().set(row, key, fitting);
+  EXPECT_TRUE(save());
+  EXPECT_EQ(storedRanges().size(), 8U);
+}
+
+}  // namespace
+}  // namespace vexnumkr
