@@ -128,6 +128,63 @@ TEST_F(EngineSessions, ABorrowedDatabaseKeepsItsModeAndIsReadByIt) {
   EXPECT_EQ(stored().size(), 1U);
 }
 
+TEST_F(EngineSessions, WhatAHostChangesInItsModeHoldsFromTheNextTransaction) {
+  if (!is("mariadb")) GTEST_SKIP() << "only MariaDB has such modes by default";
+  const auto settings = qtsql::parseConnectionString(database.connectionString());
+  const qtsql::DatabaseHandle host(qtsql::driverOf(settings.driver), settings);
+  const auto borrowed = borrowQtSqlConnection(host.get());
+  QSqlQuery own(host.get());
+  for (const bool escapes : {false, true}) {
+    ASSERT_TRUE(own.exec(escapes ? QStringLiteral("SET sql_mode = ''")
+                                 : QStringLiteral("SET sql_mode = 'NO_BACKSLASH_ESCAPES'")));
+    borrowed->BeginTrans();
+    EXPECT_EQ(borrowed->BackslashEscapes(), escapes);
+    borrowed->RollbackTrans();
+  }
+}
+
+TEST_F(EngineSessions, ARollBackTakesTheModeBackToo) {
+  if (!is("postgresql")) GTEST_SKIP() << "elsewhere modes are no part of a transaction";
+  conn->BeginTrans();
+  run("SET standard_conforming_strings = off");
+  EXPECT_TRUE(conn->BackslashEscapes());
+  conn->RollbackTrans();
+  EXPECT_FALSE(conn->BackslashEscapes());
+}
+
+TEST_F(EngineSessions, EncodingsInWhichBackslashesHideAreRefused) {
+  if (!is("mariadb")) GTEST_SKIP() << "only MariaDB's clients have such encodings";
+  const auto settings = qtsql::parseConnectionString(database.connectionString());
+  const qtsql::DatabaseHandle host(qtsql::driverOf(settings.driver), settings);
+  const auto borrowed = borrowQtSqlConnection(host.get());
+  QSqlQuery own(host.get());
+  for (const char* const encoding : {"gbk", "big5", "sjis", "cp932"}) {
+    ASSERT_TRUE(own.exec(QStringLiteral("SET NAMES ") + QLatin1String(encoding)));
+    EXPECT_EQ(errorOf([&] { borrowed->BeginTrans(); }).number(), 3706);
+    EXPECT_EQ(errorOf(*borrowed, "DELETE FROM Kreise").number(), 3706) << "until it is known";
+    ASSERT_TRUE(own.exec(QStringLiteral("SET sql_mode = 'NO_BACKSLASH_ESCAPES'")));
+    EXPECT_NO_THROW(borrowed->BeginTrans());
+    borrowed->RollbackTrans();
+    ASSERT_TRUE(own.exec(QStringLiteral("SET sql_mode = ''")));
+  }
+  ASSERT_TRUE(own.exec(QStringLiteral("SET NAMES utf8mb4")));
+  EXPECT_NO_THROW(borrowed->BeginTrans());
+  borrowed->RollbackTrans();
+}
+
+// The server has another mode by the time that the connection is opened again.
+TEST_F(EngineSessions, AStatementIsReadByTheRulesOfTheConnectionThatItIsSentOn) {
+  if (!is("postgresql")) GTEST_SKIP() << "one server will do";
+  run("SET standard_conforming_strings = off");
+  EXPECT_TRUE(conn->BackslashEscapes());
+  const std::string id = shown(value(*conn, "SELECT pg_backend_pid() AS X"));
+  database.administer("SELECT pg_terminate_backend(" + id + ", 5000)");
+  EXPECT_NE(errorOf(*conn, "SELECT * FROM Kreise").number(), 0);
+  // With backslashes that escape, this were one statement.
+  EXPECT_EQ(errorOf(*conn, "SELECT 'x\\'; DELETE FROM Kreise; -- '").number(), 3001);
+  EXPECT_FALSE(conn->BackslashEscapes());
+}
+
 TEST_F(EngineSessions, UpdateFindsItsRecordByAnyUniqueKeyAndSaysSoWhereThereIsNone) {
   run("CREATE TABLE Eindeutig (A INTEGER NOT NULL, B INTEGER, Wahr SMALLINT, UNIQUE (A))");
   run("CREATE TABLE Mehrdeutig (A INTEGER, Wahr SMALLINT, UNIQUE (A))");

@@ -65,9 +65,22 @@ bool mariadbEndsTransaction(const QString& code) {
   return std::find(codes.begin(), codes.end(), code.toInt()) != codes.end();
 }
 
+// In these the second byte of a character may be that of a backslash, which then escapes nothing.
+bool hidesBackslashes(const QString& mode) {
+  static constexpr std::array encodings = {"gbk", "big5", "sjis", "cp932"};
+  return std::any_of(encodings.begin(), encodings.end(), [&](const char* encoding) {
+    return mode.endsWith(QLatin1Char(' ') + QLatin1String(encoding));
+  });
+}
+
 LexicalRules mariadbRules(const QString& mode) {
+  const bool backslashEscapes = !mode.contains(QLatin1String("NO_BACKSLASH_ESCAPES"));
+  if (backslashEscapes && hidesBackslashes(mode))
+    throw failure(failure_number::unknownDriver,
+                  "Der Zeichensatz der Datenbankverbindung wird nicht unterstützt, solange "
+                  "Gegenschrägstriche in Texten eine Bedeutung haben.");
   return {.dialect = Dialect::mariadb,
-          .backslashEscapes = !mode.contains(QLatin1String("NO_BACKSLASH_ESCAPES")),
+          .backslashEscapes = backslashEscapes,
           .doubleQuotedTexts = !mode.contains(QLatin1String("ANSI_QUOTES"))};
 }
 
@@ -122,27 +135,28 @@ const Engine postgresql = {
     .unknownName = 0};
 
 // A deadlock rolls the whole transaction back, and what followed would be committed by itself.
-const Engine mariadb = {.name = "MariaDB",
-                        .dialect = Dialect::mariadb,
-                        .openingStatements = mariadbOpening,
-                        .isolateSession = "SET SESSION TRANSACTION ISOLATION LEVEL SERIALIZABLE",
-                        .lexicalMode = "SELECT @@SESSION.sql_mode",
-                        .rules = mariadbRules,
-                        .begin = mariadbBegin,
-                        .beginIsolated = mariadbBeginIsolated,
-                        .commit = "COMMIT",
-                        .rollback = "ROLLBACK",
-                        .guardsTransactions = false,
-                        .transactionProbe = nullptr,
-                        .recovery = Recovery::askEngine,
-                        .transactionQuery = "SELECT @@in_transaction",
-                        .afterChange = nullptr,
-                        .undo = nullptr,
-                        .rowNumberNames = {},
-                        .keyEquals = " = ",
-                        .nameQuote = '`',
-                        .endsTransaction = mariadbEndsTransaction,
-                        .unknownName = 0};
+const Engine mariadb = {
+    .name = "MariaDB",
+    .dialect = Dialect::mariadb,
+    .openingStatements = mariadbOpening,
+    .isolateSession = "SET SESSION TRANSACTION ISOLATION LEVEL SERIALIZABLE",
+    .lexicalMode = "SELECT CONCAT(@@SESSION.sql_mode, ' ', @@SESSION.character_set_client)",
+    .rules = mariadbRules,
+    .begin = mariadbBegin,
+    .beginIsolated = mariadbBeginIsolated,
+    .commit = "COMMIT",
+    .rollback = "ROLLBACK",
+    .guardsTransactions = false,
+    .transactionProbe = nullptr,
+    .recovery = Recovery::askEngine,
+    .transactionQuery = "SELECT @@in_transaction",
+    .afterChange = nullptr,
+    .undo = nullptr,
+    .rowNumberNames = {},
+    .keyEquals = " = ",
+    .nameQuote = '`',
+    .endsTransaction = mariadbEndsTransaction,
+    .unknownName = 0};
 
 void requireIsolation(std::int32_t level) {
   if (level == ado::unspecified || level == ado::isolated) return;

@@ -32,7 +32,7 @@ struct Engine {
   const char* isolateSession;
   /// Selects the setting that decides about quotes and backslashes; null where nothing does.
   const char* lexicalMode;
-  /// The rules under that setting.
+  /// The rules under that setting. Error: 3706 where there are none to go by.
   LexicalRules (*rules)(const QString& mode);
 
   /// What begins a transaction of isolation ado::unspecified, and of ado::isolated.

@@ -48,16 +48,19 @@ void Session::prepare() {
   learnRules();
 }
 
+// Until they are known, nothing is sent.
 void Session::learnRules() {
+  knowsRules_ = false;
   QString mode;
   if (engine_->lexicalMode != nullptr)
     mode = run(QString::fromLatin1(engine_->lexicalMode)).at(0, 0).toString();
   rules_ = engine_->rules(mode);
+  knowsRules_ = true;
 }
 
 Session::Outcome Session::execute(std::string_view text) {
-  const Statement statement = gate_.pass(text, rules_);
   requireReady();
+  const Statement statement = gate_.pass(text, rules_);
   const bool movesOn =
       inTransaction_ && engine_->recovery == Recovery::savepoint && !statement.onlyReads();
   const bool together = movesOn && takesAppendix(statement);
@@ -75,6 +78,7 @@ Session::Outcome Session::execute(std::string_view text) {
 }
 
 Statement Session::passSelect(std::string_view text) {
+  requireReady();
   const Statement statement = gate_.pass(text, rules_);
   if (!statement.isSelect())
     throw failure(failure_number::invalidArgument, "Nur eine Abfrage kann geöffnet werden.");
@@ -148,6 +152,7 @@ void Session::requireReady() {
     isLost_ = true;
   }
   if (isLost_) reconnect();
+  if (!knowsRules_) learnRules();
   if (!beginsLater_) return;
   beginNow();
   beginsLater_ = false;

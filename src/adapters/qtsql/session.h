@@ -25,6 +25,11 @@ namespace vexnumkr::qtsql {
 /// A failed statement leaves a running transaction, and what was done in it before, in place: where
 /// the engine would abort it, it goes back to a savepoint, which costs a round trip only then.
 ///
+/// Every statement is checked by the lexical rules of the connection that it is sent on. They are
+/// read when it is opened, after a SET, at the beginning of each transaction, since a host may
+/// change them on the connection that it lends, and after a roll-back, which undoes changes of
+/// them.
+///
 /// Some failures end a transaction nevertheless. After a deadlock or a lost connection, what
 /// follows would take effect at once, outside any transaction; after a lock that could not be had
 /// or a full disk, an update in place of the insert that has failed would find no row, and the
@@ -80,6 +85,7 @@ class Session {
 
   void prepare();
   void learnRules();
+  void relearnRules();
   void reconnect();
   void requireReady();
   void requireNoOtherTransaction();
@@ -103,6 +109,7 @@ class Session {
   std::int32_t sessionIsolation_ = ado::unspecified;
   std::int32_t isolation_ = ado::unspecified;  // Of the transaction.
   LexicalRules rules_;
+  bool knowsRules_ = false;
   std::optional<QSqlQuery> query_;  // One for all: making one costs as much as a short select.
   StatementGate gate_;
   bool inTransaction_ = false;

@@ -41,7 +41,9 @@ Session::Statements Session::beginStatements() const {
   return isolation_ == ado::isolated ? engine_->beginIsolated : engine_->begin;
 }
 
+// The rules come first: on MariaDB the isolation is for whatever is sent next.
 void Session::beginNow() {
+  learnRules();
   for (const char* const statement : beginStatements()) {
     run(QString::fromLatin1(statement));
     runRest();
@@ -80,10 +82,19 @@ void Session::rollback() {
   inTransaction_ = false;
   if (isLost_ || !database_.isOpen()) return;
   const bool isRolledBack = succeeds(engine_->rollback);
+  if (isRolledBack) relearnRules();
   if (isRolledBack || hasEnded) return;  // In that case only where something of it was left.
   const QSqlError error = failure_;
   isLost_ = isGone(error);
   if (!isLost_ || !wasInTransaction) throw engineFailure(error);
+}
+
+// The roll-back has worked whatever becomes of this; the next statement tries again.
+void Session::relearnRules() {
+  try {
+    learnRules();
+  } catch (const Error&) {
+  }
 }
 
 void Session::fail(const QSqlQuery& failed) {
