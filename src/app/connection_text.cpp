@@ -15,26 +15,42 @@ bool sameKey(std::string_view a, std::string_view b) {
                     [](char x, char y) { return lower(x) == lower(y); });
 }
 
-/// Where the pair that begins at `start` ends: at the next semicolon outside a quoted value.
-std::size_t endOfPair(std::string_view text, std::size_t start) {
-  const std::size_t semicolon = std::min(text.find(';', start), text.size());
-  const std::size_t value = text.find_first_not_of(' ', text.find('=', start) + 1);
-  if (value >= semicolon || text[value] != '"') return semicolon;
-  bool quoted = true;
-  for (std::size_t at = value + 1; at < text.size(); ++at) {
-    if (text[at] == '"') quoted = !quoted;
-    if (text[at] == ';' && !quoted) return at;
-  }
-  return text.size();
+/// The mark that closes a value which begins with `first`; 0 where nothing encloses it.
+char closingMark(char first, Enclosing enclosing) {
+  if (first == '"') return '"';
+  return first == '{' && enclosing == Enclosing::braces ? '}' : '\0';
 }
 
-std::string unquoted(std::string_view value) {
-  if (value.size() < 2 || value.front() != '"' || value.back() != '"') return std::string(value);
+/// Where the pair that begins at `start` ends: at the next semicolon outside an enclosed value.
+std::size_t endOfPair(std::string_view text, std::size_t start, Enclosing enclosing) {
+  const std::size_t semicolon = std::min(text.find(';', start), text.size());
+  const std::size_t value = text.find_first_not_of(' ', text.find('=', start) + 1);
+  if (value >= semicolon) return semicolon;
+  const char closing = closingMark(text[value], enclosing);
+  if (closing == '\0') return semicolon;
+  bool inside = true;
+  for (std::size_t at = value + 1; at < text.size(); ++at) {
+    if (text[at] == closing) inside = !inside;
+    if (text[at] == ';' && !inside) return at;
+  }
+  // A brace that nothing closes is a character like any other.
+  return closing == '}' && inside ? semicolon : text.size();
+}
+
+std::string withoutEnclosing(std::string_view value, Enclosing enclosing) {
+  const char closing = value.size() < 2 ? '\0' : closingMark(value.front(), enclosing);
+  if (closing == '\0' || value.back() != closing) return std::string(value);
   std::string result;
   for (std::size_t at = 1; at + 1 < value.size(); ++at) {
     result += value[at];
-    if (value[at] == '"') ++at;
+    if (value[at] == closing) ++at;
   }
+  return result;
+}
+
+std::string doubled(const std::string& value, char mark) {
+  std::string result;
+  for (const char c : value) result.append(c == mark ? 2 : 1, c);
   return result;
 }
 
@@ -42,21 +58,33 @@ std::string quotedWhereNeeded(const std::string& value) {
   const bool plain =
       value.find_first_of(";\"") == std::string::npos && trimBlanks(value).size() == value.size();
   if (plain) return value;
-  std::string result = "\"";
-  for (const char c : value) result += c == '"' ? std::string("\"\"") : std::string(1, c);
-  return result + "\"";
+  return '"' + doubled(value, '"') + '"';
+}
+
+/// The passwords of `text` in each form in which they may stand in it and in what quotes it.
+void collectPasswords(const ConnectionText& text, std::vector<std::string>& found) {
+  for (const char* const key : {"PWD", "Password"}) {
+    const std::string password = text.value(key);
+    if (password.empty()) continue;
+    const std::string inBraces = '{' + doubled(password, '}') + '}';
+    for (const std::string& form :
+         {password, quotedWhereNeeded(password), inBraces, doubled(password, '}')}) {
+      found.push_back(form);
+      found.push_back(doubled(form, '"'));
+    }
+  }
 }
 
 }  // namespace
 
-ConnectionText::ConnectionText(std::string_view text) {
+ConnectionText::ConnectionText(std::string_view text, Enclosing enclosing) {
   for (std::size_t start = 0; start < text.size();) {
-    const std::size_t end = endOfPair(text, start);
+    const std::size_t end = endOfPair(text, start, enclosing);
     const std::string_view pair = text.substr(start, end - start);
     const std::size_t equals = pair.find('=');
     if (equals != std::string_view::npos) {
       pairs_.emplace_back(trimBlanks(pair.substr(0, equals)),
-                          unquoted(trimBlanks(pair.substr(equals + 1))));
+                          withoutEnclosing(trimBlanks(pair.substr(equals + 1)), enclosing));
     }
     start = end + 1;
   }
@@ -96,18 +124,15 @@ std::string sqliteConnectionText(const std::string& file) {
 std::vector<std::string> passwordsIn(std::string_view connectionText) {
   std::vector<std::string> found;
   const ConnectionText outer(connectionText);
-  const ConnectionText odbc(outer.value("Database"));
-  for (const ConnectionText* text : {&outer, &odbc}) {
-    for (const char* const key : {"PWD", "Password"}) {
-      std::string password = text->value(key);
-      if (password.starts_with('{') && password.ends_with('}') && text == &odbc)
-        password = password.substr(1, password.size() - 2);
-      if (password.empty()) continue;
-      if (const std::string quoted = quotedWhereNeeded(password); quoted != password)
-        found.push_back(quoted);
-      found.push_back(password);
-    }
-  }
+  collectPasswords(outer, found);
+  // Whoever leaves out the quotes around an ODBC connection string means its braces nevertheless.
+  for (const std::string& text :
+       {std::string(connectionText), outer.value("Database"), outer.value("Options")})
+    collectPasswords(ConnectionText(text, Enclosing::braces), found);
+  std::sort(found.begin(), found.end(), [](const std::string& a, const std::string& b) {
+    return a.size() != b.size() ? a.size() > b.size() : a < b;
+  });
+  found.erase(std::unique(found.begin(), found.end()), found.end());
   return found;
 }
 

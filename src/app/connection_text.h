@@ -8,6 +8,12 @@
 
 namespace vexnumkr::host {
 
+/// What encloses a value that holds semicolons.
+enum class Enclosing {
+  quotes,  ///< "value", with its double quotes doubled.
+  braces,  ///< {value} as well, with its closing braces doubled, as in ODBC's connection strings.
+};
+
 /// A connection string as its `key=value` pairs. Keys are compared without regard to case. A value
 /// that holds a semicolon or begins or ends with a blank stands in double quotes, in which a double
 /// quote is doubled.
@@ -16,7 +22,7 @@ namespace vexnumkr::host {
 /// connection.
 class ConnectionText {
  public:
-  explicit ConnectionText(std::string_view text);
+  explicit ConnectionText(std::string_view text, Enclosing enclosing = Enclosing::quotes);
 
   /// The value of `key`, empty when there is none.
   std::string value(std::string_view key) const;
@@ -31,8 +37,9 @@ class ConnectionText {
 /// The connection string of a SQLite database in `file`.
 std::string sqliteConnectionText(const std::string& file);
 
-/// The passwords in a connection string, those of an ODBC connection string in it included; values
-/// in quotes also as they stand there.
+/// The passwords in a connection string, those among the driver's options and of an ODBC connection
+/// string in it included; values in quotes or braces also as they stand there. The longest come
+/// first, so that whoever masks one after the other leaves no part of any.
 std::vector<std::string> passwordsIn(std::string_view connectionText);
 
 /// `message` with the passwords of `connectionText` masked, wherever they stand in it.

@@ -60,6 +60,35 @@ TEST(Passwords, AreMaskedInOdbcConnectionStringsToo) {
   EXPECT_EQ(withoutPassword("geheim", "Driver=QODBC;Database=\"DSN=x;Password=geheim\""), "***");
 }
 
+TEST(Passwords, InBracesAreMaskedAsAWhole) {
+  for (const std::string connection :
+       {"Driver=QODBC;Database=\"DRIVER={X};Server=s;Pwd={ge;h}}eim};UID=u\"",
+        "Driver=QODBC;Database=DSN=x;PWD={ge;h}}eim};UID=u",
+        "Driver=QODBC;Database=DSN=x;Options=\"PWD={ge;h}}eim};UID=u\""}) {
+    EXPECT_EQ(withoutPassword("-ge;h}eim-", connection), "-***-") << connection;
+    EXPECT_EQ(withoutPassword("-{ge;h}}eim}-", connection), "-***-") << connection;
+    EXPECT_EQ(withoutPassword(connection, connection).find("eim"), std::string::npos) << connection;
+  }
+  EXPECT_EQ(withoutPassword("geheim", "Driver=QMYSQL;Options=PWD=geheim"), "***");
+}
+
+TEST(Passwords, MayBeginWithABraceThatNothingCloses) {
+  EXPECT_EQ(withoutPassword("{geheim u", "Driver=QPSQL;PWD={geheim;UID=u"), "*** u");
+}
+
+TEST(Passwords, MayHoldQuotesWithinQuotes) {
+  const std::string connection = "Driver=QODBC;Database=\"DSN=x;PWD=ge\"\"heim\"";
+  EXPECT_EQ(withoutPassword(connection, connection), "Driver=QODBC;Database=\"DSN=x;PWD=***\"");
+}
+
+TEST(Passwords, InBracesAreHiddenInTheListOfProcesses) {
+  std::string name = "vexnumkr-host", option = "--connection";
+  std::string text = "Driver=QODBC;Database=DSN=x;PWD={ge;heim};UID=u";
+  char* arguments[] = {name.data(), option.data(), text.data()};
+  hidePasswords(3, arguments);
+  EXPECT_EQ(text, "Driver=QODBC;Database=DSN=x;PWD=*********;UID=u");
+}
+
 TEST(Passwords, AreHiddenInTheListOfProcesses) {
   std::string name = "vexnumkr-host", option = "--connection", user = "--user";
   std::string spaced = "Driver=QPSQL;Database=f;PWD=geheim;UID=u";

@@ -10,15 +10,17 @@ namespace {
 
 constexpr const char* source = "Qt SQL";
 
-// The values of PWD and Password in an ODBC connection string, where braces may enclose them.
+// The values of PWD and Password in an ODBC connection string, where braces may enclose them; as
+// they stand there, and without the doubling of closing braces.
 QStringList passwordsIn(const QString& connectionString) {
   static const QRegularExpression pair(
-      QStringLiteral("(?:^|;)\\s*(?:PWD|PASSWORD)\\s*=\\s*(?:\\{([^}]*)\\}|([^;]*))"),
+      QStringLiteral("(?:^|;)\\s*(?:PWD|PASSWORD)\\s*=\\s*(?:\\{((?:[^}]|\\}\\})*)\\}|([^;]*))"),
       QRegularExpression::CaseInsensitiveOption);
   QStringList found;
   for (auto matches = pair.globalMatch(connectionString); matches.hasNext();) {
     const QRegularExpressionMatch match = matches.next();
-    found << match.captured(1) + match.captured(2).trimmed();
+    QString password = match.captured(1) + match.captured(2).trimmed();
+    found << password << password.replace(QLatin1String("}}"), QLatin1String("}"));
   }
   return found;
 }
