@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <set>
+#include <string_view>
 
 #include "app/components/booking_circles.h"
 #include "data/loading.h"
@@ -59,13 +60,20 @@ void addLines(std::set<std::string>& lines, const std::string& text) {
   for (const std::string& line : linesOf(text)) lines.insert(line);
 }
 
-// What the user reads begins with a capital letter and ends like a sentence.
+bool endsLikeASentence(const std::string& line) {
+  static constexpr std::string_view dots = "…";
+  const bool goesOn =
+      line.size() > dots.size() && line.compare(line.size() - dots.size(), dots.size(), dots) == 0;
+  return goesOn || std::string(".!?:").find(line.back()) != std::string::npos;
+}
+
+// What the user reads begins with a capital letter and ends like a sentence, or with the dots of
+// what is going on.
 bool isSentence(const std::string& line) {
   const auto first = static_cast<unsigned char>(line[0]);
   const bool capital = (first >= 'A' && first <= 'Z') || line.rfind("Ä", 0) == 0 ||
                        line.rfind("Ö", 0) == 0 || line.rfind("Ü", 0) == 0;
-  const bool ends = std::string(".!?:").find(line.back()) != std::string::npos;
-  return capital && ends && line.find(' ') != std::string::npos;
+  return capital && endsLikeASentence(line) && line.find(' ') != std::string::npos;
 }
 
 // A word or two of German, as failures are described.
