@@ -1,6 +1,7 @@
 #include "servers/private_server.h"
 
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <cstdlib>
 #include <fstream>
@@ -15,6 +16,7 @@ PrivateServer::PrivateServer(const std::string& engine)
   ::chmod(folder.c_str(), 0711);
   std::ofstream(folder + "/servers") << folder << '\n';
   ::setenv("VEXNUMKR_TEST_SERVERS", (folder + "/servers").c_str(), 1);
+  watch(folder);
   start();
 }
 
@@ -24,6 +26,15 @@ PrivateServer::~PrivateServer() {
   } catch (const std::exception&) {
     // It is stopped already.
   }
+}
+
+// Stops the server after a test that crashes or is killed.
+void PrivateServer::watch(const std::string& folder) {
+  const std::string command = std::string("setsid '") + FIXTURE_SCRIPT + "' watch '" + folder +
+                              "/servers' '" + folder + "' " + std::to_string(::getpid()) +
+                              " >/dev/null 2>&1 </dev/null &";
+  if (std::system(command.c_str()) != 0)
+    throw std::runtime_error("cannot watch over the server: " + command);
 }
 
 void PrivateServer::order(const std::string& action) {

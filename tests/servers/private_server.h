@@ -6,8 +6,9 @@
 
 namespace vexnumkr::test {
 
-/// Runs in a folder of its own until this object goes, and takes the place of the test run's
-/// servers for FreshDatabase in this program. REQUIRES: an engine that has a server.
+/// Runs in a folder of its own until this object goes, or this program in any other way, and takes
+/// the place of the test run's servers for FreshDatabase in this program. REQUIRES: an engine that
+/// has a server.
 class PrivateServer {
  public:
   /// The engine as FreshDatabase calls it. Started; std::runtime_error when that fails.
@@ -22,7 +23,11 @@ class PrivateServer {
   /// As a power failure does.
   void kill() { order("kill"); }
 
+  /// The files of the server.
+  std::string folder() const { return folder_.path().toStdString() + "/" + server_; }
+
  private:
+  static void watch(const std::string& folder);
   void order(const std::string& action);
 
   QTemporaryDir folder_;

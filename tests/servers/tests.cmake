@@ -2,8 +2,9 @@
 vexnumkr_test(servers/lost_server_test LABEL "fault;postgresql" TIMEOUT 300
   SOURCES contract/qt_main.cpp servers/private_server.cpp
   LINKS vexnumkr_core_session)
-target_compile_definitions(lost_server_test
-  PRIVATE SERVER_SCRIPT="${CMAKE_CURRENT_SOURCE_DIR}/servers/server.sh")
+target_compile_definitions(lost_server_test PRIVATE
+  FIXTURE_SCRIPT="${CMAKE_CURRENT_SOURCE_DIR}/servers/fixture.sh"
+  SERVER_SCRIPT="${CMAKE_CURRENT_SOURCE_DIR}/servers/server.sh")
 vexnumkr_engine_environment(environment postgresql)
 set_tests_properties(lost_server_test PROPERTIES ENVIRONMENT "${environment}")
 foreach(engine mariadb odbc-postgresql)
@@ -12,6 +13,19 @@ foreach(engine mariadb odbc-postgresql)
   set_tests_properties("lost_server_test@${engine}" PROPERTIES
     LABELS "fault;${engine}" TIMEOUT 300 ENVIRONMENT "${environment}")
 endforeach()
+
+vexnumkr_test(servers/private_server_test LABEL "fault;postgresql" TIMEOUT 120
+  SOURCES contract/qt_main.cpp servers/private_server.cpp
+  LINKS vexnumkr_core_session)
+target_compile_definitions(private_server_test PRIVATE
+  FIXTURE_SCRIPT="${CMAKE_CURRENT_SOURCE_DIR}/servers/fixture.sh"
+  SERVER_SCRIPT="${CMAKE_CURRENT_SOURCE_DIR}/servers/server.sh")
+vexnumkr_engine_environment(environment postgresql)
+set_tests_properties(private_server_test PROPERTIES ENVIRONMENT "${environment}")
+vexnumkr_engine_environment(environment mariadb)
+add_test(NAME "private_server_test@mariadb" COMMAND private_server_test)
+set_tests_properties("private_server_test@mariadb" PROPERTIES
+  LABELS "fault;mariadb" TIMEOUT 120 ENVIRONMENT "${environment}")
 
 vexnumkr_test(servers/rights_test LABEL "engine;postgresql"
   SOURCES contract/qt_main.cpp contract/database_language.cpp
