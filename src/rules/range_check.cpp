@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <bit>
 #include <limits>
+#include <ranges>
 #include <span>
 #include <unordered_map>
 #include <vector>
@@ -129,7 +130,8 @@ class SequenceNumbers {
 // Of all ranges that the loops look at, in the table's order. Errors of flags that do not convert.
 Stretches checkedStretches(const XArray& table) {
   Stretches stretches;
-  stretches.reserve(static_cast<std::size_t>(table.UpperBound(1) - table.LowerBound(1) + 1));
+  const std::int32_t rows = table.UpperBound(1) - table.LowerBound(1) + 1;
+  stretches.reserve(static_cast<std::size_t>(rows));
   SequenceNumbers sequences;
   for (std::int32_t row = table.LowerBound(1); row <= table.UpperBound(1); ++row) {
     const bool active = table.toBoolean(row, column::Aktiviert);
@@ -192,10 +194,9 @@ void markOverlaps(std::span<Stretch> sequence) {
     ends.add(stretch.identity, stretch.high);
   }
   HighestOfOthers starts;  // negated, so that the lowest one is the highest
-  for (auto stretch = sequence.rbegin(); stretch != sequence.rend(); ++stretch) {
-    if (starts.reaches(-std::int64_t{stretch->high}, stretch->identity))
-      stretch->stopsTheLoops = true;
-    starts.add(stretch->identity, -std::int64_t{stretch->low});
+  for (Stretch& stretch : std::views::reverse(sequence)) {
+    if (starts.reaches(-std::int64_t{stretch.high}, stretch.identity)) stretch.stopsTheLoops = true;
+    starts.add(stretch.identity, -std::int64_t{stretch.low});
   }
 }
 
