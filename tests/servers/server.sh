@@ -69,18 +69,19 @@ postgresql_stop() {
 }
 postgresql_kill() { postgresql_stop immediate; }
 
+# A server clears its folder for temporary tables when it starts, so that is none it shares.
 mariadb_start() {
   local isNew=
   if [ ! -d "$folder/data/mysql" ]; then
     isNew=1
-    as_server mariadb-install-db --no-defaults --datadir="$folder/data" --skip-test-db \
-      --auth-root-authentication-method=normal --skip-name-resolve
+    as_server mariadb-install-db --no-defaults --datadir="$folder/data" --tmpdir="$folder" \
+      --skip-test-db --auth-root-authentication-method=normal --skip-name-resolve
   fi
   # exec, so that the process that is known here is the server.
   as_server bash -c 'exec mariadbd "$@" >"$0" 2>&1 </dev/null &' "$folder/log" --no-defaults \
-    --datadir="$folder/data" --socket="$folder/socket" --pid-file="$folder/pid" --skip-networking \
-    --innodb-flush-log-at-trx-commit=2 --skip-innodb-doublewrite --innodb-buffer-pool-size=64M \
-    --innodb-log-file-size=32M --skip-log-bin --performance-schema=OFF
+    --datadir="$folder/data" --tmpdir="$folder" --socket="$folder/socket" --pid-file="$folder/pid" \
+    --skip-networking --innodb-flush-log-at-trx-commit=2 --skip-innodb-doublewrite \
+    --innodb-buffer-pool-size=64M --innodb-log-file-size=32M --skip-log-bin --performance-schema=OFF
   mariadb-admin --no-defaults --socket="$folder/socket" --user=root --wait=60 \
     --connect-timeout=60 ping
   # They would go before users of any host.
