@@ -1,13 +1,12 @@
 // SQLite databases that are busy with somebody else.
 #include <gtest/gtest.h>
 
-#include <QtCore/QCoreApplication>
-#include <QtCore/QProcess>
 #include <atomic>
 #include <future>
 #include <thread>
 
 #include "contract/sqlite_database.h"
+#include "support/other_writer.h"
 
 namespace vexnumkr::test {
 namespace {
@@ -24,25 +23,6 @@ class SqliteLocking : public ::testing::Test {
 
   SqliteFile file;
   std::shared_ptr<Connection> conn = file.open();
-};
-
-// Another process with the write lock on a file, until it is released.
-class OtherWriter {
- public:
-  explicit OtherWriter(const std::string& path) {
-    process_.start(QCoreApplication::applicationDirPath() + QStringLiteral("/hold_write_lock"),
-                   {QString::fromStdString(path)});
-    EXPECT_TRUE(process_.waitForReadyRead());
-    EXPECT_EQ(process_.readLine(), "locked\n");
-  }
-  void release() {
-    process_.closeWriteChannel();
-    EXPECT_TRUE(process_.waitForFinished());
-    EXPECT_EQ(process_.exitCode(), 0);
-  }
-
- private:
-  QProcess process_;
 };
 
 // Reads a file in a thread of its own, which keeps writers from committing, until somebody is seen

@@ -1,10 +1,9 @@
 // Two hosts on one database: what another one does while the dialog is open, and when it is saved.
-#include <QCoreApplication>
-#include <QProcess>
 
 #include "app/program.h"
 #include "support/dialog_session.h"
 #include "support/engine_waits.h"
+#include "support/other_writer.h"
 
 namespace vexnumkr::test {
 namespace {
@@ -12,25 +11,6 @@ namespace {
 constexpr std::int32_t busy = 5;
 constexpr std::int32_t busyBecauseOutdated = 517;
 constexpr long longestWait = 5000;
-
-// Another process with the write lock on the database, until it is released.
-class OtherWriter {
- public:
-  explicit OtherWriter(const std::string& file) {
-    process_.start(QCoreApplication::applicationDirPath() + QStringLiteral("/hold_write_lock"),
-                   {QString::fromStdString(file)});
-    EXPECT_TRUE(process_.waitForReadyRead());
-    EXPECT_EQ(process_.readLine(), "locked\n");
-  }
-  void release() {
-    process_.closeWriteChannel();
-    EXPECT_TRUE(process_.waitForFinished());
-    EXPECT_EQ(process_.exitCode(), 0);
-  }
-
- private:
-  QProcess process_;
-};
 
 class DialogTwoHostsTest : public DialogSession {
  protected:

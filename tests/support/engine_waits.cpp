@@ -34,7 +34,8 @@ bool EngineWaits::take(long microseconds) {
 
 }  // namespace vexnumkr::test
 
-// Which of them an engine uses is its own affair.
+// The C library's functions of these names, replaced: nothing sleeps here. Which of them an engine
+// uses is its own affair.
 extern "C" {
 
 int usleep(useconds_t microseconds) {

@@ -1,0 +1,32 @@
+// Somebody else at work on a SQLite file.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <QtCore/QCoreApplication>
+#include <QtCore/QProcess>
+#include <string>
+
+namespace vexnumkr::test {
+
+/// Another process with the write lock on a file, until it is released. REQUIRES: the program
+/// hold_write_lock beside this one.
+class OtherWriter {
+ public:
+  explicit OtherWriter(const std::string& file) {
+    process_.start(QCoreApplication::applicationDirPath() + QStringLiteral("/hold_write_lock"),
+                   {QString::fromStdString(file)});
+    EXPECT_TRUE(process_.waitForReadyRead());
+    EXPECT_EQ(process_.readLine(), "locked\n");
+  }
+  void release() {
+    process_.closeWriteChannel();
+    EXPECT_TRUE(process_.waitForFinished());
+    EXPECT_EQ(process_.exitCode(), 0);
+  }
+
+ private:
+  QProcess process_;
+};
+
+}  // namespace vexnumkr::test
