@@ -17,6 +17,7 @@
 #include "bench/session.h"
 #include "data/booking_circles.h"
 #include "data/range_table.h"
+#include "data/sql/statements.h"
 #include "data/table/columns.h"
 #include "rules/sort_orders.h"
 
@@ -26,28 +27,22 @@ namespace {
 // A row as a program would hold it that knows its columns.
 struct PlainRow {
   std::string Benutzer;
-  std::int32_t Buchungskreis = 0;
   std::string Gruppe;
-  std::string NSchl;
-  std::string NBezeichnung;
-  std::int32_t StartWert = 0;
-  std::int32_t AktuellerWert = 0;
-  std::int32_t EndWert = 0;
-  bool Aktiviert = false;
-  std::int32_t SortierIndex = 0;
-  std::string IstNSchlVon;
-  std::string Maske;
+  statement::Range range;
 
-  auto inDisplay() const { return std::tie(Benutzer, SortierIndex, NSchl, Buchungskreis); }
+  auto inDisplay() const {
+    return std::tie(Benutzer, range.SortierIndex, range.NSchl, range.Buchungskreis);
+  }
 };
 
 PlainRow plainRow(const XArray& table, std::int32_t row) {
-  return {table.toText(row, column::Benutzer),      table.toLong(row, column::Buchungskreis),
-          table.toText(row, column::Gruppe),        table.toText(row, column::NSchl),
-          table.toText(row, column::NBezeichnung),  table.toLong(row, column::StartWert),
-          table.toLong(row, column::AktuellerWert), table.toLong(row, column::EndWert),
-          table.toBoolean(row, column::Aktiviert),  table.toLong(row, column::SortierIndex),
-          table.toText(row, column::IstNSchlVon),   table.toText(row, column::Maske)};
+  return {table.toText(row, column::Benutzer), table.toText(row, column::Gruppe),
+          statement::Range{
+              table.toLong(row, column::Buchungskreis), table.toText(row, column::NSchl),
+              table.toText(row, column::NBezeichnung), table.toLong(row, column::StartWert),
+              table.toLong(row, column::AktuellerWert), table.toLong(row, column::EndWert),
+              table.toBoolean(row, column::Aktiviert), table.toLong(row, column::SortierIndex),
+              table.toText(row, column::IstNSchlVon), table.toText(row, column::Maske)}};
 }
 
 std::vector<PlainRow> plainRows(const XArray& table) {
@@ -83,7 +78,8 @@ class Tables {
     restore();
     plain_ = plainRows(original_);
     for (std::size_t row = 0; row < plain_.size(); ++row) {
-      keys_.push_back({plain_[row].Benutzer, plain_[row].Buchungskreis, plain_[row].NSchl});
+      const auto& [user, caption, range] = plain_[row];
+      keys_.push_back({user, range.Buchungskreis, range.NSchl});
       places_.emplace(keys_.back(), static_cast<std::int32_t>(row));
     }
     // The rows of the company stand in no order, so neither do these.
