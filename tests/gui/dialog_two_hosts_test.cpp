@@ -1,5 +1,4 @@
 // Two hosts on one database: what another one does while the dialog is open, and when it is saved.
-
 #include "app/program.h"
 #include "support/dialog_session.h"
 #include "support/engine_waits.h"

@@ -1,46 +1,37 @@
-# On servers of their own, which are stopped and killed.
-vexnumkr_test(servers/lost_server_test LABEL "fault;postgresql" TIMEOUT 300
-  SOURCES contract/qt_main.cpp servers/private_server.cpp
-  LINKS vexnumkr_core_session)
-target_compile_definitions(lost_server_test PRIVATE
-  FIXTURE_SCRIPT="${CMAKE_CURRENT_SOURCE_DIR}/servers/fixture.sh"
-  SERVER_SCRIPT="${CMAKE_CURRENT_SOURCE_DIR}/servers/server.sh")
-vexnumkr_engine_environment(environment postgresql)
-set_tests_properties(lost_server_test PROPERTIES ENVIRONMENT "${environment}")
-foreach(engine mariadb odbc-postgresql)
-  vexnumkr_engine_environment(environment ${engine})
-  add_test(NAME "lost_server_test@${engine}" COMMAND lost_server_test)
-  set_tests_properties("lost_server_test@${engine}" PROPERTIES
-    LABELS "fault;${engine}" TIMEOUT 300 ENVIRONMENT "${environment}")
-endforeach()
+# vexnumkr_server_test(PATH KIND TIMEOUT ENGINES ... [FIXTURE])
+# A test that needs a server: on PostgreSQL, and on the other ENGINES as NAME@ENGINE. With FIXTURE it
+# uses the servers of the test run, without it starts its own.
+function(vexnumkr_server_test path kind timeout)
+  cmake_parse_arguments(PARSE_ARGV 3 arg "FIXTURE" "" "ENGINES;SOURCES")
+  get_filename_component(name "${path}" NAME)
+  vexnumkr_test(${path} LABEL "${kind};postgresql" TIMEOUT ${timeout}
+    SOURCES contract/qt_main.cpp ${arg_SOURCES} LINKS vexnumkr_core_session)
+  target_compile_definitions(${name} PRIVATE
+    FIXTURE_SCRIPT="${CMAKE_CURRENT_SOURCE_DIR}/servers/fixture.sh"
+    SERVER_SCRIPT="${CMAKE_CURRENT_SOURCE_DIR}/servers/server.sh")
+  set(tests ${name})
+  vexnumkr_engine_environment(environment postgresql)
+  set_tests_properties(${name} PROPERTIES ENVIRONMENT "${environment}")
+  foreach(engine IN LISTS arg_ENGINES)
+    vexnumkr_engine_environment(environment ${engine})
+    add_test(NAME "${name}@${engine}" COMMAND ${name})
+    set_tests_properties("${name}@${engine}" PROPERTIES
+      LABELS "${kind};${engine}" TIMEOUT ${timeout} ENVIRONMENT "${environment}")
+    list(APPEND tests "${name}@${engine}")
+  endforeach()
+  if(arg_FIXTURE)
+    set_tests_properties(${tests} PROPERTIES FIXTURES_REQUIRED servers)
+  endif()
+endfunction()
 
-vexnumkr_test(servers/private_server_test LABEL "fault;postgresql" TIMEOUT 120
-  SOURCES contract/qt_main.cpp servers/private_server.cpp
-  LINKS vexnumkr_core_session)
-target_compile_definitions(private_server_test PRIVATE
-  FIXTURE_SCRIPT="${CMAKE_CURRENT_SOURCE_DIR}/servers/fixture.sh"
-  SERVER_SCRIPT="${CMAKE_CURRENT_SOURCE_DIR}/servers/server.sh")
-vexnumkr_engine_environment(environment postgresql)
-set_tests_properties(private_server_test PROPERTIES ENVIRONMENT "${environment}")
-vexnumkr_engine_environment(environment mariadb)
-add_test(NAME "private_server_test@mariadb" COMMAND private_server_test)
-set_tests_properties("private_server_test@mariadb" PROPERTIES
-  LABELS "fault;mariadb" TIMEOUT 120 ENVIRONMENT "${environment}")
-
-vexnumkr_test(servers/rights_test LABEL "engine;postgresql"
-  SOURCES contract/qt_main.cpp contract/database_language.cpp
-  LINKS vexnumkr_core_session)
+vexnumkr_server_test(servers/lost_server_test fault 300
+  ENGINES mariadb odbc-postgresql SOURCES servers/private_server.cpp)
+vexnumkr_server_test(servers/private_server_test fault 120
+  ENGINES mariadb SOURCES servers/private_server.cpp)
+vexnumkr_server_test(servers/rights_test engine 120 FIXTURE
+  ENGINES mariadb odbc-postgresql SOURCES contract/database_language.cpp)
 target_compile_definitions(rights_test
   PRIVATE SCHEMA_FOLDER="${PROJECT_SOURCE_DIR}/src/app/schema")
-vexnumkr_engine_environment(environment postgresql)
-set_tests_properties(rights_test PROPERTIES
-  ENVIRONMENT "${environment}" FIXTURES_REQUIRED servers)
-foreach(engine mariadb odbc-postgresql)
-  vexnumkr_engine_environment(environment ${engine})
-  add_test(NAME "rights_test@${engine}" COMMAND rights_test)
-  set_tests_properties("rights_test@${engine}" PROPERTIES LABELS "engine;${engine}" TIMEOUT 120
-    ENVIRONMENT "${environment}" FIXTURES_REQUIRED servers)
-endforeach()
 
 vexnumkr_test(servers/sample_engine_test LABEL engine TIMEOUT 300
   SOURCES contract/qt_main.cpp contract/database_language.cpp
