@@ -1,0 +1,103 @@
+#!/usr/bin/env bash
+# Builds Qt for Windows, to be linked statically, from Debian's own source package of the Qt that is
+# installed here, unless that has been done before.
+#
+#   tools/windows/qt.sh [--arch x86_64|i686] [--where]
+#
+# Prints the folder of the built Qt as its last line; with --where only that, building nothing, and
+# fails when it is not there. Builds are kept in $VEXNUMKR_WINDOWS_CACHE, or ~/.cache/vexnumkr.
+set -euo pipefail
+
+here=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
+arch=x86_64
+only_where=
+
+usage() { sed -n '2,8s/^# \{0,1\}//p' "$here/qt.sh"; }
+
+while [ $# -gt 0 ]; do
+  case "$1" in
+    --arch)
+      arch=${2:?}
+      shift
+      ;;
+    --where) only_where=yes ;;
+    --help | -h)
+      usage
+      exit 0
+      ;;
+    *)
+      usage >&2
+      exit 2
+      ;;
+  esac
+  shift
+done
+case "$arch" in
+  x86_64 | i686) ;;
+  *)
+    usage >&2
+    exit 2
+    ;;
+esac
+
+version=$(dpkg-query -W -f '${source:Version}' qt6-base-dev)
+cache=${VEXNUMKR_WINDOWS_CACHE:-${XDG_CACHE_HOME:-$HOME/.cache}/vexnumkr}
+# The recipe is part of the name: a changed one builds anew.
+recipe=$(cat "$here/qt.sh" "$here/mingw.cmake" | sha256sum | cut -c1-8)
+qt=$cache/qt-${version//[^A-Za-z0-9.]/_}-$arch-$recipe
+
+if [ -n "$only_where" ]; then
+  [ -e "$qt/complete" ] || exit 1
+  echo "$qt"
+  exit 0
+fi
+
+# Fetches the sources with package lists of this call's own, so that the machine's stay as they are.
+fetch_sources() {
+  local apt=$work/apt
+  mkdir -p "$apt/lists/partial" "$apt/cache"
+  local release
+  release=$(. /etc/os-release && echo "$VERSION_CODENAME")
+  {
+    echo "deb-src http://deb.debian.org/debian $release main"
+    echo "deb-src http://deb.debian.org/debian-security $release-security main"
+  } >"$apt/sources.list"
+  local options=(-q -o Dir::Etc::SourceList="$apt/sources.list" -o Dir::Etc::SourceParts=/dev/null
+    -o Dir::State::Lists="$apt/lists" -o Dir::Cache="$apt/cache" -o APT::Sandbox::User=root)
+  apt-get "${options[@]}" update
+  (cd "$work" && apt-get "${options[@]}" source --download-only "qt6-base=$version")
+  dpkg-source -x "$work"/*.dsc "$work/source"
+}
+
+configure() {
+  local off=(network dbus vulkan icu printsupport tabletevent concurrent xml testlib
+    sql_sqlite sql_mysql sql_psql zstd androiddeployqt qmake)
+  local features=()
+  local feature
+  for feature in "${off[@]}"; do features+=("-DFEATURE_$feature=OFF"); done
+  local launcher=()
+  if command -v ccache >/dev/null; then
+    launcher=(-DCMAKE_C_COMPILER_LAUNCHER=ccache -DCMAKE_CXX_COMPILER_LAUNCHER=ccache)
+  fi
+  cmake -S "$work/source" -B "$work/build" -G Ninja \
+    -DCMAKE_TOOLCHAIN_FILE="$here/mingw.cmake" -DVEXNUMKR_ARCH="$arch" \
+    -DCMAKE_INSTALL_PREFIX="$work/install" -DCMAKE_BUILD_TYPE=Release \
+    -DQT_HOST_PATH=/usr \
+    -DQT_HOST_PATH_CMAKE_DIR="/usr/lib/$(dpkg-architecture -q DEB_HOST_MULTIARCH)/cmake" \
+    -DBUILD_SHARED_LIBS=OFF -DQT_BUILD_EXAMPLES=OFF -DQT_BUILD_TESTS=OFF \
+    -DINPUT_opengl=no -DFEATURE_sql_odbc=ON "${features[@]}" "${launcher[@]}"
+}
+
+if [ ! -e "$qt/complete" ]; then
+  mkdir -p "$cache"
+  work=$(mktemp -d "$cache/building-XXXXXX")
+  trap 'rm -rf "$work"' EXIT
+  fetch_sources
+  configure
+  cmake --build "$work/build"
+  cmake --install "$work/build" >/dev/null
+  rm -rf "$qt"
+  mv "$work/install" "$qt"
+  touch "$qt/complete"
+fi
+echo "$qt"
