@@ -3,7 +3,9 @@
 add_library(vexnumkr_options INTERFACE)
 target_compile_features(vexnumkr_options INTERFACE cxx_std_20)
 target_compile_options(vexnumkr_options INTERFACE
-  -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Wconversion -Wcast-qual
+  -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wcast-qual
+  # COM's interfaces have no destructors: those would be further slots.
+  $<$<NOT:$<BOOL:$<TARGET_PROPERTY:VEXNUMKR_COM>>>:-Wnon-virtual-dtor>
   # GCC 12 sees these two in its own std::string when it optimises.
   $<$<CONFIG:Release>:-Wno-restrict> $<$<CONFIG:Release>:-Wno-maybe-uninitialized>
   $<$<BOOL:${VEXNUMKR_WERROR}>:-Werror>)
@@ -27,7 +29,8 @@ function(vexnumkr_core_library name)
     POSITION_INDEPENDENT_CODE ON
     CXX_VISIBILITY_PRESET hidden
     VISIBILITY_INLINES_HIDDEN ON)
-  if(VEXNUMKR_CORE_ONLY)
+  # On Windows nothing but the library for automation hosts leaves the build.
+  if(WIN32)
     target_compile_definitions(${name} PUBLIC VEXNUMKR_STATIC)
   endif()
 endfunction()

@@ -1,10 +1,10 @@
-#include <algorithm>
 #include <string>
 #include <string_view>
 
 #include <vexnumkr/component.h>
 
 #include "component/composition.h"
+#include "platform/ascii_case.h"
 
 namespace vexnumkr {
 namespace {
@@ -18,17 +18,9 @@ class EmptyHost final : public HostComponents {
   HostMessages* Messages() override { return nullptr; }
 };
 
-std::string inLowerCase(std::string_view text) {
-  std::string result(text);
-  std::transform(result.begin(), result.end(), result.begin(), [](char c) {
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-  });
-  return result;
-}
-
 bool isClassName(std::string_view name) {
-  const std::string wanted = inLowerCase(name);
-  return wanted == "vxnummernkreise" || wanted == "vexnummernkreise.vxnummernkreise";
+  return equalsWithoutCase(name, "VXNummernkreise") ||
+         equalsWithoutCase(name, "VEXNummernkreise.VXNummernkreise");
 }
 
 }  // namespace

@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "adapters/qtsql/statement_gate.h"
+#include "platform/statement_gate.h"
 
 namespace vexnumkr::qtsql {
 

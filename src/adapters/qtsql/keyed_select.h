@@ -6,10 +6,13 @@
 #include "adapters/qtsql/record_keys.h"
 #include "adapters/qtsql/row_set.h"
 
+namespace vexnumkr {
+struct Statement;
+}
+
 namespace vexnumkr::qtsql {
 
 class Session;
-struct Statement;
 
 /// The rows of a select; without keys they can only be read.
 struct KeyedSelect {

@@ -15,7 +15,7 @@
 
 #include "adapters/qtsql/database_handle.h"
 #include "adapters/qtsql/row_set.h"
-#include "adapters/qtsql/statement_gate.h"
+#include "platform/statement_gate.h"
 
 namespace vexnumkr::qtsql {
 

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "adapters/qtsql/statement_gate.h"
+#include "platform/statement_gate.h"
 
 namespace vexnumkr::qtsql {
 

@@ -1,4 +1,4 @@
-#include "adapters/qtsql/statement_gate.h"
+#include "platform/statement_gate.h"
 
 #include <gtest/gtest.h>
 
@@ -6,7 +6,7 @@
 
 #include "contract/database_language.h"
 
-namespace vexnumkr::qtsql {
+namespace vexnumkr {
 namespace {
 
 std::string passed(std::string_view text) {
@@ -112,4 +112,4 @@ TEST(StatementGate, CanBePassedAgain) {
   EXPECT_EQ(gate.pass("SELECT 4").tokens.size(), 2u);
 }
 
-}  // namespace vexnumkr::qtsql
+}  // namespace vexnumkr

@@ -1,11 +1,11 @@
-#include "adapters/qtsql/statement_gate.h"
+#include "platform/statement_gate.h"
 
 #include <algorithm>
 #include <array>
 
-#include "adapters/qtsql/failure.h"
+#include <vexnumkr/error.h>
 
-namespace vexnumkr::qtsql {
+namespace vexnumkr {
 namespace {
 
 using Tokens = std::span<const Token>;
@@ -17,7 +17,10 @@ bool isOneOf(const Token& token, std::span<const std::string_view> keywords) {
                      [&](std::string_view keyword) { return token.is(keyword); });
 }
 
-Error refused(const char* why) { return failure(failure_number::invalidArgument, why); }
+Error refused(const char* why) {
+  constexpr std::int32_t invalidArgument = 3001;
+  return Error(invalidArgument, "VEXNummernkreise", why);
+}
 
 // The body of a trigger holds statements of its own, each closed by a semicolon.
 bool createsTrigger(Tokens tokens) {
@@ -93,4 +96,4 @@ Statement StatementGate::pass(std::string_view text, const LexicalRules& rules) 
   return {std::string_view(begin, length), tokens.first(end)};
 }
 
-}  // namespace vexnumkr::qtsql
+}  // namespace vexnumkr

@@ -7,7 +7,7 @@
 
 #include "platform/sql_tokens.h"
 
-namespace vexnumkr::qtsql {
+namespace vexnumkr {
 
 /// One statement, without what stood before and behind it. It points into the text that was passed
 /// and into the gate, and is good until the next text passes.
@@ -37,4 +37,4 @@ class StatementGate {
   std::vector<Token> tokens_;
 };
 
-}  // namespace vexnumkr::qtsql
+}  // namespace vexnumkr

@@ -1,0 +1,34 @@
+#include "adapters/automation/ado/command.h"
+
+#include "adapters/automation/ado/recordset.h"
+
+namespace vexnumkr::automation {
+
+void AdoCommand::ActiveConnection(Connection& connection) {
+  AdoConnection& ado = adoConnection(connection);
+  object_.putReference("ActiveConnection", Variant(ado.object()));
+  connection_ = &ado;
+}
+
+void AdoCommand::CommandType(std::int32_t type) { object_.put("CommandType", Variant(type)); }
+
+void AdoCommand::CommandTimeout(std::int32_t seconds) {
+  object_.put("CommandTimeout", Variant(seconds));
+}
+
+void AdoCommand::CommandText(const std::string& text) {
+  text_ = text;
+  object_.put("CommandText", Variant(text));
+}
+
+std::unique_ptr<Recordset> AdoCommand::Execute(std::int32_t& recordsAffected) {
+  // Without a connection the command fails by itself.
+  const bool isSelect = connection_ != nullptr && connection_->check(text_).isSelect();
+  Variant count(std::int32_t{0});
+  const Variant counted = Variant::reference(count.get());
+  const Variant rows = object_.call("Execute", {&counted});
+  recordsAffected = toLong(count.get());
+  return std::make_unique<AdoRecordset>(LateBound(toObject(rows.get())), isSelect);
+}
+
+}  // namespace vexnumkr::automation

@@ -1,0 +1,32 @@
+// What is demanded of every statement before an ADO object gets it.
+#pragma once
+
+#include <optional>
+#include <string_view>
+#include <vector>
+
+#include "platform/statement_gate.h"
+
+namespace vexnumkr::automation {
+
+/// How the engine behind a connection string reads a statement; none where the string does not
+/// tell, as with an ODBC data source that is only named. OLE DB providers have no backslash
+/// escapes; ODBC drivers for MariaDB and MySQL do.
+std::optional<LexicalRules> lexicalRulesOf(std::string_view connectionString);
+
+/// Lets exactly one statement through, and only where it is clear what it says: where the engine is
+/// not known, a text that reads differently with backslash escapes and without is refused.
+class StatementCheck {
+ public:
+  /// The statement in `text`. Error 3001 for a text that is refused.
+  Statement pass(std::string_view text, const std::optional<LexicalRules>& rules);
+
+ private:
+  void refuseAmbiguous(std::string_view text);
+
+  StatementGate gate_;
+  std::vector<Token> plain_;
+  std::vector<Token> escaped_;
+};
+
+}  // namespace vexnumkr::automation

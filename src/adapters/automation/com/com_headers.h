@@ -1,0 +1,22 @@
+// The Windows headers of automation, without what they would define besides.
+#pragma once
+
+#ifndef NOMINMAX
+#define NOMINMAX
+#endif
+#ifndef WIN32_LEAN_AND_MEAN
+#define WIN32_LEAN_AND_MEAN
+#endif
+#define __WRL_CLASSIC_COM__
+
+#include <windows.h>
+//
+#include <ole2.h>
+#include <oleauto.h>
+#include <wrl/client.h>
+
+namespace vexnumkr::automation {
+
+using Microsoft::WRL::ComPtr;
+
+}  // namespace vexnumkr::automation

@@ -1,0 +1,49 @@
+#include "server/dialog_application.h"
+
+#include <QApplication>
+#include <QThread>
+#include <memory>
+#include <string>
+
+#include "adapters/automation/com/bstr.h"
+#include "adapters/automation/com/failure.h"
+#include "server/module.h"
+
+namespace vexnumkr::server {
+namespace {
+
+void makeApplication() {
+  // Dies with the process: what it releases then could only fail.
+  static int argumentCount = 3;
+  static char name[] = "VEXNumKr";
+  static char option[] = "-platform";
+  static char platform[] = "windows";
+  static char* arguments[] = {name, option, platform, nullptr};
+
+  // Plugins of another Qt, which the host may have, would not fit.
+  QCoreApplication::setLibraryPaths({});
+  QCoreApplication::setAttribute(Qt::AA_PluginApplication);
+  auto application = std::make_unique<QApplication>(argumentCount, arguments);
+  QCoreApplication::setLibraryPaths({});
+  QGuiApplication::setQuitOnLastWindowClosed(false);
+  static_cast<void>(application.release());
+  Module::instance().stay();
+}
+
+}  // namespace
+
+void DialogApplication::require() {
+  if (QCoreApplication::instance() == nullptr) makeApplication();
+  if (QThread::currentThread() != QCoreApplication::instance()->thread())
+    throw Error(automation::runtime_number::automationError, "VEXNummernkreise",
+                "Die Dialoge gehören zu einem anderen Thread dieses Programms.");
+}
+
+void showPlainFailure(const Error& error, const char* procedure) noexcept {
+  const std::wstring title = automation::toWide("Fehler " + std::to_string(error.number()));
+  const std::wstring prompt =
+      automation::toWide(std::string("VXNummernkreise\r\n") + procedure + ": " + error.what());
+  MessageBoxW(nullptr, prompt.c_str(), title.c_str(), MB_ICONEXCLAMATION | MB_TASKMODAL);
+}
+
+}  // namespace vexnumkr::server

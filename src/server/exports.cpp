@@ -1,0 +1,20 @@
+// The four functions by which Windows knows an in-process server.
+#include "server/class_factory.h"
+#include "server/interface.h"
+#include "server/module.h"
+#include "server/registration.h"
+
+using namespace vexnumkr::server;
+
+STDAPI DllGetClassObject(REFCLSID wantedClass, REFIID wantedInterface, void** object) {
+  if (object == nullptr) return E_POINTER;
+  *object = nullptr;
+  if (wantedClass != classId) return CLASS_E_CLASSNOTAVAILABLE;
+  return createClassFactory(wantedInterface, object);
+}
+
+STDAPI DllCanUnloadNow() { return Module::instance().canUnload() ? S_OK : S_FALSE; }
+
+STDAPI DllRegisterServer() { return registerServer(Module::path()); }
+
+STDAPI DllUnregisterServer() { return unregisterServer(); }

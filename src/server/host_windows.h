@@ -1,0 +1,42 @@
+// The host's own windows while the component shows some.
+#pragma once
+
+#include <vector>
+
+#include "adapters/automation/com/com_headers.h"
+
+namespace vexnumkr::server {
+
+/// As long as it lives, the host's windows on this thread take no input while a window of the
+/// component is visible; at the latest its end gives them back, with the focus. A request to end
+/// the program that arrives meanwhile is passed on to the host's message loop at the end.
+class HostWindows {
+ public:
+  HostWindows();
+  ~HostWindows();
+  HostWindows(const HostWindows&) = delete;
+  HostWindows& operator=(const HostWindows&) = delete;
+
+ private:
+  static LRESULT CALLBACK onSent(int code, WPARAM context, LPARAM data);
+  static LRESULT CALLBACK onTaken(int code, WPARAM removal, LPARAM data);
+
+  void windowShown(HWND window);
+  void windowHidden(HWND window);
+  void disable();
+  void enable();
+
+  // The innermost one of this thread; the hooks know nothing else.
+  static thread_local HostWindows* current_;
+
+  HostWindows* const outer_;
+  const HWND active_;
+  const HWND focus_;
+  std::vector<HWND> disabled_;
+  HHOOK sentHook_;
+  HHOOK takenHook_;
+  bool isQuitting_ = false;
+  int exitCode_ = 0;
+};
+
+}  // namespace vexnumkr::server
