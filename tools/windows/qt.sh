@@ -96,6 +96,8 @@ if [ ! -e "$qt/complete" ]; then
   configure
   cmake --build "$work/build"
   cmake --install "$work/build" >/dev/null
+  # Qt Core asks the linker to export a function; a library that it is part of need not show that.
+  "$arch-w64-mingw32-objcopy" --remove-section .drectve "$work/install/lib/libQt6Core.a"
   rm -rf "$qt"
   mv "$work/install" "$qt"
   touch "$qt/complete"
