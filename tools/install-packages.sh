@@ -3,6 +3,7 @@
 #
 #   tools/install-packages.sh run     to build and run the stand-alone host
 #   tools/install-packages.sh test    to build and test everything
+#   tools/install-packages.sh windows to build VEXNumKr.dll for Windows
 #
 # Needs root or sudo only when something is missing.
 set -euo pipefail
@@ -13,6 +14,8 @@ testing=(g++-mingw-w64-x86-64-posix libbenchmark-dev libgtest-dev qt6-base-priva
 # The database servers of the tests, and the drivers to reach them and ODBC.
 engines=(libqt6sql6-psql libqt6sql6-mysql libqt6sql6-odbc odbc-postgresql libsqliteodbc odbcinst
   postgresql mariadb-server mariadb-client)
+# The cross compiler, and what Qt for Windows is built from and with.
+windows=(dpkg-dev g++-mingw-w64-i686-posix g++-mingw-w64-x86-64-posix libwine mingw-w64-tools)
 # Of use where the distribution has them: the formatter of the sources, a display of another kind,
 # German texts of Qt itself.
 formatter=(clang-format-14)
@@ -29,8 +32,12 @@ case "${1:-}" in
     needed=("${build[@]}" "${runtime[@]}" "${testing[@]}" "${engines[@]}")
     welcome=("${formatter[@]}")
     ;;
+  windows)
+    needed=("${build[@]}" "${windows[@]}")
+    welcome=()
+    ;;
   *)
-    echo "usage: tools/install-packages.sh run|test" >&2
+    echo "usage: tools/install-packages.sh run|test|windows" >&2
     exit 2
     ;;
 esac
