@@ -49,3 +49,6 @@ foreach(name connection_string eight_bit_text field_value simple_select)
   vexnumkr_test(contract/${name}_test LABEL unit
     SOURCES contract/database_language.cpp LINKS vexnumkr_qtsql)
 endforeach()
+
+vexnumkr_test(contract/ado_statement_check_test LABEL unit
+  SOURCES contract/database_language.cpp LINKS vexnumkr_statement_check)
