@@ -33,7 +33,7 @@ BOOL CALLBACK collectForeign(HWND window, LPARAM result) {
 
 }  // namespace
 
-thread_local HostWindows* HostWindows::current_ = nullptr;
+HostWindows* HostWindows::current_ = nullptr;
 
 HostWindows::HostWindows()
     : outer_(std::exchange(current_, this)),

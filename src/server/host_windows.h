@@ -26,8 +26,8 @@ class HostWindows {
   void disable();
   void enable();
 
-  // The innermost one of this thread; the hooks know nothing else.
-  static thread_local HostWindows* current_;
+  // The innermost one, on the one thread that has dialogs; the hooks know nothing else.
+  static HostWindows* current_;
 
   HostWindows* const outer_;
   const HWND active_;
