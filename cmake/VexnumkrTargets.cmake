@@ -3,9 +3,10 @@
 add_library(vexnumkr_options INTERFACE)
 target_compile_features(vexnumkr_options INTERFACE cxx_std_20)
 target_compile_options(vexnumkr_options INTERFACE
-  -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wcast-qual
+  -Wall -Wextra -Wpedantic -Wshadow
   # COM's interfaces have no destructors: those would be further slots.
   $<$<NOT:$<BOOL:$<TARGET_PROPERTY:VEXNUMKR_COM>>>:-Wnon-virtual-dtor>
+  -Wconversion -Wcast-qual
   # GCC 12 sees these two in its own std::string when it optimises.
   $<$<CONFIG:Release>:-Wno-restrict> $<$<CONFIG:Release>:-Wno-maybe-uninitialized>
   $<$<BOOL:${VEXNUMKR_WERROR}>:-Werror>)
