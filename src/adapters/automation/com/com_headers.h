@@ -7,7 +7,8 @@
 #ifndef WIN32_LEAN_AND_MEAN
 #define WIN32_LEAN_AND_MEAN
 #endif
-#define __WRL_CLASSIC_COM__
+// The smart pointer's header knows this name; without it, it would bring in another platform's.
+#define __WRL_CLASSIC_COM__  // NOLINT(bugprone-reserved-identifier,cert-dcl37-c,cert-dcl51-cpp)
 
 #include <windows.h>
 //

@@ -45,7 +45,7 @@ std::string textOf(const VARIANT& variant, LCID locale) {
 
 // Exact decimals are taken by their digits, which no double would keep.
 Value decimalValue(const VARIANT& variant) {
-  const Value text(textOf(variant, german));
+  Value text(textOf(variant, german));
   Variant number;
   VARIANT source = variant;
   if (FAILED(VariantChangeTypeEx(number.receive(), &source, german, 0, VT_I4))) return text;
