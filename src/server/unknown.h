@@ -13,6 +13,9 @@ namespace vexnumkr::server {
 template <class Derived, class Interface>
 class Unknown : public Interface {
  public:
+  Unknown(const Unknown&) = delete;
+  Unknown& operator=(const Unknown&) = delete;
+
   HRESULT STDMETHODCALLTYPE QueryInterface(REFIID wanted, void** object) final {
     if (object == nullptr) return E_POINTER;
     *object = nullptr;
@@ -31,8 +34,6 @@ class Unknown : public Interface {
  protected:
   Unknown() = default;
   ~Unknown() = default;
-  Unknown(const Unknown&) = delete;
-  Unknown& operator=(const Unknown&) = delete;
 
  private:
   const ModuleLock loaded_;
