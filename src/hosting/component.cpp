@@ -19,7 +19,7 @@ Component::~Component() { context_.releaseColUser(); }
 bool Component::Init(std::shared_ptr<Connection> Conn, std::int32_t LngApplication,
                      const std::string& strUser, const std::string& jmtVerarbeitungsdatum) {
   bool initialised = false;
-  if (context_.progress().isWorking()) return initialised;
+  if (isBusy()) return initialised;
   reportingFailures(context_, {moduleName, "Init"}, [&] {
     context_.Conn(std::move(Conn));
     context_.createColUser();
@@ -34,6 +34,8 @@ bool Component::Init(std::shared_ptr<Connection> Conn, std::int32_t LngApplicati
   return initialised;
 }
 
+bool Component::isBusy() { return isOpen_ || context_.progress().isWorking(); }
+
 void Component::readUsers() {
   auto users = context_.Conn().createRecordset();
   users->CursorLocation(ado::useClient);
@@ -45,12 +47,14 @@ void Component::readUsers() {
 }
 
 void Component::ShowDialog() {
-  if (context_.progress().isWorking()) return;
+  if (isBusy()) return;
+  isOpen_ = true;
   reportingFailures(context_, {moduleName, "ShowDialog"}, [&] {
     const auto dialog = createDialog_(context_);
     if (context_.Herkunft() == "ORB") dialog->RefreshFont(hostFont);
     dialog->Show();
   });
+  isOpen_ = false;
 }
 
 }  // namespace vexnumkr

@@ -33,8 +33,8 @@ using MainDialogFactory = std::function<std::unique_ptr<MainDialog>(HostContext&
 
 /// Holds the session and delegates. A fresh dialog is made for every ShowDialog.
 ///
-/// Events of the host may run in the middle of long work; Init and ShowDialog called by them do
-/// nothing, and Init returns False.
+/// Events of the host may run while the dialog is open or in the middle of long work; Init and
+/// ShowDialog called by them do nothing, and Init returns False.
 class Component final : public VXNummernkreise {
  public:
   /// `createDialog` is called for every ShowDialog.
@@ -49,9 +49,11 @@ class Component final : public VXNummernkreise {
   HostContext& context() { return context_; }
 
  private:
+  bool isBusy();
   void readUsers();
 
   HostContext context_;
+  bool isOpen_ = false;
   MainDialogFactory createDialog_;
 };
 

@@ -12,25 +12,6 @@ constexpr std::int16_t questionKind = 4;
 constexpr std::int32_t outOfMemory = 7;
 constexpr std::int32_t internalError = 51;
 
-struct Failure {
-  std::int32_t number = 0;
-  std::string description;
-};
-
-Failure currentFailure() {
-  try {
-    throw;
-  } catch (const Error& error) {
-    return {error.number(), error.description()};
-  } catch (const std::bad_alloc&) {
-    return {outOfMemory, "Nicht genügend Speicher"};
-  } catch (const std::exception& error) {
-    return {internalError, error.what()};
-  } catch (...) {
-    return {internalError, "Interner Fehler"};
-  }
-}
-
 bool usesHostsBoxes(const HostContext& context) { return context.LngApplication() == 1; }
 
 // Whether the host's facility has shown the failure. A host without one has not.
@@ -87,10 +68,24 @@ Value NzValue(const Value& value, const Value& replacement) {
 
 }  // namespace basAllgemein
 
+Error currentFailure() {
+  try {
+    throw;
+  } catch (const Error& error) {
+    return error;
+  } catch (const std::bad_alloc&) {
+    return Error(outOfMemory, "", "Nicht genügend Speicher");
+  } catch (const std::exception& error) {
+    return Error(internalError, "", error.what());
+  } catch (...) {
+    return Error(internalError, "", "Interner Fehler");
+  }
+}
+
 void reportCurrentFailure(HostContext& context, const Procedure& procedure) noexcept {
   ignoringFailures([&] {
-    const Failure failure = currentFailure();
-    basAllgemein::ShowInfoBox(context, failure.number, failure.description, procedure.name,
+    const Error failure = currentFailure();
+    basAllgemein::ShowInfoBox(context, failure.number(), failure.description(), procedure.name,
                               failureKind, msg_box::exclamation, procedure.module);
   });
 }

@@ -5,6 +5,7 @@
 #include <string>
 #include <utility>
 
+#include <vexnumkr/error.h>
 #include <vexnumkr/value.h>
 
 #include "hosting/host_context.h"
@@ -37,6 +38,10 @@ std::int32_t MsgBoxEx(HostContext& context, const std::string& prompt, std::int3
 Value NzValue(const Value& value, const Value& replacement);
 
 }  // namespace basAllgemein
+
+/// The exception being handled as the failure that users are told of: one that is no Error is
+/// error 7 where memory has run out, else 51. REQUIRES: called in a handler.
+Error currentFailure();
 
 /// Reports the exception being handled as a failure of `procedure`. REQUIRES: called in a handler.
 void reportCurrentFailure(HostContext& context, const Procedure& procedure) noexcept;

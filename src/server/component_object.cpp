@@ -10,10 +10,11 @@
 #include "adapters/automation/com/failure.h"
 #include "adapters/automation/components/automation_host.h"
 #include "component/composition.h"
-#include "server/argument_types.h"
+#include "hosting/reporting.h"
 #include "server/dialog_application.h"
 #include "server/host_windows.h"
 #include "server/interface.h"
+#include "server/typed_arguments.h"
 #include "server/unknown.h"
 
 namespace vexnumkr::server {
@@ -21,6 +22,9 @@ namespace {
 
 using automation::ComPtr;
 using automation::toUtf8;
+
+// Conn is the first argument of Init; ShowDialog has none.
+constexpr DISPID connectionArgument = 0;
 
 std::shared_ptr<Connection> connectionOf(IDispatch* object) {
   if (object == nullptr) return nullptr;
@@ -67,9 +71,13 @@ class ComponentObject final : public Unknown<ComponentObject, _VXNummernkreise> 
                                    UINT* argument) override {
     if (reserved != IID_NULL) return DISP_E_UNKNOWNINTERFACE;
     if (parameters == nullptr) return E_POINTER;
-    TypedArguments typed(*parameters);
-    return description_->Invoke(static_cast<_VXNummernkreise*>(this), member, kind,
-                                typed.parameters(), result, raised, argument);
+    try {
+      TypedArguments typed(*parameters, connectionArgument);
+      return description_->Invoke(static_cast<_VXNummernkreise*>(this), member, kind,
+                                  typed.parameters(), result, raised, argument);
+    } catch (...) {
+      return E_OUTOFMEMORY;
+    }
   }
 
   HRESULT STDMETHODCALLTYPE Init(IDispatch** Conn, LONG LngApplication, BSTR strUser,
@@ -105,13 +113,11 @@ class ComponentObject final : public Unknown<ComponentObject, _VXNummernkreise> 
   void withDialogs(const char* procedure, Action&& action) noexcept {
     const ComPtr<IUnknown> alive(this);
     try {
-      DialogApplication::require();
+      requireDialogApplication();
       const HostWindows disabled;
       action();
-    } catch (const Error& error) {
-      showPlainFailure(error, procedure);
-    } catch (const std::exception& error) {
-      showPlainFailure(Error(0, "", error.what()), procedure);
+    } catch (...) {
+      ignoringFailures([&] { showPlainFailure(currentFailure(), procedure); });
     }
   }
 
@@ -130,7 +136,7 @@ HRESULT createComponentObject(REFIID wanted, void** object) {
     return found;
   } catch (const Error& error) {
     return error.number() < 0 ? error.number() : E_FAIL;
-  } catch (const std::bad_alloc&) {
+  } catch (...) {
     return E_OUTOFMEMORY;
   }
 }

@@ -1,6 +1,7 @@
 #include "server/dialog_application.h"
 
 #include <QApplication>
+#include <QFileInfo>
 #include <QThread>
 #include <memory>
 #include <string>
@@ -12,6 +13,10 @@
 namespace vexnumkr::server {
 namespace {
 
+QString folderOf(const std::wstring& file) {
+  return QFileInfo(QString::fromStdWString(file)).absolutePath();
+}
+
 void makeApplication() {
   // Dies with the process: what it releases then could only fail.
   static int argumentCount = 3;
@@ -20,11 +25,13 @@ void makeApplication() {
   static char platform[] = "windows";
   static char* arguments[] = {name, option, platform, nullptr};
 
-  // Plugins of another Qt, which the host may have, would not fit.
-  QCoreApplication::setLibraryPaths({});
+  // Where Qt is not inside, its plugins lie beside the library file. Those of another Qt, which the
+  // host may have, would not fit.
+  const QStringList plugins = {folderOf(Module::path())};
+  QCoreApplication::setLibraryPaths(plugins);
   QCoreApplication::setAttribute(Qt::AA_PluginApplication);
   auto application = std::make_unique<QApplication>(argumentCount, arguments);
-  QCoreApplication::setLibraryPaths({});
+  QCoreApplication::setLibraryPaths(plugins);
   QGuiApplication::setQuitOnLastWindowClosed(false);
   static_cast<void>(application.release());
   Module::instance().stay();
@@ -32,14 +39,14 @@ void makeApplication() {
 
 }  // namespace
 
-void DialogApplication::require() {
+void requireDialogApplication() {
   if (QCoreApplication::instance() == nullptr) makeApplication();
   if (QThread::currentThread() != QCoreApplication::instance()->thread())
     throw Error(automation::runtime_number::automationError, "VEXNummernkreise",
                 "Die Dialoge gehören zu einem anderen Thread dieses Programms.");
 }
 
-void showPlainFailure(const Error& error, const char* procedure) noexcept {
+void showPlainFailure(const Error& error, const char* procedure) {
   const std::wstring title = automation::toWide("Fehler " + std::to_string(error.number()));
   const std::wstring prompt =
       automation::toWide(std::string("VXNummernkreise\r\n") + procedure + ": " + error.what());

@@ -5,19 +5,15 @@
 
 namespace vexnumkr::server {
 
-namespace DialogApplication {
-
 /// Sees to it that there is a QApplication on this thread. It is made by the first call, takes
-/// nothing from the host's command line, environment or folders, does not change how Windows scales
-/// the host, never ends the host's message loop, and stays until the process ends, as does the
-/// library file.
+/// nothing from the host's command line and folders (Qt's own QT_... variables apply, but for the
+/// platform), does not change how Windows scales the host, never ends the host's message loop, and
+/// stays until the process ends, as does the library file.
 ///
 /// Error 440 on any other thread than that of the first call: dialogs have one thread.
-void require();
-
-}  // namespace DialogApplication
+void requireDialogApplication();
 
 /// Shows a failure before or outside of Qt, in the form in which the component shows all of them.
-void showPlainFailure(const Error& error, const char* procedure) noexcept;
+void showPlainFailure(const Error& error, const char* procedure);
 
 }  // namespace vexnumkr::server

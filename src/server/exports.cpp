@@ -15,6 +15,18 @@ STDAPI DllGetClassObject(REFCLSID wantedClass, REFIID wantedInterface, void** ob
 
 STDAPI DllCanUnloadNow() { return Module::instance().canUnload() ? S_OK : S_FALSE; }
 
-STDAPI DllRegisterServer() { return registerServer(Module::path()); }
+STDAPI DllRegisterServer() {
+  try {
+    return registerServer(Module::path());
+  } catch (...) {
+    return E_OUTOFMEMORY;
+  }
+}
 
-STDAPI DllUnregisterServer() { return unregisterServer(); }
+STDAPI DllUnregisterServer() {
+  try {
+    return unregisterServer();
+  } catch (...) {
+    return E_OUTOFMEMORY;
+  }
+}

@@ -3,6 +3,7 @@
 #include <QGuiApplication>
 #include <QWindow>
 #include <algorithm>
+#include <utility>
 
 namespace vexnumkr::server {
 namespace {
@@ -17,6 +18,8 @@ bool isOwn(HWND window) {
                      [&](const QWindow* own) { return handleOf(*own) == window; });
 }
 
+bool isForeign(HWND window) { return !isOwn(window); }
+
 bool isAnotherVisible(HWND hidden) {
   const QWindowList windows = QGuiApplication::topLevelWindows();
   return std::any_of(windows.begin(), windows.end(), [&](const QWindow* own) {
@@ -25,25 +28,20 @@ bool isAnotherVisible(HWND hidden) {
   });
 }
 
-BOOL CALLBACK collectForeign(HWND window, LPARAM result) {
-  if (IsWindowVisible(window) && IsWindowEnabled(window) && !isOwn(window))
-    reinterpret_cast<std::vector<HWND>*>(result)->push_back(window);
-  return TRUE;
-}
-
 }  // namespace
 
 HostWindows* HostWindows::current_ = nullptr;
 
 HostWindows::HostWindows()
     : outer_(std::exchange(current_, this)),
-      active_(GetActiveWindow()),
-      focus_(GetFocus()),
       sentHook_(SetWindowsHookExW(WH_CALLWNDPROC, onSent, nullptr, GetCurrentThreadId())),
-      takenHook_(SetWindowsHookExW(WH_GETMESSAGE, onTaken, nullptr, GetCurrentThreadId())) {}
+      takenHook_(SetWindowsHookExW(WH_GETMESSAGE, onTaken, nullptr, GetCurrentThreadId())) {
+  // Without a word of windows being shown it is disabled for all of the time.
+  if (sentHook_ == nullptr) host_.disable(isForeign);
+}
 
 HostWindows::~HostWindows() {
-  enable();
+  host_.enable();
   UnhookWindowsHookEx(takenHook_);
   UnhookWindowsHookEx(sentHook_);
   current_ = outer_;
@@ -67,7 +65,7 @@ LRESULT CALLBACK HostWindows::onSent(int code, WPARAM context, LPARAM data) {
 // Qt's event loop would swallow the request, and the host would never end.
 LRESULT CALLBACK HostWindows::onTaken(int code, WPARAM removal, LPARAM data) {
   auto& message = *reinterpret_cast<MSG*>(data);
-  if (code == HC_ACTION && current_ != nullptr && removal == PM_REMOVE &&
+  if (code == HC_ACTION && current_ != nullptr && (removal & PM_REMOVE) != 0 &&
       message.message == WM_QUIT) {
     current_->isQuitting_ = true;
     current_->exitCode_ = static_cast<int>(message.wParam);
@@ -77,25 +75,11 @@ LRESULT CALLBACK HostWindows::onTaken(int code, WPARAM removal, LPARAM data) {
 }
 
 void HostWindows::windowShown(HWND window) {
-  if (isOwn(window)) disable();
+  if (isOwn(window)) host_.disable(isForeign);
 }
 
 void HostWindows::windowHidden(HWND window) {
-  if (isOwn(window) && !isAnotherVisible(window)) enable();
-}
-
-void HostWindows::disable() {
-  if (!disabled_.empty()) return;
-  EnumThreadWindows(GetCurrentThreadId(), collectForeign, reinterpret_cast<LPARAM>(&disabled_));
-  for (const HWND window : disabled_) EnableWindow(window, FALSE);
-}
-
-void HostWindows::enable() {
-  if (disabled_.empty()) return;
-  for (const HWND window : disabled_) EnableWindow(window, TRUE);
-  disabled_.clear();
-  if (IsWindow(active_)) SetActiveWindow(active_);
-  if (IsWindow(focus_)) SetFocus(focus_);
+  if (isOwn(window) && !isAnotherVisible(window)) host_.enable();
 }
 
 }  // namespace vexnumkr::server

@@ -1,9 +1,7 @@
 // The host's own windows while the component shows some.
 #pragma once
 
-#include <vector>
-
-#include "adapters/automation/com/com_headers.h"
+#include "adapters/automation/com/disabled_windows.h"
 
 namespace vexnumkr::server {
 
@@ -23,16 +21,12 @@ class HostWindows {
 
   void windowShown(HWND window);
   void windowHidden(HWND window);
-  void disable();
-  void enable();
 
   // The innermost one, on the one thread that has dialogs; the hooks know nothing else.
   static HostWindows* current_;
 
   HostWindows* const outer_;
-  const HWND active_;
-  const HWND focus_;
-  std::vector<HWND> disabled_;
+  automation::DisabledWindows host_;
   HHOOK sentHook_;
   HHOOK takenHook_;
   bool isQuitting_ = false;

@@ -16,8 +16,8 @@ class Module {
 
   void lock() { ++locks_; }
   void unlock() { --locks_; }
-  /// From now on the library stays loaded until the process ends. Qt keeps a thread, window classes
-  /// and thread-local memory whose code lies in it.
+  /// From now on the library stays loaded until the process ends. Once there is a QApplication, Qt
+  /// keeps a thread, window classes and thread-local memory whose code lies in it.
   void stay();
   bool canUnload() const { return locks_ == 0; }
 

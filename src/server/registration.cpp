@@ -14,7 +14,7 @@ constexpr const wchar_t* classesPath = L"Software\\Classes";
 constexpr const wchar_t* typeLibraryMarshaller = L"{00020424-0000-0000-C000-000000000046}";
 constexpr bool is64Bit = sizeof(void*) == 8;
 constexpr const wchar_t* platform = is64Bit ? L"win64" : L"win32";
-constexpr REGSAM otherView = is64Bit ? KEY_WOW64_32KEY : KEY_WOW64_64KEY;
+constexpr const wchar_t* otherPlatform = is64Bit ? L"win32" : L"win64";
 
 std::wstring textOf(const GUID& id) {
   std::array<wchar_t, 39> text = {};
@@ -64,9 +64,10 @@ LSTATUS writeInterface(HKEY classes) {
   });
 }
 
-// Both word lengths share the name and the type library's key.
+// Both word lengths share the name and the type library's key; the library's tells whether the
+// other one is registered.
 LSTATUS removeWhatIsShared(HKEY classes) {
-  if (keyExists(classes, classKey(), otherView)) return ERROR_SUCCESS;
+  if (keyExists(classes, localeKey() + L"\\" + otherPlatform)) return ERROR_SUCCESS;
   return firstFailure({
       [&] { return removeTree(classes, programId); },
       [&] { return removeTree(classes, libraryKey()); },
@@ -94,8 +95,11 @@ HRESULT removeFrom(HKEY root) {
                      {});
 }
 
+// Any part will do, so that what an interrupted removal has left is found again.
 bool isRegisteredIn(HKEY root) {
-  return keyExists(root, std::wstring(classesPath) + L"\\" + classKey(), 0);
+  const std::wstring classes = std::wstring(classesPath) + L"\\";
+  return keyExists(root, classes + classKey()) || keyExists(root, classes + interfaceKey()) ||
+         keyExists(root, classes + localeKey() + L"\\" + platform);
 }
 
 }  // namespace
@@ -113,8 +117,9 @@ HRESULT registerIn(HKEY classes, const std::wstring& libraryFile) {
 HRESULT unregisterIn(HKEY classes) { return HRESULT_FROM_WIN32(remove(classes)); }
 
 HRESULT registerServer(const std::wstring& libraryFile) {
-  if (FAILED(withClasses(HKEY_LOCAL_MACHINE, registerIn, libraryFile)))
-    return withClasses(HKEY_CURRENT_USER, registerIn, libraryFile);
+  const HRESULT registered = withClasses(HKEY_LOCAL_MACHINE, registerIn, libraryFile);
+  if (registered == E_ACCESSDENIED) return withClasses(HKEY_CURRENT_USER, registerIn, libraryFile);
+  if (FAILED(registered)) return registered;
   // What this user registered earlier would hide the machine's.
   if (isRegisteredIn(HKEY_CURRENT_USER)) removeFrom(HKEY_CURRENT_USER);
   return S_OK;

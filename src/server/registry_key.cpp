@@ -22,9 +22,9 @@ LSTATUS setText(HKEY parent, const std::wstring& path, const std::wstring& name,
                         reinterpret_cast<const BYTE*>(text.c_str()), size);
 }
 
-bool keyExists(HKEY parent, const std::wstring& path, REGSAM view) {
+bool keyExists(HKEY parent, const std::wstring& path) {
   HKEY key = nullptr;
-  if (RegOpenKeyExW(parent, path.c_str(), 0, KEY_READ | view, &key) != ERROR_SUCCESS) return false;
+  if (RegOpenKeyExW(parent, path.c_str(), 0, KEY_READ, &key) != ERROR_SUCCESS) return false;
   RegCloseKey(key);
   return true;
 }

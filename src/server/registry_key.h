@@ -32,8 +32,7 @@ LSTATUS createKey(HKEY parent, const std::wstring& path);
 /// name "".
 LSTATUS setText(HKEY parent, const std::wstring& path, const std::wstring& name,
                 const std::wstring& text);
-/// Whether the key is there, in the view of the registry that `view` names, 0 for this program's.
-bool keyExists(HKEY parent, const std::wstring& path, REGSAM view);
+bool keyExists(HKEY parent, const std::wstring& path);
 /// Removes the key with all below; a missing one is no failure.
 LSTATUS removeTree(HKEY parent, const std::wstring& path);
 

@@ -55,6 +55,14 @@ TEST(AdoStatementCheck, ANamedDataSourceMayBeAnything) {
   EXPECT_EQ(lexicalRulesOf(""), std::nullopt);
 }
 
+TEST(AdoStatementCheck, OnlyProviderAndDriverSayWhichEngineItIs) {
+  EXPECT_EQ(lexicalRulesOf("Provider=SQLOLEDB;Initial Catalog=MySQL_Kopie"), LexicalRules{});
+  EXPECT_EQ(lexicalRulesOf("Driver={SQL Server};Server=db;Database=postgres_alt"), LexicalRules{});
+  EXPECT_EQ(lexicalRulesOf("DSN=mysql;UID=sa"), std::nullopt);
+  EXPECT_EQ(lexicalRulesOf("Provider=MSDASQL; Data Source=\"x;Driver={MySQL}\""), std::nullopt);
+  EXPECT_TRUE(lexicalRulesOf(" driver = {MariaDB ODBC; 3.1} ;Server=db")->backslashEscapes);
+}
+
 TEST(AdoStatementCheck, LetsOneStatementThrough) {
   for (const char* const connection : {sqlServer, accessFile, mariaDb, postgreSql, dataSource}) {
     EXPECT_EQ(passed(connection, " SELECT 1 ; "), "SELECT 1") << connection;

@@ -60,6 +60,23 @@ class ComponentTest : public test::CoreSession {
                        }};
 };
 
+TEST_F(ComponentTest, WhileTheDialogIsOpenTheHostGetsNeitherAnotherOneNorAnotherSession) {
+  user("Max");
+  ASSERT_TRUE(init(1));
+  bool again = true;
+  dialogs_.whenShown = [&](HostContext& context) {
+    component().ShowDialog();
+    again = component().Init(hostConnection(), 2, "Moritz", "");
+    EXPECT_EQ(context.strUser(), "Max");
+  };
+  component().ShowDialog();
+  EXPECT_FALSE(again);
+  EXPECT_EQ(takeCalls(), (Lines{"created", "font MS Sans Serif", "shown", "released"}));
+  dialogs_.whenShown = nullptr;
+  component().ShowDialog();
+  EXPECT_EQ(takeCalls().size(), 4U);
+}
+
 TEST_F(ComponentTest, InitStoresTheSession) {
   user("Max");
   user("Anna");

@@ -34,6 +34,6 @@ qt=$("$root/tools/windows/qt.sh" --arch "$arch" | tee /dev/stderr | tail -n 1)
 launcher=()
 if command -v ccache >/dev/null; then launcher=(-DCMAKE_CXX_COMPILER_LAUNCHER=ccache); fi
 cd "$root"
-cmake --preset "windows-$arch" -DCMAKE_PREFIX_PATH="$qt" "${launcher[@]}"
+cmake --preset "windows-$arch" -DCMAKE_PREFIX_PATH="$qt" -DBUILD_TESTING=OFF "${launcher[@]}"
 cmake --build --preset "windows-$arch"
 ls -l "build/windows-$arch/bin/VEXNumKr.dll"

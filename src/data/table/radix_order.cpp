@@ -19,7 +19,7 @@ std::vector<std::uint32_t> radixOrder(const std::vector<std::uint64_t>& keys, un
   for (unsigned shift = 0; shift < bits; shift += digitBits) {
     std::array<std::uint32_t, buckets> start{};
     const auto digit = [&](std::uint32_t position) {
-      return (keys[position] >> shift) & (buckets - 1);
+      return static_cast<std::size_t>(keys[position] >> shift) & (buckets - 1);
     };
     for (const std::uint32_t position : order) ++start[digit(position)];
     std::exclusive_scan(start.begin(), start.end(), start.begin(), 0U);

@@ -133,8 +133,8 @@ void raiseOnFailure(HRESULT code) {
   if (FAILED(code)) throw failureOf(code);
 }
 
-void raise(std::int32_t runtimeNumber) {
-  throw Error(runtimeNumber, "", runtimeText(runtimeNumber));
+Error objectRequired() {
+  return Error(runtime_number::objectRequired, "", runtimeText(runtime_number::objectRequired));
 }
 
 }  // namespace vexnumkr::automation

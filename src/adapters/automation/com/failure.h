@@ -29,6 +29,7 @@ Error failureOf(EXCEPINFO& raised);
 /// Throws the error where `code` is a failure.
 void raiseOnFailure(HRESULT code);
 
-[[noreturn]] void raise(std::int32_t runtimeNumber);
+/// Error 424.
+Error objectRequired();
 
 }  // namespace vexnumkr::automation

@@ -6,6 +6,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "adapters/automation/com/com_headers.h"
 #include "adapters/automation/com/variant.h"

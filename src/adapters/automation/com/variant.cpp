@@ -5,6 +5,7 @@
 #include <cmath>
 #include <limits>
 #include <string>
+#include <utility>
 
 #include <vexnumkr/error.h>
 
@@ -16,6 +17,7 @@ namespace {
 
 constexpr auto smallest = std::numeric_limits<std::int32_t>::min();
 constexpr auto largest = std::numeric_limits<std::int32_t>::max();
+// The rules of German, whatever this user has set up for himself.
 constexpr LCID german = MAKELCID(MAKELANGID(LANG_GERMAN, SUBLANG_GERMAN), SORT_DEFAULT);
 
 template <typename Integer>
@@ -24,9 +26,11 @@ Value integerValue(Integer number) {
   return std::to_string(number);
 }
 
-Value realValue(double number) {
-  if (number >= smallest && number <= largest && std::trunc(number) == number)
-    return static_cast<std::int32_t>(number);
+template <typename Real>
+Value realValue(Real number) {
+  const double exact = number;
+  if (exact >= smallest && exact <= largest && std::trunc(exact) == exact)
+    return static_cast<std::int32_t>(exact);
   // The longest double has 309 places before or 341 behind the point.
   std::array<char, 512> digits;
   const auto end = std::to_chars(digits.begin(), digits.end(), number, std::chars_format::fixed);
@@ -35,20 +39,21 @@ Value realValue(double number) {
   return text;
 }
 
-std::string textOf(const VARIANT& variant, LCID locale) {
+std::string textOf(const VARIANT& variant, LCID locale, USHORT flags) {
   Variant text;
   VARIANT source = variant;  // Only read; the function's signature does not say so.
-  if (FAILED(VariantChangeTypeEx(text.receive(), &source, locale, 0, VT_BSTR)))
+  if (FAILED(VariantChangeTypeEx(text.receive(), &source, locale, flags, VT_BSTR)))
     throw Error::typeMismatch();
   return toUtf8(V_BSTR(&text.get()));
 }
 
 // Exact decimals are taken by their digits, which no double would keep.
 Value decimalValue(const VARIANT& variant) {
-  Value text(textOf(variant, german));
+  Value text(textOf(variant, german, VARIANT_NOUSEROVERRIDE));
   Variant number;
   VARIANT source = variant;
-  if (FAILED(VariantChangeTypeEx(number.receive(), &source, german, 0, VT_I4))) return text;
+  if (FAILED(VariantChangeTypeEx(number.receive(), &source, german, VARIANT_NOUSEROVERRIDE, VT_I4)))
+    return text;
   Value whole(static_cast<std::int32_t>(V_I4(&number.get())));
   return whole.toText() == text.asText() ? whole : text;
 }
@@ -158,7 +163,7 @@ Value toValue(const VARIANT& variant) {
     case VT_BSTR:
       return toUtf8(V_BSTR(&data));
     case VT_DATE:
-      return textOf(data, LOCALE_USER_DEFAULT);
+      return textOf(data, LOCALE_USER_DEFAULT, 0);
     default:
       throw Error::typeMismatch();
   }
@@ -188,7 +193,7 @@ ComPtr<IDispatch> toObject(const VARIANT& variant) {
         raiseOnFailure(V_UNKNOWN(&data)->QueryInterface(IID_PPV_ARGS(&object)));
       break;
     default:
-      raise(runtime_number::objectRequired);
+      throw objectRequired();
   }
   return object;
 }

@@ -4,6 +4,7 @@
 
 #include "adapters/automation/ado/connection.h"
 #include "adapters/automation/com/bstr.h"
+#include "adapters/automation/com/disabled_windows.h"
 #include "adapters/automation/com/late_bound.h"
 
 namespace vexnumkr::automation {
@@ -19,6 +20,9 @@ class RegisteredBookingCircles final : public BookingCircleDialog {
   }
   void MultiSelect(bool on) override { object_.put("MultiSelect", Variant(on)); }
   void Show(const std::string& origin, std::int32_t number) override {
+    // The administration's window is modal for windows of its own kind only.
+    DisabledWindows others;
+    others.disable([](HWND) { return true; });
     const Variant forOrigin(origin);
     const Variant selection(number);
     object_.call("Show", {&forOrigin, &selection});
