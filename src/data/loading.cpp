@@ -37,18 +37,18 @@ RangeRow storedRow(const Recordset& record) {
   return range;
 }
 
-RangeRow rowAt(const XArray& table, std::int32_t row) {
+RangeRow rangeOf(const TableRow& row) {
   RangeRow range;
-  range.Benutzer = table.toText(row, column::Benutzer);
-  range.Buchungskreis = table.toLong(row, column::Buchungskreis);
-  range.NSchl = table.toText(row, column::NSchl);
-  range.NBezeichnung = table.toText(row, column::NBezeichnung);
-  range.StartWert = table.toLong(row, column::StartWert);
-  range.AktuellerWert = table.toLong(row, column::AktuellerWert);
-  range.EndWert = table.toLong(row, column::EndWert);
-  range.SortierIndex = table.toLong(row, column::SortierIndex);
-  range.IstNSchlVon = table.toText(row, column::IstNSchlVon);
-  range.Maske = table.get(row, column::Maske);
+  range.Benutzer = row.toText(column::Benutzer);
+  range.Buchungskreis = row.toLong(column::Buchungskreis);
+  range.NSchl = row.toText(column::NSchl);
+  range.NBezeichnung = row.toText(column::NBezeichnung);
+  range.StartWert = row.toLong(column::StartWert);
+  range.AktuellerWert = row.toLong(column::AktuellerWert);
+  range.EndWert = row.toLong(column::EndWert);
+  range.SortierIndex = row.toLong(column::SortierIndex);
+  range.IstNSchlVon = row.toText(column::IstNSchlVon);
+  range.Maske = row.get(column::Maske);
   return range;
 }
 
@@ -101,7 +101,7 @@ void spreadOverCircles(HostContext& context) {
     for (std::int32_t j = circles.LowerBound(1); j <= circles.UpperBound(1); ++j) {
       const std::int32_t circle = circles.toLong(j, circle_column::Buchungskreis);
       if (FoundInXArray(context, alleBenutzer, circle, key) != -1) continue;
-      RangeRow range = rowAt(table, i);
+      RangeRow range = rangeOf(table.at(i));
       range.Benutzer = alleBenutzer;
       range.Buchungskreis = circle;
       AddDataGroup(context, std::move(range), true);
@@ -131,7 +131,7 @@ void deriveUserRows(HostContext& context) {
   const std::int32_t lastRow = table.UpperBound(1);
   for (std::int32_t i = table.LowerBound(1); i <= lastRow; ++i) {
     if (!table.toBoolean(i, column::Aktiviert)) continue;
-    RangeRow common = rowAt(table, i);
+    RangeRow common = rangeOf(table.at(i));
     common.Gruppe = table.toText(i, column::Gruppe);
     for (const std::string& user : context.colUser()) {
       if (user == alleBenutzer) continue;

@@ -8,9 +8,10 @@
 namespace vexnumkr::basAllgemein {
 namespace {
 
-void activateStandardRange(HostContext& context, const std::string& user, const std::string& key) {
-  const std::int32_t row = FoundInXArray(context, user, 0, key);
-  context.XArray().set(row, column::Aktiviert, true);
+void activateStandardRange(HostContext& context, const std::string& user, TextId key) {
+  XArray& table = context.XArray();
+  const std::int32_t row = FoundInXArray(context, user, 0, table.text(key));
+  table.set(row, column::Aktiviert, true);
 }
 
 void checkUser(HostContext& context, const std::string& user) {
@@ -18,18 +19,20 @@ void checkUser(HostContext& context, const std::string& user) {
   sortRows(table, treeOrder);
   const std::int32_t first = table.Find(table.LowerBound(1), column::Benutzer, user);
   if (first == -1) return;
-  std::string key = table.toText(first, column::NSchl);
+  const TextId userId = table.at(first).toTextId(column::Benutzer);
+  TextId key = table.at(first).toTextId(column::NSchl);
   bool seenActive = false;
   const std::int32_t last = table.UpperBound(1);
-  for (std::int32_t row = first; row <= last; ++row) {
-    if (!table.equals(row, column::NSchl, key)) {
+  for (std::int32_t i = first; i <= last; ++i) {
+    const TableRow row = table.at(i);
+    if (!row.equals(column::NSchl, key)) {
       if (!seenActive) activateStandardRange(context, user, key);
-      key = table.toText(row, column::NSchl);
+      key = row.toTextId(column::NSchl);
       seenActive = false;
     }
-    if (table.toBoolean(row, column::Aktiviert)) seenActive = true;
-    if (row == last && !seenActive) activateStandardRange(context, user, key);
-    if (!table.equals(row, column::Benutzer, user)) return;
+    if (row.toBoolean(column::Aktiviert)) seenActive = true;
+    if (i == last && !seenActive) activateStandardRange(context, user, key);
+    if (!row.equals(column::Benutzer, userId)) return;
   }
 }
 

@@ -9,19 +9,19 @@ namespace {
 
 constexpr const char* everybody = "ALL";
 
-statement::Range rangeAt(const XArray& table, std::int32_t row) {
-  return {table.toLong(row, column::Buchungskreis), table.toText(row, column::NSchl),
-          table.toText(row, column::NBezeichnung),  table.toLong(row, column::StartWert),
-          table.toLong(row, column::AktuellerWert), table.toLong(row, column::EndWert),
-          table.toBoolean(row, column::Aktiviert),  table.toLong(row, column::SortierIndex),
-          table.toText(row, column::IstNSchlVon),   table.toText(row, column::Maske)};
+statement::Range rangeOf(const TableRow& row) {
+  return {row.toLong(column::Buchungskreis), row.toText(column::NSchl),
+          row.toText(column::NBezeichnung),  row.toLong(column::StartWert),
+          row.toLong(column::AktuellerWert), row.toLong(column::EndWert),
+          row.toBoolean(column::Aktiviert),  row.toLong(column::SortierIndex),
+          row.toText(column::IstNSchlVon),   row.toText(column::Maske)};
 }
 
 void writeRow(HostContext& context, std::int32_t row) {
   const XArray& table = context.XArray();
   const std::string user = table.toText(row, column::Benutzer);
   if (user == alleBenutzer) {
-    InsertIntoNummernkreise(context, rangeAt(table, row));
+    InsertIntoNummernkreise(context, rangeOf(table.at(row)));
     context.progress().advance();
   }
   if (table.toBoolean(row, column::Aktiviert)) {
@@ -35,9 +35,10 @@ void writeRow(HostContext& context, std::int32_t row) {
 // that does not convert is found out when its row is written.
 std::int64_t statementsFor(const XArray& table) {
   std::int64_t statements = 3;
-  for (std::int32_t row = table.LowerBound(1); row <= table.UpperBound(1); ++row) {
-    if (table.equals(row, column::Benutzer, alleBenutzer)) ++statements;
-    if (table.get(row, column::Aktiviert) == Value(true)) ++statements;
+  for (std::int32_t i = table.LowerBound(1); i <= table.UpperBound(1); ++i) {
+    const TableRow row = table.at(i);
+    if (row.equals(column::Benutzer, alleBenutzer)) ++statements;
+    if (row.get(column::Aktiviert) == Value(true)) ++statements;
   }
   return statements;
 }

@@ -76,6 +76,32 @@ TEST(XArrayTest, RowsAndColumnsThatDoNotExistAreError9) {
   EXPECT_EQ(column(table, 0), Texts{"a"});
 }
 
+TEST(XArrayTest, ARowReadsItsCells) {
+  XArray table;
+  table.ReDim(1, 2, 2, 5);
+  table.set(2, 2, "Anna");
+  table.set(2, 3, 7);
+  table.set(2, 4, Null{});
+  const TableRow row = table.at(2);
+  EXPECT_EQ(row.get(2), Value("Anna"));
+  EXPECT_EQ(row.toLong(3), 7);
+  EXPECT_TRUE(row.isNull(4));
+  EXPECT_EQ(row.toTextId(2), table.textId("Anna"));
+  EXPECT_TRUE(row.equals(2, *table.textId("Anna")));
+  EXPECT_FALSE(row.equals(3, row.toTextId(3))) << "a number is no text";
+  EXPECT_TRUE(row.equals(5, emptyTextId)) << "a cell that was never set";
+  EXPECT_EQ(table.textId("Berta"), std::nullopt);
+}
+
+TEST(XArrayTest, ARowHasTheBoundsOfItsTable) {
+  XArray table;
+  table.ReDim(1, 2, 2, 5);
+  EXPECT_EQ(errorOf([&] { table.at(0); }), 9);
+  EXPECT_EQ(errorOf([&] { table.at(3); }), 9);
+  EXPECT_EQ(errorOf([&] { table.at(1).get(1); }), 9);
+  EXPECT_EQ(errorOf([&] { table.at(1).get(6); }), 9);
+}
+
 TEST(XArrayTest, LaterRowsMoveUpWhenRowsAreRemoved) {
   XArray table = tableOf({{"a"}, {"b"}, {"c"}, {"d"}}, 0);
   table.DeleteRows(1, 2);

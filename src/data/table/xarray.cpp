@@ -89,8 +89,8 @@ std::int32_t XArray::rowOf(std::size_t slot) const {
   return rowLow_ + static_cast<std::int32_t>(live_.positionOf(slot));
 }
 
-const Cell& XArray::cell(std::int32_t row, std::int32_t column) const {
-  return rows_.row(slotOf(row))[columnOffset(column)];
+TableRow XArray::at(std::int32_t row) const {
+  return {rows_.row(slotOf(row)), rows_.columns(), columnLow_, *texts_};
 }
 
 Cell XArray::cellOf(const Value& value) {
@@ -98,23 +98,6 @@ Cell XArray::cellOf(const Value& value) {
   if (value.isLong()) return Cell::ofLong(value.asLong());
   if (value.isBoolean()) return {Cell::Kind::Boolean, value.asBoolean() ? 1U : 0U};
   if (value.isNull()) return {Cell::Kind::Null, 0};
-  return {};
-}
-
-Value XArray::get(std::int32_t row, std::int32_t column) const {
-  const Cell& content = cell(row, column);
-  switch (content.kind) {
-    case Cell::Kind::Text:
-      return Value(texts_->text(content.textId()));
-    case Cell::Kind::Long:
-      return Value(content.number());
-    case Cell::Kind::Boolean:
-      return Value(content.bits != 0);
-    case Cell::Kind::Null:
-      return Value(Null{});
-    case Cell::Kind::Empty:
-      break;
-  }
   return {};
 }
 
@@ -130,35 +113,6 @@ void XArray::set(std::int32_t row, std::int32_t column, const Value& value) {
   if (indexed) index_.link(rows_, slot);
   const auto sortsBy = [column](const SortKey& key) { return key.column == column; };
   if (std::any_of(order_.begin(), order_.end(), sortsBy)) forgetOrder();
-}
-
-bool XArray::isNull(std::int32_t row, std::int32_t column) const {
-  return cell(row, column).kind == Cell::Kind::Null;
-}
-
-std::int32_t XArray::toLong(std::int32_t row, std::int32_t column) const {
-  const Cell& content = cell(row, column);
-  return content.isLong() ? content.number() : get(row, column).toLong();
-}
-
-bool XArray::toBoolean(std::int32_t row, std::int32_t column) const {
-  const Cell& content = cell(row, column);
-  return content.kind == Cell::Kind::Boolean ? content.bits != 0 : get(row, column).toBoolean();
-}
-
-std::string XArray::toText(std::int32_t row, std::int32_t column) const {
-  return get(row, column).toText();
-}
-
-TextId XArray::toTextId(std::int32_t row, std::int32_t column) const {
-  const Cell& content = cell(row, column);
-  return content.isText() ? content.textId() : texts_->add(toText(row, column));
-}
-
-bool XArray::equals(std::int32_t row, std::int32_t column, std::string_view text) const {
-  const Cell& content = cell(row, column);
-  if (content.kind == Cell::Kind::Empty) return text.empty();
-  return content.isText() && texts_->text(content.textId()) == text;
 }
 
 std::int32_t XArray::FindRow(

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -16,6 +17,7 @@
 #include "data/table/range_index.h"
 #include "data/table/row_sort.h"
 #include "data/table/row_store.h"
+#include "data/table/table_row.h"
 #include "data/table/text_pool.h"
 
 namespace vexnumkr {
@@ -46,22 +48,25 @@ class XArray {
   /// Adds empty rows at the end.
   void AppendRows(std::int32_t count = 1);
 
-  Value get(std::int32_t row, std::int32_t column) const;
+  TableRow at(std::int32_t row) const;
   void set(std::int32_t row, std::int32_t column, const Value& value);
 
-  bool isNull(std::int32_t row, std::int32_t column) const;
+  // Of a single cell, as TableRow has them.
+  Value get(std::int32_t row, std::int32_t column) const { return at(row).get(column); }
+  bool isNull(std::int32_t row, std::int32_t column) const { return at(row).isNull(column); }
+  std::int32_t toLong(std::int32_t row, std::int32_t column) const {
+    return at(row).toLong(column);
+  }
+  bool toBoolean(std::int32_t row, std::int32_t column) const { return at(row).toBoolean(column); }
+  std::string toText(std::int32_t row, std::int32_t column) const { return at(row).toText(column); }
+  TextId toTextId(std::int32_t row, std::int32_t column) const { return at(row).toTextId(column); }
+  bool equals(std::int32_t row, std::int32_t column, std::string_view text) const {
+    return at(row).equals(column, text);
+  }
 
-  /// The cell converted, with the errors of Value's conversions.
-  std::int32_t toLong(std::int32_t row, std::int32_t column) const;
-  bool toBoolean(std::int32_t row, std::int32_t column) const;
-  std::string toText(std::int32_t row, std::int32_t column) const;
-  /// The converted text by its number in the table's pool: equal texts have equal numbers, and ""
-  /// has emptyTextId.
-  TextId toTextId(std::int32_t row, std::int32_t column) const;
   const std::string& text(TextId id) const { return texts_->text(id); }
-  /// Whether the cell holds this text, where a cell that was never set counts as an empty text;
-  /// false for a cell of another kind.
-  bool equals(std::int32_t row, std::int32_t column, std::string_view text) const;
+  /// The number of `text` in the table's pool, or nothing when no cell ever held it.
+  std::optional<TextId> textId(std::string_view text) const { return texts_->find(text); }
 
   /// The first row at or after `startRow` whose cell equals `value`, or -1. A start behind the last
   /// row finds nothing; one before the first: error 9.
@@ -87,7 +92,6 @@ class XArray {
 
  private:
   Cell cellOf(const Value& value);
-  const Cell& cell(std::int32_t row, std::int32_t column) const;
   std::size_t slotOf(std::int32_t row) const;
   std::size_t columnOffset(std::int32_t column) const;
   std::int32_t rowOf(std::size_t slot) const;
