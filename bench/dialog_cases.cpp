@@ -7,9 +7,11 @@
 #include <QSqlTableModel>
 #include <QTimer>
 #include <algorithm>
+#include <array>
 #include <memory>
 #include <stdexcept>
 #include <string>
+#include <vector>
 
 #include <vexnumkr/adapters.h>
 
@@ -77,49 +79,81 @@ class Sample {
     dialog.exec();
   }
 
+  // Takes back what the editor has changed, so that the company stays as it was.
+  void restore() {
+    bare_.run("UPDATE Nummernkreise SET NBezeichnung = REPLACE(NBezeichnung, '*', '')");
+    bare_.run("UPDATE Nummernkreis_Zuordnung SET Benutzer = REPLACE(Benutzer, '*', '')");
+  }
+
   void editInComponent() {
+    session_.readLists();
     session_.load();
     XArray& table = session_.table();
-    for (std::int32_t row = 0; row < std::min(changedRows, table.UpperBound(1) + 1); ++row)
+    requireRows(table.UpperBound(1) + 1);
+    for (std::int32_t row = 0; row < changedRows; ++row)
       basAllgemein::SetValueAll(session_.context(), table.toText(row, column::NSchl),
                                 table.toLong(row, column::Buchungskreis), column::Maske,
                                 table.toText(row, column::Maske));
     session_.save();
   }
 
-  void editInTableModel() {
-    QSqlTableModel ranges(nullptr, bare_.database());
-    QSqlTableModel assignments(nullptr, bare_.database());
-    load(assignments, "Nummernkreis_Zuordnung");
-    load(ranges, "Nummernkreise");
-    const int column = descriptionColumn(ranges);
-    ++edits_;
-    for (int row = 0; row < std::min(changedRows, ranges.rowCount()); ++row)
-      ranges.setData(ranges.index(row, column), QStringLiteral("Belegart %1").arg(edits_));
+  void editInTableModels() {
     QSqlDatabase database = bare_.database();
+    const QStringList known = database.tables();
+    std::vector<std::unique_ptr<QSqlTableModel>> models;
+    for (const char* const table : tables)
+      models.push_back(loaded(database, inEngineCase(known, table)));
+    int left = changedRows;
+    for (const auto& model : models) left -= changeRows(*model, left);
+    requireRows(changedRows - left);
     database.transaction();
-    if (!ranges.submitAll()) throw std::runtime_error(ranges.lastError().text().toStdString());
+    for (const auto& model : models)
+      if (!model->submitAll()) throw std::runtime_error(model->lastError().text().toStdString());
     database.commit();
   }
 
  private:
-  static int descriptionColumn(const QSqlTableModel& model) {
-    return std::max(model.fieldIndex(QStringLiteral("NBezeichnung")),
-                    model.fieldIndex(QStringLiteral("nbezeichnung")));
+  // Those that are edited come first.
+  static constexpr std::array tables = {"Nummernkreise", "Nummernkreis_Zuordnung",
+                                        "Nummernkreis_Buchungskreise", "Nummernkreis_Sonderkreise",
+                                        "tblUser"};
+
+  static void requireRows(int rows) {
+    if (rows < changedRows) throw std::runtime_error("there are not as many rows to change");
   }
 
-  void load(QSqlTableModel& model, const char* table) {
-    // As the engine has folded the name; the model quotes it.
-    const QStringList known = bare_.database().tables();
+  // The name as the engine has folded it; a model quotes it.
+  static QString inEngineCase(const QStringList& known, const char* table) {
     const auto found = std::find_if(known.begin(), known.end(), [&](const QString& name) {
       return name.compare(QLatin1String(table), Qt::CaseInsensitive) == 0;
     });
     if (found == known.end()) throw std::runtime_error(std::string(table) + " is not there");
-    model.setTable(*found);
-    model.setEditStrategy(QSqlTableModel::OnManualSubmit);
-    if (!model.select()) throw std::runtime_error(model.lastError().text().toStdString());
-    while (model.canFetchMore()) model.fetchMore();
+    return *found;
   }
+
+  static std::unique_ptr<QSqlTableModel> loaded(const QSqlDatabase& database,
+                                                const QString& table) {
+    auto model = std::make_unique<QSqlTableModel>(nullptr, database);
+    model->setTable(table);
+    model->setEditStrategy(QSqlTableModel::OnManualSubmit);
+    if (!model->select()) throw std::runtime_error(model->lastError().text().toStdString());
+    while (model->canFetchMore()) model->fetchMore();
+    return model;
+  }
+
+  // Changes the texts of up to `atMost` rows of a table; returns of how many.
+  int changeRows(QSqlTableModel& model, int atMost) const {
+    const int rows = std::min(atMost, model.rowCount());
+    for (int row = 0; row < rows; ++row) {
+      const QModelIndex text = model.index(row, textColumn);
+      model.setData(text, text.data().toString() + changeMark);
+    }
+    return rows;
+  }
+
+  // In both tables that are edited: a description, and a user.
+  static constexpr int textColumn = 2;
+  static constexpr QChar changeMark = u'*';
 
   static constexpr int sampleScale = 0;
 
@@ -127,7 +161,6 @@ class Sample {
   BareDriver bare_;
   Session session_;
   std::shared_ptr<Connection> connection_;
-  int edits_ = 0;
 };
 
 }  // namespace
@@ -138,13 +171,13 @@ void addDialogCases(Comparisons& comparisons, const Scale& /*scale*/) {
     return lazily<Sample>([=] { return std::make_unique<Sample>(engine); });
   };
   const auto on = [](const Sampled& sample, void (Sample::*work)()) {
-    return seconds([=] { ((**sample).*work)(); }, [=] { static_cast<void>(**sample); });
+    return seconds([=] { ((**sample).*work)(); }, [=] { (**sample).restore(); });
   };
   const auto editor = [&](const Sampled& sample, const std::string& engine) {
     comparisons.push_back(
         {"editor/" + engine, "editor, " + engine + ": the sample loaded, 100 ranges changed, saved",
          "the same in an editor built on QSqlTableModel", 1, on(sample, &Sample::editInComponent),
-         on(sample, &Sample::editInTableModel)});
+         on(sample, &Sample::editInTableModels)});
   };
   const Sampled sample = sampleOn(fileEngine);
   comparisons.push_back({"dialog", "dialog, from Init until it is shown",

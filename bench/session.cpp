@@ -58,15 +58,8 @@ Session::Session(std::shared_ptr<Connection> connection)
   session.Conn(std::move(connection));
   session.LngApplication(1);
   session.strVerarbeitungsdatum("20260315");
-  session.createColUser();
-  session.colUser().emplace_back(alleBenutzer);
-  std::int32_t affected = 0;
-  const auto users = session.Conn().Execute(statement::users(), affected);
-  for (; !users->EndOfFile(); users->MoveNext())
-    session.colUser().push_back(users->Fields("strUserName_PK").toText());
   basAllgemein::basInititialize(session);
-  basAllgemein::RefreshCombo(session, nullptr);
-  surroundings_->requireNoFailure();
+  readLists();
 }
 
 Session::Session(const std::string& connectionString)
@@ -75,6 +68,19 @@ Session::Session(const std::string& connectionString)
 Session::~Session() { basAllgemein::basTerminate(context()); }
 
 HostContext& Session::context() { return surroundings_->context; }
+
+void Session::readLists() {
+  HostContext& session = context();
+  session.createColUser();
+  session.colUser().emplace_back(alleBenutzer);
+  std::int32_t affected = 0;
+  const auto users = session.Conn().Execute(statement::users(), affected);
+  for (; !users->EndOfFile(); users->MoveNext())
+    session.colUser().push_back(users->Fields("strUserName_PK").toText());
+  static_cast<void>(basAllgemein::CheckSonderkreise(session));
+  basAllgemein::RefreshCombo(session, nullptr);
+  surroundings_->requireNoFailure();
+}
 
 void Session::load() {
   context().XArray(std::make_unique<XArray>(XArray::withColumns(column::last)));

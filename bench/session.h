@@ -25,6 +25,9 @@ class Session {
   HostContext& context();
   XArray& table() { return context().XArray(); }
 
+  /// Reads what the dialog reads ahead of the ranges: users, booking circles, and whether there are
+  /// special ranges.
+  void readLists();
   /// Replaces the range table by an empty one and fills it as the dialog does when it loads.
   void load();
   /// Writes everything back as OK does after a change.
