@@ -77,11 +77,11 @@ class PlainModel final : public QAbstractItemModel {
   }
 
   QModelIndex index(int row, int column, const QModelIndex& parent) const override {
-    return createIndex(row, column, parent.isValid() ? static_cast<quintptr>(parent.row()) + 1 : 0);
+    return createIndex(row, column, parent.isValid() ? idOfChildren(parent.row()) : 0);
   }
   QModelIndex parent(const QModelIndex& child) const override {
     if (child.internalId() == 0) return {};
-    return createIndex(static_cast<int>(child.internalId()) - 1, 0, quintptr{0});
+    return createIndex(static_cast<int>(groupOf(child)), 0, quintptr{0});
   }
   int rowCount(const QModelIndex& parent) const override {
     if (!parent.isValid()) return static_cast<int>(groups_.size());
@@ -91,21 +91,32 @@ class PlainModel final : public QAbstractItemModel {
   int columnCount(const QModelIndex&) const override { return columns; }
   QVariant data(const QModelIndex& index, int role) const override {
     if (role != Qt::DisplayRole) return {};
+    const auto row = static_cast<std::size_t>(index.row());
     const bool isGroup = index.internalId() == 0;
-    const std::size_t group = isGroup ? static_cast<std::size_t>(index.row())
-                                      : static_cast<std::size_t>(index.internalId() - 1);
-    const std::size_t item = isGroup ? 0 : static_cast<std::size_t>(index.row()) + 1;
-    return groups_[group][item]->texts[static_cast<std::size_t>(index.column())];
+    const Cells* const cells = isGroup ? groups_[row][0] : groups_[groupOf(index)][row + 1];
+    return cells->texts[static_cast<std::size_t>(index.column())];
   }
 
  private:
+  // As far apart as an index's row, times sixteen, can add to them: Qt hashes the sum, and a view
+  // that keeps all indexes of equal sums, or of sums a power of two apart, takes minutes to forget
+  // them.
+  static constexpr int idBits = 10;
+  static quintptr idOfChildren(int group) { return (static_cast<quintptr>(group) + 1) << idBits; }
+  static std::size_t groupOf(const QModelIndex& child) {
+    return (child.internalId() >> idBits) - 1;
+  }
+
   std::vector<std::vector<const Cells*>> groups_;
 };
 
-// Page by page from the first item to the last, each page painted at once.
-void scrollThrough(QTreeView& view) {
+// From the first item to the last, every seventh page painted at once: which of them, the turn
+// decides, so that seven turns paint all items.
+void scrollThrough(QTreeView& view, int turn) {
+  constexpr int turns = 7;
   QScrollBar& bar = *view.verticalScrollBar();
-  for (int place = 0; place < bar.maximum(); place += bar.pageStep()) {
+  const int page = bar.pageStep();
+  for (int place = turn % turns * page; place < bar.maximum(); place += turns * page) {
     bar.setValue(place);
     view.viewport()->repaint();
   }
@@ -147,7 +158,7 @@ class GridAtWork {
   }
   void paintGrid() {
     showFirst(window_);
-    scrollThrough(*qobject_cast<QTreeView*>(grid_->widget()));
+    scrollThrough(*qobject_cast<QTreeView*>(grid_->widget()), gridTurn_++);
   }
 
   void preparePlainView() {
@@ -162,7 +173,7 @@ class GridAtWork {
   void paintPlainView() {
     plainView_->expandAll();
     showFirst(*plainView_);
-    scrollThrough(*plainView_);
+    scrollThrough(*plainView_, plainTurn_++);
   }
 
  private:
@@ -175,6 +186,8 @@ class GridAtWork {
   std::vector<Cells> cells_;
   std::unique_ptr<PlainModel> plainModel_;
   std::unique_ptr<QTreeView> plainView_;
+  int gridTurn_ = 0;
+  int plainTurn_ = 0;
 };
 
 }  // namespace
