@@ -15,7 +15,7 @@ GridHeader::GridHeader(QWidget* parent) : QHeaderView(Qt::Horizontal, parent) {
 }
 
 QSize GridHeader::sizeHint() const {
-  return {QHeaderView::sizeHint().width(), rowHeight(fontMetrics(), devicePixelRatioF())};
+  return {length(), rowHeight(fontMetrics(), devicePixelRatioF())};
 }
 
 void GridHeader::paintSection(QPainter* painter, const QRect& rect, int section) const {
