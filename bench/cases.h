@@ -46,5 +46,6 @@ void addRuleCases(Comparisons& comparisons, const Scale& scale);
 void addTableCases(Comparisons& comparisons, const Scale& scale);
 void addGridCases(Comparisons& comparisons, const Scale& scale);
 void addDialogCases(Comparisons& comparisons, const Scale& scale);
+void addEditorCases(Comparisons& comparisons, const Scale& scale);
 
 }  // namespace vexnumkr::bench

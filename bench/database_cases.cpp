@@ -1,17 +1,13 @@
 // Loading and saving, held against the bare driver.
 #include <memory>
 #include <string>
-#include <string_view>
 #include <utility>
-#include <vector>
-
-#include <vexnumkr/adapters.h>
 
 #include "bench/bare_driver.h"
 #include "bench/cases.h"
 #include "bench/sample_database.h"
+#include "bench/sent_statements.h"
 #include "bench/session.h"
-#include "support/scripted_connection.h"
 
 namespace vexnumkr::bench {
 namespace {
@@ -26,52 +22,33 @@ class LoadAndSave {
 
   Session& session() { return session_; }
 
-  void sendLoad() { send(statements(loading_, &Session::load)); }
-  void sendSave() { send(statements(saving_, &Session::save)); }
+  void sendLoad() { send(bare_, loading(), sendsFailures()); }
+  void sendSave() { send(bare_, saving(), sendsFailures()); }
   /// So that nothing but sending is measured.
-  void recordLoad() { static_cast<void>(statements(loading_, &Session::load)); }
-  void recordSave() { static_cast<void>(statements(saving_, &Session::save)); }
+  void recordLoad() { loading(); }
+  void recordSave() { saving(); }
 
  private:
-  struct Statement {
-    std::string text;
-    bool fails = false;  // the insert of a range that exists is one that does
-  };
+  bool sendsFailures() const { return !database_.isOnPostgresql(); }
 
-  void send(const std::vector<Statement>& statements) {
-    for (const Statement& statement : statements) {
-      if (!statement.fails)
-        bare_.run(statement.text);
-      else if (!database_.isOnPostgresql())  // where it would end the transaction
-        bare_.tryToRun(statement.text);
-    }
+  const SentStatements& loading() {
+    if (loading_.empty())
+      loading_ = sentBy(database_.connectionString(), [](Session& session) { session.load(); });
+    return loading_;
   }
-
-  const std::vector<Statement>& statements(std::vector<Statement>& kept, void (Session::*work)()) {
-    if (!kept.empty()) return kept;
-    test::ConnectionScript script;
-    Session recorded(
-        test::scriptedConnection(openQtSqlConnection(database_.connectionString()), script));
-    if (work == &Session::save) recorded.load();
-    script.takeStatements();
-    (recorded.*work)();
-    for (const std::string& entry : script.takeStatements()) kept.push_back(statementOf(entry));
-    return kept;
-  }
-
-  static Statement statementOf(const std::string& entry) {
-    constexpr std::string_view label = "conn: ";
-    constexpr std::string_view failed = " !failed";
-    const bool fails = entry.ends_with(failed);
-    const std::size_t length = entry.size() - label.size() - (fails ? failed.size() : 0);
-    return {entry.substr(label.size(), length), fails};
+  const SentStatements& saving() {
+    if (saving_.empty())
+      saving_ = sentBy(
+          database_.connectionString(), [](Session& session) { session.save(); },
+          [](Session& session) { session.load(); });
+    return saving_;
   }
 
   SampleDatabase database_;
   BareDriver bare_;
   Session session_;
-  std::vector<Statement> loading_;
-  std::vector<Statement> saving_;
+  SentStatements loading_;
+  SentStatements saving_;
 };
 
 using Company = std::shared_ptr<Lazy<LoadAndSave>>;

@@ -67,6 +67,7 @@ Comparisons allComparisons(const Scale& scale) {
   addTableCases(all, scale);
   addGridCases(all, scale);
   addDialogCases(all, scale);
+  addEditorCases(all, scale);
   return all;
 }
 

@@ -1,0 +1,61 @@
+#include "bench/plain_dialog.h"
+
+#include <QComboBox>
+#include <QLabel>
+#include <QPushButton>
+#include <QTreeView>
+
+#include "adapters/qtforms/units.h"
+#include "data/table/columns.h"
+#include "hosting/host_context.h"
+
+namespace vexnumkr::bench {
+
+PlainDialog::PlainDialog(const FormDescription& description, const XArray& table) {
+  resize(qtforms::toPixels(description.width), qtforms::toPixels(description.height));
+  fill(table);
+  for (const ControlDescription& control : description.controls) {
+    QWidget* const widget = madeFor(control);
+    if (widget == nullptr) continue;
+    widget->setGeometry(qtforms::toPixels(control.position));
+    widget->setVisible(control.visible);
+  }
+}
+
+// Nothing for the control that only holds a picture.
+QWidget* PlainDialog::madeFor(const ControlDescription& control) {
+  const QString caption = QString::fromStdString(control.caption);
+  switch (control.kind) {
+    case ControlKind::Label:
+      return new QLabel(caption, this);
+    case ControlKind::Button:
+      return new QPushButton(caption, this);
+    case ControlKind::ComboBox: {
+      auto* const combo = new QComboBox(this);
+      combo->addItem(QString::fromUtf8(alleBenutzer));
+      return combo;
+    }
+    case ControlKind::TreeGrid: {
+      auto* const tree = new QTreeView(this);
+      tree->setUniformRowHeights(true);
+      tree->setModel(&model_);
+      return tree;
+    }
+    default:
+      return nullptr;
+  }
+}
+
+void PlainDialog::fill(const XArray& table) {
+  for (std::int32_t i = table.LowerBound(1); i <= table.UpperBound(1); ++i) {
+    const TableRow row = table.at(i);
+    if (!row.equals(column::Benutzer, alleBenutzer)) continue;
+    QList<QStandardItem*> items;
+    for (const std::int32_t shown : {column::NBezeichnung, column::StartWert, column::AktuellerWert,
+                                     column::EndWert, column::Maske})
+      items.append(new QStandardItem(QString::fromStdString(row.toText(shown))));
+    model_.appendRow(items);
+  }
+}
+
+}  // namespace vexnumkr::bench
