@@ -4,8 +4,7 @@
 //   vexnumkr-bench --benchmark_filter=REGEX       those whose names match
 //   vexnumkr-bench --benchmark_list_tests         the names
 //   vexnumkr-bench --quick                        all of them on a tiny company, once: shows that
-//   they
-//                                                 work, not what they cost
+//                                                 they work, not what they cost
 //   vexnumkr-bench --check                        ends with 1 when a ratio lies above its limit
 //   vexnumkr-bench --benchmark_out=FILE           every single measurement as JSON
 //   tools/bench.sh [OPTION...]                    the same, with servers for PostgreSQL and MariaDB
@@ -24,7 +23,9 @@
 //   memory          what the range table takes
 //   grid            the tree grid filled, painted, scrolled through, and edited
 //   dialog          from Init to the window on the screen
-//   editor          the sample company loaded, changed and saved
+//   editor          the sample company loaded, a hundred rows changed, saved
+//   dialog_least    the statements of the dialog through the bare driver, and Qt's plain controls
+//   editor_least    the statements of that task through the bare driver
 //
 // Each is held against a yardstick that does the least that any program would have to do, measured
 // in the same run in turns. A figure is the median of the ratios. Run it on a release build.
