@@ -11,10 +11,10 @@ root=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
 usage() { sed -n '2,7s/^# \{0,1\}//p' "$root/tools/windows/build.sh"; }
 
 arch=x86_64
-case "${1:-}" in
-  "") ;;
-  --arch) arch=${2:-} ;;
-  --help | -h)
+case "$#:${1:-}" in
+  0:) ;;
+  2:--arch) arch=$2 ;;
+  1:--help | 1:-h)
     usage
     exit 0
     ;;

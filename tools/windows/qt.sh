@@ -40,17 +40,8 @@ case "$arch" in
     ;;
 esac
 
-version=$(dpkg-query -W -f '${source:Version}' qt6-base-dev)
+version=$(dpkg-query -W -f '${source:Version}' "qt6-base-dev:$(dpkg --print-architecture)")
 cache=${VEXNUMKR_WINDOWS_CACHE:-${XDG_CACHE_HOME:-$HOME/.cache}/vexnumkr}
-# The recipe is part of the name: a changed one builds anew.
-recipe=$(cat "$here/qt.sh" "$here/mingw.cmake" | sha256sum | cut -c1-8)
-qt=$cache/qt-${version//[^A-Za-z0-9.]/_}-$arch-$recipe
-
-if [ -n "$only_where" ]; then
-  [ -e "$qt/complete" ] || exit 1
-  echo "$qt"
-  exit 0
-fi
 
 # Fetches the sources with package lists of this call's own, so that the machine's stay as they are.
 fetch_sources() {
@@ -88,6 +79,22 @@ configure() {
     -DINPUT_opengl=no -DFEATURE_sql_odbc=ON "${features[@]}" "${launcher[@]}"
 }
 
+install_it() {
+  cmake --install "$work/build" >/dev/null
+  # Qt Core asks the linker to export a function; a library that it is part of need not show that.
+  "$arch-w64-mingw32-objcopy" --remove-section .drectve "$work/install/lib/libQt6Core.a"
+}
+
+# What is done to the sources is part of the name: a change builds anew.
+recipe=$({ declare -f configure install_it && cat "$here/mingw.cmake"; } | sha256sum | cut -c1-8)
+qt=$cache/qt-${version//[^A-Za-z0-9.]/_}-$arch-$recipe
+
+if [ -n "$only_where" ]; then
+  [ -e "$qt/complete" ] || exit 1
+  echo "$qt"
+  exit 0
+fi
+
 if [ ! -e "$qt/complete" ]; then
   mkdir -p "$cache"
   work=$(mktemp -d "$cache/building-XXXXXX")
@@ -95,9 +102,7 @@ if [ ! -e "$qt/complete" ]; then
   fetch_sources
   configure
   cmake --build "$work/build"
-  cmake --install "$work/build" >/dev/null
-  # Qt Core asks the linker to export a function; a library that it is part of need not show that.
-  "$arch-w64-mingw32-objcopy" --remove-section .drectve "$work/install/lib/libQt6Core.a"
+  install_it
   rm -rf "$qt"
   mv "$work/install" "$qt"
   touch "$qt/complete"

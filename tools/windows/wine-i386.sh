@@ -22,7 +22,7 @@ fi
 # Runs a program in that Debian. What is mounted for it is gone when it ends.
 make_command() {
   cat >"$commands/$1" <<TEXT
-#!/bin/sh
+#!/bin/sh -e
 [ -n "\${VEXNUMKR_INSIDE:-}" ] || VEXNUMKR_INSIDE=yes exec unshare --mount "\$0" "\$@"
 for folder in /proc /dev /tmp '$project'; do
   mkdir -p '$root'"\$folder"
@@ -34,7 +34,6 @@ TEXT
 }
 
 if [ ! -e "$root/complete" ]; then
-  command -v debootstrap >/dev/null || apt-get -q install -y --no-install-recommends debootstrap
   rm -rf "$root"
   mkdir -p "$root"
   debootstrap --arch=i386 --variant=minbase trixie "$root" http://deb.debian.org/debian
