@@ -22,7 +22,7 @@ Const unspecified = -1
 Const noRange = "SELECT NSchl FROM Nummernkreise WHERE Buchungskreis=-99 AND NSchl='VXTEST'"
 
 Dim connectionString, application, user, withDialog
-Dim host, work, command, deviations, checks
+Dim host, work, command, deviations, checks, canWrite
 deviations = 0
 checks = 0
 
@@ -37,6 +37,8 @@ Sub Main
   CheckReading
   CheckTransactions
   CheckFailures
+  CheckSaving
+  CheckReadingBesideTransaction
   CheckSpecialRanges
   CheckHostComponents
   CheckComponent
@@ -47,19 +49,30 @@ Sub Main
 End Sub
 
 Sub ReadArguments
-  Dim named
-  Set named = WScript.Arguments.Named
-  If Not named.Exists("verbindung") Then
-    WScript.Echo "Aufruf: cscript //nologo selftest.vbs /verbindung:""..."" " & _
-                 "[/anwendung:1] [/benutzer:Name] [/dialog]"
-    WScript.Quit 255
-  End If
-  connectionString = named.Item("verbindung")
+  Dim i, argument, name, value, colon
+  connectionString = ""
   application = 1
-  If named.Exists("anwendung") Then application = CLng(named.Item("anwendung"))
   user = "Selbsttest"
-  If named.Exists("benutzer") Then user = named.Item("benutzer")
-  withDialog = named.Exists("dialog")
+  withDialog = False
+  For i = 0 To WScript.Arguments.Count - 1
+    argument = WScript.Arguments.Item(i)
+    colon = InStr(argument, ":")
+    If colon = 0 Then colon = Len(argument) + 1
+    name = LCase(Left(argument, colon - 1))
+    value = Mid(argument, colon + 1)
+    Select Case name
+      Case "/verbindung" connectionString = value
+      Case "/anwendung" application = CLng(value)
+      Case "/benutzer" user = value
+      Case "/dialog" withDialog = True
+      Case Else connectionString = ""
+    End Select
+    If name = "/verbindung" And value = "" Then Exit For
+  Next
+  If connectionString <> "" Then Exit Sub
+  WScript.Echo "Aufruf: cscript //nologo selftest.vbs /verbindung:""..."" " & _
+               "[/anwendung:1] [/benutzer:Name] [/dialog]"
+  WScript.Quit 255
 End Sub
 
 ' --- Ergebnisse
@@ -166,7 +179,9 @@ Sub CheckCommand
   command.CommandText = "SELECT strUserName_PK FROM tblUser"
   Set rows = command.Execute(affected)
   If Succeeded("Execute einer Abfrage mit Treffern (tblUser)") Then
-    Expect "Abfrage mit Treffern: nicht 0 betroffene Saetze", affected <> 0, affected
+    If Not rows.EOF Then
+      Expect "Abfrage mit Treffern: nicht 0 betroffene Saetze", affected <> 0, affected
+    End If
     rows.Close
   End If
 End Sub
@@ -174,7 +189,7 @@ End Sub
 ' --- Lesen
 
 Sub CheckReading
-  Dim rows, number, text, flag
+  Dim rows, name, text
   Section "Datensatzgruppen"
   On Error Resume Next
   Set rows = CreateObject("ADODB.Recordset")
@@ -199,14 +214,13 @@ Sub CheckReading
     WScript.Echo "  (Nummernkreise ist leer: Typen der Felder nicht geprueft)"
     Exit Sub
   End If
-  For Each number In Array("Buchungskreis", "StartWert", "AktuellerWert", "EndWert", "SortierIndex")
-    CheckWhole rows.Fields(number).Value, number
+  For Each name In Array("Buchungskreis", "StartWert", "AktuellerWert", "EndWert", "SortierIndex")
+    CheckWhole rows, name
   Next
-  For Each text In Array("NSchl", "NBezeichnung", "IstNSchlVon", "Maske")
-    CheckText rows.Fields(text).Value, text
+  For Each name In Array("NSchl", "NBezeichnung", "IstNSchlVon", "Maske")
+    CheckText rows, name
   Next
-  flag = rows.Fields("Aktiviert").Value
-  Expect "Aktiviert ist Wahrheitswert, 0, -1 oder NULL", IsFlag(flag), TypeName(flag) & " " & flag
+  CheckFlag rows, "Aktiviert"
   rows.Close
   Err.Clear
 End Sub
@@ -215,31 +229,41 @@ Function ShortNumber(number)
   ShortNumber = number And &HFFFF&
 End Function
 
-Sub CheckWhole(value, name)
+' Jeder Wert wird zuerst gelesen und dann beurteilt: was beim Beurteilen scheitert, weicht ab.
+Sub CheckWhole(rows, name)
+  Dim value, isWhole
   On Error Resume Next
-  If IsNull(value) Then
-    Good name & " ist NULL"
-  Else
-    Expect name & " ist eine ganze Zahl (" & TypeName(value) & ")", CDbl(value) = CLng(value), value
-  End If
+  value = rows.Fields(name).Value
+  If Not Succeeded("Feld " & name) Then Exit Sub
+  If IsNull(value) Then Exit Sub
+  isWhole = False
+  isWhole = (CDbl(value) = CLng(value))
+  Err.Clear
+  Expect name & " ist eine ganze Zahl (" & TypeName(value) & ")", isWhole, value
 End Sub
 
-Sub CheckText(value, name)
+Sub CheckText(rows, name)
+  Dim value, isText
   On Error Resume Next
-  If IsNull(value) Then
-    Good name & " ist NULL"
-  Else
-    Expect name & " ist Text ohne Leerzeichen am Ende", _
-           VarType(value) = vbString And value = RTrim(value), TypeName(value) & " '" & value & "'"
-  End If
+  value = rows.Fields(name).Value
+  If Not Succeeded("Feld " & name) Then Exit Sub
+  If IsNull(value) Then Exit Sub
+  isText = False
+  If VarType(value) = vbString Then isText = (value = RTrim(value))
+  Expect name & " ist Text ohne Leerzeichen am Ende", isText, TypeName(value) & " '" & value & "'"
 End Sub
 
-Function IsFlag(value)
-  IsFlag = True
-  If IsNull(value) Then Exit Function
-  If VarType(value) = vbBoolean Then Exit Function
-  IsFlag = (CLng(value) = 0 Or CLng(value) = -1)
-End Function
+Sub CheckFlag(rows, name)
+  Dim value, isFlag
+  On Error Resume Next
+  value = rows.Fields(name).Value
+  If Not Succeeded("Feld " & name) Then Exit Sub
+  If IsNull(value) Then Exit Sub
+  isFlag = (VarType(value) = vbBoolean)
+  If Not isFlag Then isFlag = (CLng(value) = 0 Or CLng(value) = -1)
+  Err.Clear
+  Expect name & " ist Wahrheitswert, 0 oder -1", isFlag, TypeName(value) & " " & value
+End Sub
 
 ' --- Schreiben: alles in Transaktionen, die zurueckgenommen werden
 
@@ -253,21 +277,31 @@ Sub InsertTestRange
   If Err.Number = 0 And affected <> 1 Then Deviates "INSERT: 1 betroffener Satz", affected
 End Sub
 
-Function TestRanges
-  TestRanges = Count("SELECT COUNT(*) AS Anzahl FROM Nummernkreise WHERE Buchungskreis=-99")
-End Function
+' Prueft, wie viele Saetze des Selbsttests da sind.
+Sub ExpectTestRanges(what, wanted)
+  Dim found
+  On Error Resume Next
+  found = -1
+  found = Count("SELECT COUNT(*) AS Anzahl FROM Nummernkreise WHERE Buchungskreis=-99")
+  If Err.Number <> 0 Then
+    Succeeded what
+  Else
+    Expect what, found = wanted, found
+  End If
+End Sub
 
 Sub CheckTransactions
   Section "Transaktionen"
   On Error Resume Next
   host.BeginTrans
-  If Not Succeeded("BeginTrans") Then Exit Sub
+  canWrite = Succeeded("BeginTrans")
+  If Not canWrite Then Exit Sub
   InsertTestRange
   Succeeded "INSERT in Nummernkreise mit Aktiviert als -1"
-  Expect "In der Transaktion ist der Satz zu sehen", TestRanges = 1, TestRanges
+  ExpectTestRanges "In der Transaktion ist der Satz zu sehen", 1
   host.RollbackTrans
-  Succeeded "RollbackTrans"
-  Expect "Danach ist er fort", TestRanges = 0, TestRanges
+  canWrite = Succeeded("RollbackTrans")
+  ExpectTestRanges "Danach ist er fort", 0
   host.RollbackTrans
   Expect "RollbackTrans ohne Transaktion ist ein Fehler", Err.Number <> 0, "kein Fehler"
   Err.Clear
@@ -275,11 +309,13 @@ End Sub
 
 Sub CheckFailures
   Dim affected
+  If Not canWrite Then Exit Sub
   Section "Fehler in einer Transaktion"
   On Error Resume Next
   host.BeginTrans
+  If Not Succeeded("BeginTrans") Then Exit Sub
   InsertTestRange
-  Err.Clear
+  Succeeded "Erster INSERT"
   InsertTestRange
   Expect "Zweiter INSERT mit demselben Schluessel ist ein Fehler", Err.Number <> 0, _
          "kein Fehler: Nummernkreise hat keinen Schluessel ueber Buchungskreis und NSchl"
@@ -296,16 +332,74 @@ Sub CheckFailures
   End If
   host.RollbackTrans
   Succeeded "RollbackTrans"
-  Expect "Nichts ist geblieben", TestRanges = 0, TestRanges
+  ExpectTestRanges "Nichts ist geblieben", 0
+  Err.Clear
+End Sub
+
+' Die Anweisungen, mit denen gespeichert wird, samt denen, die zuvor loeschen.
+Sub CheckSaving
+  If Not canWrite Then Exit Sub
+  Section "Anweisungen des Speicherns"
+  On Error Resume Next
+  host.BeginTrans
+  If Not Succeeded("BeginTrans") Then Exit Sub
+  Run "DELETE FROM Nummernkreise, verschachtelt", _
+      "DELETE FROM Nummernkreise WHERE NOT EXISTS (SELECT * FROM Nummernkreis_Buchungskreise " & _
+      "WHERE Nummernkreise.Buchungskreis = Nummernkreis_Buchungskreise.Buchungskreis " & _
+      "AND Herkunft='VXT') AND NSchl <> 'LM' AND NSchl <> 'AF' AND (Buchungskreis <> 0 OR " & _
+      "(IstNSchlVon <> '' AND IstNSchlVon IS NOT NULL))"
+  Run "DELETE FROM Nummernkreis_Zuordnung", _
+      "DELETE FROM Nummernkreis_Zuordnung WHERE Herkunft='" & Origin & "'"
+  Run "INSERT in Nummernkreis_Zuordnung", _
+      "INSERT INTO Nummernkreis_Zuordnung (Buchungskreis, NSchl, Benutzer, Herkunft) " & _
+      "VALUES (-99, 'VXTEST', 'ALL','" & Origin & "')"
+  host.RollbackTrans
+  Succeeded "RollbackTrans"
+End Sub
+
+Sub Run(what, statement)
+  Dim affected
+  On Error Resume Next
+  command.CommandText = statement
+  command.Execute affected
+  Succeeded what
+End Sub
+
+' Nach "Buchungskreise" liest die zweite Verbindung, was die erste in ihrer Transaktion geschrieben
+' hat. Wo das warten muss, haengt der Dialog.
+Sub CheckReadingBesideTransaction
+  Dim rows
+  If Not canWrite Then Exit Sub
+  Section "Lesen auf der zweiten Verbindung, waehrend die erste geschrieben hat"
+  On Error Resume Next
+  Set work = CreateObject("ADODB.Connection")
+  work.ConnectionString = host.ConnectionString
+  work.CursorLocation = useServer
+  work.IsolationLevel = isolated
+  work.CommandTimeout = 5
+  work.Open "", "", "", unspecified
+  host.BeginTrans
+  Run "INSERT in Nummernkreis_Buchungskreise auf der ersten", _
+      "INSERT INTO Nummernkreis_Buchungskreise (Buchungskreis, Beschreibung, Herkunft) " & _
+      "VALUES (-99, 'VXTEST', '" & Origin & "')"
+  Err.Clear
+  Set rows = work.Execute("SELECT COUNT(*) AS Anzahl FROM Nummernkreis_Buchungskreise")
+  If Succeeded("SELECT auf der zweiten, binnen 5 Sekunden") Then rows.Close
+  Set rows = Nothing
+  host.RollbackTrans
+  work.Close
+  Set work = Nothing
   Err.Clear
 End Sub
 
 ' Sonderkreise werden Satz fuer Satz ueber die Datensatzgruppe geschrieben.
 Sub CheckSpecialRanges
-  Dim rows, flag
+  Dim rows, flag, wanted
+  If Not canWrite Then Exit Sub
   Section "Sonderkreise, Satz fuer Satz geschrieben"
   On Error Resume Next
   host.BeginTrans
+  If Not Succeeded("BeginTrans") Then Exit Sub
   Set rows = CreateObject("ADODB.Recordset")
   rows.CursorLocation = useClient
   rows.Open "SELECT U_NSchl, NSchl, NBezeichnung, Aktiviert FROM Nummernkreis_Sonderkreise " & _
@@ -317,7 +411,9 @@ Sub CheckSpecialRanges
     Else
       rows.MoveFirst
       flag = rows.Fields("Aktiviert").Value
-      rows.Fields("Aktiviert").Value = (IsNull(flag) Or Not CBool(flag))
+      wanted = True
+      If Not IsNull(flag) Then wanted = Not CBool(flag)
+      rows.Fields("Aktiviert").Value = wanted
       rows.Update
       Succeeded "Fields.Value = ..., Update"
     End If
@@ -388,4 +484,12 @@ Function Fingerprint
                           "Nummernkreis_Zuordnung", "Nummernkreis_Sonderkreise")
     Fingerprint = Fingerprint & table & " " & Count("SELECT COUNT(*) AS Anzahl FROM " & table) & "; "
   Next
+  Fingerprint = Fingerprint & Total("StartWert") & " " & Total("AktuellerWert") & " " & Total("EndWert")
+End Function
+
+Function Total(column)
+  Dim rows
+  Set rows = host.Execute("SELECT SUM(" & column & ") AS Summe FROM Nummernkreise")
+  Total = CStr(rows.Fields("Summe").Value & "")
+  rows.Close
 End Function
