@@ -1,9 +1,10 @@
 #!/usr/bin/env bash
 # Installs the Debian packages that are missing for a purpose, and nothing when none is.
 #
-#   tools/install-packages.sh run     to build and run the stand-alone host
-#   tools/install-packages.sh test    to build and test everything
-#   tools/install-packages.sh windows to build VEXNumKr.dll for Windows
+#   tools/install-packages.sh run           to build and run the stand-alone host
+#   tools/install-packages.sh test          to build and test everything
+#   tools/install-packages.sh windows       to build VEXNumKr.dll for Windows
+#   tools/install-packages.sh windows-test  to test that under Wine
 #
 # Needs root or sudo only when something is missing.
 set -euo pipefail
@@ -16,6 +17,9 @@ engines=(libqt6sql6-psql libqt6sql6-mysql libqt6sql6-odbc odbc-postgresql libsql
   postgresql mariadb-server mariadb-client)
 # The cross compiler, and what Qt for Windows is built from and with.
 windows=(dpkg-dev g++-mingw-w64-i686-posix g++-mingw-w64-x86-64-posix libwine mingw-w64-tools)
+# Wine with what its ODBC leads to, a display with a window manager, and a keyboard for it.
+wine=(debootstrap fonts-wine googletest libsqliteodbc odbcinst openbox sqlite3 unixodbc wine wine64
+  xdotool xvfb)
 # Of use where the distribution has them: the formatter of the sources, a display of another kind,
 # German texts of Qt itself.
 formatter=(clang-format-14)
@@ -36,8 +40,12 @@ case "${1:-}" in
     needed=("${build[@]}" "${windows[@]}")
     welcome=()
     ;;
+  windows-test)
+    needed=("${build[@]}" "${windows[@]}" "${wine[@]}")
+    welcome=()
+    ;;
   *)
-    echo "usage: tools/install-packages.sh run|test|windows" >&2
+    echo "usage: tools/install-packages.sh run|test|windows|windows-test" >&2
     exit 2
     ;;
 esac

@@ -1,0 +1,15 @@
+#!/usr/bin/env bash
+# A script host shows the dialog; its user types a value and thinks better of it.
+. "$(dirname "$0")/../wine/steps.sh" "$1"
+
+make_database
+before=$(sqlite3 "$database" .dump)
+host numbers.vbs "$connection" 2 Anna
+window Nummernkreise
+keys Down Down Down F2
+write 110
+keys Return Escape F10
+host_ends_with "Init: Boolean True" "shown" "end"
+[ "$before" = "$(sqlite3 "$database" .dump)" ] || fail "the database differs"
+called 'ADODB.Connection#1.RollbackTrans'
+never_called 'ADODB.Connection#1.CommitTrans'

@@ -1,0 +1,38 @@
+#!/usr/bin/env bash
+# Builds VEXNumKr.dll for Windows and tests it under Wine, on a display of its own; the last thing it
+# prints is ctest's summary. Needs Debian.
+#
+#   tools/windows/test.sh [--arch x86_64|i686]
+set -euo pipefail
+
+tools=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
+usage() { sed -n '2,5s/^# \{0,1\}//p' "$tools/test.sh"; }
+
+arch=x86_64
+case "${1:-}" in
+  "") ;;
+  --arch) arch=${2:-} ;;
+  --help | -h)
+    usage
+    exit 0
+    ;;
+  *) arch= ;;
+esac
+case "$arch" in
+  x86_64 | i686) ;;
+  *)
+    usage >&2
+    exit 2
+    ;;
+esac
+
+"$tools/../install-packages.sh" windows-test
+"$tools/build.sh" --arch "$arch"
+cd "$tools/../.."
+cmake --preset "windows-$arch" -DBUILD_TESTING=ON
+cmake --build --preset "windows-$arch"
+if [ "$arch" = i686 ]; then
+  commands=$("$tools/wine-i386.sh" | tee /dev/stderr | tail -n 1)
+  PATH=$commands:$PATH
+fi
+ctest --test-dir "build/windows-$arch" --output-on-failure --output-junit tests.xml
