@@ -48,9 +48,7 @@ class Root {
 
   void takePlace() { EXPECT_EQ(RegOverridePredefKey(root_, key_), ERROR_SUCCESS); }
 
-  bool has(const std::wstring& key) const {
-    return keyExists(key_, L"Software\\Classes\\" + key, 0);
-  }
+  bool has(const std::wstring& key) const { return keyExists(key_, L"Software\\Classes\\" + key); }
   /// The default value of a key; empty without one.
   std::wstring text(const std::wstring& key, const wchar_t* name = L"") const {
     wchar_t value[300] = {};
