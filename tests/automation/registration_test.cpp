@@ -6,6 +6,9 @@
 #include <gtest/gtest.h>
 
 #include "automation/hosts/session.h"
+//
+#include <sddl.h>
+
 #include "server/registry_key.h"
 
 namespace vexnumkr::test {
@@ -21,25 +24,17 @@ constexpr const wchar_t* classKey = L"CLSID\\{1799D539-16B2-4FA4-9CE5-48A27AE280
 /// An empty tree of the registry in place of one of the roots; gone with its owner.
 class Root {
  public:
-  /// In a tree that is not `writable` nothing lasting can be made.
+  /// In a tree that is not `writable` the classes may only be read.
   Root(HKEY root, const wchar_t* name, bool writable) : root_(root), path_(tree + name) {
     RegDeleteTreeW(HKEY_CURRENT_USER, path_.c_str());
-    HKEY key = nullptr;
-    EXPECT_EQ(RegCreateKeyExW(HKEY_CURRENT_USER, path_.c_str(), 0, nullptr,
-                              writable ? REG_OPTION_NON_VOLATILE : REG_OPTION_VOLATILE,
-                              KEY_ALL_ACCESS, nullptr, &key, nullptr),
-              ERROR_SUCCESS);
-    key_ = key;
-    if (!writable) {
-      HKEY classes = nullptr;
-      EXPECT_EQ(RegCreateKeyExW(key_, L"Software\\Classes", 0, nullptr, REG_OPTION_VOLATILE,
-                                KEY_ALL_ACCESS, nullptr, &classes, nullptr),
-                ERROR_SUCCESS);
-      RegCloseKey(classes);
-    }
+    EXPECT_EQ(RegCreateKeyW(HKEY_CURRENT_USER, path_.c_str(), &key_), ERROR_SUCCESS);
+    EXPECT_EQ(RegCreateKeyW(key_, L"Software\\Classes", &classes_), ERROR_SUCCESS);
+    if (!writable) allow(L"D:P(A;;KR;;;WD)");
   }
   ~Root() {
+    allow(L"D:P(A;;KA;;;WD)");
     RegOverridePredefKey(root_, nullptr);
+    RegCloseKey(classes_);
     RegCloseKey(key_);
     RegDeleteTreeW(HKEY_CURRENT_USER, path_.c_str());
   }
@@ -69,9 +64,19 @@ class Root {
   }
 
  private:
+  /// Sets who may do what with the classes.
+  void allow(const wchar_t* rights) {
+    PSECURITY_DESCRIPTOR descriptor = nullptr;
+    EXPECT_TRUE(ConvertStringSecurityDescriptorToSecurityDescriptorW(rights, SDDL_REVISION_1,
+                                                                     &descriptor, nullptr));
+    EXPECT_EQ(RegSetKeySecurity(classes_, DACL_SECURITY_INFORMATION, descriptor), ERROR_SUCCESS);
+    LocalFree(descriptor);
+  }
+
   static inline const std::wstring tree = L"Software\\vexnumkr-test\\";
   HKEY root_;
   HKEY key_ = nullptr;
+  HKEY classes_ = nullptr;
   std::wstring path_;
 };
 

@@ -9,8 +9,8 @@ add_library(vexnumkr_automation_standins SHARED
   "${CMAKE_CURRENT_LIST_DIR}/dispatch_object.cpp"
   "${CMAKE_CURRENT_LIST_DIR}/environment.cpp"
   "${CMAKE_CURRENT_LIST_DIR}/fields_object.cpp"
-  "${CMAKE_CURRENT_LIST_DIR}/get_data.cpp"
   "${CMAKE_CURRENT_LIST_DIR}/host_objects.cpp"
+  "${CMAKE_CURRENT_LIST_DIR}/odbc_lengths.cpp"
   "${CMAKE_CURRENT_LIST_DIR}/qt_application.cpp"
   "${CMAKE_CURRENT_LIST_DIR}/recordset_object.cpp"
   "${CMAKE_CURRENT_LIST_DIR}/server.cpp"
@@ -20,7 +20,8 @@ target_link_libraries(vexnumkr_automation_standins PRIVATE
   vexnumkr_automation vexnumkr_qtsql Qt6::QODBCDriverPlugin vexnumkr_options)
 # On 32-bit Windows the names of functions end in the size of their arguments.
 target_link_options(vexnumkr_automation_standins PRIVATE
-  -Wl,--wrap=SQLGetData$<$<EQUAL:${CMAKE_SIZEOF_VOID_P},4>:@24>)
+  -Wl,--wrap=SQLGetData$<$<EQUAL:${CMAKE_SIZEOF_VOID_P},4>:@24>
+  -Wl,--wrap=SQLBindParameter$<$<EQUAL:${CMAKE_SIZEOF_VOID_P},4>:@40>)
 set_target_properties(vexnumkr_automation_standins PROPERTIES
   VEXNUMKR_COM ON PREFIX "" OUTPUT_NAME vexnumkr-standins
   RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/tests")
