@@ -5,11 +5,12 @@
 #   ./test.sh [dev|release|all]
 #
 # dev (the default) tests with the sanitizers and only builds the release; release tests that; all
-# tests both. The standard C++ targets are built with the Windows cross compiler each time.
+# tests both. The standard C++ targets are built with the Windows cross compiler each time; the
+# library for Windows hosts is tested under Wine where its Qt has been built before.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")"
 
-usage() { sed -n '2,8s/^# \{0,1\}//p' test.sh; }
+usage() { sed -n '2,9s/^# \{0,1\}//p' test.sh; }
 
 case "${1:-dev}" in
   dev) tested=(dev) ;;
@@ -46,7 +47,20 @@ case "${tested[*]}" in
   *dev*) build dev ;;
 esac
 
+# Building a Qt takes longer than all of the tests, so that is not begun here.
+test_windows() {
+  if ! tools/windows/qt.sh --where >/dev/null 2>&1; then
+    echo "skipped: there is no Qt for Windows in the cache; tools/windows/build.sh builds it"
+  elif ! tools/install-packages.sh windows-test; then
+    echo "skipped: Wine cannot be installed"
+  else
+    tools/windows/test.sh
+  fi
+}
+
 status=0
+echo "== windows"
+test_windows || status=$?
 for preset in "${tested[@]}"; do
   echo "== ctest $preset"
   ctest --preset "$preset" --output-junit tests.xml || status=$?

@@ -117,10 +117,9 @@ HRESULT registerIn(HKEY classes, const std::wstring& libraryFile) {
 HRESULT unregisterIn(HKEY classes) { return HRESULT_FROM_WIN32(remove(classes)); }
 
 HRESULT registerServer(const std::wstring& libraryFile) {
-  // Rights are what is missing for the machine, if anything is; where it is something else, the
-  // user's own registration says so.
-  if (FAILED(withClasses(HKEY_LOCAL_MACHINE, registerIn, libraryFile)))
-    return withClasses(HKEY_CURRENT_USER, registerIn, libraryFile);
+  const HRESULT registered = withClasses(HKEY_LOCAL_MACHINE, registerIn, libraryFile);
+  if (registered == E_ACCESSDENIED) return withClasses(HKEY_CURRENT_USER, registerIn, libraryFile);
+  if (FAILED(registered)) return registered;
   // What this user registered earlier would hide the machine's.
   if (isRegisteredIn(HKEY_CURRENT_USER)) removeFrom(HKEY_CURRENT_USER);
   return S_OK;
