@@ -42,6 +42,7 @@ vexnumkr_windows_test(registration_test
   SOURCES "${server}/registration.cpp" "${server}/registry_key.cpp")
 
 # The adapter alone: ADO's objects by the database contract, values and failures.
+vexnumkr_windows_test(adapter/disabled_windows_test SOURCES adapter/apartment.cpp)
 vexnumkr_windows_test(adapter/failure_test SOURCES adapter/apartment.cpp)
 vexnumkr_windows_test(adapter/variant_test SOURCES adapter/apartment.cpp)
 set(contract "${PROJECT_SOURCE_DIR}/tests/contract/database_contract")
