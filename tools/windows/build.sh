@@ -10,23 +10,8 @@ set -euo pipefail
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
 usage() { sed -n '2,7s/^# \{0,1\}//p' "$root/tools/windows/build.sh"; }
 
-arch=x86_64
-case "$#:${1:-}" in
-  0:) ;;
-  2:--arch) arch=$2 ;;
-  1:--help | 1:-h)
-    usage
-    exit 0
-    ;;
-  *) arch= ;;
-esac
-case "$arch" in
-  x86_64 | i686) ;;
-  *)
-    usage >&2
-    exit 2
-    ;;
-esac
+# shellcheck source=architecture.sh
+. "$root/tools/windows/architecture.sh"
 
 "$root/tools/install-packages.sh" windows
 qt=$("$root/tools/windows/qt.sh" --arch "$arch" | tee /dev/stderr | tail -n 1)

@@ -8,23 +8,8 @@ set -euo pipefail
 tools=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
 usage() { sed -n '2,5s/^# \{0,1\}//p' "$tools/test.sh"; }
 
-arch=x86_64
-case "${1:-}" in
-  "") ;;
-  --arch) arch=${2:-} ;;
-  --help | -h)
-    usage
-    exit 0
-    ;;
-  *) arch= ;;
-esac
-case "$arch" in
-  x86_64 | i686) ;;
-  *)
-    usage >&2
-    exit 2
-    ;;
-esac
+# shellcheck source=architecture.sh
+. "$tools/architecture.sh"
 
 "$tools/../install-packages.sh" windows-test
 "$tools/build.sh" --arch "$arch"
