@@ -229,13 +229,19 @@ Function ShortNumber(number)
   ShortNumber = number And &HFFFF&
 End Function
 
-' Jeder Wert wird zuerst gelesen und dann beurteilt: was beim Beurteilen scheitert, weicht ab.
+' Liest ein Feld; sagt, ob etwas darin steht. Jeder Wert wird zuerst gelesen und dann beurteilt: was
+' beim Beurteilen scheitert, weicht ab.
+Function HasValue(rows, name, value)
+  On Error Resume Next
+  HasValue = False
+  value = rows.Fields(name).Value
+  If Succeeded("Feld " & name) Then HasValue = Not IsNull(value)
+End Function
+
 Sub CheckWhole(rows, name)
   Dim value, isWhole
+  If Not HasValue(rows, name, value) Then Exit Sub
   On Error Resume Next
-  value = rows.Fields(name).Value
-  If Not Succeeded("Feld " & name) Then Exit Sub
-  If IsNull(value) Then Exit Sub
   isWhole = False
   isWhole = (CDbl(value) = CLng(value))
   Err.Clear
@@ -244,10 +250,8 @@ End Sub
 
 Sub CheckText(rows, name)
   Dim value, isText
+  If Not HasValue(rows, name, value) Then Exit Sub
   On Error Resume Next
-  value = rows.Fields(name).Value
-  If Not Succeeded("Feld " & name) Then Exit Sub
-  If IsNull(value) Then Exit Sub
   isText = False
   If VarType(value) = vbString Then isText = (value = RTrim(value))
   Expect name & " ist Text ohne Leerzeichen am Ende", isText, TypeName(value) & " '" & value & "'"
@@ -255,10 +259,8 @@ End Sub
 
 Sub CheckFlag(rows, name)
   Dim value, isFlag
+  If Not HasValue(rows, name, value) Then Exit Sub
   On Error Resume Next
-  value = rows.Fields(name).Value
-  If Not Succeeded("Feld " & name) Then Exit Sub
-  If IsNull(value) Then Exit Sub
   isFlag = (VarType(value) = vbBoolean)
   If Not isFlag Then isFlag = (CLng(value) = 0 Or CLng(value) = -1)
   Err.Clear
