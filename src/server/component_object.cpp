@@ -12,6 +12,7 @@
 #include "component/composition.h"
 #include "hosting/reporting.h"
 #include "server/dialog_application.h"
+#include "server/floating_point.h"
 #include "server/host_windows.h"
 #include "server/interface.h"
 #include "server/typed_arguments.h"
@@ -113,6 +114,7 @@ class ComponentObject final : public Unknown<ComponentObject, _VXNummernkreise> 
   void withDialogs(const char* procedure, Action&& action) noexcept {
     const ComPtr<IUnknown> alive(this);
     try {
+      const MaskedFloatingPoint masked;
       requireDialogApplication();
       const HostWindows disabled;
       action();

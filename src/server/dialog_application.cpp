@@ -17,6 +17,10 @@ QString folderOf(const std::wstring& file) {
   return QFileInfo(QString::fromStdWString(file)).absolutePath();
 }
 
+Error impossible(const char* why) {
+  return Error(automation::runtime_number::automationError, "VEXNummernkreise", why);
+}
+
 void makeApplication() {
   // Dies with the process: what it releases then could only fail.
   static int argumentCount = 3;
@@ -34,16 +38,17 @@ void makeApplication() {
   QCoreApplication::setLibraryPaths(plugins);
   QGuiApplication::setQuitOnLastWindowClosed(false);
   static_cast<void>(application.release());
-  Module::instance().stay();
 }
 
 }  // namespace
 
 void requireDialogApplication() {
   if (QCoreApplication::instance() == nullptr) makeApplication();
+  Module::instance().stay();
   if (QThread::currentThread() != QCoreApplication::instance()->thread())
-    throw Error(automation::runtime_number::automationError, "VEXNummernkreise",
-                "Die Dialoge gehören zu einem anderen Thread dieses Programms.");
+    throw impossible("Die Dialoge gehören zu einem anderen Thread dieses Programms.");
+  if (qobject_cast<QApplication*>(QCoreApplication::instance()) == nullptr)
+    throw impossible("Dieses Programm kann keine Dialoge von Qt zeigen.");
 }
 
 void showPlainFailure(const Error& error, const char* procedure) {

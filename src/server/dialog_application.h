@@ -10,7 +10,8 @@ namespace vexnumkr::server {
 /// platform), does not change how Windows scales the host, never ends the host's message loop, and
 /// stays until the process ends, as does the library file.
 ///
-/// Error 440 on any other thread than that of the first call: dialogs have one thread.
+/// Error 440 on any other thread than that of the first call (dialogs have one thread), and where
+/// the host has an application of Qt's own that shows no windows.
 void requireDialogApplication();
 
 /// Shows a failure before or outside of Qt, in the form in which the component shows all of them.

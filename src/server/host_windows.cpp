@@ -48,16 +48,14 @@ HostWindows::~HostWindows() {
   if (isQuitting_) PostQuitMessage(exitCode_);
 }
 
-// Windows about to be shown or hidden are told so before it happens. The host's windows come back
-// first: with none left that could be active, Windows would activate another program's.
+// A window is asked before it is shown or hidden in any way. The host's windows come back first:
+// with none left that could be active, Windows would activate another program's.
 LRESULT CALLBACK HostWindows::onSent(int code, WPARAM context, LPARAM data) {
   const auto& message = *reinterpret_cast<const CWPSTRUCT*>(data);
-  if (code == HC_ACTION && current_ != nullptr && message.message == WM_SHOWWINDOW &&
-      message.lParam == 0) {
-    if (message.wParam != FALSE)
-      current_->windowShown(message.hwnd);
-    else
-      current_->windowHidden(message.hwnd);
+  if (code == HC_ACTION && current_ != nullptr && message.message == WM_WINDOWPOSCHANGING) {
+    const UINT change = reinterpret_cast<const WINDOWPOS*>(message.lParam)->flags;
+    if ((change & SWP_SHOWWINDOW) != 0) current_->windowShown(message.hwnd);
+    if ((change & SWP_HIDEWINDOW) != 0) current_->windowHidden(message.hwnd);
   }
   return CallNextHookEx(nullptr, code, context, data);
 }

@@ -14,6 +14,7 @@ Module& Module::instance() {
 }
 
 void Module::stay() {
+  if (stays_.exchange(true)) return;
   lock();
   HMODULE module = nullptr;
   GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_PIN,

@@ -26,6 +26,7 @@ class Module {
 
  private:
   std::atomic<long> locks_ = 0;
+  std::atomic<bool> stays_ = false;
 };
 
 /// Keeps the library file loaded as long as it lives.

@@ -94,6 +94,15 @@ TEST_F(LateBinding, TakesTheConnectionFromATypedVariable) {
   EXPECT_EQ(variable, connection_.object());
 }
 
+TEST_F(LateBinding, TakesTheConnectionAsAnUnknownObject) {
+  VARIANT unknown = {};
+  V_VT(&unknown) = VT_UNKNOWN;
+  V_UNKNOWN(&unknown) = connection_.object();
+  Variant result;
+  ASSERT_EQ(init({user_.get(), application_.get(), unknown}, result.receive()), S_OK);
+  expectTrue(result);
+}
+
 TEST_F(LateBinding, ConvertsWhatAutomationConverts) {
   const Variant connection(connection_.object());
   const Variant text("2");
@@ -113,11 +122,12 @@ TEST_F(LateBinding, ConvertsWhatAutomationConverts) {
 
 TEST_F(LateBinding, MayLeaveOutTheDate) {
   const Variant connection(connection_.object());
-  const Variant missing = Variant::missing();
+  VARIANT missing = {};
+  V_VT(&missing) = VT_ERROR;
+  V_ERROR(&missing) = DISP_E_PARAMNOTFOUND;
   Variant result;
-  ASSERT_EQ(
-      init({missing.get(), user_.get(), application_.get(), connection.get()}, result.receive()),
-      S_OK);
+  ASSERT_EQ(init({missing, user_.get(), application_.get(), connection.get()}, result.receive()),
+            S_OK);
   expectTrue(result);
 }
 

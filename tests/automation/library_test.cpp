@@ -58,11 +58,26 @@ TEST(LibraryFile, ExportsFourFunctions) {
                                       "DllUnregisterServer"}));
 }
 
+TEST(LibraryFile, HasAnInternalName) {
+  const std::wstring file = environment(L"VEXNUMKR_SERVER");
+  std::vector<BYTE> information(GetFileVersionInfoSizeW(file.c_str(), nullptr));
+  ASSERT_TRUE(GetFileVersionInfoW(file.c_str(), 0, static_cast<DWORD>(information.size()),
+                                  information.data()));
+  void* name = nullptr;
+  UINT length = 0;
+  ASSERT_TRUE(VerQueryValueW(information.data(), L"\\StringFileInfo\\040904B0\\InternalName", &name,
+                             &length));
+  EXPECT_STREQ(static_cast<const wchar_t*>(name), L"VEXNumKr");
+}
+
 TEST(LibraryFile, MayBeLoadedAndUnloaded) {
   for (int round = 0; round < 5; ++round) {
-    const Library library;
-    ASSERT_TRUE(library);
-    EXPECT_EQ(library.canUnloadNow(), S_OK);
+    {
+      const Library library;
+      ASSERT_TRUE(library);
+      EXPECT_EQ(library.canUnloadNow(), S_OK);
+    }
+    EXPECT_EQ(GetModuleHandleW(L"VEXNumKr.dll"), nullptr);
   }
 }
 
@@ -107,7 +122,8 @@ TEST(LibraryFile, IsNotAggregated) {
   EXPECT_EQ(numbers, nullptr);
 }
 
-TEST(LibraryFile, MayBeFreedAfterUse) {
+// Last of all: afterwards the library file stays in this process.
+TEST(LibraryFile, StaysOnceItHasBeenUsed) {
   const Apartment apartment;
   automation::LateBound connection = openConnection();
   {
@@ -117,8 +133,10 @@ TEST(LibraryFile, MayBeFreedAfterUse) {
     EXPECT_EQ(numbers->Init(&bare, 2, nullptr, nullptr, &result), S_OK);
     EXPECT_EQ(result, VARIANT_TRUE);
   }
+  EXPECT_EQ(Library().canUnloadNow(), S_FALSE);
   CoFreeUnusedLibrariesEx(0, 0);
   CoFreeUnusedLibrariesEx(0, 0);
+  EXPECT_NE(GetModuleHandleW(L"VEXNumKr.dll"), nullptr);
   const ComPtr<_VXNummernkreise> again = createNumbers();
   EXPECT_NE(again, nullptr);
 }

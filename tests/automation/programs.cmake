@@ -25,7 +25,8 @@ endfunction()
 # What the hosts written in C++ have in common.
 add_library(vexnumkr_windows_hosts STATIC hosts/host_window.cpp hosts/session.cpp)
 target_include_directories(vexnumkr_windows_hosts PRIVATE "${PROJECT_SOURCE_DIR}/tests")
-target_link_libraries(vexnumkr_windows_hosts PUBLIC vexnumkr_automation PRIVATE vexnumkr_options)
+target_link_libraries(vexnumkr_windows_hosts
+  PUBLIC vexnumkr_automation PRIVATE vexnumkr_options GTest::gtest)
 set_target_properties(vexnumkr_windows_hosts PROPERTIES VEXNUMKR_COM ON)
 
 add_executable(vexnumkr_clipboard_text hosts/clipboard_text.cpp)
@@ -36,6 +37,7 @@ set_target_properties(vexnumkr_clipboard_text PROPERTIES
 set(server "${PROJECT_SOURCE_DIR}/src/server")
 vexnumkr_windows_test(type_library_test)
 vexnumkr_windows_test(library_test NEEDS registered)
+target_link_libraries(library_test PRIVATE version)
 vexnumkr_windows_test(late_binding_test NEEDS registered)
 vexnumkr_windows_test(hosts_test NEEDS registered)
 vexnumkr_windows_test(registration_test

@@ -20,6 +20,9 @@ using server::RegistryKey;
 constexpr const wchar_t* library = L"C:\\Programme\\Firma\\VEXNumKr.dll";
 constexpr const wchar_t* programKey = L"VEXNummernkreise.VXNummernkreise";
 constexpr const wchar_t* classKey = L"CLSID\\{1799D539-16B2-4FA4-9CE5-48A27AE28092}";
+constexpr const wchar_t* interfaceKey = L"Interface\\{B0FD56C2-6766-4A4D-B174-3CDD8672C0D1}";
+constexpr const wchar_t* libraryKey = L"TypeLib\\{BED45F65-D524-4953-9E13-277FF3DC5AC5}";
+constexpr const wchar_t* otherLength = sizeof(void*) == 8 ? L"win32" : L"win64";
 
 /// An empty tree of the registry in place of one of the roots; gone with its owner.
 class Root {
@@ -89,6 +92,11 @@ class Registration : public testing::Test {
     machine_->takePlace();
     user_->takePlace();
   }
+  static void expectNothingIn(const Root& root) {
+    for (const wchar_t* const key : {programKey, classKey, interfaceKey, libraryKey})
+      EXPECT_FALSE(root.has(key)) << key;
+  }
+
   // The trees lie below the real root, which has to be back before they can be removed.
   void TearDown() override {
     RegOverridePredefKey(HKEY_CURRENT_USER, nullptr);
@@ -121,10 +129,7 @@ TEST_F(Registration, LeavesNothingBehind) {
   enter(true);
   ASSERT_EQ(server::registerServer(library), S_OK);
   ASSERT_EQ(server::unregisterServer(), S_OK);
-  EXPECT_FALSE(machine_->has(programKey));
-  EXPECT_FALSE(machine_->has(classKey));
-  EXPECT_FALSE(machine_->has(L"TypeLib\\{BED45F65-D524-4953-9E13-277FF3DC5AC5}"));
-  EXPECT_FALSE(machine_->has(L"Interface\\{B0FD56C2-6766-4A4D-B174-3CDD8672C0D1}"));
+  expectNothingIn(*machine_);
 }
 
 TEST_F(Registration, IsForTheUserWhereTheMachineIsOthers) {
@@ -133,8 +138,23 @@ TEST_F(Registration, IsForTheUserWhereTheMachineIsOthers) {
   EXPECT_EQ(machine_->classCount(), 0U);
   EXPECT_EQ(user_->text(std::wstring(classKey) + L"\\InprocServer32"), library);
   ASSERT_EQ(server::unregisterServer(), S_OK);
-  EXPECT_FALSE(user_->has(programKey));
-  EXPECT_FALSE(user_->has(classKey));
+  expectNothingIn(*user_);
+}
+
+TEST_F(Registration, LeavesWhatTheOtherWordLengthNeeds) {
+  enter(true);
+  const std::wstring other = std::wstring(libraryKey) + L"\\2.0\\409\\" + otherLength;
+  const std::wstring path = L"Software\\Classes\\" + other;
+  ASSERT_EQ(server::setText(HKEY_LOCAL_MACHINE, path, L"", library), ERROR_SUCCESS);
+  ASSERT_EQ(server::registerServer(library), S_OK);
+  ASSERT_EQ(server::unregisterServer(), S_OK);
+  EXPECT_FALSE(machine_->has(classKey));
+  EXPECT_TRUE(machine_->has(programKey));
+  EXPECT_TRUE(machine_->has(other));
+  ASSERT_EQ(server::removeTree(HKEY_LOCAL_MACHINE, path), ERROR_SUCCESS);
+  ASSERT_EQ(server::registerServer(library), S_OK);
+  ASSERT_EQ(server::unregisterServer(), S_OK);
+  expectNothingIn(*machine_);
 }
 
 TEST_F(Registration, MayBeRepeated) {

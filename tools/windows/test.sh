@@ -11,6 +11,10 @@ usage() { sed -n '2,5s/^# \{0,1\}//p' "$tools/test.sh"; }
 # shellcheck source=architecture.sh
 . "$tools/architecture.sh"
 
+if [ "$arch" = i686 ] && [ "$(id -u)" -ne 0 ]; then
+  echo "For 32 bits root rights are needed (tools/windows/wine-i386.sh says why)." >&2
+  exit 1
+fi
 "$tools/../install-packages.sh" windows-test
 "$tools/build.sh" --arch "$arch"
 cd "$tools/../.."

@@ -1,12 +1,12 @@
 #!/usr/bin/env bash
-# Makes Wine for 32-bit programs available where Debian's own i386 packages cannot be installed beside
-# those of a 64-bit machine: in a small Debian 13 for i386 of its own, in the cache that
-# tools/windows/qt.sh uses too. Needs root rights.
+# Makes Wine for 32-bit programs available in a small Debian 13 for i386 of its own, in the cache that
+# tools/windows/qt.sh uses too: Debian 12's own i386 packages cannot be relied on to go together with
+# those of a 64-bit machine. Needs root rights.
 #
 #   tools/windows/wine-i386.sh
 #
-# Prints, as its last line, a folder with the commands wine, wineboot and wineserver. They see /tmp and
-# this project where they are, and nothing else of the machine.
+# Prints, as its last line, a folder with the commands wine, wineboot and wineserver. They see
+# /tmp, /proc, /dev and this project where they are, and nothing else of the machine.
 set -euo pipefail
 
 project=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)

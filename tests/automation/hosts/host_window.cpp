@@ -1,5 +1,7 @@
 #include "automation/hosts/host_window.h"
 
+#include <gtest/gtest.h>
+
 #include <chrono>
 #include <utility>
 
@@ -31,7 +33,8 @@ HostWindow::HostWindow() {
   SetForegroundWindow(window_);
   SetFocus(field_);
   SetTimer(window_, timer, interval, nullptr);
-  handleMessagesUntil([&] { return GetForegroundWindow() == window_ && GetFocus() == field_; });
+  EXPECT_TRUE(handleMessagesUntil(
+      [&] { return GetForegroundWindow() == window_ && GetFocus() == field_; }));
 }
 
 HostWindow::~HostWindow() {
@@ -43,8 +46,14 @@ void HostWindow::whenDialogIsShown(std::function<void(HWND)> action) {
   action_ = std::move(action);
 }
 
+void HostWindow::afterTicks(int ticks, std::function<void()> action) {
+  ticksLeft_ = ticks;
+  later_ = std::move(action);
+}
+
 void HostWindow::tick() {
   ++ticks_;
+  if (later_ && --ticksLeft_ == 0) std::exchange(later_, nullptr)();
   const HWND dialog = visibleDialog();
   if (dialog != nullptr && action_) std::exchange(action_, nullptr)(dialog);
 }
@@ -62,6 +71,10 @@ bool handleMessagesUntil(const std::function<bool()>& done) {
     MsgWaitForMultipleObjects(0, nullptr, FALSE, 20, QS_ALLINPUT);
     MSG message;
     while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+      if (message.message == WM_QUIT) {
+        PostQuitMessage(static_cast<int>(message.wParam));
+        return false;
+      }
       TranslateMessage(&message);
       DispatchMessageW(&message);
     }
@@ -71,7 +84,9 @@ bool handleMessagesUntil(const std::function<bool()>& done) {
 
 HWND visibleDialog() {
   const HWND dialog = FindWindowW(nullptr, L"Nummernkreise");
-  return dialog != nullptr && IsWindowVisible(dialog) ? dialog : nullptr;
+  DWORD process = 0;
+  GetWindowThreadProcessId(dialog, &process);
+  return process == GetCurrentProcessId() && IsWindowVisible(dialog) ? dialog : nullptr;
 }
 
 }  // namespace vexnumkr::test

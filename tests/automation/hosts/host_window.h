@@ -25,6 +25,9 @@ class HostWindow {
   /// Calls `action` once, with the dialog's window, as soon as that is visible.
   void whenDialogIsShown(std::function<void(HWND dialog)> action);
 
+  /// Calls `action` once, when the timer has run so often again.
+  void afterTicks(int ticks, std::function<void()> action);
+
   /// How often the timer has run.
   int ticks() const { return ticks_; }
 
@@ -37,10 +40,12 @@ class HostWindow {
   HWND field_ = nullptr;
   int ticks_ = 0;
   std::function<void(HWND)> action_;
+  int ticksLeft_ = 0;
+  std::function<void()> later_;
 };
 
 /// Handles the messages that are waiting, until `done` or for ten seconds at most; says whether it
-/// was done.
+/// was done. A message that tells the program to end stays where it is.
 bool handleMessagesUntil(const std::function<bool()>& done);
 
 /// The component's dialog, when it is visible; else null.

@@ -1,7 +1,6 @@
 // What the hosts of these tests have in common: an apartment, and a database to hand over.
 #pragma once
 
-#include <memory>
 #include <string>
 
 #include "adapters/automation/com/com_headers.h"

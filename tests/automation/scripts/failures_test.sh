@@ -20,4 +20,5 @@ window Nummernkreise
 keys Escape
 box "Fehler 91" Return "frmNummernkreise" "Form_QueryUnload: Objektvariable nicht festgelegt"
 box "Fehler 91" Return "VXNummernkreise" "Init: Objektvariable nicht festgelegt"
-host_ends_with "shown" "Init: False" "end"
+box "Fehler 13" Return "VXNummernkreise" "Init: Typen unverträglich"
+host_ends_with "shown" "Init: False" "asked for the connection string" "Init: False" "end"

@@ -10,8 +10,9 @@ window Nummernkreise
 
 keys alt+n Tab space
 until_true "the host's dialog was shown" grep -q 'WWSDialog#1.Show "ORC", 27' "$folder/calls"
-called 'vxtComDlg.WWSDialog#1.Connection set ADODB.Connection#1'
+called 'vxtComDlg.WWSDialog#1.Connection let ADODB.Connection#1'
 called 'vxtComDlg.WWSDialog#1.MultiSelect let False'
+called 'the dialog takes input: False'
 
 keys alt+e
 window Einstellungen

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "adapters/automation/com/com_headers.h"
+#include "automation/standins/adopt.h"
 #include "automation/standins/call.h"
 
 namespace vexnumkr::standins {
@@ -88,11 +89,9 @@ class DispatchObject : public IDispatch {
 /// The object behind `pointer` where it is a stand-in of that class, else null.
 template <typename Class>
 automation::ComPtr<Class> standIn(IDispatch* pointer) {
-  automation::ComPtr<Class> result;
   void* found = nullptr;
-  if (pointer != nullptr && SUCCEEDED(pointer->QueryInterface(Class::id, &found)))
-    result.Attach(static_cast<Class*>(static_cast<IDispatch*>(found)));
-  return result;
+  if (pointer == nullptr || FAILED(pointer->QueryInterface(Class::id, &found))) return nullptr;
+  return adopt(static_cast<Class*>(static_cast<IDispatch*>(found)));
 }
 
 }  // namespace vexnumkr::standins

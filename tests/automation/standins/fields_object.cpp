@@ -27,9 +27,7 @@ std::optional<VARTYPE> wantedType(const std::string& column) {
 }  // namespace
 
 ComPtr<FieldsObject> FieldsObject::make(RecordsetObject& recordset) {
-  ComPtr<FieldsObject> result;
-  result.Attach(new FieldsObject(recordset));
-  return result;
+  return adopt(new FieldsObject(recordset));
 }
 
 FieldsObject::FieldsObject(RecordsetObject& recordset)
@@ -41,9 +39,7 @@ FieldsObject::FieldsObject(RecordsetObject& recordset)
 }
 
 ComPtr<FieldObject> FieldObject::make(RecordsetObject& recordset, std::string name) {
-  ComPtr<FieldObject> result;
-  result.Attach(new FieldObject(recordset, std::move(name)));
-  return result;
+  return adopt(new FieldObject(recordset, std::move(name)));
 }
 
 FieldObject::FieldObject(RecordsetObject& recordset, std::string name)

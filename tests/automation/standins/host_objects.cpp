@@ -5,6 +5,7 @@
 
 #include <vexnumkr/error.h>
 
+#include "automation/standins/call_log.h"
 #include "automation/standins/environment.h"
 
 namespace vexnumkr::standins {
@@ -21,7 +22,8 @@ std::string settingsFile() { return environment(L"VEXNUMKR_SETTINGS"); }
 }  // namespace
 
 BookingCircleObject::BookingCircleObject() : DispatchObject("vxtComDlg.WWSDialog") {
-  referenceProperty(L"Connection", [this](Call& call) { connection_ = LateBound(call.object(0)); });
+  // A property that takes an object, but does not say that it takes references.
+  property(L"Connection", nullptr, [this](Call& call) { connection_ = LateBound(call.object(0)); });
   property(
       L"MultiSelect", [this](Call& call) { call.answer(Variant(multiSelect_)); },
       [this](Call& call) { multiSelect_ = call.flag(0); });
@@ -30,6 +32,8 @@ BookingCircleObject::BookingCircleObject() : DispatchObject("vxtComDlg.WWSDialog
 
 void BookingCircleObject::show(const Call& call) {
   if (call.number(1) != bookingCircles) throw Refusal{E_INVALIDARG};
+  const HWND dialog = FindWindowW(nullptr, L"Nummernkreise");
+  logCall(std::string("the dialog takes input: ") + (IsWindowEnabled(dialog) ? "True" : "False"));
   const Variant statement("INSERT INTO Nummernkreis_Buchungskreise VALUES (77, 'Vom Host', '" +
                           call.text(0) + "')");
   connection_.call("Execute", {&statement});

@@ -17,8 +17,7 @@ RecordsetObject::RecordsetObject()
 
 ComPtr<RecordsetObject> RecordsetObject::make(std::unique_ptr<Recordset> rows,
                                               ConnectionObject& connection) {
-  ComPtr<RecordsetObject> result;
-  result.Attach(new RecordsetObject);
+  ComPtr<RecordsetObject> result = adopt(new RecordsetObject);
   result->connection_ = &connection;
   result->rows_ = std::move(rows);
   return result;

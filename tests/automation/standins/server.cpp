@@ -17,7 +17,6 @@
 namespace vexnumkr::standins {
 namespace {
 
-using automation::ComPtr;
 
 template <typename Class>
 DispatchObject* create() {
@@ -60,9 +59,7 @@ class Factory final : public IClassFactory {
   HRESULT STDMETHODCALLTYPE CreateInstance(IUnknown* outer, REFIID id, void** object) override {
     *object = nullptr;
     if (outer != nullptr) return CLASS_E_NOAGGREGATION;
-    ComPtr<IDispatch> created;
-    created.Attach(served_.create());
-    return created.CopyTo(id, object);
+    return adopt<IDispatch>(served_.create()).CopyTo(id, object);
   }
   HRESULT STDMETHODCALLTYPE LockServer(BOOL /*lock*/) override { return S_OK; }
 
@@ -119,9 +116,7 @@ extern "C" HRESULT STDAPICALLTYPE DllGetClassObject(REFCLSID wanted, REFIID id, 
     CLSID known = {};
     CLSIDFromString(served.clsid, &known);
     if (known != wanted) continue;
-    ComPtr<IClassFactory> factory;
-    factory.Attach(new Factory(served));
-    return factory.CopyTo(id, object);
+    return adopt<IClassFactory>(new Factory(served)).CopyTo(id, object);
   }
   return CLASS_E_CLASSNOTAVAILABLE;
 }

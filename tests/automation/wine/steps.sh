@@ -16,6 +16,7 @@ folder=$(mktemp -d "$VEXNUMKR_WORLD/test-XXXXXX")
 database=$folder/firma.db
 connection="Driver=SQLite3;Database=$database"
 host=
+answered=
 export VEXNUMKR_CALL_LOG="Z:$folder/calls" VEXNUMKR_SETTINGS="Z:$folder/settings"
 touch "$folder/calls" "$folder/output"
 
@@ -38,13 +39,14 @@ trap leave EXIT
 
 # Makes the database with the tables and a small company's rows.
 make_database() {
-  sqlite3 "$database" ".read $sources/src/app/schema/sqlite/ranges.sql" ".read $scripts/company.sql"
+  cat "$sources/src/app/schema/sqlite/ranges.sql" "$scripts/company.sql" | sqlite3 -bail "$database"
 }
 
 # host SCRIPT [ARGUMENT...]: lets the script host run a script of that name, meanwhile.
 host() {
   wine cscript //nologo "Z:${scripts//\//\\}\\$1" "${@:2}" >"$folder/raw-output" 2>&1 </dev/null &
   host=$!
+  answered=
 }
 
 # What the host has printed so far.
@@ -74,10 +76,11 @@ until_true() {
   done
 }
 
-# Whether the window manager and the display agree that the window with that title has the keyboard.
+# Whether the window manager and the display agree that the window with that title has the keyboard,
+# and that it is not the box that has just been answered.
 is_active() {
   local active
-  active=$(xdotool getactivewindow 2>/dev/null) &&
+  active=$(xdotool getactivewindow 2>/dev/null) && [ "$active" != "$answered" ] &&
     [ "$(xdotool getwindowfocus 2>/dev/null)" = "$active" ] &&
     [ "$(xdotool getwindowname "$active" 2>/dev/null)" = "$1" ]
 }
@@ -100,6 +103,7 @@ box() {
   text=$(wine "$programs/clipboard-text.exe" | tr -d '\r') || fail "\"$title\" cannot be read"
   diff <(printf '%s\n' "$rule" "$title" "$rule" "$@" "$rule") \
     <(head -n $((4 + $#)) <<<"$text") || fail "the box \"$title\" says something else"
+  answered=$(xdotool getactivewindow)
   keys "$key"
 }
 

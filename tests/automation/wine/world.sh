@@ -27,7 +27,7 @@ describe() {
 export HOME='$1/home' WINEPREFIX='$1/prefix' WINEDEBUG=-all LC_ALL=C.UTF-8 DISPLAY=:$2
 # No installers of what Wine lacks, no menus outside, and no window that waits after a crash.
 export WINEDLLOVERRIDES='mscoree=d;mshtml=d;winemenubuilder.exe=d;winedbg.exe=d'
-unset QT_QPA_PLATFORM QT_SCALE_FACTOR
+unset QT_QPA_PLATFORM QT_SCALE_FACTOR QT_FONT_DPI QT_STYLE_OVERRIDE WINEARCH WINELOADER WINESERVER
 END
 }
 
@@ -46,7 +46,10 @@ start_display() {
 start() {
   local folder=$1 dll
   mkdir "$folder/home"
-  describe "$folder" "$(start_display "$folder")" >"$folder/environment"
+  local display
+  display=$(start_display "$folder")
+  [ -n "$display" ] || return 1
+  describe "$folder" "$display" >"$folder/environment"
   # shellcheck source=/dev/null
   . "$folder/environment"
   wineboot -i

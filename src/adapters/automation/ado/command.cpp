@@ -1,6 +1,6 @@
 #include "adapters/automation/ado/command.h"
 
-#include "adapters/automation/ado/recordset.h"
+#include "adapters/automation/ado/execution.h"
 
 namespace vexnumkr::automation {
 
@@ -24,11 +24,7 @@ void AdoCommand::CommandText(const std::string& text) {
 std::unique_ptr<Recordset> AdoCommand::Execute(std::int32_t& recordsAffected) {
   // Without a connection the command fails by itself.
   const bool isSelect = connection_ != nullptr && connection_->check(text_).isSelect();
-  Variant count(std::int32_t{0});
-  const Variant counted = Variant::reference(count.get());
-  const Variant rows = object_.call("Execute", {&counted});
-  recordsAffected = toLong(count.get());
-  return std::make_unique<AdoRecordset>(LateBound(toObject(rows.get())), isSelect);
+  return execute(object_, nullptr, isSelect, recordsAffected);
 }
 
 }  // namespace vexnumkr::automation

@@ -8,8 +8,7 @@
 
 namespace vexnumkr::automation {
 
-/// Forwards to the object's members. The count of affected records is the provider's own: for a
-/// select, some report -1, "not known".
+/// Forwards to the object's members.
 class AdoCommand final : public Command {
  public:
   explicit AdoCommand(LateBound object) : object_(std::move(object)) {}

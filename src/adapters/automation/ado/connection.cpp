@@ -3,6 +3,7 @@
 #include <vexnumkr/error.h>
 
 #include "adapters/automation/ado/command.h"
+#include "adapters/automation/ado/execution.h"
 #include "adapters/automation/ado/recordset.h"
 
 namespace vexnumkr::automation {
@@ -63,11 +64,7 @@ std::unique_ptr<Recordset> AdoConnection::Execute(const std::string& text,
                                                   std::int32_t& recordsAffected) {
   const bool isSelect = check(text).isSelect();
   const Variant statement(text);
-  Variant count(std::int32_t{0});
-  const Variant counted = Variant::reference(count.get());
-  const Variant rows = object_.call("Execute", {&statement, &counted});
-  recordsAffected = toLong(count.get());
-  return std::make_unique<AdoRecordset>(LateBound(toObject(rows.get())), isSelect);
+  return execute(object_, &statement, isSelect, recordsAffected);
 }
 
 void AdoConnection::BeginTrans() { object_.call("BeginTrans"); }

@@ -16,10 +16,13 @@ DisabledWindows::DisabledWindows() : active_(GetActiveWindow()), focus_(GetFocus
 DisabledWindows::~DisabledWindows() { enable(); }
 
 void DisabledWindows::disable(const Concerned& concerned) {
-  if (!disabled_.empty()) return;
-  EnumThreadWindows(GetCurrentThreadId(), collect, reinterpret_cast<LPARAM>(&disabled_));
-  std::erase_if(disabled_, [&](HWND window) { return !concerned(window); });
-  for (const HWND window : disabled_) EnableWindow(window, FALSE);
+  std::vector<HWND> usable;
+  EnumThreadWindows(GetCurrentThreadId(), collect, reinterpret_cast<LPARAM>(&usable));
+  for (const HWND window : usable) {
+    if (!concerned(window)) continue;
+    disabled_.push_back(window);
+    EnableWindow(window, FALSE);
+  }
 }
 
 void DisabledWindows::enable() {

@@ -20,8 +20,8 @@ class DisabledWindows {
   DisabledWindows(const DisabledWindows&) = delete;
   DisabledWindows& operator=(const DisabledWindows&) = delete;
 
-  /// Disables the visible top-level windows of this thread that are concerned, unless some are
-  /// disabled already.
+  /// Disables the visible top-level windows of this thread that are concerned, those included that
+  /// have come since the last time.
   void disable(const Concerned& concerned);
   /// Gives them back, with the focus.
   void enable();

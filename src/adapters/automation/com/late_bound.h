@@ -3,7 +3,6 @@
 
 #include <initializer_list>
 #include <map>
-#include <span>
 #include <string>
 #include <string_view>
 #include <utility>

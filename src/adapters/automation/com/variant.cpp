@@ -47,6 +47,13 @@ std::string textOf(const VARIANT& variant, LCID locale, USHORT flags) {
   return toUtf8(V_BSTR(&text.get()));
 }
 
+Variant withoutReference(const VARIANT& variant) {
+  Variant direct;
+  VARIANT source = variant;  // Only read; the function's signature does not say so.
+  raiseOnFailure(VariantCopyInd(direct.receive(), &source));
+  return direct;
+}
+
 // Exact decimals are taken by their digits, which no double would keep.
 Value decimalValue(const VARIANT& variant) {
   Value text(textOf(variant, german, VARIANT_NOUSEROVERRIDE));
@@ -88,13 +95,6 @@ Variant::Variant(const Value& value) : Variant() {
   if (value.isText()) *this = Variant(value.asText());
 }
 
-Variant Variant::missing() {
-  Variant result;
-  V_VT(&result.data_) = VT_ERROR;
-  V_ERROR(&result.data_) = DISP_E_PARAMNOTFOUND;
-  return result;
-}
-
 Variant Variant::reference(VARIANT& target) {
   Variant result;
   V_VT(&result.data_) = VT_BYREF | VT_VARIANT;
@@ -122,10 +122,8 @@ VARIANT* Variant::receive() {
 }
 
 Value toValue(const VARIANT& variant) {
-  Variant direct;
-  VARIANT source = variant;  // Only read; the function's signature does not say so.
-  raiseOnFailure(VariantCopyInd(direct.receive(), &source));
-  const VARIANT& data = direct.get();
+  const Variant itself = withoutReference(variant);
+  const VARIANT& data = itself.get();
   switch (V_VT(&data)) {
     case VT_EMPTY:
       return Empty();
@@ -176,10 +174,8 @@ bool toBoolean(const VARIANT& variant) { return toValue(variant).toBoolean(); }
 std::string toText(const VARIANT& variant) { return toValue(variant).toText(); }
 
 ComPtr<IDispatch> toObject(const VARIANT& variant) {
-  Variant direct;
-  VARIANT source = variant;  // Only read; the function's signature does not say so.
-  raiseOnFailure(VariantCopyInd(direct.receive(), &source));
-  const VARIANT& data = direct.get();
+  const Variant itself = withoutReference(variant);
+  const VARIANT& data = itself.get();
   ComPtr<IDispatch> object;
   switch (V_VT(&data)) {
     case VT_EMPTY:

@@ -24,8 +24,6 @@ class Variant {
   explicit Variant(IDispatch* object);
   /// Empty, Null, a Long, a Boolean or a String.
   explicit Variant(const Value& value);
-  /// What stands for an optional argument that is left out.
-  static Variant missing();
   /// A reference to `target`, which outlives the result: an argument that the callee may change.
   static Variant reference(VARIANT& target);
   static Variant reference(BSTR& target);
