@@ -17,7 +17,6 @@
 namespace vexnumkr::standins {
 namespace {
 
-
 template <typename Class>
 DispatchObject* create() {
   return new Class;
