@@ -73,6 +73,23 @@ TEST(Variant, OtherRealNumbersAreTextsThatRoundHalfToEven) {
   EXPECT_EQ(errorOf([] { toLong(real(1e20)); }), error_number::overflow);
 }
 
+TEST(Variant, SmallRealNumbersKeepTheDigitsThatTheyHave) {
+  VARIANT variant = ofType(VT_R4);
+  V_R4(&variant) = 2.1F;
+  EXPECT_EQ(toValue(variant), Value("2,1"));
+  V_R4(&variant) = 7.0F;
+  EXPECT_EQ(toValue(variant), Value(7));
+}
+
+TEST(Variant, ADateIsTheTextThatItsUserSees) {
+  VARIANT variant = ofType(VT_DATE);
+  V_DATE(&variant) = 46022;  // 31 December 2025
+  const Value text = toValue(variant);
+  ASSERT_TRUE(text.isText());
+  EXPECT_NE(text.asText().find("2025"), std::string::npos) << text.asText();
+  EXPECT_NE(text.asText().find("31"), std::string::npos) << text.asText();
+}
+
 TEST(Variant, ExactDecimalsKeepTheirDigits) {
   EXPECT_EQ(toValue(currency(2600000000)), Value(260000));
   EXPECT_EQ(toValue(currency(25000)), Value("2,5"));
