@@ -2,41 +2,11 @@
 
 #include <QtCore/QByteArray>
 #include <QtCore/QStringDecoder>
-#include <array>
-#include <charconv>
-#include <cmath>
-#include <limits>
 
 #include "adapters/qtsql/failure.h"
+#include "platform/number_value.h"
 
 namespace vexnumkr::qtsql {
-namespace {
-
-constexpr auto smallest = std::numeric_limits<std::int32_t>::min();
-constexpr auto largest = std::numeric_limits<std::int32_t>::max();
-
-Value integerValue(qlonglong number) {
-  if (number < smallest || number > largest) return std::to_string(number);
-  return static_cast<std::int32_t>(number);
-}
-
-Value unsignedValue(qulonglong number) {
-  if (number > static_cast<qulonglong>(largest)) return std::to_string(number);
-  return static_cast<std::int32_t>(number);
-}
-
-Value realValue(double number) {
-  if (number >= smallest && number <= largest && std::trunc(number) == number)
-    return static_cast<std::int32_t>(number);
-  std::array<char, 512>
-      digits;  // The longest double has 309 places before or 341 behind the point.
-  const auto end = std::to_chars(digits.begin(), digits.end(), number, std::chars_format::fixed);
-  std::string text(digits.begin(), end.ptr);
-  if (const std::size_t point = text.find('.'); point != std::string::npos) text[point] = ',';
-  return text;
-}
-
-}  // namespace
 
 QString toQString(std::string_view text) {
   QStringDecoder decoder(QStringDecoder::Utf8,
@@ -66,7 +36,7 @@ Value toValue(const QVariant& field) {
     case QMetaType::LongLong:
       return integerValue(field.toLongLong());
     case QMetaType::ULongLong:
-      return unsignedValue(field.toULongLong());
+      return integerValue(field.toULongLong());
     case QMetaType::Float:
     case QMetaType::Double:
       return realValue(field.toDouble());

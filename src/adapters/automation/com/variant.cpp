@@ -1,9 +1,5 @@
 #include "adapters/automation/com/variant.h"
 
-#include <array>
-#include <charconv>
-#include <cmath>
-#include <limits>
 #include <string>
 #include <utility>
 
@@ -11,33 +7,13 @@
 
 #include "adapters/automation/com/bstr.h"
 #include "adapters/automation/com/failure.h"
+#include "platform/number_value.h"
 
 namespace vexnumkr::automation {
 namespace {
 
-constexpr auto smallest = std::numeric_limits<std::int32_t>::min();
-constexpr auto largest = std::numeric_limits<std::int32_t>::max();
 // The rules of German, whatever this user has set up for himself.
 constexpr LCID german = MAKELCID(MAKELANGID(LANG_GERMAN, SUBLANG_GERMAN), SORT_DEFAULT);
-
-template <typename Integer>
-Value integerValue(Integer number) {
-  if (std::in_range<std::int32_t>(number)) return static_cast<std::int32_t>(number);
-  return std::to_string(number);
-}
-
-template <typename Real>
-Value realValue(Real number) {
-  const double exact = number;
-  if (exact >= smallest && exact <= largest && std::trunc(exact) == exact)
-    return static_cast<std::int32_t>(exact);
-  // The longest double has 309 places before or 341 behind the point.
-  std::array<char, 512> digits;
-  const auto end = std::to_chars(digits.begin(), digits.end(), number, std::chars_format::fixed);
-  std::string text(digits.begin(), end.ptr);
-  if (const std::size_t point = text.find('.'); point != std::string::npos) text[point] = ',';
-  return text;
-}
 
 std::string textOf(const VARIANT& variant, LCID locale, USHORT flags) {
   Variant text;
