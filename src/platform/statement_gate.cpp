@@ -17,10 +17,7 @@ bool isOneOf(const Token& token, std::span<const std::string_view> keywords) {
                      [&](std::string_view keyword) { return token.is(keyword); });
 }
 
-Error refused(const char* why) {
-  constexpr std::int32_t invalidArgument = 3001;
-  return Error(invalidArgument, "VEXNummernkreise", why);
-}
+Error refused(const char* why) { return Error(refusedStatement, "VEXNummernkreise", why); }
 
 // The body of a trigger holds statements of its own, each closed by a semicolon.
 bool createsTrigger(Tokens tokens) {

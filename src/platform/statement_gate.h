@@ -1,6 +1,7 @@
 // The one place that every statement text of the adapter's users passes on its way to the engine.
 #pragma once
 
+#include <cstdint>
 #include <span>
 #include <string_view>
 #include <vector>
@@ -8,6 +9,9 @@
 #include "platform/sql_tokens.h"
 
 namespace vexnumkr {
+
+/// The number of the error for a statement that is not let through.
+inline constexpr std::int32_t refusedStatement = 3001;
 
 /// One statement, without what stood before and behind it. It points into the text that was passed
 /// and into the gate, and is good until the next text passes.

@@ -3,18 +3,17 @@
 #include <vexnumkr/error.h>
 
 #include "data/sql/statement_shapes.h"
+#include "platform/statement_gate.h"
 
 namespace vexnumkr {
 namespace {
-
-constexpr std::int32_t invalidArgument = 3001;
 
 // Shared by a connection and all that it makes.
 class Guard {
  public:
   void check(const std::string& text, const Connection& connection) {
     if (shapes_.isOwn(text, connection.BackslashEscapes())) return;
-    throw Error(invalidArgument, "VEXNummernkreise",
+    throw Error(refusedStatement, "VEXNummernkreise",
                 "Die Anweisung wurde nicht ausgeführt, weil ein Wert sie verändert. Bitte prüfen "
                 "Sie die Eingaben auf Hochkommas.");
   }

@@ -89,11 +89,10 @@ Statement StatementCheck::pass(std::string_view text, const std::optional<Lexica
 
 void StatementCheck::refuseAmbiguous(std::string_view text) {
   if (text.find('\\') == std::string_view::npos) return;
-  constexpr std::int32_t invalidArgument = 3001;
   tokenise(text, LexicalRules{}, plain_);
   tokenise(text, LexicalRules{.backslashEscapes = true}, escaped_);
   if (!std::equal(plain_.begin(), plain_.end(), escaped_.begin(), escaped_.end(), isSameToken))
-    throw Error(invalidArgument, "VEXNummernkreise",
+    throw Error(refusedStatement, "VEXNummernkreise",
                 "Ein umgekehrter Schrägstrich vor einem Hochkomma ist nicht erlaubt, weil ihn "
                 "nicht jede Datenbank gleich versteht.");
 }
