@@ -1,17 +1,24 @@
 // The single-threaded apartment that automation needs, for programs that link this file.
 #include <gtest/gtest.h>
 
-#include "adapters/automation/com/com_headers.h"
+#include <optional>
 
+#include "automation/hosts/session.h"
+
+namespace vexnumkr::test {
 namespace {
 
-class Apartment : public testing::Environment {
+class InApartment : public testing::Environment {
  public:
-  void SetUp() override { ASSERT_EQ(CoInitialize(nullptr), S_OK); }
-  void TearDown() override { CoUninitialize(); }
+  void SetUp() override { apartment_.emplace(); }
+  void TearDown() override { apartment_.reset(); }
+
+ private:
+  std::optional<Apartment> apartment_;
 };
 
-[[maybe_unused]] const testing::Environment* const apartment =
-    testing::AddGlobalTestEnvironment(new Apartment);
+[[maybe_unused]] const testing::Environment* const environment =
+    testing::AddGlobalTestEnvironment(new InApartment);
 
 }  // namespace
+}  // namespace vexnumkr::test

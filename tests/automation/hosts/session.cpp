@@ -8,12 +8,6 @@ namespace vexnumkr::test {
 using automation::LateBound;
 using automation::Variant;
 
-std::wstring environment(const wchar_t* name) {
-  std::wstring value(GetEnvironmentVariableW(name, nullptr, 0), L'\0');
-  value.resize(GetEnvironmentVariableW(name, value.data(), static_cast<DWORD>(value.size())));
-  return value;
-}
-
 LateBound openConnection() {
   LateBound connection = LateBound::create("ADODB.Connection");
   const std::string text =

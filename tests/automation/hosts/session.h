@@ -5,6 +5,7 @@
 
 #include "adapters/automation/com/com_headers.h"
 #include "adapters/automation/com/late_bound.h"
+#include "automation/environment.h"
 #include "server/interface.h"
 
 namespace vexnumkr::test {
@@ -17,9 +18,6 @@ class Apartment {
   Apartment(const Apartment&) = delete;
   Apartment& operator=(const Apartment&) = delete;
 };
-
-/// The value of an environment variable that the test run sets; empty without it.
-std::wstring environment(const wchar_t* name);
 
 /// An open ADO connection to the database of the test.
 automation::LateBound openConnection();
