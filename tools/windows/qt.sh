@@ -2,43 +2,22 @@
 # Builds Qt for Windows, to be linked statically, from Debian's own source package of the Qt that is
 # installed here, unless that has been done before.
 #
-#   tools/windows/qt.sh [--arch x86_64|i686] [--where]
+#   tools/windows/qt.sh [--where] [--arch x86_64|i686]
 #
 # Prints the folder of the built Qt as its last line; with --where only that, building nothing, and
 # fails when it is not there. Builds are kept in $VEXNUMKR_WINDOWS_CACHE, or ~/.cache/vexnumkr.
 set -euo pipefail
 
 here=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
-arch=x86_64
-only_where=
-
 usage() { sed -n '2,8s/^# \{0,1\}//p' "$here/qt.sh"; }
 
-while [ $# -gt 0 ]; do
-  case "$1" in
-    --arch)
-      arch=${2:?}
-      shift
-      ;;
-    --where) only_where=yes ;;
-    --help | -h)
-      usage
-      exit 0
-      ;;
-    *)
-      usage >&2
-      exit 2
-      ;;
-  esac
+only_where=
+if [ "${1:-}" = --where ]; then
+  only_where=yes
   shift
-done
-case "$arch" in
-  x86_64 | i686) ;;
-  *)
-    usage >&2
-    exit 2
-    ;;
-esac
+fi
+# shellcheck source=architecture.sh
+. "$here/architecture.sh"
 
 version=$(dpkg-query -W -f '${source:Version}' "qt6-base-dev:$(dpkg --print-architecture)")
 cache=${VEXNUMKR_WINDOWS_CACHE:-${XDG_CACHE_HOME:-$HOME/.cache}/vexnumkr}

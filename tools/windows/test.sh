@@ -16,10 +16,8 @@ if [ "$arch" = i686 ] && [ "$(id -u)" -ne 0 ]; then
   exit 1
 fi
 "$tools/../install-packages.sh" windows-test
-"$tools/build.sh" --arch "$arch"
+BUILD_TESTING=ON "$tools/build.sh" --arch "$arch"
 cd "$tools/../.."
-cmake --preset "windows-$arch" -DBUILD_TESTING=ON
-cmake --build --preset "windows-$arch"
 if [ "$arch" = i686 ]; then
   commands=$("$tools/wine-i386.sh" | tee /dev/stderr | tail -n 1)
   PATH=$commands:$PATH
