@@ -26,7 +26,7 @@ class Scattered {
   std::int32_t step_ = 61'813;
 };
 
-std::string caption(std::int32_t circle, const host::SampleCompany& company) {
+std::string caption(std::int32_t circle, const app::SampleCompany& company) {
   if (circle == 0) return standardGroup;
   return company.circles[static_cast<std::size_t>(circle) - 1].description;
 }
@@ -35,11 +35,11 @@ struct Row {
   std::string user = alleBenutzer;
   std::string caption;
   std::string sharedKey;
-  host::SampleRange range;
+  app::SampleRange range;
 };
 
 void write(XArray& table, std::int32_t place, const Row& row) {
-  const host::SampleRange& range = row.range;
+  const app::SampleRange& range = row.range;
   table.set(place, column::Benutzer, row.user);
   table.set(place, column::Buchungskreis, range.circle);
   table.set(place, column::Gruppe, row.caption);
@@ -77,14 +77,14 @@ Row plainRow(std::int32_t row, std::int32_t place) {
 }  // namespace
 
 CompanySize::CompanySize(int scale) {
-  const host::SampleCompany company = host::scaledCompany(scale);
+  const app::SampleCompany company = app::scaledCompany(scale);
   circles = static_cast<std::int32_t>(company.circles.size());
   keys = static_cast<std::int32_t>(company.ranges.size()) / (circles + 1);
   users = static_cast<std::int32_t>(company.users.size());
 }
 
 XArray companyTable(int scale) {
-  const host::SampleCompany company = host::scaledCompany(scale);
+  const app::SampleCompany company = app::scaledCompany(scale);
   std::vector<std::string> users = company.users;
   users.insert(users.begin(), alleBenutzer);
   const auto rows = static_cast<std::int32_t>(users.size() * company.ranges.size());
@@ -93,7 +93,7 @@ XArray companyTable(int scale) {
   const Scattered scattered(rows);
   std::int32_t next = 0;
   for (const std::string& user : users) {
-    for (const host::SampleRange& range : company.ranges) {
+    for (const app::SampleRange& range : company.ranges) {
       Row row{user, caption(range.circle, company), "", range};
       row.range.mask = "JJ" + std::to_string(range.circle + 10) + "NNNN";
       write(table, scattered(next++), row);

@@ -12,7 +12,7 @@ std::vector<std::string> otherEngines() {
 }
 
 SampleDatabase::SampleDatabase(int scale, const std::string& engine) : database_(engine) {
-  host::createSampleTables(connectionString(), scale);
+  app::createSampleTables(connectionString(), scale);
 }
 
 }  // namespace vexnumkr::bench

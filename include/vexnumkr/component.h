@@ -4,8 +4,8 @@
 #include <memory>
 
 #include <vexnumkr/VXNummernkreise.h>
-#include <vexnumkr/components.h>
 #include <vexnumkr/export.h>
+#include <vexnumkr/host_components.h>
 
 namespace vexnumkr {
 

@@ -9,7 +9,7 @@
 #include "app/connection_text.h"
 #include "app/help.h"
 
-namespace vexnumkr::host {
+namespace vexnumkr::app {
 
 namespace {
 
@@ -186,4 +186,4 @@ Rückgabewert: 0 Dialog geschlossen · 1 Datenbank, Anzeige oder Datei nicht zu 
 )";
 }
 
-}  // namespace vexnumkr::host
+}  // namespace vexnumkr::app

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-namespace vexnumkr::host {
+namespace vexnumkr::app {
 
 /// The host's orders. Texts that were not given are empty.
 struct HostOptions {
@@ -41,4 +41,4 @@ HostOptions readCommandLine(const std::vector<std::string>& arguments,
 /// The text of --help.
 std::string helpText();
 
-}  // namespace vexnumkr::host
+}  // namespace vexnumkr::app

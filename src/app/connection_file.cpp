@@ -5,7 +5,7 @@
 
 #include "app/command_line.h"
 
-namespace vexnumkr::host {
+namespace vexnumkr::app {
 
 std::string readConnectionFile(const std::string& file) {
   QFile source(QString::fromStdString(file));
@@ -24,4 +24,4 @@ std::string readConnectionFile(const std::string& file) {
   return line;
 }
 
-}  // namespace vexnumkr::host
+}  // namespace vexnumkr::app

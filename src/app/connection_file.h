@@ -3,10 +3,10 @@
 
 #include <string>
 
-namespace vexnumkr::host {
+namespace vexnumkr::app {
 
 /// The connection string in the first line of `file`. A file that others than its owner can read is
 /// refused: connection strings hold passwords. Error: UsageError.
 std::string readConnectionFile(const std::string& file);
 
-}  // namespace vexnumkr::host
+}  // namespace vexnumkr::app

@@ -4,7 +4,7 @@
 
 #include <vexnumkr/value.h>
 
-namespace vexnumkr::host {
+namespace vexnumkr::app {
 
 namespace {
 
@@ -146,4 +146,4 @@ std::string withoutPassword(std::string message, std::string_view connectionText
   return message;
 }
 
-}  // namespace vexnumkr::host
+}  // namespace vexnumkr::app

@@ -6,7 +6,7 @@
 #include <utility>
 #include <vector>
 
-namespace vexnumkr::host {
+namespace vexnumkr::app {
 
 /// What encloses a value that holds semicolons.
 enum class Enclosing {
@@ -45,4 +45,4 @@ std::vector<std::string> passwordsIn(std::string_view connectionText);
 /// `message` with the passwords of `connectionText` masked, wherever they stand in it.
 std::string withoutPassword(std::string message, std::string_view connectionText);
 
-}  // namespace vexnumkr::host
+}  // namespace vexnumkr::app

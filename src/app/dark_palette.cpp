@@ -4,7 +4,7 @@
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QToolTip>
 
-namespace vexnumkr::host {
+namespace vexnumkr::app {
 
 namespace {
 
@@ -39,4 +39,4 @@ void makeDark() {
   QToolTip::setPalette(darkPalette());
 }
 
-}  // namespace vexnumkr::host
+}  // namespace vexnumkr::app

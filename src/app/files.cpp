@@ -5,7 +5,7 @@
 
 #include <vexnumkr/error.h>
 
-namespace vexnumkr::host {
+namespace vexnumkr::app {
 
 namespace {
 
@@ -26,4 +26,4 @@ void makeNewFile(const std::string& file) {
   }
 }
 
-}  // namespace vexnumkr::host
+}  // namespace vexnumkr::app

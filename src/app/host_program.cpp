@@ -16,7 +16,7 @@
 #include <vexnumkr/error.h>
 
 #include "app/command_line.h"
-#include "app/components/host_components.h"
+#include "app/components/offered_components.h"
 #include "app/components/window_icon.h"
 #include "app/connection_text.h"
 #include "app/dark_palette.h"
@@ -25,7 +25,7 @@
 #include "app/tour/guided_tour.h"
 #include "app/version.h"
 
-namespace vexnumkr::host {
+namespace vexnumkr::app {
 
 namespace {
 
@@ -135,4 +135,4 @@ int runHost(int argc, char** argv) {
   }
 }
 
-}  // namespace vexnumkr::host
+}  // namespace vexnumkr::app

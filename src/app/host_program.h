@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-namespace vexnumkr::host {
+namespace vexnumkr::app {
 
 /// The program's exit statuses.
 namespace exit_status {
@@ -17,4 +17,4 @@ inline constexpr int wrongUsage = 2;
 /// user goes to standard output, and what went wrong to standard error, without passwords.
 int runHost(int argc, char** argv);
 
-}  // namespace vexnumkr::host
+}  // namespace vexnumkr::app

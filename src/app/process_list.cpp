@@ -6,7 +6,7 @@
 
 #include "app/connection_text.h"
 
-namespace vexnumkr::host {
+namespace vexnumkr::app {
 
 namespace {
 
@@ -38,4 +38,4 @@ void hidePasswords(int argc, char** argv) {
   }
 }
 
-}  // namespace vexnumkr::host
+}  // namespace vexnumkr::app

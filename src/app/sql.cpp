@@ -1,6 +1,6 @@
 #include "app/sql.h"
 
-namespace vexnumkr::host {
+namespace vexnumkr::app {
 
 std::string sqlText(std::string_view text) {
   std::string result = "'";
@@ -30,4 +30,4 @@ std::string textField(const Recordset& row, std::string_view name) {
   return value.isNull() ? std::string() : value.toText();
 }
 
-}  // namespace vexnumkr::host
+}  // namespace vexnumkr::app

@@ -8,7 +8,7 @@
 
 #include <vexnumkr/database.h>
 
-namespace vexnumkr::host {
+namespace vexnumkr::app {
 
 /// `text` as a literal: between single quotes, those inside doubled.
 std::string sqlText(std::string_view text);
@@ -23,4 +23,4 @@ void forEachRow(Connection& connection, const std::string& select,
 /// A field's text; empty for NULL.
 std::string textField(const Recordset& row, std::string_view name);
 
-}  // namespace vexnumkr::host
+}  // namespace vexnumkr::app

@@ -4,7 +4,7 @@
 #include <memory>
 
 #include <vexnumkr/VXNummernkreise.h>
-#include <vexnumkr/components.h>
+#include <vexnumkr/host_components.h>
 
 #include "adapters/qtforms/progress/qt_progress_display.h"
 #include "hosting/component.h"

@@ -8,8 +8,8 @@
 #include <string>
 #include <vector>
 
-#include <vexnumkr/components.h>
 #include <vexnumkr/database.h>
+#include <vexnumkr/host_components.h>
 
 #include "data/sql/guarded_connection.h"
 #include "data/table/xarray.h"

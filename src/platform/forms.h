@@ -12,8 +12,8 @@
 #include <string_view>
 #include <vector>
 
-#include <vexnumkr/components.h>
 #include <vexnumkr/error.h>
+#include <vexnumkr/host_components.h>
 
 namespace vexnumkr {
 

@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include <vexnumkr/components.h>
+#include <vexnumkr/host_components.h>
 
 #include "platform/forms.h"
 #include "platform/progress.h"

@@ -15,7 +15,7 @@
 #include "app/expected_windows.h"
 #include "app/sample_database.h"
 
-namespace vexnumkr::host {
+namespace vexnumkr::app {
 namespace {
 
 using test::child;
@@ -434,4 +434,4 @@ TEST_F(CircleWindow, GivesEveryControlAName) {
 }
 
 }  // namespace
-}  // namespace vexnumkr::host
+}  // namespace vexnumkr::app

@@ -6,7 +6,7 @@
 
 #include "app/sample_database.h"
 
-namespace vexnumkr::host {
+namespace vexnumkr::app {
 namespace {
 
 using test::Row;
@@ -119,4 +119,4 @@ TEST(CircleDescriptions, AreGivenOnce) {
 }
 
 }  // namespace
-}  // namespace vexnumkr::host
+}  // namespace vexnumkr::app

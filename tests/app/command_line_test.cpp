@@ -5,7 +5,7 @@
 #include <QtCore/QFile>
 #include <QtCore/QTemporaryDir>
 
-namespace vexnumkr::host {
+namespace vexnumkr::app {
 namespace {
 
 using Arguments = std::vector<std::string>;
@@ -196,4 +196,4 @@ TEST_F(ConnectionFile, ExcludesTheOtherOption) {
 }
 
 }  // namespace
-}  // namespace vexnumkr::host
+}  // namespace vexnumkr::app

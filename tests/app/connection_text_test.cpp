@@ -4,7 +4,7 @@
 
 #include "app/process_list.h"
 
-namespace vexnumkr::host {
+namespace vexnumkr::app {
 namespace {
 
 TEST(ConnectionText, FindsKeysWithoutRegardToCase) {
@@ -103,4 +103,4 @@ TEST(Passwords, AreHiddenInTheListOfProcesses) {
 }
 
 }  // namespace
-}  // namespace vexnumkr::host
+}  // namespace vexnumkr::app

@@ -12,12 +12,12 @@
 
 #include <vexnumkr/component.h>
 
-#include "app/components/host_components.h"
+#include "app/components/offered_components.h"
 #include "app/components/window_icon.h"
 #include "app/expected_windows.h"
 #include "app/sample_database.h"
 
-namespace vexnumkr::host {
+namespace vexnumkr::app {
 namespace {
 
 using test::child;
@@ -162,4 +162,4 @@ INSTANTIATE_TEST_SUITE_P(Accounting, OptionsOfHost, testing::Values(2));
 INSTANTIATE_TEST_SUITE_P(Applications, HostDialog, testing::Values(1, 2));
 
 }  // namespace
-}  // namespace vexnumkr::host
+}  // namespace vexnumkr::app

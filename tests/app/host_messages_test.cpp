@@ -7,10 +7,10 @@
 
 #include <vexnumkr/error.h>
 
-#include "app/components/host_components.h"
+#include "app/components/offered_components.h"
 #include "app/expected_windows.h"
 
-namespace vexnumkr::host {
+namespace vexnumkr::app {
 namespace {
 
 using test::child;
@@ -122,4 +122,4 @@ TEST_F(Messages, RefuseWhatIsNoText) {
 }
 
 }  // namespace
-}  // namespace vexnumkr::host
+}  // namespace vexnumkr::app

@@ -8,7 +8,7 @@
 #include "app/program.h"
 #include "app/sample_database.h"
 
-namespace vexnumkr::host {
+namespace vexnumkr::app {
 namespace {
 
 using test::ProgramRun;
@@ -158,4 +158,4 @@ TEST_F(HostProgram, TourFailsOnAnUnexpectedBox) {
 }
 
 }  // namespace
-}  // namespace vexnumkr::host
+}  // namespace vexnumkr::app

@@ -8,11 +8,11 @@
 #include <vexnumkr/error.h>
 
 #include "app/components/booking_circle_administration.h"
-#include "app/components/host_components.h"
+#include "app/components/offered_components.h"
 #include "app/components/settings_store.h"
 #include "app/components/window_icon.h"
 
-namespace vexnumkr::host {
+namespace vexnumkr::app {
 namespace {
 
 TEST(HostTexts, FillTheProcedureIn) {
@@ -89,4 +89,4 @@ TEST(StandAloneHost, KnowsNoOtherComponents) {
 }
 
 }  // namespace
-}  // namespace vexnumkr::host
+}  // namespace vexnumkr::app

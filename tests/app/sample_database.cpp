@@ -51,14 +51,14 @@ std::vector<Row> rowsOf(const std::string& file, const std::string& select) {
   return query(file, select);
 }
 
-SampleDatabase::SampleDatabase() { host::createSampleFile(file()); }
+SampleDatabase::SampleDatabase() { app::createSampleFile(file()); }
 
 std::string SampleDatabase::folder() const { return folder_.path().toStdString(); }
 
 std::string SampleDatabase::file() const { return folder() + "/firma.db"; }
 
 std::shared_ptr<Connection> SampleDatabase::connect() const {
-  return openQtSqlConnection(host::sqliteConnectionText(file()));
+  return openQtSqlConnection(app::sqliteConnectionText(file()));
 }
 
 void SampleDatabase::run(const std::string& statement) const { query(file(), statement); }

@@ -10,7 +10,7 @@
 #include "app/sample/create_sample.h"
 #include "app/sample_database.h"
 
-namespace vexnumkr::host {
+namespace vexnumkr::app {
 namespace {
 
 using test::Row;
@@ -300,4 +300,4 @@ TEST_F(Sample, TellsWhatItHolds) {
 }
 
 }  // namespace
-}  // namespace vexnumkr::host
+}  // namespace vexnumkr::app

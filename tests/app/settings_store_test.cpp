@@ -8,7 +8,7 @@
 
 #include "app/sample_database.h"
 
-namespace vexnumkr::host {
+namespace vexnumkr::app {
 namespace {
 
 using test::Row;
@@ -166,4 +166,4 @@ TEST(SettingsFile, LiesBesideTheDatabase) {
 }
 
 }  // namespace
-}  // namespace vexnumkr::host
+}  // namespace vexnumkr::app

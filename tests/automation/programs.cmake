@@ -34,7 +34,7 @@ target_link_libraries(vexnumkr_clipboard_text PRIVATE vexnumkr_automation vexnum
 set_target_properties(vexnumkr_clipboard_text PROPERTIES
   OUTPUT_NAME clipboard-text RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/tests")
 
-set(server "${PROJECT_SOURCE_DIR}/src/server")
+set(server "${PROJECT_SOURCE_DIR}/src/windows")
 vexnumkr_windows_test(type_library_test)
 vexnumkr_windows_test(library_test NEEDS registered)
 target_link_libraries(library_test PRIVATE version)

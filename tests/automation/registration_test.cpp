@@ -1,7 +1,7 @@
 // Registration by a user who may write where all users' classes are, and by one who may not.
 //
 // Windows lets a program replace the roots of its registry; these tests replace both.
-#include "server/registration.h"
+#include "windows/registration.h"
 
 #include <gtest/gtest.h>
 
@@ -9,7 +9,7 @@
 //
 #include <sddl.h>
 
-#include "server/registry_key.h"
+#include "windows/registry_key.h"
 
 namespace vexnumkr::test {
 namespace {

@@ -14,7 +14,7 @@ ProgramRun runExample(const QStringList& arguments) {
 TEST(EmbedExample, ShowsTheDialogAndLeavesTheDatabaseAsItWas) {
   const SampleDatabase database;
   const auto before = database.rows("SELECT * FROM Nummernkreise");
-  const QString connection = QString::fromStdString(host::sqliteConnectionText(database.file()));
+  const QString connection = QString::fromStdString(app::sqliteConnectionText(database.file()));
   const ProgramRun run =
       runExample({connection, QStringLiteral("Becker"), QStringLiteral("--demo")});
   EXPECT_EQ(run.exitCode, 0) << run.errors;

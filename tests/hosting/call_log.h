@@ -6,9 +6,9 @@
 #include <utility>
 #include <vector>
 
-#include <vexnumkr/components.h>
 #include <vexnumkr/database.h>
 #include <vexnumkr/error.h>
+#include <vexnumkr/host_components.h>
 
 namespace vexnumkr::test {
 

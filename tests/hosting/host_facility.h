@@ -8,8 +8,8 @@
 #include <utility>
 #include <vector>
 
-#include <vexnumkr/components.h>
 #include <vexnumkr/error.h>
+#include <vexnumkr/host_components.h>
 
 namespace vexnumkr::test {
 

@@ -15,12 +15,12 @@
 #include <vexnumkr/component.h>
 #include <vexnumkr/error.h>
 
-#include "app/components/host_components.h"
+#include "app/components/offered_components.h"
 #include "app/connection_text.h"
 #include "app/sample/create_sample.h"
 #include "manual/manual_tour.h"
 
-namespace vexnumkr::host {
+namespace vexnumkr::app {
 
 namespace {
 
@@ -54,7 +54,7 @@ int makePictures(const std::string& folder) {
 
 }  // namespace
 
-}  // namespace vexnumkr::host
+}  // namespace vexnumkr::app
 
 int main(int argc, char** argv) {
   if (argc != 2) {
@@ -66,7 +66,7 @@ int main(int argc, char** argv) {
   QApplication::setStyle(QStringLiteral("Fusion"));
   QApplication::setCursorFlashTime(0);
   try {
-    return vexnumkr::host::makePictures(argv[1]);
+    return vexnumkr::app::makePictures(argv[1]);
   } catch (const vexnumkr::Error& error) {
     std::cerr << error.description() << '\n';
     return EXIT_FAILURE;

@@ -139,10 +139,10 @@ class ManualMessages : public test::CoreSession {
       addLines(lines, box.prompt);
       if (box.title.rfind("Fehler", 0) == 0) lines.insert(box.title);
     }
-    const std::vector<host::BookingCircle> present = {{3, "Onlinehandel"}, {4, "Werkstatt"}};
-    for (const char* number : {"0", "3"}) lines.insert(host::refusedNumber(number, present));
+    const std::vector<app::BookingCircle> present = {{3, "Onlinehandel"}, {4, "Werkstatt"}};
+    for (const char* number : {"0", "3"}) lines.insert(app::refusedNumber(number, present));
     for (const char* description : {"", "Werkstatt", "Standard"})
-      lines.insert(host::refusedDescription(description, 0, present));
+      lines.insert(app::refusedDescription(description, 0, present));
     addLines(lines, maskToolTip("20240315"));
     return lines;
   }

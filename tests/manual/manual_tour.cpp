@@ -11,7 +11,7 @@
 
 #include "app/tour/user_input.h"
 
-namespace vexnumkr::host {
+namespace vexnumkr::app {
 
 namespace {
 
@@ -142,7 +142,7 @@ void ManualTour::planViews() {
 void ManualTour::planEditing() {
   then(mainDialog, [](QWidget& dialog) { editLine(dialog, 2); });
   upperPart(QStringLiteral("zelle"), 7);
-  then(mainDialog, [](QWidget& dialog) { host::press(dialog, Qt::Key_Escape); });
+  then(mainDialog, [](QWidget& dialog) { app::press(dialog, Qt::Key_Escape); });
   press(mainDialog, "cmdAuto");
   picture(box, QStringLiteral("automatisch"));
   press(box, "no");
@@ -169,11 +169,11 @@ void ManualTour::planBookingCircles() {
 void ManualTour::planSaving() {
   then(mainDialog, [](QWidget& dialog) {
     editLine(dialog, 2);
-    host::press(dialog, Qt::Key_Tab);
-    host::press(dialog, Qt::Key_Tab);
+    app::press(dialog, Qt::Key_Tab);
+    app::press(dialog, Qt::Key_Tab);
     type(dialog, QStringLiteral("1260000"));
-    host::press(dialog, Qt::Key_Return);
-    host::press(dialog, Qt::Key_Escape);
+    app::press(dialog, Qt::Key_Return);
+    app::press(dialog, Qt::Key_Escape);
     clickButton(dialog, "cmdOK");
   });
   picture(box, QStringLiteral("speichern"));
@@ -181,7 +181,7 @@ void ManualTour::planSaving() {
   picture(box, QStringLiteral("meldung"));
   press(box, "ok");
   upperPart(QStringLiteral("meldung-zelle"), 5);
-  then(mainDialog, [](QWidget& dialog) { host::press(dialog, Qt::Key_Escape); });
+  then(mainDialog, [](QWidget& dialog) { app::press(dialog, Qt::Key_Escape); });
 }
 
 void ManualTourOfOptions::plan(QWidget&) {
@@ -191,4 +191,4 @@ void ManualTourOfOptions::plan(QWidget&) {
   press(mainDialog, "cmdCancel");
 }
 
-}  // namespace vexnumkr::host
+}  // namespace vexnumkr::app

@@ -8,7 +8,7 @@
 
 #include "app/tour/guided_tour.h"
 
-namespace vexnumkr::host {
+namespace vexnumkr::app {
 
 /// Goes through everything that the manual shows of application 1, and saves its pictures. Nothing
 /// is stored in the database.
@@ -50,4 +50,4 @@ class ManualTourOfOptions : public ManualTour {
   void plan(QWidget& dialog) override;
 };
 
-}  // namespace vexnumkr::host
+}  // namespace vexnumkr::app

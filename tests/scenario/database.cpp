@@ -32,19 +32,19 @@ std::unique_ptr<qtsql::Session> open(const qtsql::ConnectionSettings& settings) 
 // The file of a SQLite database, by whatever driver it is reached.
 std::string fileOf(const qtsql::ConnectionSettings& settings) {
   if (qtsql::driverOf(settings.driver).name == sqliteDriver) return settings.database;
-  return host::ConnectionText(settings.database).value("Database");
+  return app::ConnectionText(settings.database).value("Database");
 }
 
-host::SchemaEngine schemaOf(const qtsql::Session& session) {
+app::SchemaEngine schemaOf(const qtsql::Session& session) {
   switch (session.engine().dialect) {
     case Dialect::postgresql:
-      return host::SchemaEngine::postgresql;
+      return app::SchemaEngine::postgresql;
     case Dialect::mariadb:
-      return host::SchemaEngine::mariadb;
+      return app::SchemaEngine::mariadb;
     case Dialect::sqlite:
       break;
   }
-  return host::SchemaEngine::sqlite;
+  return app::SchemaEngine::sqlite;
 }
 
 std::string printedField(const QVariant& field) {
@@ -73,7 +73,7 @@ void drop(qtsql::Session& session, const std::string& table) {
 
 // Lets statements on `session` name the tables of another SQLite file as if they were its own.
 void attach(qtsql::Session& session, const std::string& file) {
-  session.execute("ATTACH DATABASE " + host::sqlText(file) + " AS settings");
+  session.execute("ATTACH DATABASE " + app::sqlText(file) + " AS settings");
 }
 
 }  // namespace
@@ -81,10 +81,10 @@ void attach(qtsql::Session& session, const std::string& file) {
 ScenarioDatabase::ScenarioDatabase(const std::string& connectionString) {
   const qtsql::ConnectionSettings settings = qtsql::parseConnectionString(connectionString);
   main_ = open(settings);
-  if (schemaOf(*main_) != host::SchemaEngine::sqlite) return;
+  if (schemaOf(*main_) != app::SchemaEngine::sqlite) return;
   qtsql::ConnectionSettings beside;
   beside.driver = sqliteDriver;
-  beside.database = host::settingsFile(fileOf(settings));
+  beside.database = app::settingsFile(fileOf(settings));
   settings_ = open(beside);
   attach(*main_, beside.database);
 }
@@ -118,7 +118,7 @@ const std::vector<std::string>& ScenarioDatabase::tableNames() {
 // NULL comes first, as it does by itself everywhere else.
 std::vector<PrintedRow> ScenarioDatabase::rows(const std::string& table) const {
   qtsql::Session& session = sessionOf(table);
-  const bool isPostgresql = schemaOf(session) == host::SchemaEngine::postgresql;
+  const bool isPostgresql = schemaOf(session) == app::SchemaEngine::postgresql;
   for (const TableDefinition& definition : tableDefinitions()) {
     if (definition.name != table) continue;
     std::string order;

@@ -49,13 +49,13 @@ std::string withCollation(std::string definition, const std::string& collation) 
 
 }  // namespace
 
-std::string createStatement(const TableDefinition& table, host::SchemaEngine engine) {
+std::string createStatement(const TableDefinition& table, app::SchemaEngine engine) {
   std::string definition = table.definition;
   std::string options;
-  if (engine != host::SchemaEngine::sqlite) definition = withUniqueRangeKey(definition);
-  if (engine == host::SchemaEngine::postgresql)
+  if (engine != app::SchemaEngine::sqlite) definition = withUniqueRangeKey(definition);
+  if (engine == app::SchemaEngine::postgresql)
     definition = withCollation(definition, " COLLATE \"C\"");
-  if (engine == host::SchemaEngine::mariadb)
+  if (engine == app::SchemaEngine::mariadb)
     options = " ENGINE = InnoDB CHARACTER SET utf8mb4 COLLATE utf8mb4_nopad_bin";
   return std::string("CREATE TABLE ") + table.name + " (" + definition + ")" + options;
 }

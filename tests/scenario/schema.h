@@ -23,7 +23,7 @@ inline constexpr const char* settingsTable = "Einstellungen";
 const std::vector<TableDefinition>& tableDefinitions();
 
 /// The statement that makes `table` on that engine. Texts are compared by code points on each.
-std::string createStatement(const TableDefinition& table, host::SchemaEngine engine);
+std::string createStatement(const TableDefinition& table, app::SchemaEngine engine);
 
 /// Statements to run on the database when its tables are there.
 const std::vector<std::string>& indexStatements();

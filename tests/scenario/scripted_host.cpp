@@ -41,10 +41,10 @@ class ScriptedBookingCircles : public BookingCircleDialog {
   std::shared_ptr<vexnumkr::Connection> connection_;
 };
 
-class ScriptedSettings : public host::TableSettings {
+class ScriptedSettings : public app::TableSettings {
  public:
   void Init(std::int32_t reserved, vexnumkr::Connection& connection) override {
-    host::TableSettings::Init(reserved, test::realConnection(connection));
+    app::TableSettings::Init(reserved, test::realConnection(connection));
   }
 };
 

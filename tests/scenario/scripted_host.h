@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include <vexnumkr/components.h>
+#include <vexnumkr/host_components.h>
 
 namespace vexnumkr::scenario {
 

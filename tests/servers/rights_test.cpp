@@ -32,7 +32,7 @@ Texts statementsOf(const std::string& script) {
 class RightsTest : public test::SavingSession {
  protected:
   RightsTest() : user_(database().name() + "_u") {
-    for (const std::string& statement : host::settingsTableStatements(database().schema()))
+    for (const std::string& statement : app::settingsTableStatements(database().schema()))
       sql(statement);
     const bool onMariadb = database().engine() == "mariadb";
     const std::string quoted = "'Ge''heim 4711'";

@@ -25,8 +25,7 @@ std::string cellText(const Value& value) {
 
 CoreSession::CoreSession() {
   own_ = openQtSqlConnection(connectionString());
-  for (const std::string& statement : host::rangeTableStatements(database_.schema()))
-    sql(statement);
+  for (const std::string& statement : app::rangeTableStatements(database_.schema())) sql(statement);
   connection_ = scriptedConnection(openQtSqlConnection(connectionString()), script_);
 }
 

@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include <vexnumkr/components.h>
+#include <vexnumkr/host_components.h>
 
 #include "support/plain_host.h"
 

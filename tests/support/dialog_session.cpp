@@ -64,7 +64,7 @@ DialogSession::DialogSession()
                  [this] { return now_ += lookTakes_; }),
       watchdog_(patience, giveUp) {
   calmApplication();
-  for (const std::string& statement : host::rangeTableStatements(fresh_.schema()))
+  for (const std::string& statement : app::rangeTableStatements(fresh_.schema()))
     database_.run(statement);
   connection_ = scriptedConnection(openQtSqlConnection(connectionString()), script_);
 }

@@ -62,9 +62,9 @@ FreshDatabase::~FreshDatabase() {
 
 bool FreshDatabase::isOnServer() const { return isPostgresql() || engine_ == "mariadb"; }
 
-host::SchemaEngine FreshDatabase::schema() const {
-  if (isPostgresql()) return host::SchemaEngine::postgresql;
-  return isOnServer() ? host::SchemaEngine::mariadb : host::SchemaEngine::sqlite;
+app::SchemaEngine FreshDatabase::schema() const {
+  if (isPostgresql()) return app::SchemaEngine::postgresql;
+  return isOnServer() ? app::SchemaEngine::mariadb : app::SchemaEngine::sqlite;
 }
 
 std::string FreshDatabase::connectionString(const std::string& user,

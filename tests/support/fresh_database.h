@@ -31,7 +31,7 @@ class FreshDatabase {
   std::string connectionString(const std::string& user, const std::string& password) const;
   const std::string& engine() const { return engine_; }
   /// Whose definitions make the host's tables here.
-  host::SchemaEngine schema() const;
+  app::SchemaEngine schema() const;
 
   /// Runs a statement on the server as its administrator, outside this database.
   void administer(const std::string& statement) const;

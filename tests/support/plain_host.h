@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
-#include <vexnumkr/components.h>
 #include <vexnumkr/error.h>
+#include <vexnumkr/host_components.h>
 
 #include "platform/services.h"
 

@@ -7,7 +7,7 @@
 
 #include "app/components/booking_circle_window.h"
 
-namespace vexnumkr::host {
+namespace vexnumkr::app {
 
 void BookingCircleAdministration::Connection(std::shared_ptr<vexnumkr::Connection> connection) {
   connection_ = std::move(connection);
@@ -22,4 +22,4 @@ void BookingCircleAdministration::Show(const std::string& origin, std::int32_t) 
   window.exec();
 }
 
-}  // namespace vexnumkr::host
+}  // namespace vexnumkr::app

@@ -4,9 +4,9 @@
 #include <memory>
 #include <string>
 
-#include <vexnumkr/components.h>
+#include <vexnumkr/host_components.h>
 
-namespace vexnumkr::host {
+namespace vexnumkr::app {
 
 /// "vxtComDlg.WWSDialog" of the stand-alone host: a window over Nummernkreis_Buchungskreise.
 class BookingCircleAdministration : public BookingCircleDialog {
@@ -21,4 +21,4 @@ class BookingCircleAdministration : public BookingCircleDialog {
   bool multiSelect_ = false;
 };
 
-}  // namespace vexnumkr::host
+}  // namespace vexnumkr::app

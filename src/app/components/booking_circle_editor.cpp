@@ -9,7 +9,7 @@
 
 #include <vexnumkr/value.h>
 
-namespace vexnumkr::host {
+namespace vexnumkr::app {
 
 namespace {
 
@@ -101,4 +101,4 @@ BookingCircle BookingCircleEditor::entered() const {
   return {circleNumber(number_->text().toStdString()), std::string(trimBlanks(description))};
 }
 
-}  // namespace vexnumkr::host
+}  // namespace vexnumkr::app

@@ -10,7 +10,7 @@ class QLabel;
 class QLineEdit;
 class QPushButton;
 
-namespace vexnumkr::host {
+namespace vexnumkr::app {
 
 /// Asks for one booking circle. OK is offered only while the entries are acceptable; until then the
 /// dialog says why they are not.
@@ -40,4 +40,4 @@ class BookingCircleEditor : public QDialog {
   QPushButton* ok_;
 };
 
-}  // namespace vexnumkr::host
+}  // namespace vexnumkr::app

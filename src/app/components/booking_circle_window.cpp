@@ -16,7 +16,7 @@
 
 #include "app/components/booking_circle_editor.h"
 
-namespace vexnumkr::host {
+namespace vexnumkr::app {
 
 namespace {
 
@@ -238,4 +238,4 @@ void BookingCircleWindow::apply(const std::function<void()>& change, std::int32_
   }
 }
 
-}  // namespace vexnumkr::host
+}  // namespace vexnumkr::app

@@ -12,7 +12,7 @@ class QLabel;
 class QPushButton;
 class QTreeWidget;
 
-namespace vexnumkr::host {
+namespace vexnumkr::app {
 
 /// Lists the booking circles of one origin and lets the user add, rename and remove them. Every
 /// change is a statement of its own; one that fails is reported in a box, and the list stays as the
@@ -54,4 +54,4 @@ class BookingCircleWindow : public QDialog {
   QPushButton* close_;
 };
 
-}  // namespace vexnumkr::host
+}  // namespace vexnumkr::app

@@ -8,7 +8,7 @@
 
 #include "app/sql.h"
 
-namespace vexnumkr::host {
+namespace vexnumkr::app {
 
 namespace {
 
@@ -106,4 +106,4 @@ std::int32_t proposedNumber(const std::vector<BookingCircle>& present) {
   return 0;
 }
 
-}  // namespace vexnumkr::host
+}  // namespace vexnumkr::app

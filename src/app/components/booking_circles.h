@@ -8,7 +8,7 @@
 
 #include <vexnumkr/database.h>
 
-namespace vexnumkr::host {
+namespace vexnumkr::app {
 
 struct BookingCircle {
   std::int32_t number = 0;
@@ -51,4 +51,4 @@ std::string refusedDescription(const std::string& description, std::int32_t numb
 /// The number to propose for a new booking circle: the one after the highest.
 std::int32_t proposedNumber(const std::vector<BookingCircle>& present);
 
-}  // namespace vexnumkr::host
+}  // namespace vexnumkr::app

@@ -2,7 +2,7 @@
 
 #include <vexnumkr/message_box.h>
 
-namespace vexnumkr::host {
+namespace vexnumkr::app {
 
 namespace {
 
@@ -34,4 +34,4 @@ std::int32_t MessageFacility::Show(const Value& text, std::int16_t kind,
   return showMessageBox(prompt, buttons, boxTitle);
 }
 
-}  // namespace vexnumkr::host
+}  // namespace vexnumkr::app

@@ -5,9 +5,9 @@
 #include <optional>
 #include <string>
 
-#include <vexnumkr/components.h>
+#include <vexnumkr/host_components.h>
 
-namespace vexnumkr::host {
+namespace vexnumkr::app {
 
 /// Shows the failures and questions of application 1 in boxes with the titles, prompts, buttons and
 /// answers that application 2 shows.
@@ -31,4 +31,4 @@ class MessageFacility : public HostMessages {
   std::string description_;
 };
 
-}  // namespace vexnumkr::host
+}  // namespace vexnumkr::app

@@ -7,7 +7,7 @@
 
 #include "app/components/window_icon.h"
 
-namespace vexnumkr::host {
+namespace vexnumkr::app {
 
 namespace {
 
@@ -54,4 +54,4 @@ PictureData TextCatalogue::Picture(std::int32_t id) {
   return {windowIconPng(windowIconSize)};
 }
 
-}  // namespace vexnumkr::host
+}  // namespace vexnumkr::app

@@ -1,9 +1,9 @@
 // The stand-alone host's text and picture catalogue.
 #pragma once
 
-#include <vexnumkr/components.h>
+#include <vexnumkr/host_components.h>
 
-namespace vexnumkr::host {
+namespace vexnumkr::app {
 
 /// Entry 10055 is what a failure box shows behind its module: the procedure, ": ", and then the
 /// description, which MessageFacility adds. Picture 267 is the window icon.
@@ -15,4 +15,4 @@ class TextCatalogue : public HostTexts {
   PictureData Picture(std::int32_t id) override;
 };
 
-}  // namespace vexnumkr::host
+}  // namespace vexnumkr::app

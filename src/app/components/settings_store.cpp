@@ -12,7 +12,7 @@
 #include "app/schema/schema.h"
 #include "app/sql.h"
 
-namespace vexnumkr::host {
+namespace vexnumkr::app {
 
 namespace {
 
@@ -147,4 +147,4 @@ void TableSettings::SaveSetting(const std::string& section, const std::string& k
                      " AND Profil=" + sqlText(profile) + " AND Benutzer=" + sqlText(standardUser));
 }
 
-}  // namespace vexnumkr::host
+}  // namespace vexnumkr::app

@@ -4,9 +4,9 @@
 #include <memory>
 #include <string>
 
-#include <vexnumkr/components.h>
+#include <vexnumkr/host_components.h>
 
-namespace vexnumkr::host {
+namespace vexnumkr::app {
 
 /// "VEXSetting.VXSettings": keeps settings in the table Einstellungen, which the first SaveSetting
 /// makes. Sections and keys are compared without regard to case and keep their first spelling.
@@ -41,4 +41,4 @@ class TableSettings : public SettingsStore {
 /// the ending.
 std::string settingsFile(const std::string& databaseFile);
 
-}  // namespace vexnumkr::host
+}  // namespace vexnumkr::app

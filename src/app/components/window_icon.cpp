@@ -8,7 +8,7 @@
 #include <array>
 #include <string_view>
 
-namespace vexnumkr::host {
+namespace vexnumkr::app {
 
 namespace {
 
@@ -99,4 +99,4 @@ std::string windowIconPng(int size) {
   return buffer.data().toStdString();
 }
 
-}  // namespace vexnumkr::host
+}  // namespace vexnumkr::app

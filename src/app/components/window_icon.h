@@ -6,7 +6,7 @@
 class QIcon;
 class QImage;
 
-namespace vexnumkr::host {
+namespace vexnumkr::app {
 
 /// The icon, `size` pixels square. It is drawn on a grid of 16 units, so it is sharp at every
 /// multiple of 16. REQUIRES: a QGuiApplication exists.
@@ -18,4 +18,4 @@ QIcon windowIcon();
 /// The icon as a PNG file.
 std::string windowIconPng(int size);
 
-}  // namespace vexnumkr::host
+}  // namespace vexnumkr::app

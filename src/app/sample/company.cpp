@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <map>
 
-namespace vexnumkr::host {
+namespace vexnumkr::app {
 
 namespace {
 
@@ -240,4 +240,4 @@ SampleCompany smallCompany() {
   return company;
 }
 
-}  // namespace vexnumkr::host
+}  // namespace vexnumkr::app

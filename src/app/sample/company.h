@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-namespace vexnumkr::host {
+namespace vexnumkr::app {
 
 /// A row of Nummernkreise.
 struct SampleRange {
@@ -60,4 +60,4 @@ struct SampleCompany {
 /// circles, accounting with its tills (ORC) with three, one of them shared.
 SampleCompany smallCompany();
 
-}  // namespace vexnumkr::host
+}  // namespace vexnumkr::app

@@ -13,7 +13,7 @@
 #include "app/schema/schema.h"
 #include "app/sql.h"
 
-namespace vexnumkr::host {
+namespace vexnumkr::app {
 
 namespace {
 
@@ -186,4 +186,4 @@ std::string createSampleTables(const std::string& connectionText, int scale) {
   return summary(ConnectionText(connectionText).value("Driver"), company);
 }
 
-}  // namespace vexnumkr::host
+}  // namespace vexnumkr::app

@@ -7,7 +7,7 @@
 
 #include "app/sample/company.h"
 
-namespace vexnumkr::host {
+namespace vexnumkr::app {
 
 /// Makes the tables of the number ranges on `connection`, where there must be none yet, on servers
 /// that of the settings too, and fills them with `company`. Errors: the engine's; what was made is
@@ -22,4 +22,4 @@ std::string createSampleFile(const std::string& file, int scale = 0);
 /// The same in a database that exists. Errors: the engine's.
 std::string createSampleTables(const std::string& connectionText, int scale = 0);
 
-}  // namespace vexnumkr::host
+}  // namespace vexnumkr::app

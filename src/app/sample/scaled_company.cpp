@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-namespace vexnumkr::host {
+namespace vexnumkr::app {
 
 namespace {
 
@@ -50,4 +50,4 @@ SampleCompany sampleCompany(int scale) {
   return scale == 0 ? smallCompany() : scaledCompany(scale);
 }
 
-}  // namespace vexnumkr::host
+}  // namespace vexnumkr::app

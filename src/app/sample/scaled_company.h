@@ -3,7 +3,7 @@
 
 #include "app/sample/company.h"
 
-namespace vexnumkr::host {
+namespace vexnumkr::app {
 
 /// Four booking circles, six document types and ten users for every five of `scale`: 40, 60 and 100
 /// for 50. All of it belongs to order processing (ORB), every range is active for everybody and for
@@ -14,4 +14,4 @@ SampleCompany scaledCompany(int scale);
 /// The small company for 0, else a scaled one.
 SampleCompany sampleCompany(int scale);
 
-}  // namespace vexnumkr::host
+}  // namespace vexnumkr::app

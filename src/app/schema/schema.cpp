@@ -8,7 +8,7 @@
 #include "app/schema/schema_texts.h"
 #include "app/sql.h"
 
-namespace vexnumkr::host {
+namespace vexnumkr::app {
 
 namespace {
 
@@ -74,4 +74,4 @@ std::vector<std::string> settingsTableStatements(SchemaEngine engine) {
   return statements(scriptsOf(engine).settings);
 }
 
-}  // namespace vexnumkr::host
+}  // namespace vexnumkr::app

@@ -11,7 +11,7 @@ namespace vexnumkr {
 class Connection;
 }
 
-namespace vexnumkr::host {
+namespace vexnumkr::app {
 
 enum class SchemaEngine { sqlite, postgresql, mariadb };
 
@@ -24,4 +24,4 @@ std::vector<std::string> rangeTableStatements(SchemaEngine engine = SchemaEngine
 /// The statements that make the settings table.
 std::vector<std::string> settingsTableStatements(SchemaEngine engine = SchemaEngine::sqlite);
 
-}  // namespace vexnumkr::host
+}  // namespace vexnumkr::app

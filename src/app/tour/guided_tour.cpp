@@ -12,7 +12,7 @@
 
 #include "app/tour/user_input.h"
 
-namespace vexnumkr::host {
+namespace vexnumkr::app {
 
 namespace {
 
@@ -169,4 +169,4 @@ void GuidedTour::planSideDialogs(QWidget& dialog) {
         "Die Einstellungen bestimmen die Nummernkreise der Folgebelege.");
 }
 
-}  // namespace vexnumkr::host
+}  // namespace vexnumkr::app

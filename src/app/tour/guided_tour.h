@@ -10,7 +10,7 @@
 
 class QWidget;
 
-namespace vexnumkr::host {
+namespace vexnumkr::app {
 
 /// Works the dialogs by key presses and clicks while they run modally, and saves a picture of each
 /// step. It ends by pressing "Abbrechen", so nothing is stored.
@@ -66,4 +66,4 @@ class GuidedTour : public QObject {
   bool failed_ = false;
 };
 
-}  // namespace vexnumkr::host
+}  // namespace vexnumkr::app

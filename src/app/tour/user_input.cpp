@@ -8,7 +8,7 @@
 
 #include <vexnumkr/error.h>
 
-namespace vexnumkr::host {
+namespace vexnumkr::app {
 
 namespace {
 
@@ -71,4 +71,4 @@ void tickLastOfFirstGroup(QWidget& window, const char* name) {
   pressKey(tree, Qt::Key_Space);
 }
 
-}  // namespace vexnumkr::host
+}  // namespace vexnumkr::app

@@ -5,7 +5,7 @@
 
 class QWidget;
 
-namespace vexnumkr::host {
+namespace vexnumkr::app {
 
 /// A key press and release to `target`, which gets the focus first.
 void pressKey(QWidget& target, Qt::Key key);
@@ -30,4 +30,4 @@ void pressKeyInFocus(QWidget& window, Qt::Key key);
 /// space bar on it.
 void tickLastOfFirstGroup(QWidget& window, const char* name);
 
-}  // namespace vexnumkr::host
+}  // namespace vexnumkr::app

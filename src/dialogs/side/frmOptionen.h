@@ -4,7 +4,7 @@
 #include <memory>
 #include <string>
 
-#include <vexnumkr/components.h>
+#include <vexnumkr/host_components.h>
 
 #include "hosting/host_context.h"
 #include "platform/forms.h"

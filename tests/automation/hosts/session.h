@@ -6,7 +6,7 @@
 #include "adapters/automation/com/com_headers.h"
 #include "adapters/automation/com/late_bound.h"
 #include "automation/environment.h"
-#include "server/interface.h"
+#include "windows/interface.h"
 
 namespace vexnumkr::test {
 

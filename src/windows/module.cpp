@@ -1,4 +1,4 @@
-#include "server/module.h"
+#include "windows/module.h"
 
 namespace vexnumkr::server {
 namespace {

@@ -1,4 +1,4 @@
-#include "app/components/host_components.h"
+#include "app/components/offered_components.h"
 
 #include <QtCore/QString>
 
@@ -7,7 +7,7 @@
 #include "app/components/booking_circle_administration.h"
 #include "app/components/settings_store.h"
 
-namespace vexnumkr::host {
+namespace vexnumkr::app {
 
 std::unique_ptr<HostComponent> StandAloneHost::CreateObject(const std::string& name) {
   const QString wanted = QString::fromStdString(name);
@@ -21,4 +21,4 @@ std::unique_ptr<HostComponent> StandAloneHost::CreateObject(const std::string& n
   throw Error::cannotCreateObject();
 }
 
-}  // namespace vexnumkr::host
+}  // namespace vexnumkr::app

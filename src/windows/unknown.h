@@ -4,7 +4,7 @@
 #include <atomic>
 #include <utility>
 
-#include "server/module.h"
+#include "windows/module.h"
 
 namespace vexnumkr::server {
 

@@ -1,8 +1,8 @@
 // The four functions by which Windows knows an in-process server.
-#include "server/class_factory.h"
-#include "server/interface.h"
-#include "server/module.h"
-#include "server/registration.h"
+#include "windows/class_factory.h"
+#include "windows/interface.h"
+#include "windows/module.h"
+#include "windows/registration.h"
 
 using namespace vexnumkr::server;
 

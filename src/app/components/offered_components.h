@@ -4,12 +4,12 @@
 #include <memory>
 #include <string>
 
-#include <vexnumkr/components.h>
+#include <vexnumkr/host_components.h>
 
 #include "app/components/host_messages.h"
 #include "app/components/host_texts.h"
 
-namespace vexnumkr::host {
+namespace vexnumkr::app {
 
 /// The stand-alone host's components by name, its text catalogue and its message facility.
 class StandAloneHost : public HostComponents {
@@ -24,4 +24,4 @@ class StandAloneHost : public HostComponents {
   MessageFacility messages_;
 };
 
-}  // namespace vexnumkr::host
+}  // namespace vexnumkr::app

@@ -1,9 +1,9 @@
-#include "server/class_factory.h"
+#include "windows/class_factory.h"
 
 #include <new>
 
-#include "server/component_object.h"
-#include "server/unknown.h"
+#include "windows/component_object.h"
+#include "windows/unknown.h"
 
 namespace vexnumkr::server {
 namespace {

@@ -1,10 +1,10 @@
-#include "server/registration.h"
+#include "windows/registration.h"
 
 #include <array>
 #include <string_view>
 
-#include "server/interface.h"
-#include "server/registry_key.h"
+#include "windows/interface.h"
+#include "windows/registry_key.h"
 
 namespace vexnumkr::server {
 namespace {

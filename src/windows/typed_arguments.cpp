@@ -1,4 +1,4 @@
-#include "server/typed_arguments.h"
+#include "windows/typed_arguments.h"
 
 namespace vexnumkr::server {
 namespace {

@@ -1,4 +1,4 @@
-#include "server/registry_key.h"
+#include "windows/registry_key.h"
 
 namespace vexnumkr::server {
 

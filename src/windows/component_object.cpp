@@ -1,4 +1,4 @@
-#include "server/component_object.h"
+#include "windows/component_object.h"
 
 #include <memory>
 #include <new>
@@ -11,12 +11,12 @@
 #include "adapters/automation/components/automation_host.h"
 #include "component/composition.h"
 #include "hosting/reporting.h"
-#include "server/dialog_application.h"
-#include "server/floating_point.h"
-#include "server/host_windows.h"
-#include "server/interface.h"
-#include "server/typed_arguments.h"
-#include "server/unknown.h"
+#include "windows/dialog_application.h"
+#include "windows/floating_point.h"
+#include "windows/host_windows.h"
+#include "windows/interface.h"
+#include "windows/typed_arguments.h"
+#include "windows/unknown.h"
 
 namespace vexnumkr::server {
 namespace {

@@ -1,4 +1,4 @@
-#include "server/host_windows.h"
+#include "windows/host_windows.h"
 
 #include <QGuiApplication>
 #include <QWindow>

@@ -1,4 +1,4 @@
-#include "server/dialog_application.h"
+#include "windows/dialog_application.h"
 
 #include <QApplication>
 #include <QFileInfo>
@@ -8,7 +8,7 @@
 
 #include "adapters/automation/com/bstr.h"
 #include "adapters/automation/com/failure.h"
-#include "server/module.h"
+#include "windows/module.h"
 
 namespace vexnumkr::server {
 namespace {
