@@ -1,8 +1,5 @@
 #include "hosting/start_up.h"
 
-#include "data/table/columns.h"
-#include "hosting/reporting.h"
-
 namespace vexnumkr::basAllgemein {
 namespace {
 
@@ -23,8 +20,8 @@ void openWorkingConnection(Connection& working, const Connection& host) {
   working.Open("", "", ado::unspecified);
 }
 
-std::unique_ptr<BookingCircleDialog> createBookingCircleDialog(const HostContext& context) {
-  auto component = context.host().CreateObject(component_name::bookingCircles);
+std::unique_ptr<BookingCircleDialog> createBookingCircleDialog(const Session& session) {
+  auto component = session.host().CreateObject(component_name::bookingCircles);
   auto* dialog = dynamic_cast<BookingCircleDialog*>(component.get());
   if (dialog == nullptr) throw Error::cannotCreateObject();
   static_cast<void>(component.release());
@@ -33,28 +30,28 @@ std::unique_ptr<BookingCircleDialog> createBookingCircleDialog(const HostContext
 
 }  // namespace
 
-void basInititialize(HostContext& context) {
-  reportingFailures(context, {moduleName, "basInititialize"}, [&] {
-    context.Conn().IsolationLevel(ado::isolated);
-    context.cmdSQL(context.Conn().createCommand());
-    bindTextCommand(context.cmdSQL(), context.Conn());
-    context.ConnWork(context.Conn().createConnection());
-    openWorkingConnection(context.ConnWork(), context.Conn());
-    context.XArray(std::make_unique<XArray>(XArray::withColumns(column::last)));
-    context.dlgBuchungskreise(createBookingCircleDialog(context));
-    context.dlgBuchungskreise().Connection(context.sharedConn());
-    context.dlgBuchungskreise().MultiSelect(false);
-    context.blnChanged(false);
+void basInititialize(Session& session) {
+  reportingFailures(session.reporter(), {generalModule, "basInititialize"}, [&] {
+    session.Conn().IsolationLevel(ado::isolated);
+    session.source().cmdSQL(session.Conn().createCommand());
+    bindTextCommand(session.source().cmdSQL(), session.Conn());
+    session.source().ConnWork(session.Conn().createConnection());
+    openWorkingConnection(session.source().ConnWork(), session.Conn());
+    session.XArray().create();
+    session.dlgBuchungskreise(createBookingCircleDialog(session));
+    session.dlgBuchungskreise().Connection(session.sharedConn());
+    session.dlgBuchungskreise().MultiSelect(false);
+    session.blnChanged(false);
   });
 }
 
-void basTerminate(HostContext& context) {
-  ignoringFailures([&] { context.ConnWork().Close(); });
-  ignoringFailures([&] { context.ConnWork(nullptr); });
-  ignoringFailures([&] { context.cmdSQL(nullptr); });
-  ignoringFailures([&] { context.XArray(nullptr); });
-  ignoringFailures([&] { context.dlgBuchungskreise(nullptr); });
-  ignoringFailures([&] { context.Buchungskreise(nullptr); });
+void basTerminate(Session& session) {
+  ignoringFailures([&] { session.source().ConnWork().Close(); });
+  session.source().ConnWork(nullptr);
+  session.source().cmdSQL(nullptr);
+  session.XArray().release();
+  session.dlgBuchungskreise(nullptr);
+  session.Buchungskreise().release();
 }
 
 }  // namespace vexnumkr::basAllgemein

@@ -25,3 +25,6 @@ endforeach()
 add_library(vexnumkr_public_headers OBJECT ${sources})
 target_include_directories(vexnumkr_public_headers PRIVATE "${PROJECT_SOURCE_DIR}/include")
 target_link_libraries(vexnumkr_public_headers PRIVATE vexnumkr_options)
+
+# Data and rules at work with nothing but the standard library beside them.
+vexnumkr_test(architecture/without_window_test LABEL unit LINKS vexnumkr_rules)

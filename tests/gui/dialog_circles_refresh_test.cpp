@@ -73,8 +73,6 @@ TEST_P(DialogCirclesRefreshTest, IsWhatAFreshDialogShows) {
     select("cboBuchungskreis", filter());
     administer();
     EXPECT_EQ(shown("cboBuchungskreis"), filterAfter);
-    EXPECT_EQ(context().strFilterBuchungskreis(), filterAfter);
-    EXPECT_EQ(context().strFilterUser(), shown("cboUser"));
     after = everythingShown();
     press("cmdCancel");
   });

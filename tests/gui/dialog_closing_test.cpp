@@ -214,7 +214,7 @@ TEST_F(DialogClosingTest, AFailedCommitRollsBackAndBeginsAnew) {
 
 TEST_F(DialogClosingTest, ARollbackThatFailsOnCancelIsReportedAndTheWindowCloses) {
   inChangedCompany(2, [&] {
-    realConnection(*context().sharedConn()).RollbackTrans();
+    realConnection(*session().sharedConn()).RollbackTrans();
     press("cmdCancel");
     EXPECT_FALSE(isOpen());
     const Boxes raised = boxes();
@@ -226,7 +226,7 @@ TEST_F(DialogClosingTest, ARollbackThatFailsOnCancelIsReportedAndTheWindowCloses
 
 TEST_F(DialogClosingTest, ARollbackThatFailsInSaveKeepsTheDialog) {
   inCompany(2, [&] {
-    realConnection(*context().sharedConn()).RollbackTrans();
+    realConnection(*session().sharedConn()).RollbackTrans();
     press("cmdOK");
     EXPECT_TRUE(isOpen());
     const Boxes raised = boxes();
@@ -239,14 +239,12 @@ TEST_F(DialogClosingTest, ARollbackThatFailsInSaveKeepsTheDialog) {
 
 TEST_F(DialogClosingTest, ClosingReleasesTheWorkingObjects) {
   inChangedCompany(2, [&] { press("cmdOK"); });
-  EXPECT_THROW(context().ConnWork(), Error);
-  EXPECT_THROW(context().cmdSQL(), Error);
-  EXPECT_THROW(context().XArray(), Error);
-  EXPECT_THROW(context().Buchungskreise(), Error);
-  EXPECT_THROW(context().dlgBuchungskreise(), Error);
-  EXPECT_THROW(context().sftNummernkreise(), Error);
-  EXPECT_EQ(context().pictures().Checked, noPicture);
-  EXPECT_EQ(context().colUser(), (std::vector<std::string>{"Alle Benutzer", "Anna", "Max"}));
+  EXPECT_THROW(session().source().ConnWork(), Error);
+  EXPECT_THROW(session().source().cmdSQL(), Error);
+  EXPECT_FALSE(session().XArray().exists());
+  EXPECT_FALSE(session().Buchungskreise().exists());
+  EXPECT_THROW(session().dlgBuchungskreise(), Error);
+  EXPECT_EQ(session().colUser(), (std::vector<std::string>{"Alle Benutzer", "Anna", "Max"}));
 }
 
 // How the dialog is being closed stays as OK has set it.

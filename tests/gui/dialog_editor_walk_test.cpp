@@ -212,9 +212,9 @@ TEST_F(DialogEditorWalkTest, AtTheTopTheWayBackEnds) {
 // One group is jumped over, the second of two in a row is not.
 TEST_F(DialogEditorWalkTest, TwoGroupsInARow) {
   inCompany(2, [&] {
-    XArray& table = context().XArray();
-    for (std::int32_t row = 0; row <= table.UpperBound(1); ++row)
-      if (table.get(row, 3).toText() == "AN") table.set(row, 8, false);
+    XArray& table = session().XArray();
+    for (std::int32_t row = 0; row < table.size(); ++row)
+      if (table.at(row).NSchl == "AN") table.setAktiviert(row, false);
     select("cboBuchungskreis", "Aktive Buchungskreise");
     ASSERT_EQ(tree(), (Lines{"Angebot (AN)", "Rechnung (RE)", "Checked Standard", "Checked Nord"}));
     click(2, 2);
@@ -226,8 +226,8 @@ TEST_F(DialogEditorWalkTest, TwoGroupsInARow) {
 
 TEST_F(DialogEditorWalkTest, WithoutAnyRangeTheWayAroundJustEnds) {
   inCompany(2, [&] {
-    XArray& table = context().XArray();
-    for (std::int32_t row = 0; row <= table.UpperBound(1); ++row) table.set(row, 8, false);
+    XArray& table = session().XArray();
+    for (std::int32_t row = 0; row < table.size(); ++row) table.setAktiviert(row, false);
     select("cboBuchungskreis", "Aktive Buchungskreise");
     click(1, 4);
     EXPECT_EQ(walk("Tab", 1), Lines{"none"});

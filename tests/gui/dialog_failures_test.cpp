@@ -231,7 +231,7 @@ TEST_F(DialogFailuresTest, ClosingTellsItsOwn) {
   smallCompany("ORC");
   init(2);
   show([&] {
-    realConnection(*context().sharedConn()).RollbackTrans();
+    realConnection(*session().sharedConn()).RollbackTrans();
     press("cmdCancel");
     EXPECT_FALSE(isOpen());
     const Boxes raised = boxes();

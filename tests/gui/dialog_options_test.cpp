@@ -214,8 +214,8 @@ TEST_F(DialogOptionsTest, TheStoreHasAConnectionOfItsOwn) {
     statements();
     inOptions([&] {
       ASSERT_EQ(settings().connections.size(), 1U);
-      EXPECT_NE(settings().connections[0], context().sharedConn().get());
-      EXPECT_EQ(settings().connections[0]->ConnectionString(), context().Conn().ConnectionString());
+      EXPECT_NE(settings().connections[0], session().sharedConn().get());
+      EXPECT_EQ(settings().connections[0]->ConnectionString(), session().Conn().ConnectionString());
       choose("optOnNewAN", 1);
       press("cmdOK");
     });

@@ -269,12 +269,12 @@ TEST_F(DialogProgressTest, HostsThatCallInTheMiddleOfWorkAreTurnedAway) {
   bool called = false;
   watch.whenShown = [&] {
     called = true;
-    EXPECT_FALSE(component().Init(context().sharedConn(), 1, "Anna"));
+    EXPECT_FALSE(component().Init(session().sharedConn(), 1, "Anna"));
     component().ShowDialog();
   };
   inCompany(2, [&] {
     EXPECT_TRUE(called);
-    EXPECT_EQ(context().LngApplication(), 2);
+    EXPECT_EQ(session().LngApplication(), 2);
     EXPECT_EQ(windows(), Lines{"open frmNummernkreise"});
     everyLookTakes(milliseconds(0));
   });

@@ -315,7 +315,7 @@ TEST_F(DialogSpecialRangesTest, AMissingStateEndsTheListAtItsRecord) {
 TEST_F(DialogSpecialRangesTest, WithoutARecordOkWritesNothing) {
   inCompanyWithSpecialRanges(2, [&] {
     std::int32_t affected = 0;
-    realConnection(*context().sharedConn())
+    realConnection(*session().sharedConn())
         .Execute("DELETE FROM Nummernkreis_Sonderkreise", affected);
     inSpecialRanges([&] {
       EXPECT_EQ(listed(), Lines{});

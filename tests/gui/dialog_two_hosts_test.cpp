@@ -154,7 +154,7 @@ TEST_F(DialogTwoHostsTest, TheHostThatSavesLastPrevails) {
     const ProgramRun other =
         runProgram(QStringLiteral(HOST_PROGRAM),
                    {QStringLiteral("--connection"),
-                    QString::fromStdString(context().Conn().ConnectionString()),
+                    QString::fromStdString(session().Conn().ConnectionString()),
                     QStringLiteral("--application"), QStringLiteral("2"), QStringLiteral("--user"),
                     QStringLiteral("Anna"), QStringLiteral("--date"), QStringLiteral("20261121")},
                    {{QStringLiteral("QT_PLUGIN_PATH"), QStringLiteral(PLUGIN_FOLDER)},

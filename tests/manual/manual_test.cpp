@@ -7,9 +7,8 @@
 
 #include "app/components/booking_circles.h"
 #include "data/loading.h"
-#include "data/table/columns.h"
 #include "dialogs/main/cell_editing.h"
-#include "hosting/reporting.h"
+#include "hosting/boxes.h"
 #include "manual/source_texts.h"
 #include "rules/activity.h"
 #include "rules/mask_numbering.h"
@@ -89,7 +88,7 @@ std::set<std::string> shownTexts() {
       for (const std::string& line : linesOf(literal))
         if (isSentence(line)) texts.insert(line);
   }
-  for (const char* file : {"platform/error.cpp", "hosting/reporting.cpp"}) {
+  for (const char* file : {"platform/error.cpp", "platform/reporter.cpp"}) {
     for (const std::string& literal : test::literalsBelow(source / file))
       if (isDescription(literal)) texts.insert(literal);
   }
@@ -105,11 +104,10 @@ class ManualMessages : public test::CoreSession {
     row({alleBenutzer, circle, caption, key, name, from, current, to, true, 1, sharedWith, ""});
   }
   void validate() {
-    bool viewReset = false;
-    EXPECT_FALSE(basAllgemein::CheckValidity(
-        context(), viewReset, [](HostContext&, const std::string&, const std::string&) {}));
-    table().DeleteRows(0);
-    while (table().UpperBound(1) >= 0) table().DeleteRows(0);
+    const Validity validity = basAllgemein::CheckValidity(table(), session().reporter());
+    ASSERT_TRUE(validity.defect);
+    session().boxes().MsgBoxEx(defectMessage(table(), *validity.defect), msg_box::okOnly, "Info");
+    table().create();
   }
 
   void raiseValidationMessages() {
@@ -126,13 +124,15 @@ class ManualMessages : public test::CoreSession {
     validate();
   }
   /// Special ranges stand behind all others.
-  void sortedLast() { table().set(1, column::SortierIndex, 99999999); }
+  void sortedLast() {
+    change(1, [](RangeRow& row) { row.SortierIndex = 99999999; });
+  }
 
   std::set<std::string> raised() {
     start(2);
     raiseValidationMessages();
-    basAllgemein::CheckValue(context(), "viel");
-    reportingFailures(context(), {"basAllgemein", "Save"},
+    basAllgemein::CheckValue(session().boxes(), "viel");
+    reportingFailures(session().reporter(), {"basAllgemein", "Save"},
                       [] { throw Error(5, "QSQLITE", "database is locked"); });
     std::set<std::string> lines;
     for (const Box& box : boxes()) {

@@ -3,7 +3,6 @@
 #include <random>
 #include <tuple>
 
-#include "rules/activity.h"
 #include "support/core_session.h"
 
 namespace vexnumkr {
@@ -104,9 +103,9 @@ class ActivityRandomTest : public test::CoreSession {
   }
 
   void fill(const std::vector<std::string>& users, const std::vector<Row>& rows) {
-    context().createColUser();
-    context().colUser() = users;
-    context().XArray(std::make_unique<XArray>(XArray::withColumns(11)));
+    session().createColUser();
+    session().colUser() = users;
+    table().create();
     for (const Row& each : rows)
       row({each.user, each.circle, "", each.key, "", 1, 1, 9, each.active});
   }
@@ -118,7 +117,7 @@ class ActivityRandomTest : public test::CoreSession {
     plain.rows = randomRows();
     fill(users, plain.rows);
     plain.check(users);
-    basAllgemein::CheckActivity(context());
+    CheckActivity();
     std::vector<std::string> expected;
     for (const Row& each : plain.rows)
       expected.push_back(each.user + " " + std::to_string(each.circle) + " " + each.key +

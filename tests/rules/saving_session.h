@@ -33,8 +33,6 @@ class SavingSession : public CoreSession {
   /// Both.
   Texts stored();
 
-  bool viewReset = false;
-
  private:
   void sql(const Texts& statements);
 };
@@ -75,8 +73,8 @@ inline void SavingSession::sql(const Texts& statements) {
 }
 
 inline void SavingSession::open() {
-  context().Conn().BeginTrans();
-  context().blnChanged(true);
+  session().Conn().BeginTrans();
+  session().blnChanged(true);
   sent();
 }
 
@@ -98,10 +96,7 @@ inline void SavingSession::editedTable() {
   range(alleBenutzer, 8, "RE", 300, true);
 }
 
-inline bool SavingSession::save(bool askFirst) {
-  return basAllgemein::Save(context(), viewReset, askFirst,
-                            [](HostContext&, const std::string&, const std::string&) {});
-}
+inline bool SavingSession::save(bool askFirst) { return Save(askFirst); }
 
 inline Texts SavingSession::storedRanges() {
   return select(

@@ -16,7 +16,6 @@
 #include <vexnumkr/adapters.h>
 
 #include "adapters/qtforms/qt_forms_toolkit.h"
-#include "data/table/columns.h"
 #include "scenario/controls.h"
 #include "scenario/input.h"
 #include "scenario/transcript.h"
@@ -231,12 +230,14 @@ std::string DialogSession::toolTip(std::int32_t item, std::int32_t column) const
 
 std::string DialogSession::range(const std::string& user, std::int32_t circle,
                                  const std::string& key) {
-  const XArray& table = context().XArray();
-  const std::int32_t row = table.findRange(user, circle, key);
-  if (row < 0) return "none";
-  std::string line = cellText(table.get(row, column::StartWert));
-  for (const auto each : {column::AktuellerWert, column::EndWert, column::Maske, column::Aktiviert})
-    line += "|" + cellText(table.get(row, each));
+  const XArray& table = session().XArray();
+  const std::int32_t found = table.findRange(user, circle, key);
+  if (found < 0) return "none";
+  const RangeRow& row = table.at(found);
+  std::string line = cellText(row.StartWert.toValue());
+  for (const Value& each : {row.AktuellerWert.toValue(), row.EndWert.toValue(), row.Maske.toValue(),
+                            Value(row.Aktiviert)})
+    line += "|" + cellText(each);
   return line;
 }
 

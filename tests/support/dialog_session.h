@@ -69,7 +69,7 @@ class DialogSession : public ::testing::Test {
   QtComponent& component() { return component_; }
   /// For the component no time passes, unless a test says that every look at its clock takes some.
   void everyLookTakes(std::chrono::milliseconds time) { lookTakes_ = time; }
-  HostContext& context() { return component_.context(); }
+  Session& session() { return component_.session(); }
   ConnectionScript& script() { return script_; }
   FormsFaults& faults() { return faults_; }
   DialogHost& host() { return host_; }
@@ -135,7 +135,7 @@ class DialogSession : public ::testing::Test {
 
   // What the component holds.
 
-  bool changed() { return context().blnChanged(); }
+  bool changed() { return session().blnChanged(); }
   /// "Start|Aktuell|Ende|Maske|Aktiviert" of a row of the range table, or "none".
   std::string range(const std::string& user, std::int32_t circle, const std::string& key);
 

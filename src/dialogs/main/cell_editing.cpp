@@ -1,7 +1,7 @@
 #include "dialogs/main/cell_editing.h"
 
-#include "dialogs/main/tree.h"
-#include "hosting/reporting.h"
+#include "data/table/common_names.h"
+#include "dialogs/main/grid_columns.h"
 
 namespace vexnumkr {
 namespace {
@@ -68,11 +68,10 @@ std::string maskToolTip(const std::string& date) {
 
 namespace basAllgemein {
 
-void CellEditing(HostContext& context, std::int32_t index, std::int16_t column,
+void CellEditing(TreeGrid& grid, Reporter& reporter, std::int32_t index, std::int16_t column,
                  const std::string& user, bool allowed) {
-  reportingFailures(context, {moduleName, "CellEditing"}, [&] {
+  reportingFailures(reporter, {generalModule, "CellEditing"}, [&] {
     if (user != alleBenutzer || !allowed) return;
-    TreeGrid& grid = context.sftNummernkreise();
     if (index < 0 || index >= grid.ListCount()) return;
     grid.ListIndex(index);
     grid.Selected(index, true);
@@ -82,11 +81,11 @@ void CellEditing(HostContext& context, std::int32_t index, std::int16_t column,
   });
 }
 
-bool CheckValue(HostContext& context, const std::string& text) {
+bool CheckValue(Boxes& boxes, const std::string& text) {
   bool numeric = true;
-  reportingFailures(context, {moduleName, "CheckValue"}, [&] {
+  reportingFailures(boxes, {generalModule, "CheckValue"}, [&] {
     if (isNumber(text)) return;
-    MsgBoxEx(context, "Bitte geben Sie einen numerischen Wert ein.", msg_box::okOnly, "Info");
+    boxes.MsgBoxEx("Bitte geben Sie einen numerischen Wert ein.", msg_box::okOnly, "Info");
     numeric = false;
   });
   return numeric;

@@ -8,7 +8,7 @@
 
 #include "adapters/qtforms/fonts.h"
 #include "adapters/qtforms/text.h"
-#include "platform/progress.h"
+#include "platform/progress_display.h"
 
 namespace vexnumkr::qtforms {
 namespace {
