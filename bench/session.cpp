@@ -39,6 +39,7 @@ class SilentForms final : public FormsToolkit {
 class NoDisplay final : public RangeDisplay {
  public:
   void showDefect(const RangeDefect&) override { throw std::runtime_error("a rule is broken"); }
+  void showChanges() override {}
 };
 
 }  // namespace

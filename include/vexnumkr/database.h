@@ -138,6 +138,13 @@ class VEXNUMKR_API Connection {
   virtual void CommitTrans() = 0;
   virtual void RollbackTrans() = 0;
 
+  /// Keeps everybody else from changing rows of `table` until the running transaction ends, after
+  /// waiting, within the usual limits, for whoever is changing some; others go on reading, and what
+  /// is read from now on is what they have left. Errors: the engine's, when it waits in vain.
+  /// Without an implementation nothing is locked: the component then notices most changes of others
+  /// by reading twice, and refuses to overwrite those.
+  virtual void LockTable(const std::string& table) { static_cast<void>(table); }
+
   /// A new closed connection, command or recordset of the same provider.
   virtual std::unique_ptr<Connection> createConnection() = 0;
   virtual std::unique_ptr<Command> createCommand() = 0;

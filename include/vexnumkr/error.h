@@ -15,6 +15,7 @@ namespace vexnumkr {
 /// Run-time error numbers that users of the host applications know. A database failure carries the
 /// engine's own code instead.
 namespace error_number {
+inline constexpr std::int32_t invalidCall = 5;
 inline constexpr std::int32_t overflow = 6;
 inline constexpr std::int32_t subscriptOutOfRange = 9;
 inline constexpr std::int32_t typeMismatch = 13;
@@ -23,6 +24,12 @@ inline constexpr std::int32_t invalidUseOfNull = 94;
 inline constexpr std::int32_t invalidPropertyValue = 380;
 inline constexpr std::int32_t cannotCreateObject = 429;
 inline constexpr std::int32_t noCurrentRecord = 3021;
+/// The database does not hold what was sent to it; nothing of it is committed.
+inline constexpr std::int32_t notStoredAsWritten = 3022;
+/// Somebody else has changed a range between its reading and its writing.
+inline constexpr std::int32_t changedMeanwhile = 3023;
+/// A stored text is not valid in the encoding of its database.
+inline constexpr std::int32_t unreadableText = 3024;
 }  // namespace error_number
 
 /// A failure: its number, the place it comes from and a text for the user (UTF-8).

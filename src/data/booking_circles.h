@@ -41,6 +41,8 @@ class BookingCircleList {
   bool contains(std::int32_t circle) const { return Beschreibung(circle).has_value(); }
   /// The description of the first circle with that number.
   std::optional<std::string> Beschreibung(std::int32_t circle) const;
+  friend bool operator==(const BookingCircleList&, const BookingCircleList&) = default;
+
   /// The number of the first circle with that description.
   std::optional<std::int32_t> Buchungskreis(const std::string& description) const;
 

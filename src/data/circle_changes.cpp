@@ -68,6 +68,7 @@ bool RefreshInXArray(const RangeData& data, StatementSource& source, Reporter& r
         changed = true;
       progress.advance();
     }
+    data.known.follow(data.table);
     progress.finish();
   });
   return changed;

@@ -27,8 +27,11 @@ class Loading {
  private:
   void readRanges() {
     const auto records = source_.query(statement::ranges());
-    for (; !records->EndOfFile(); records->MoveNext())
-      AddDataGroup(data_, source_, reporter_, loadedRange(*records), false);
+    for (; !records->EndOfFile(); records->MoveNext()) {
+      const RangeRow range = loadedRange(*records);
+      data_.known.read(RangeId::of(range));
+      AddDataGroup(data_, source_, reporter_, range, false);
+    }
     records->Close();
   }
 
@@ -118,6 +121,7 @@ bool LoadItems(const RangeData& data, StatementSource& source, Reporter& reporte
   return reportingFailures(reporter, {generalModule, "LoadItems"}, [&] {
     const Work work(progress, "Nummernkreise werden geladen…");
     Loading(data, source, reporter, progress).run();
+    data.known.follow(data.table);
     progress.finish();
   });
 }

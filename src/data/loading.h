@@ -12,6 +12,8 @@ namespace vexnumkr::basAllgemein {
 /// each user's rows from the active common ones and the stored assignments. What must follow, where
 /// it returns True, is the activity rule (CheckActivity).
 ///
+/// Every range read, and the values of every common row, are known afterwards.
+///
 /// REQUIRES: the range table is empty. A NULL in a column that must have a value ends it: the
 /// failure is reported, what was added stays, and it returns False.
 bool LoadItems(const RangeData& data, StatementSource& source, Reporter& reporter,

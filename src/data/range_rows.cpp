@@ -12,6 +12,8 @@ namespace {
 // What stands for the caption of a circle that the list does not have.
 constexpr const char* notListed = "-1";
 
+constexpr std::int32_t unknownCount = -1;
+
 // The standard rows of `user` for the key (all for an empty one) in the order of their display.
 std::vector<RangeRow> standardRows(const XArray& table, const std::string& user,
                                    const std::string& NSchl) {
@@ -48,8 +50,10 @@ bool AktiviertDB(StatementSource& source, Reporter& reporter, std::int32_t Buchu
                  const std::string& NSchl, const std::string& Benutzer) {
   bool active = false;
   reportingFailures(reporter, {generalModule, "AktiviertDB"}, [&] {
-    active = source.execute(statement::assignment(Buchungskreis, NSchl, Benutzer,
-                                                  source.origin().Herkunft())) != 0;
+    std::int32_t found = 0;
+    const auto records = source.query(
+        statement::assignment(Buchungskreis, NSchl, Benutzer, source.origin().Herkunft()), found);
+    active = found == unknownCount ? !records->EndOfFile() : found != 0;
   });
   return active;
 }

@@ -15,8 +15,9 @@
 
 namespace vexnumkr::basAllgemein {
 
-/// Whether the database assigns the range to the user. Rows stored for everybody ("ALL") are not
-/// found under "Alle Benutzer".
+/// Whether the database assigns the range to the user: by the count of the records, or by looking
+/// for one where the layer cannot count. Rows stored for everybody ("ALL") are not found under
+/// "Alle Benutzer".
 bool AktiviertDB(StatementSource& source, Reporter& reporter, std::int32_t Buchungskreis,
                  const std::string& NSchl, const std::string& Benutzer);
 

@@ -84,6 +84,7 @@ void RefreshSGroups(const RangeData& data, StatementSource& source, Reporter& re
         remove(data.table, special.U_NSchl, rowsBefore);
     }
     records->Close();
+    data.known.follow(data.table);
     progress.finish();
   });
 }

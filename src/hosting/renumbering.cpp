@@ -6,7 +6,6 @@ namespace vexnumkr::basAllgemein {
 
 bool StartAutoNum(Session& session) {
   bool finished = false;
-  bool changed = false;
   reportingFailures(session.reporter(), {generalModule, "StartAutoNum"}, [&] {
     const std::int32_t answer = session.boxes().MsgBoxEx(
         "Diese Option startet eine automatische Nummernvergabe nach Maske.\r\n"
@@ -15,10 +14,10 @@ bool StartAutoNum(Session& session) {
         msg_box::yesNoCancel + msg_box::question, "Abfrage");
     if (answer != msg_box::yes) return;
     const Work work(session.progress(), "Automatische Nummerierung…");
-    numberFromMasks(session.XArray(), session.strVerarbeitungsdatum(), session.progress(), changed);
+    if (numberFromMasks(session.XArray(), session.strVerarbeitungsdatum(), session.progress()))
+      session.blnChanged(true);
     finished = true;
   });
-  if (changed) session.blnChanged(true);
   return finished;
 }
 

@@ -15,6 +15,7 @@
 #include "data/statement_source.h"
 #include "hosting/boxes.h"
 #include "hosting/busy_display.h"
+#include "hosting/failure_log.h"
 #include "platform/progress.h"
 #include "platform/services.h"
 
@@ -35,7 +36,9 @@ class Session {
   Progress& progress() { return progress_; }
   /// The boxes in which failures are shown and questions asked.
   Boxes& boxes() { return boxes_; }
-  Reporter& reporter() { return boxes_; }
+  /// What has failed since the dialog opened; shows it.
+  FailureLog& failures() { return failures_; }
+  Reporter& reporter() { return failures_; }
 
   // Handed over by the host; kept while the component lives.
 
@@ -69,8 +72,8 @@ class Session {
   vexnumkr::XArray& XArray() { return XArray_; }
   /// The booking circles of the origin.
   BookingCircleList& Buchungskreise() { return Buchungskreise_; }
-  /// The two of them with the users.
-  RangeData data() { return {XArray_, Buchungskreise_, colUser_ ? *colUser_ : noUsers_}; }
+  /// The two of them with the users and what is known of the stored ranges.
+  RangeData data() { return {XArray_, Buchungskreise_, colUser_ ? *colUser_ : noUsers_, known_}; }
 
   BookingCircleDialog& dlgBuchungskreise() const;
   void dlgBuchungskreise(std::unique_ptr<BookingCircleDialog> dialog);
@@ -84,6 +87,7 @@ class Session {
   BusyDisplay display_;
   Progress progress_;
   Boxes boxes_;
+  FailureLog failures_{boxes_};
   std::shared_ptr<Connection> Conn_;
   std::unique_ptr<Connection> guardedConn_;
   std::string strUser_;
@@ -93,6 +97,7 @@ class Session {
   StatementSource source_;
   vexnumkr::XArray XArray_;
   BookingCircleList Buchungskreise_;
+  KnownRanges known_;
   std::unique_ptr<BookingCircleDialog> dlgBuchungskreise_;
   bool blnChanged_ = false;
 };

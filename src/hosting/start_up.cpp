@@ -4,6 +4,9 @@ namespace vexnumkr::basAllgemein {
 namespace {
 
 constexpr std::int32_t noTimeout = 0;
+// On engines that lock what the dialog's own transaction has written, the working connection would
+// wait for it without end.
+constexpr std::int32_t workingTimeout = 30;
 
 void bindTextCommand(Command& command, Connection& connection) {
   command.ActiveConnection(connection);
@@ -12,7 +15,7 @@ void bindTextCommand(Command& command, Connection& connection) {
 }
 
 void openWorkingConnection(Connection& working, const Connection& host) {
-  working.CommandTimeout(noTimeout);
+  working.CommandTimeout(workingTimeout);
   working.ConnectionString(host.ConnectionString());
   working.ConnectionTimeout(noTimeout);
   working.CursorLocation(ado::useServer);
@@ -31,6 +34,8 @@ std::unique_ptr<BookingCircleDialog> createBookingCircleDialog(const Session& se
 }  // namespace
 
 void basInititialize(Session& session) {
+  session.failures().forget();
+  session.data().known.clear();
   reportingFailures(session.reporter(), {generalModule, "basInititialize"}, [&] {
     session.Conn().IsolationLevel(ado::isolated);
     session.source().cmdSQL(session.Conn().createCommand());

@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <unordered_map>
 #include <utility>
+#include <vector>
 
+#include <vexnumkr/error.h>
 #include <vexnumkr/value.h>
 
 namespace vexnumkr {
@@ -56,6 +58,23 @@ class Masks {
   std::unordered_map<std::string, std::optional<MaskBounds>> read_;
 };
 
+// In the table's order; all of them, before anything is written.
+std::vector<std::optional<MaskBounds>> boundsOfAll(const XArray& table, const std::string& date) {
+  Masks masks(date);
+  std::vector<std::optional<MaskBounds>> bounds;
+  bounds.reserve(static_cast<std::size_t>(table.size()));
+  for (const RangeRow& row : table) {
+    try {
+      bounds.push_back(masks.boundsOf(row.Maske));
+    } catch (const Error& error) {
+      throw Error(error.number(), error.source(),
+                  error.description() + "\r\n(Belegart: " + row.NBezeichnung.str() +
+                      ", Buchungskreis: " + row.Gruppe.str() + ")");
+    }
+  }
+  return bounds;
+}
+
 }  // namespace
 
 MaskTexts readMask(std::string_view mask, std::string_view date) {
@@ -92,19 +111,21 @@ std::optional<MaskBounds> maskBounds(std::string_view mask, std::string_view dat
   return MaskBounds{low, textToLong(texts.high)};
 }
 
-void numberFromMasks(XArray& table, const std::string& date, Progress& progress, bool& changed) {
+bool numberFromMasks(XArray& table, const std::string& date, Progress& progress) {
   table.sort(RowOrder::display);
   progress.expect(table.size());
-  Masks masks(date);
+  const auto bounds = boundsOfAll(table, date);
+  bool changed = false;
   for (std::int32_t row = 0; row < table.size(); ++row) {
-    if (const auto bounds = masks.boundsOf(table.at(row).Maske)) {
-      table.setValue(row, &RangeRow::StartWert, bounds->low);
-      table.setValue(row, &RangeRow::AktuellerWert, bounds->low);
-      table.setValue(row, &RangeRow::EndWert, bounds->high);
+    if (const auto& numbers = bounds[static_cast<std::size_t>(row)]) {
+      table.setValue(row, &RangeRow::StartWert, numbers->low);
+      table.setValue(row, &RangeRow::AktuellerWert, numbers->low);
+      table.setValue(row, &RangeRow::EndWert, numbers->high);
       changed = true;
     }
     progress.advance();
   }
+  return changed;
 }
 
 }  // namespace vexnumkr

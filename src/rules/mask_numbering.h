@@ -36,9 +36,9 @@ struct MaskBounds {
 std::optional<MaskBounds> maskBounds(std::string_view mask, std::string_view date);
 
 /// Gives every range with a mask, whoever's it is and active or not, the lowest number of its mask
-/// as start and current value and the highest as end value; `changed` becomes True with the first
-/// row written. The table is sorted for display afterwards. Errors of maskBounds: the row that
-/// fails and those after it keep their values. One step of progress per row.
-void numberFromMasks(XArray& table, const std::string& date, Progress& progress, bool& changed);
+/// as start and current value and the highest as end value. The table is sorted for display
+/// afterwards. True when a row was written. Errors of maskBounds, with the range named behind their
+/// texts; no row is written then. One step of progress per row.
+bool numberFromMasks(XArray& table, const std::string& date, Progress& progress);
 
 }  // namespace vexnumkr

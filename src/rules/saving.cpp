@@ -39,12 +39,12 @@ void InsertIntoNummernkreise(StatementSource& source, const RangeRow& range) {
   try {
     source.execute(insert);
   } catch (...) {
-    UpdateIntoNummernkreise(source, range);
+    if (!UpdateIntoNummernkreise(source, range)) throw;
   }
 }
 
-void UpdateIntoNummernkreise(StatementSource& source, const RangeRow& range) {
-  source.execute(statement::updateRange(range));
+bool UpdateIntoNummernkreise(StatementSource& source, const RangeRow& range) {
+  return source.execute(statement::updateRange(range)) != 0;
 }
 
 void InsertIntoNummernkreis_Zuordnung(StatementSource& source, std::int32_t Buchungskreis,

@@ -17,12 +17,14 @@ namespace vexnumkr::basAllgemein {
 /// back.
 void writeTable(const XArray& table, StatementSource& source, Progress& progress);
 
-/// Inserts a range; when that fails, for whatever reason, updates the stored one. Errors 6 and 13
+/// Inserts a range; when that fails, for whatever reason, updates the stored one. Where there is
+/// none to update, the insert's failure is raised: the database refuses the range. Errors 6 and 13
 /// for a value that does not convert; nothing is sent then.
 void InsertIntoNummernkreise(StatementSource& source, const RangeRow& range);
 
-/// Raises the database's error. No error: an update that matches no row.
-void UpdateIntoNummernkreise(StatementSource& source, const RangeRow& range);
+/// Raises the database's error. False when it has found no such range; a layer that cannot tell has
+/// found it.
+bool UpdateIntoNummernkreise(StatementSource& source, const RangeRow& range);
 
 /// Raises the database's error. `Benutzer` is mapped by ReplaceUser already.
 void InsertIntoNummernkreis_Zuordnung(StatementSource& source, std::int32_t Buchungskreis,

@@ -35,9 +35,7 @@ TEST(WithoutWindowTest, RangesAreNumberedCheckedAndToldApart) {
         table, {alleBenutzer, 0, standardGroup, key, "Beleg", 1, 1, 9, true, 1, "", "JJNN"}));
   Failures failures;
   Progress progress(nullptr);
-  bool changed = false;
-  numberFromMasks(table, "20260315", progress, changed);
-  EXPECT_TRUE(changed);
+  EXPECT_TRUE(numberFromMasks(table, "20260315", progress));
   EXPECT_EQ(table.at(1).EndWert.toLong(), 2699);
   EXPECT_TRUE(basAllgemein::CheckValidity(table, failures).holds);
   table.setValue(1, &RangeRow::EndWert, 0);
@@ -53,10 +51,11 @@ TEST(WithoutWindowTest, WhatIsNotThereIsReportedNotShown) {
   XArray table;
   BookingCircleList circles;
   const Users users{alleBenutzer};
+  KnownRanges known;
   StatementSource source;
   Failures failures;
   Progress progress(nullptr);
-  EXPECT_FALSE(basAllgemein::LoadItems({table, circles, users}, source, failures, progress));
+  EXPECT_FALSE(basAllgemein::LoadItems({table, circles, users, known}, source, failures, progress));
   EXPECT_FALSE(basAllgemein::CheckSonderkreise(source, failures));
   basAllgemein::CheckActivity(table, users, failures);
   const std::string notThere = "Objektvariable nicht festgelegt";

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "data/sql/statements.h"
 #include "rules/saving.h"
 #include "support/core_session.h"
 
@@ -25,8 +26,10 @@ class SavingSession : public CoreSession {
   void editedTable();
 
   bool save(bool askFirst = false);
-  /// What went over the connections since the last call.
-  Texts sent() { return script().takeStatements(); }
+  /// What went over the connections since the last call, but for what only reads.
+  Texts sent();
+  /// All of it.
+  Texts sentAndRead() { return script().takeStatements(); }
 
   Texts storedRanges();
   Texts storedAssignments();
@@ -72,7 +75,18 @@ inline void SavingSession::sql(const Texts& statements) {
   connection.CommitTrans();
 }
 
+inline Texts SavingSession::sent() {
+  Texts all = sentAndRead();
+  std::erase_if(all, [](const std::string& line) { return line.find(": SELECT ") == 4; });
+  return all;
+}
+
+// As a dialog that has loaded everything.
 inline void SavingSession::open() {
+  std::int32_t found = 0;
+  const auto records = realConnection(*hostConnection()).Execute(statement::ranges(), found);
+  for (; !records->EndOfFile(); records->MoveNext())
+    session().data().known.read(*rangeIdOf(*records));
   session().Conn().BeginTrans();
   session().blnChanged(true);
   sent();

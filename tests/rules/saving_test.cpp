@@ -1,6 +1,7 @@
 #include "rules/saving.h"
 
 #include "hosting/call_log.h"
+#include "hosting/host_facility.h"
 #include "rules/saving_session.h"
 
 namespace vexnumkr {
@@ -97,6 +98,18 @@ TEST_F(SavingTest, WhoeverCannotBeAskedHasNotAgreed) {
   EXPECT_EQ(stored(), before);
 }
 
+TEST_F(SavingTest, WhoeverCouldNotBeAskedKeepsTheDialog) {
+  company();
+  editedTable();
+  test::HostFacility facility;
+  host().messages = facility.Messages();
+  facility.failing = "Show";
+  EXPECT_FALSE(SavingSession::save(true));
+  EXPECT_EQ(sentAndRead(), Texts{});
+  EXPECT_TRUE(session().blnChanged());
+  EXPECT_TRUE(transactionIsOpen());
+}
+
 TEST_F(SavingTest, AnInvalidRangeIsNotSavedAndNoStatementSent) {
   company();
   range(alleBenutzer, 1, "RE", 100);
@@ -117,9 +130,15 @@ TEST_F(SavingTest, SendsItsStatementsInOrder) {
   const std::string assign =
       "conn: INSERT INTO Nummernkreis_Zuordnung (Buchungskreis, NSchl, Benutzer, Herkunft) "
       "VALUES (";
+  const std::string read =
+      "SELECT NSchl, NBezeichnung, Buchungskreis, StartWert, AktuellerWert, EndWert, Aktiviert, "
+      "SortierIndex, IstNSchlVon, Maske FROM Nummernkreise WHERE NSchl <> 'LM' AND NSchl <> 'AF' "
+      "ORDER BY SortierIndex";
   EXPECT_EQ(
-      sent(),
-      (Texts{"conn: DELETE FROM Nummernkreise WHERE NOT EXISTS (SELECT * FROM "
+      sentAndRead(),
+      (Texts{"work: " + read,
+             "conn: " + read,
+             "conn: DELETE FROM Nummernkreise WHERE NOT EXISTS (SELECT * FROM "
              "Nummernkreis_Buchungskreise WHERE Nummernkreise.Buchungskreis = "
              "Nummernkreis_Buchungskreise.Buchungskreis AND Herkunft='ORC') AND NSchl <> 'LM' AND "
              "NSchl <> 'AF' AND (Buchungskreis <> 0 OR (IstNSchlVon <> '' AND IstNSchlVon IS NOT "
@@ -139,8 +158,12 @@ TEST_F(SavingTest, SendsItsStatementsInOrder) {
              "Maske='NN' WHERE Buchungskreis=8 AND NSchl='RE'",
              assign + "8, 'RE', 'ALL','ORB')",
              insert + "0, 'SO', 'Belegart SO', 400, 405, 409, -1, 10, 'RE', 'NN')",
-             assign + "0, 'SO', 'ALL','ORB')", assign + "0, 'RE', 'Anna','ORB')",
-             assign + "1, 'RE', 'Max','ORB')", "conn: COMMIT"}));
+             assign + "0, 'SO', 'ALL','ORB')",
+             assign + "0, 'RE', 'Anna','ORB')",
+             assign + "1, 'RE', 'Max','ORB')",
+             "conn: " + read,
+             "conn: SELECT COUNT(*) AS Anzahl FROM Nummernkreis_Zuordnung WHERE Herkunft='ORB'",
+             "conn: COMMIT"}));
   EXPECT_FALSE(transactionIsOpen()) << "none is begun after the commit";
 }
 
@@ -170,15 +193,19 @@ TEST_F(SavingTest, TheOtherApplicationSparesTheFirstOnesCircles) {
   EXPECT_EQ(storedAssignments(), (Texts{"1|RE|ALL|ORB", "1|RE|Weg|ORB", "7|RE|ALL|ORC"}));
 }
 
-TEST_F(SavingTest, WithoutOriginBothOriginsAreEmpty) {
-  company(3);
-  range(alleBenutzer, 1, "RE", 100);
-  EXPECT_TRUE(save());
-  const Texts statements = sent();
-  ASSERT_EQ(statements.size(), 5U);
-  EXPECT_NE(statements[0].find("AND Herkunft='') AND"), std::string::npos) << statements[0];
-  EXPECT_EQ(statements[1], "conn: DELETE FROM Nummernkreis_Zuordnung WHERE Herkunft=''");
-  EXPECT_TRUE(statements[3].ends_with("VALUES (1, 'RE', 'ALL','')")) << statements[3];
+TEST_F(SavingTest, WithoutOriginNothingIsWritten) {
+  for (const std::int32_t application : {0, 3, -1}) {
+    company(application);
+    range(alleBenutzer, 1, "RE", 100);
+    const Texts before = stored();
+    EXPECT_FALSE(save());
+    EXPECT_EQ(boxes(), Boxes{errorBox(5, "basAllgemein", "Save",
+                                      "Die Anwendung " + std::to_string(application) +
+                                          " hat keine eigenen Nummernkreise.")});
+    EXPECT_EQ(sentAndRead(), (Texts{"conn: ROLLBACK", "conn: BEGIN"}));
+    EXPECT_EQ(stored(), before);
+    session().Conn().RollbackTrans();
+  }
 }
 
 TEST_F(SavingTest, AnEmptyTableDeletesAndCommits) {
@@ -222,24 +249,39 @@ TEST_F(SavingTest, ValuesAreConvertedWhereTheyAreWritten) {
   EXPECT_EQ(storedAssignments()[1], "2|RE|Max|ORB");
 }
 
-TEST_F(SavingTest, AnUpdateThatMatchesNothingIsNoFailure) {
+TEST_F(SavingTest, AnUpdateTellsWhetherItHasFoundItsRange) {
   company();
   RangeRow range;
   range.Buchungskreis = 77;
-  basAllgemein::UpdateIntoNummernkreise(source(), range);
-  EXPECT_EQ(sent().size(), 1U);
+  EXPECT_FALSE(basAllgemein::UpdateIntoNummernkreise(source(), range));
+  range.Buchungskreis = 0;
+  range.NSchl = table().text("RE");
+  EXPECT_TRUE(basAllgemein::UpdateIntoNummernkreise(source(), range));
+  EXPECT_TRUE(basAllgemein::UpdateIntoNummernkreise(source(), range)) << "it is so already";
 }
 
-TEST_F(SavingTest, AnInsertThatFailsForWhateverReasonIsAnUpdate) {
+// The fifth statement is the insert: two readings and two deletions come before.
+TEST_F(SavingTest, AnInsertThatFailsIsAnUpdateWhereTheRangeIsStored) {
   company();
-  range(alleBenutzer, 2, "RE", 100);
-  script().failStatement(3);
+  range(alleBenutzer, 0, "RE", 100);
+  script().failStatement(5);
   EXPECT_TRUE(save());
   const Texts statements = sent();
   ASSERT_EQ(statements.size(), 6U);
   EXPECT_TRUE(statements[2].ends_with("!failed"));
   EXPECT_TRUE(statements[3].starts_with("conn: UPDATE Nummernkreise SET"));
   EXPECT_EQ(statements[5], "conn: COMMIT");
+}
+
+TEST_F(SavingTest, AnInsertThatFailsWhereNothingIsStoredFailsTheSave) {
+  company();
+  const Texts before = stored();
+  range(alleBenutzer, 2, "RE", 100);
+  script().failStatement(5);
+  EXPECT_FALSE(save());
+  EXPECT_EQ(boxes(), Boxes{errorBox(4711, "basAllgemein", "Save", "Absichtlicher Fehler")})
+      << "the insert's failure";
+  EXPECT_EQ(stored(), before);
 }
 
 std::string raised(const std::function<void()>& call) {

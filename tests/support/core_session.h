@@ -86,6 +86,9 @@ class CoreSession : public ::testing::Test {
   /// The broken rule that saving has shown since the last call.
   std::optional<RangeDefect> takeDefect() { return std::exchange(display_.defect, std::nullopt); }
 
+  /// How often saving had changed rows shown, since the last call.
+  int takeShownChanges() { return std::exchange(display_.changes, 0); }
+
   Session& session() { return session_; }
   StatementSource& source() { return session_.source(); }
   XArray& table() { return session_.XArray(); }
@@ -111,7 +114,9 @@ class CoreSession : public ::testing::Test {
 
   struct KeepingDisplay final : RangeDisplay {
     void showDefect(const RangeDefect& found) override { defect = found; }
+    void showChanges() override { ++changes; }
     std::optional<RangeDefect> defect;
+    int changes = 0;
   };
   KeepingDisplay display_;
 };

@@ -60,6 +60,7 @@ class ScriptedConnection : public Connection {
   void CommitTrans() override {
     script_.commit(label_ + ": COMMIT", [&] { real_->CommitTrans(); });
   }
+  void LockTable(const std::string& table) override { real_->LockTable(table); }
   void RollbackTrans() override {
     script_.transaction(label_ + ": ROLLBACK", [&] { real_->RollbackTrans(); });
   }

@@ -44,6 +44,7 @@ class GuardedConnection final : public Connection {
   void BeginTrans() override { real_->BeginTrans(); }
   void CommitTrans() override { real_->CommitTrans(); }
   void RollbackTrans() override { real_->RollbackTrans(); }
+  void LockTable(const std::string& table) override { real_->LockTable(table); }
 
   std::unique_ptr<Recordset> Execute(const std::string& text,
                                      std::int32_t& recordsAffected) override {

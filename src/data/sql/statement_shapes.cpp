@@ -39,6 +39,7 @@ std::vector<std::string> ownStatements() {
           statement::deleteAssignments(""),
           statement::insertRange({}),
           statement::updateRange({}),
+          statement::assignmentCount(""),
           statement::insertAssignment(0, "", "", "")};
 }
 

@@ -137,6 +137,11 @@ std::string updateRange(const RangeRow& range) {
                "'"});
 }
 
+std::string assignmentCount(const std::string& Herkunft) {
+  return join(
+      {"SELECT COUNT(*) AS Anzahl FROM Nummernkreis_Zuordnung WHERE Herkunft='", Herkunft, "'"});
+}
+
 std::string insertAssignment(std::int32_t Buchungskreis, const std::string& NSchl,
                              const std::string& Benutzer, const std::string& Herkunft) {
   return join(

@@ -45,6 +45,8 @@ std::string deleteAssignments(const std::string& Herkunft);
 /// Of the row's values the numbers are converted; errors 6 and 13 where one is none.
 std::string insertRange(const RangeRow& range);
 std::string updateRange(const RangeRow& range);
+/// How many assignments of an origin are stored.
+std::string assignmentCount(const std::string& Herkunft);
 /// `Benutzer` as it is stored: "ALL" for everybody.
 std::string insertAssignment(std::int32_t Buchungskreis, const std::string& NSchl,
                              const std::string& Benutzer, const std::string& Herkunft);

@@ -36,6 +36,16 @@ EditorMove backward(const TreeGrid& grid, std::int32_t index, std::int16_t colum
   return {true, index, static_cast<std::int16_t>(column - 1)};
 }
 
+// REQUIRES: the text is a number.
+bool fitsItsCell(const std::string& text) {
+  try {
+    static_cast<void>(textToLong(text));
+    return true;
+  } catch (const Error&) {  // it is too large
+    return false;
+  }
+}
+
 }  // namespace
 
 EditorMove editorMove(const TreeGrid& grid, std::int16_t key, std::int16_t shift,
@@ -81,12 +91,15 @@ void CellEditing(TreeGrid& grid, Reporter& reporter, std::int32_t index, std::in
   });
 }
 
-bool CheckValue(Boxes& boxes, const std::string& text) {
+bool CheckValue(Boxes& boxes, Reporter& reporter, const std::string& text) {
   bool numeric = true;
-  reportingFailures(boxes, {generalModule, "CheckValue"}, [&] {
-    if (isNumber(text)) return;
-    boxes.MsgBoxEx("Bitte geben Sie einen numerischen Wert ein.", msg_box::okOnly, "Info");
+  reportingFailures(reporter, {generalModule, "CheckValue"}, [&] {
+    if (isNumber(text) && fitsItsCell(text)) return;
     numeric = false;
+    boxes.MsgBoxEx(isNumber(text)
+                       ? "Bitte geben Sie eine Zahl zwischen -2147483648 und 2147483647 ein."
+                       : "Bitte geben Sie einen numerischen Wert ein.",
+                   msg_box::okOnly, "Info");
   });
   return numeric;
 }

@@ -33,9 +33,9 @@ namespace basAllgemein {
 void CellEditing(TreeGrid& grid, Reporter& reporter, std::int32_t index, std::int16_t column,
                  const std::string& user, bool allowed);
 
-/// Whether an entry is a number; if it is not, the user is told. True after a failure, which is
-/// reported.
-bool CheckValue(Boxes& boxes, const std::string& text);
+/// Whether an entry is a number of 32 bits, when rounded; if it is not, the user is told. True
+/// after a failure, which is reported.
+bool CheckValue(Boxes& boxes, Reporter& reporter, const std::string& text);
 
 }  // namespace basAllgemein
 }  // namespace vexnumkr

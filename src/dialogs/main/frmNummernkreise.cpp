@@ -72,6 +72,7 @@ void frmNummernkreise::RefreshFont(const std::string& fontName) {
 void frmNummernkreise::Show() { form_->ShowModal(); }
 
 void frmNummernkreise::Form_Load() {
+  const UserAction opening(session_.failures());
   takeIcon();
   reporting("Form_Load", [&] {
     layout_.emplace(*form_);
@@ -184,8 +185,10 @@ void frmNummernkreise::cmdAuto_Click() {
 
 void frmNummernkreise::cmdBuchungskreise_Click() {
   onInput("cmdBuchungskreise_Click", [&] {
+    const BookingCircleList before = session_.Buchungskreise();
     if (!basAllgemein::CallBuchungskreise(session_, session_.Herkunft())) return;
     refillFilter();
+    if (session_.Buchungskreise() != before) session_.blnChanged(true);
     const RangeData data = session_.data();
     if (basAllgemein::RefreshInXArray(data, session_.source(), session_.reporter(),
                                       session_.progress()))
@@ -258,6 +261,7 @@ void frmNummernkreise::selectUser(std::int32_t step) {
 }
 
 void frmNummernkreise::Form_QueryUnload(bool& Cancel, std::int16_t /*UnloadMode*/) {
+  const UserAction closing(session_.failures());
   viewReset_ = false;
   reporting("Form_QueryUnload", [&] {
     if (closeMode_ == NotClosing) closeMode_ = ByCloseButton;
@@ -269,6 +273,8 @@ void frmNummernkreise::Form_QueryUnload(bool& Cancel, std::int16_t /*UnloadMode*
     if (closeMode_ == ByCloseButton) save(true);
     if (viewReset_) resetFilters();
   });
+  // A refused closing is forgotten, so that the close button asks as it always does.
+  if (Cancel) closeMode_ = NotClosing;
 }
 
 // Says which rule is broken and opens the editor on the offending value, in a grid that shows all.
@@ -302,9 +308,10 @@ void frmNummernkreise::Form_Unload() {
 void frmNummernkreise::ShowUserCombo() {
   reporting("ShowUserCombo", [&] {
     const bool circlesExist = cboBuchungskreis_.ListCount() > filterEntries;
+    // Before the list goes, too: nobody could leave a user's view without it.
+    if (shown_ && cboUser_.ListIndex() != 0) cboUser_.ListIndex(0);
     form_->control<Label>("lblUser").Visible(circlesExist);
     cboUser_.Visible(circlesExist);
-    if (circlesExist && shown_ && cboUser_.ListIndex() != 0) cboUser_.ListIndex(0);
   });
 }
 

@@ -64,6 +64,7 @@ class frmNummernkreise final : public MainDialog,
   void ToolTipText(std::int16_t column, std::string& text) override;
 
   void showDefect(const RangeDefect& defect) override;
+  void showChanges() override { rebuildGrid(); }
 
   void ShowUserCombo();
   void CreateToolTips();
@@ -78,7 +79,9 @@ class frmNummernkreise final : public MainDialog,
   /// done; a box that tells of a failure of the work changes nothing about that.
   template <class Body>
   void onInput(const char* procedure, Body&& body) {
-    if (!session_.progress().isWorking()) reporting(procedure, std::forward<Body>(body));
+    if (session_.progress().isWorking()) return;
+    const UserAction action(session_.failures());
+    reporting(procedure, std::forward<Body>(body));
   }
 
   void connectControls();
@@ -94,11 +97,11 @@ class frmNummernkreise final : public MainDialog,
   void refillFilter();
   void resetFilters();
   void selectUser(std::int32_t step);
+  std::string currentText(std::int32_t index, std::int16_t column);
   void storeValue(std::int32_t index, std::int16_t column, std::string& text);
-  void setValueAll(const std::string& key, std::int32_t circle, ValueColumn column,
-                   const std::string& text);
-  void dragCurrentValue(std::int32_t index, std::int32_t circle, const std::string& key,
-                        const std::string& text);
+  void dragCurrentValue(std::int32_t index, const std::string& text);
+  void writeValue(std::int32_t index, std::int16_t column, const std::string& text);
+  void showInStandardItem(std::int32_t index, std::int16_t column, const std::string& text);
 
   Session& session_;
   std::unique_ptr<Form> form_;

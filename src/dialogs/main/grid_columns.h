@@ -36,6 +36,14 @@ inline bool isRange(const TreeGrid& grid, std::int32_t index) {
   return grid.List(index, grid_column::Type) == rangeType;
 }
 
+/// The value of a range that a column from Start to Maske shows.
+inline ValueColumn valueShownIn(std::int16_t column) {
+  if (column == grid_column::Start) return &RangeRow::StartWert;
+  if (column == grid_column::Aktuell) return &RangeRow::AktuellerWert;
+  if (column == grid_column::Ende) return &RangeRow::EndWert;
+  return &RangeRow::Maske;
+}
+
 /// The column that shows a value of a range.
 inline std::int16_t gridColumnOf(ValueColumn value) {
   if (value == &RangeRow::StartWert) return grid_column::Start;

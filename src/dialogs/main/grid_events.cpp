@@ -61,45 +61,62 @@ void frmNummernkreise::AfterEdit(std::int32_t index, std::int16_t column, bool& 
   cancel = session_.progress().isWorking();
   onInput("sftNummernkreise_AfterEdit", [&] {
     const bool numeric = column >= grid_column::Start && column < grid_column::Maske;
-    if (numeric && (!basAllgemein::CheckValue(session_.boxes(), text) || text.empty())) {
+    if (numeric &&
+        (!basAllgemein::CheckValue(session_.boxes(), session_.reporter(), text) || text.empty())) {
       cancel = true;
       return;
     }
-    if (text != sftNummernkreise_.List(index, column)) session_.blnChanged(true);
+    if (text != currentText(index, column)) session_.blnChanged(true);
     storeValue(index, column, text);
+    if (isGroup(sftNummernkreise_, index)) text.clear();
   });
+}
+
+// What a cell holds before the entry; those of a group stand for its standard range.
+std::string frmNummernkreise::currentText(std::int32_t index, std::int16_t column) {
+  if (!isGroup(sftNummernkreise_, index)) return sftNummernkreise_.List(index, column);
+  const XArray& table = session_.XArray();
+  const std::int32_t row =
+      table.findRange(alleBenutzer, 0, sftNummernkreise_.List(index, grid_column::NSchl));
+  return (table.at(row).*valueShownIn(column)).toText();
 }
 
 // Writes an entry into the range table, for every user.
 void frmNummernkreise::storeValue(std::int32_t index, std::int16_t column, std::string& text) {
-  const std::string key = sftNummernkreise_.List(index, grid_column::NSchl);
-  const std::int32_t circle = textToLong(sftNummernkreise_.List(index, grid_column::Buchungskreis));
-  if (column == grid_column::Start) {
-    setValueAll(key, circle, &RangeRow::StartWert, text);
-    dragCurrentValue(index, circle, key, text);
-  } else if (column == grid_column::Aktuell) {
-    setValueAll(key, circle, &RangeRow::AktuellerWert, text);
-  } else if (column == grid_column::Ende) {
-    setValueAll(key, circle, &RangeRow::EndWert, text);
-  } else if (column == grid_column::Maske) {
-    if (text.empty()) text = " ";
-    setValueAll(key, circle, &RangeRow::Maske, std::string(trimBlanks(text)));
-  }
-}
-
-void frmNummernkreise::setValueAll(const std::string& key, std::int32_t circle, ValueColumn column,
-                                   const std::string& text) {
-  const RangeData data = session_.data();
-  basAllgemein::SetValueAll(data.table, data.users, session_.reporter(), key, circle, column, text);
+  if (column < grid_column::Start || column > grid_column::Maske) return;
+  const bool isMask = column == grid_column::Maske;
+  // A blank keeps the cell from being empty.
+  if (isMask && text.empty()) text = " ";
+  writeValue(index, column, isMask ? std::string(trimBlanks(text)) : text);
+  showInStandardItem(index, column, text);
+  if (column == grid_column::Start) dragCurrentValue(index, text);
 }
 
 // Raising the start raises a current value that it passes; lowering it changes nothing else.
-void frmNummernkreise::dragCurrentValue(std::int32_t index, std::int32_t circle,
-                                        const std::string& key, const std::string& text) {
-  const std::string current = sftNummernkreise_.List(index, grid_column::Aktuell);
-  if (textToLong(current) >= textToLong(text)) return;
-  sftNummernkreise_.List(index, grid_column::Aktuell, text);
-  setValueAll(key, circle, &RangeRow::AktuellerWert, text);
+void frmNummernkreise::dragCurrentValue(std::int32_t index, const std::string& text) {
+  if (textToLong(currentText(index, grid_column::Aktuell)) >= textToLong(text)) return;
+  if (!isGroup(sftNummernkreise_, index)) sftNummernkreise_.List(index, grid_column::Aktuell, text);
+  writeValue(index, grid_column::Aktuell, text);
+  showInStandardItem(index, grid_column::Aktuell, text);
+}
+
+// An entry into a group's cell shows in the item of its standard range, where there is one.
+void frmNummernkreise::showInStandardItem(std::int32_t index, std::int16_t column,
+                                          const std::string& text) {
+  if (!isGroup(sftNummernkreise_, index)) return;
+  for (std::int32_t item = index + 1;
+       item < sftNummernkreise_.ListCount() && isRange(sftNummernkreise_, item); ++item)
+    if (sftNummernkreise_.List(item, grid_column::Buchungskreis) == "0")
+      sftNummernkreise_.List(item, column, text);
+}
+
+void frmNummernkreise::writeValue(std::int32_t index, std::int16_t column,
+                                  const std::string& text) {
+  const RangeData data = session_.data();
+  basAllgemein::SetValueAll(data.table, data.users, session_.reporter(),
+                            sftNummernkreise_.List(index, grid_column::NSchl),
+                            textToLong(sftNummernkreise_.List(index, grid_column::Buchungskreis)),
+                            valueShownIn(column), text);
 }
 
 void frmNummernkreise::ToolTipText(std::int16_t column, std::string& text) {

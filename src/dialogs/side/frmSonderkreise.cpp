@@ -67,8 +67,11 @@ void frmSonderkreise::SaveSettings() {
     session_.progress().expect(lstSonderkreise_.ListCount());
     records_->MoveFirst();
     for (std::int32_t i = 0; i < lstSonderkreise_.ListCount(); ++i) {
-      records_->Fields("Aktiviert", lstSonderkreise_.Selected(i));
+      const bool selected = lstSonderkreise_.Selected(i);
+      const bool changes = records_->Fields("Aktiviert").toBoolean() != selected;
+      records_->Fields("Aktiviert", selected);
       records_->Update();
+      if (changes) session_.blnChanged(true);
       records_->MoveNext();
       session_.progress().advance();
     }
