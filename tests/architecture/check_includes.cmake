@@ -63,11 +63,13 @@ endforeach()
 # is made of it. The one for automation does without Qt.
 set(seen_by_adapters/automation platform adapters/automation)
 set(seen_by_adapters/qtsql platform adapters/qtsql)
-set(seen_by_adapters/qtgrid platform adapters/qtgrid)
-set(seen_by_adapters/qtforms platform adapters/qtgrid adapters/qtforms)
+set(seen_by_adapters/qt platform adapters/qt)
+set(seen_by_adapters/qtgrid platform adapters/qt adapters/qtgrid)
+set(seen_by_adapters/qtforms platform adapters/qt adapters/qtgrid adapters/qtforms)
 set(seen_by_component platform hosting dialogs/main adapters/qtforms component)
 set(seen_by_windows hosting adapters/automation component windows)
-foreach(folder adapters/automation adapters/qtsql adapters/qtgrid adapters/qtforms component windows)
+foreach(folder adapters/automation adapters/qtsql adapters/qt adapters/qtgrid adapters/qtforms component
+    windows)
   list(JOIN seen_by_${folder} "|" seen)
   file(GLOB_RECURSE files RELATIVE "${SOURCE_DIR}/src"
     "${SOURCE_DIR}/src/${folder}/*.h" "${SOURCE_DIR}/src/${folder}/*.cpp")

@@ -13,7 +13,7 @@
 #include <string>
 #include <vector>
 
-#include "adapters/qtgrid/picture_art.h"
+#include "adapters/qt/picture_art.h"
 #include "adapters/qtgrid/qt_tree_grid.h"
 
 namespace vexnumkr::test {

@@ -6,7 +6,7 @@
 #include <QSignalSpy>
 #include <random>
 
-#include "adapters/qtgrid/picture_art.h"
+#include "adapters/qt/picture_art.h"
 
 namespace vexnumkr {
 namespace {

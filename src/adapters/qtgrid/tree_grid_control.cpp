@@ -7,7 +7,7 @@
 
 #include <vexnumkr/error.h>
 
-#include "adapters/qtgrid/key_codes.h"
+#include "adapters/qt/key_codes.h"
 #include "adapters/qtgrid/plain_text.h"
 #include "adapters/qtgrid/raise_event.h"
 

@@ -3,9 +3,9 @@
 #include <QKeyEvent>
 #include <QStyleOptionButton>
 
+#include "adapters/qt/assistive_action.h"
 #include "adapters/qtforms/access_key.h"
 #include "adapters/qtforms/guarded.h"
-#include "adapters/qtgrid/accessible/assistive_action.h"
 
 namespace vexnumkr::qtforms {
 namespace {

@@ -2,8 +2,8 @@
 
 #include <QAbstractItemView>
 
+#include "adapters/qt/scroll_bar.h"
 #include "adapters/qtforms/guarded.h"
-#include "adapters/qtgrid/view/scroll_bar.h"
 
 namespace vexnumkr::qtforms {
 

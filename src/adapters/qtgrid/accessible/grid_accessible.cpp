@@ -3,7 +3,7 @@
 #include <QHeaderView>
 #include <algorithm>
 
-#include "adapters/qtgrid/accessible/assistive_action.h"
+#include "adapters/qt/assistive_action.h"
 #include "adapters/qtgrid/accessible/cell_accessible.h"
 #include "adapters/qtgrid/accessible/header_accessible.h"
 #include "adapters/qtgrid/accessible/picture_accessible.h"

@@ -2,7 +2,7 @@
 
 #include <QKeySequence>
 
-#include "adapters/qtgrid/picture_art.h"
+#include "adapters/qt/picture_art.h"
 
 namespace vexnumkr {
 

@@ -4,9 +4,9 @@
 #include <QKeyEvent>
 #include <QPainter>
 
+#include "adapters/qt/device_pixels.h"
 #include "adapters/qtgrid/edit/edit_menu.h"
 #include "adapters/qtgrid/view/cell_layout.h"
-#include "adapters/qtgrid/view/device_pixels.h"
 #include "adapters/qtgrid/view/grid_colours.h"
 
 namespace vexnumkr {

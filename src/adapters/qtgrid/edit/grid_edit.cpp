@@ -3,7 +3,7 @@
 #include <QKeyEvent>
 #include <QScopedValueRollback>
 
-#include "adapters/qtgrid/key_codes.h"
+#include "adapters/qt/key_codes.h"
 #include "adapters/qtgrid/plain_text.h"
 #include "adapters/qtgrid/raise_event.h"
 

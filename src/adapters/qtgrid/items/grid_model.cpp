@@ -4,7 +4,7 @@
 
 #include <vexnumkr/error.h>
 
-#include "adapters/qtgrid/picture_art.h"
+#include "adapters/qt/picture_art.h"
 
 namespace vexnumkr {
 

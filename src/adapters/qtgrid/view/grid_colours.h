@@ -10,6 +10,7 @@
 #include <QPalette>
 #include <optional>
 
+#include "adapters/qt/colours.h"
 #include "platform/tree_grid.h"
 
 namespace vexnumkr {
@@ -18,12 +19,6 @@ struct CellColours {
   QColor background;
   QColor text;
 };
-
-/// The contrast that makes a text legible (level AA of the WCAG).
-inline constexpr float legibleContrast = 4.5F;
-
-/// The contrast of two colours, from 1 to 21, as the WCAG reckons it.
-float contrast(const QColor& one, const QColor& other);
 
 /// The colours of a cell with a background of its own, its text legible on it; nothing for
 /// gridDefaultColour and for system colours that have no counterpart.
@@ -34,8 +29,5 @@ std::optional<CellColours> cellColours(GridColour background, const QPalette& pa
 CellColours selectionColours(const QPalette& palette);
 /// A tint of them, for a selection in something that the keys do not go to.
 CellColours restingSelectionColours(const QPalette& palette);
-
-/// From `ground` towards `ink` by `share`, 0 to 1.
-QColor blended(const QColor& ground, const QColor& ink, float share);
 
 }  // namespace vexnumkr

@@ -3,8 +3,8 @@
 #include <QPainter>
 #include <QWidget>
 
-#include "adapters/qtgrid/picture_art.h"
-#include "adapters/qtgrid/view/device_pixels.h"
+#include "adapters/qt/device_pixels.h"
+#include "adapters/qt/picture_art.h"
 #include "adapters/qtgrid/view/grid_colours.h"
 
 namespace vexnumkr {

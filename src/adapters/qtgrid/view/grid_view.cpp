@@ -10,8 +10,8 @@
 #include <cmath>
 #include <utility>
 
+#include "adapters/qt/scroll_bar.h"
 #include "adapters/qtgrid/view/grid_header.h"
-#include "adapters/qtgrid/view/scroll_bar.h"
 
 namespace vexnumkr {
 

@@ -4,8 +4,8 @@
 #include <QPainter>
 #include <QToolTip>
 
+#include "adapters/qt/device_pixels.h"
 #include "adapters/qtgrid/plain_text.h"
-#include "adapters/qtgrid/view/device_pixels.h"
 #include "adapters/qtgrid/view/grid_colours.h"
 #include "adapters/qtgrid/view/grid_view.h"
 

@@ -1,4 +1,4 @@
-#include "adapters/qtgrid/key_codes.h"
+#include "adapters/qt/key_codes.h"
 
 #include <QKeyEvent>
 #include <algorithm>

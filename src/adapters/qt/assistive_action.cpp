@@ -1,4 +1,4 @@
-#include "adapters/qtgrid/accessible/assistive_action.h"
+#include "adapters/qt/assistive_action.h"
 
 #include <QApplication>
 #include <QWidget>

@@ -1,4 +1,4 @@
-#include "adapters/qtgrid/view/device_pixels.h"
+#include "adapters/qt/device_pixels.h"
 
 #include <QPainter>
 #include <QTransform>

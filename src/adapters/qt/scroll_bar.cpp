@@ -1,4 +1,4 @@
-#include "adapters/qtgrid/view/scroll_bar.h"
+#include "adapters/qt/scroll_bar.h"
 
 #include <QContextMenuEvent>
 #include <QMenu>

@@ -1,4 +1,4 @@
-#include "adapters/qtgrid/picture_art.h"
+#include "adapters/qt/picture_art.h"
 
 #include <QIconEngine>
 #include <QPainter>
@@ -7,8 +7,8 @@
 #include <algorithm>
 #include <cmath>
 
-#include "adapters/qtgrid/view/device_pixels.h"
-#include "adapters/qtgrid/view/grid_colours.h"
+#include "adapters/qt/colours.h"
+#include "adapters/qt/device_pixels.h"
 
 namespace vexnumkr {
 namespace {
