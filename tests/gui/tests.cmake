@@ -13,7 +13,5 @@ target_link_libraries(vexnumkr_test_screen_reader
   PRIVATE vexnumkr_options Qt6::GuiPrivate)
 
 foreach(group grid forms dialog)
-  if(EXISTS "${CMAKE_CURRENT_LIST_DIR}/${group}_tests.cmake")
-    include("${CMAKE_CURRENT_LIST_DIR}/${group}_tests.cmake")
-  endif()
+  include("${CMAKE_CURRENT_LIST_DIR}/${group}/tests.cmake")
 endforeach()

@@ -4,7 +4,7 @@
 #include <cstdlib>
 
 #include "adapters/qtgrid/view/grid_colours.h"
-#include "gui/grid_fixture.h"
+#include "gui/grid/grid_fixture.h"
 
 namespace vexnumkr::test {
 namespace {

@@ -1,7 +1,7 @@
 #include <QAbstractItemModelTester>
 #include <QScrollBar>
 
-#include "gui/grid_fixture.h"
+#include "gui/grid/grid_fixture.h"
 
 namespace vexnumkr::test {
 namespace {

@@ -5,7 +5,7 @@
 #include <QMenu>
 #include <QScrollBar>
 
-#include "gui/grid_fixture.h"
+#include "gui/grid/grid_fixture.h"
 
 namespace vexnumkr::test {
 namespace {

@@ -3,7 +3,7 @@
 #include <QMessageBox>
 #include <QTimer>
 
-#include "gui/grid_fixture.h"
+#include "gui/grid/grid_fixture.h"
 
 namespace vexnumkr::test {
 namespace {

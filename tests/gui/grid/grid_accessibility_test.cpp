@@ -2,7 +2,7 @@
 #include <QAccessible>
 #include <QHeaderView>
 
-#include "gui/grid_fixture.h"
+#include "gui/grid/grid_fixture.h"
 #include "support/screen_reader.h"
 
 namespace vexnumkr::test {

@@ -7,7 +7,7 @@
 #include <QTest>
 #include <QToolTip>
 
-#include "gui/forms_fixture.h"
+#include "gui/forms/forms_fixture.h"
 
 namespace vexnumkr::test {
 namespace {

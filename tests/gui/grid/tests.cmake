@@ -6,10 +6,10 @@ target_link_libraries(vexnumkr_test_grid
 
 foreach(name items model mouse keys edit edit_handlers rebuild columns look
     contrast menus tool_tip)
-  vexnumkr_test(gui/grid_${name}_test GUI LABEL gui LINKS vexnumkr_test_grid)
+  vexnumkr_test(gui/grid/grid_${name}_test GUI LABEL gui LINKS vexnumkr_test_grid)
 endforeach()
 foreach(name accessibility accessible_events)
-  vexnumkr_test(gui/grid_${name}_test GUI LABEL gui
+  vexnumkr_test(gui/grid/grid_${name}_test GUI LABEL gui
     LINKS vexnumkr_test_grid vexnumkr_test_screen_reader)
 endforeach()
-vexnumkr_test(gui/grid_scales_test GUI LABEL gui SCALES 1.25 1.5 2 LINKS vexnumkr_test_grid)
+vexnumkr_test(gui/grid/grid_scales_test GUI LABEL gui SCALES 1.25 1.5 2 LINKS vexnumkr_test_grid)

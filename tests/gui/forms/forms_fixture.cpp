@@ -1,4 +1,4 @@
-#include "gui/forms_fixture.h"
+#include "gui/forms/forms_fixture.h"
 
 #include <QApplication>
 #include <QMessageBox>

@@ -6,7 +6,7 @@
 #include <QTest>
 #include <QWheelEvent>
 
-#include "gui/forms_fixture.h"
+#include "gui/forms/forms_fixture.h"
 #include "platform/tree_grid.h"
 
 namespace vexnumkr::test {

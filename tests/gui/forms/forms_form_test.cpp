@@ -6,7 +6,7 @@
 #include <QTest>
 #include <QTimer>
 
-#include "gui/forms_fixture.h"
+#include "gui/forms/forms_fixture.h"
 
 namespace vexnumkr::test {
 namespace {

@@ -1,4 +1,4 @@
-#include "gui/grid_fixture.h"
+#include "gui/grid/grid_fixture.h"
 
 namespace vexnumkr::test {
 namespace {

@@ -4,7 +4,7 @@
 #include <QStyleOptionViewItem>
 #include <QTest>
 
-#include "gui/forms_fixture.h"
+#include "gui/forms/forms_fixture.h"
 
 namespace vexnumkr::test {
 namespace {

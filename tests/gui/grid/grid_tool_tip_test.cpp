@@ -2,7 +2,7 @@
 #include <QHelpEvent>
 #include <QToolTip>
 
-#include "gui/grid_fixture.h"
+#include "gui/grid/grid_fixture.h"
 
 namespace vexnumkr::test {
 namespace {

@@ -1,6 +1,6 @@
 #include <QHeaderView>
 
-#include "gui/grid_fixture.h"
+#include "gui/grid/grid_fixture.h"
 
 namespace vexnumkr::test {
 namespace {

@@ -3,7 +3,7 @@
 #include <QHeaderView>
 #include <QScrollBar>
 
-#include "gui/grid_fixture.h"
+#include "gui/grid/grid_fixture.h"
 
 namespace vexnumkr::test {
 namespace {

@@ -1,7 +1,7 @@
 // What a screen reader is told without having asked.
 #include <algorithm>
 
-#include "gui/grid_fixture.h"
+#include "gui/grid/grid_fixture.h"
 #include "support/screen_reader.h"
 
 namespace vexnumkr::test {

@@ -5,5 +5,5 @@ target_link_libraries(vexnumkr_test_forms
   PRIVATE vexnumkr_options)
 
 foreach(name check_list combo controls form keys message_box pending_edits progress)
-  vexnumkr_test(gui/forms_${name}_test GUI LABEL gui LINKS vexnumkr_test_forms)
+  vexnumkr_test(gui/forms/forms_${name}_test GUI LABEL gui LINKS vexnumkr_test_forms)
 endforeach()

@@ -8,7 +8,7 @@
 #include <QWindow>
 
 #include "adapters/qtforms/progress/qt_progress_display.h"
-#include "gui/forms_fixture.h"
+#include "gui/forms/forms_fixture.h"
 
 namespace vexnumkr::test {
 namespace {

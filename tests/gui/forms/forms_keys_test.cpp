@@ -5,7 +5,7 @@
 #include <QListWidget>
 #include <QTest>
 
-#include "gui/forms_fixture.h"
+#include "gui/forms/forms_fixture.h"
 
 namespace vexnumkr::test {
 namespace {

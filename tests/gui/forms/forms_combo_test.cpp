@@ -5,7 +5,7 @@
 #include <QTest>
 #include <QWheelEvent>
 
-#include "gui/forms_fixture.h"
+#include "gui/forms/forms_fixture.h"
 
 namespace vexnumkr::test {
 namespace {

@@ -2,7 +2,7 @@
 #include <QApplication>
 
 #include "adapters/qtgrid/view/grid_colours.h"
-#include "gui/grid_fixture.h"
+#include "gui/grid/grid_fixture.h"
 #include "gui/palettes.h"
 
 namespace vexnumkr::test {
