@@ -110,11 +110,14 @@ TEST_F(GridColumnsTest, RowsAreHighEnoughForTheirFont) {
   EXPECT_GT(view().visualRect(cell(0, 1)).height(), view().fontMetrics().height());
 }
 
-TEST_F(GridColumnsTest, PropertiesWithoutEffectAreAccepted) {
-  grid->RowHeaderFont({"Liberation Sans", 9, false});
+TEST_F(GridColumnsTest, PropertiesWithoutEffectChangeNothingThatIsSeen) {
+  const QImage before = view().grab().toImage();
+  grid->RowHeaderFont({"Liberation Serif", 20, true});
   grid->CellButtonPicture(pictureHandle(PictureKind::CellButton));
   grid->DisplayStyle(3);
-  EXPECT_EQ(grid->ListCount(), 8);
+  EXPECT_EQ(view().grab().toImage(), before);
+  grid->SetFont({"Liberation Serif", 20, true});
+  EXPECT_NE(view().grab().toImage(), before);
 }
 
 }  // namespace
