@@ -6,7 +6,6 @@
 #include <QHelpEvent>
 #include <QLineEdit>
 #include <QTest>
-#include <QTextDocument>
 #include <QToolTip>
 #include <QWindow>
 #include <chrono>
@@ -15,6 +14,7 @@
 
 #include <vexnumkr/adapters.h>
 
+#include "adapters/qt/tool_tips.h"
 #include "adapters/qtforms/qt_forms_toolkit.h"
 #include "data/table/columns.h"
 #include "scenario/controls.h"
@@ -46,14 +46,6 @@ void calmApplication() {
 void hideToolTips() {
   for (QWidget* window : QApplication::topLevelWidgets())
     if (window->inherits("QTipLabel")) window->hide();
-}
-
-// Tips that look like mark-up are shown as escaped mark-up.
-std::string plainText(const QString& toolTip) {
-  if (!Qt::mightBeRichText(toolTip)) return toolTip.toStdString();
-  QTextDocument document;
-  document.setHtml(toolTip);
-  return document.toPlainText().toStdString();
 }
 
 }  // namespace
@@ -224,7 +216,8 @@ std::string DialogSession::toolTip(std::int32_t item, std::int32_t column) const
   hideToolTips();
   QHelpEvent wanted(QEvent::ToolTip, centre, viewport.mapToGlobal(centre));
   QApplication::sendEvent(&viewport, &wanted);
-  const std::string text = QToolTip::isVisible() ? plainText(QToolTip::text()) : std::string();
+  const std::string text =
+      QToolTip::isVisible() ? toolTipText(QToolTip::text()).toStdString() : std::string();
   hideToolTips();
   return text;
 }

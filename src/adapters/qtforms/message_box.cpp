@@ -6,8 +6,8 @@
 #include <QPushButton>
 #include <vector>
 
+#include "adapters/qt/text.h"
 #include "adapters/qtforms/modal_owner.h"
-#include "adapters/qtforms/text.h"
 #include "platform/forms.h"
 
 namespace vexnumkr::qtforms {

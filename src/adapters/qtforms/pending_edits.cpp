@@ -3,7 +3,7 @@
 #include <QScopedValueRollback>
 #include <QWidget>
 
-#include "adapters/qtforms/guarded.h"
+#include "adapters/qt/guarded.h"
 #include "adapters/qtgrid/qt_tree_grid.h"
 
 namespace vexnumkr::qtforms {

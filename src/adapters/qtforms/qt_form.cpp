@@ -7,11 +7,11 @@
 #include <QPixmap>
 #include <QPushButton>
 
-#include "adapters/qtforms/fonts.h"
-#include "adapters/qtforms/guarded.h"
+#include "adapters/qt/fonts.h"
+#include "adapters/qt/guarded.h"
+#include "adapters/qt/text.h"
+#include "adapters/qt/units.h"
 #include "adapters/qtforms/modal_owner.h"
-#include "adapters/qtforms/text.h"
-#include "adapters/qtforms/units.h"
 
 namespace vexnumkr::qtforms {
 namespace {

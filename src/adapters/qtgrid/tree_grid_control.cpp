@@ -2,45 +2,17 @@
 
 #include <QHeaderView>
 #include <QKeyEvent>
-#include <algorithm>
-#include <cmath>
 
 #include <vexnumkr/error.h>
 
+#include "adapters/qt/fonts.h"
+#include "adapters/qt/guarded.h"
 #include "adapters/qt/key_codes.h"
-#include "adapters/qtgrid/plain_text.h"
-#include "adapters/qtgrid/raise_event.h"
+#include "adapters/qt/text.h"
+#include "adapters/qt/units.h"
 
 namespace vexnumkr {
 namespace {
-
-constexpr double twipsPerPixel = 15;
-
-int toPixels(std::int32_t twips) { return static_cast<int>(std::lround(twips / twipsPerPixel)); }
-
-QRect toPixels(const Rect& twips) {
-  const QPoint topLeft(toPixels(twips.left), toPixels(twips.top));
-  const QPoint end(toPixels(twips.left + twips.width), toPixels(twips.top + twips.height));
-  return {topLeft, end - QPoint(1, 1)};
-}
-
-// Font sizes are points at the design resolution, so that texts fit columns on every screen.
-constexpr double pixelsPerPoint = 96.0 / 72.0;
-
-/// What `font` leaves open is as in `current`.
-QFont toQFont(const Font& font, const QFont& current) {
-  QFont result(current);
-  if (!font.name.empty()) result.setFamilies({toQString(font.name)});
-  if (font.size > 0) {
-    result.setPixelSize(std::max(1, static_cast<int>(std::lround(font.size * pixelsPerPoint))));
-  }
-  result.setBold(font.bold);
-  return result;
-}
-
-double pointSize(const QFont& font) {
-  return font.pixelSize() > 0 ? font.pixelSize() / pixelsPerPoint : font.pointSizeF();
-}
 
 std::int16_t buttonNumber(Qt::MouseButton button) {
   if (button == Qt::LeftButton) return 1;
@@ -51,9 +23,9 @@ std::int16_t buttonNumber(Qt::MouseButton button) {
 
 TreeGridControl::TreeGridControl(const ControlDescription& description, QWidget* parent)
     : view_(new GridView(description.columns, parent)), edit_(*view_) {
-  view_->setObjectName(toQString(description.name));
-  view_->setAccessibleName(toQString(
-      description.accessibleName.empty() ? description.caption : description.accessibleName));
+  view_->setObjectName(toQt(description.name));
+  view_->setAccessibleName(
+      toQt(description.accessibleName.empty() ? description.caption : description.accessibleName));
   view_->setFocusPolicy(description.tabIndex < 0 ? Qt::ClickFocus : Qt::StrongFocus);
   view_->setHidden(!description.visible);
   Position(description.position);
@@ -88,11 +60,9 @@ void TreeGridControl::Position(const Rect& position) {
   position_ = position;
 }
 
-void TreeGridControl::SetFont(const Font& font) { view().setFont(toQFont(font, view().font())); }
+void TreeGridControl::SetFont(const Font& font) { view().setFont(withFont(view().font(), font)); }
 
-void TreeGridControl::ToolTipText(const std::string& text) {
-  view().setToolTip(asPlainToolTip(toQString(text)));
-}
+void TreeGridControl::ToolTipText(const std::string& text) { view().setToolTip(toQt(text)); }
 
 std::int32_t TreeGridControl::AddItem(std::string_view text) { return model().append(text); }
 
@@ -184,12 +154,12 @@ void TreeGridControl::StartEdit(std::int32_t index, std::int16_t column) {
 bool TreeGridControl::EndEdit(bool keepText) { return !view_ || edit_.end(keepText); }
 
 void TreeGridControl::ItemEditFont(const Font& font) {
-  edit_.useFont(toQFont(font, view().font()));
+  edit_.useFont(withFont(view().font(), font));
 }
 
 void TreeGridControl::ColHeaderFont(const Font& font) {
   QHeaderView& header = *view().header();
-  header.setFont(toQFont(font, header.font()));
+  header.setFont(withFont(header.font(), font));
 }
 
 void TreeGridControl::RowHeaderFont(const Font&) {}
@@ -259,7 +229,7 @@ void TreeGridControl::pressed(const GridHit& hit, Qt::MouseButton button) {
   ListIndex(hit.item);
   if (hit.onArrow) view().toggle(hit.item);
   if (events_ == nullptr) return;
-  raiseEvent([&] {
+  guarded("ItemClick", [&] {
     events_->ItemClick(hit.item, static_cast<std::int16_t>(hit.column), hit.area,
                        buttonNumber(button));
   });
@@ -268,7 +238,7 @@ void TreeGridControl::pressed(const GridHit& hit, Qt::MouseButton button) {
 bool TreeGridControl::keyPressed(const QKeyEvent& event) {
   if (isEditing()) return true;
   const std::int16_t key = keyCode(event);
-  if (events_ != nullptr) raiseEvent([&] { events_->KeyDown(key); });
+  if (events_ != nullptr) guarded("KeyDown", [&] { events_->KeyDown(key); });
   // These two mean something to the form only, and what a handler opened must not see the key.
   return key == key_code::space || key == key_code::f2 || isEditing();
 }
@@ -280,9 +250,9 @@ void TreeGridControl::currentItemChanged(int item) {
 QString TreeGridControl::toolTip(int column, const QString& proposal) {
   std::string text = proposal.toStdString();
   if (events_ != nullptr) {
-    raiseEvent([&] { events_->ToolTipText(static_cast<std::int16_t>(column), text); });
+    guarded("ToolTipText", [&] { events_->ToolTipText(static_cast<std::int16_t>(column), text); });
   }
-  return toQString(text);
+  return toQt(text);
 }
 
 std::unique_ptr<QtTreeGrid> makeQtTreeGrid(const ControlDescription& description, QWidget* parent) {

@@ -2,8 +2,8 @@
 
 #include <QAbstractItemView>
 
+#include "adapters/qt/guarded.h"
 #include "adapters/qt/scroll_bar.h"
-#include "adapters/qtforms/guarded.h"
 
 namespace vexnumkr::qtforms {
 
@@ -40,7 +40,7 @@ std::int32_t ComboControl::ListCount() const { return widget_.count(); }
 
 std::string ComboControl::List(std::int32_t index) const {
   if (index < 0 || index >= widget_.count()) throw Error::invalidPropertyValue();
-  return fromQt(widget_.itemText(index));
+  return widget_.itemText(index).toStdString();
 }
 
 std::int32_t ComboControl::ListIndex() const { return chosen_; }
@@ -51,7 +51,7 @@ void ComboControl::ListIndex(std::int32_t index) {
   click();
 }
 
-std::string ComboControl::Text() const { return fromQt(widget_.itemText(chosen_)); }
+std::string ComboControl::Text() const { return widget_.itemText(chosen_).toStdString(); }
 
 void ComboControl::Text(const std::string& text) {
   const int index = widget_.findText(toQt(text), Qt::MatchExactly | Qt::MatchCaseSensitive);

@@ -3,9 +3,9 @@
 #include <QKeyEvent>
 #include <QScopedValueRollback>
 
+#include "adapters/qt/guarded.h"
 #include "adapters/qt/key_codes.h"
-#include "adapters/qtgrid/plain_text.h"
-#include "adapters/qtgrid/raise_event.h"
+#include "adapters/qt/text.h"
 
 namespace vexnumkr {
 
@@ -37,7 +37,7 @@ void GridEdit::open(int item, int column) {
   editor_->setAlignment(model.alignmentOf(section));
   editor_->useSelectionOf(view_.palette());
   editor_->setAccessibleName(view_.pathOf(item, section));
-  editor_->setText(toQString(model.items().text(item, column)));
+  editor_->setText(toQt(model.items().text(item, column)));
   session_ = Session{item, static_cast<std::int16_t>(column), editor_->text()};
   ++serial_;
   layOut();
@@ -79,12 +79,12 @@ bool GridEdit::offerText() {
   const Session session = *session_;
   bool cancel = false;
   std::string text = editor_->text().toStdString();
-  const bool returned = events_ == nullptr || raiseEvent([&] {
+  const bool returned = events_ == nullptr || guarded("AfterEdit", [&] {
                           events_->AfterEdit(session.item, session.column, cancel, text);
                         });
   if (serial_ != serial) return !session_;
   if (cancel && returned) {
-    refuse(toQString(text));
+    refuse(toQt(text));
     return false;
   }
   view_.gridModel().setText(session.item, session.column, text);
@@ -115,7 +115,7 @@ bool GridEdit::editorKeyPressed(const QKeyEvent& event) {
   std::int16_t key = keyCode(event);
   const std::int16_t shift = keyShift(event);
   if (events_ != nullptr) {
-    raiseEvent([&] { events_->CEKeyDown(key, shift, session.item, session.column); });
+    guarded("CEKeyDown", [&] { events_->CEKeyDown(key, shift, session.item, session.column); });
   }
   if (serial_ != serial || key == 0) return true;
   return endByKey(key, shift);

@@ -133,7 +133,7 @@ class GridView : public QTreeView {
   void fitFirstSection();
   void fitScrollBars();
   void cellsMoved();
-  bool showToolTip(const QHelpEvent& event);
+  bool showCellToolTip(const QHelpEvent& event);
   QRect cellRect(const QModelIndex& index) const;
   void makeAccessible();
   void announceExpansion(int item);

@@ -2,10 +2,9 @@
 #include <QHeaderView>
 #include <QHelpEvent>
 #include <QPainter>
-#include <QToolTip>
 
 #include "adapters/qt/device_pixels.h"
-#include "adapters/qtgrid/plain_text.h"
+#include "adapters/qt/tool_tips.h"
 #include "adapters/qtgrid/view/grid_colours.h"
 #include "adapters/qtgrid/view/grid_view.h"
 
@@ -60,11 +59,11 @@ void GridView::paintCells(QPainter* painter, const QStyleOptionViewItem& row,
 }
 
 bool GridView::viewportEvent(QEvent* event) {
-  if (event->type() == QEvent::ToolTip) return showToolTip(*static_cast<QHelpEvent*>(event));
+  if (event->type() == QEvent::ToolTip) return showCellToolTip(*static_cast<QHelpEvent*>(event));
   return QTreeView::viewportEvent(event);
 }
 
-bool GridView::showToolTip(const QHelpEvent& event) {
+bool GridView::showCellToolTip(const QHelpEvent& event) {
   const QModelIndex index = indexAt(event.pos());
   QString text = toolTip();
   QRect area;
@@ -73,13 +72,9 @@ bool GridView::showToolTip(const QHelpEvent& event) {
     const bool fits = delegate_->fits(index, area, font());
     const QString proposal = fits ? QString() : index.data().toString();
     const QString wanted = listener_->toolTip(model_->columnOf(index.column()), proposal);
-    if (!wanted.isEmpty()) text = asPlainToolTip(wanted);
+    if (!wanted.isEmpty()) text = wanted;
   }
-  if (text.isEmpty()) {
-    QToolTip::hideText();
-  } else {
-    QToolTip::showText(event.globalPos(), text, viewport(), area);
-  }
+  showToolTip(event, text, *viewport(), area);
   return true;
 }
 

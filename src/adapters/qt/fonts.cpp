@@ -1,21 +1,20 @@
-#include "adapters/qtforms/fonts.h"
+#include "adapters/qt/fonts.h"
 
 #include <QFontMetricsF>
 #include <QStringList>
 #include <algorithm>
 #include <cmath>
 
-#include "adapters/qtforms/text.h"
+#include "adapters/qt/text.h"
 
-namespace vexnumkr::qtforms {
+namespace vexnumkr {
 namespace {
 
-constexpr double designDotsPerInch = 96;
-constexpr double pointsPerInch = 72;
+constexpr double pixelsPerPoint = 96.0 / 72.0;  // of the design resolution
 constexpr double closestSpacing = 92;
 
 int pixelSize(double points) {
-  return std::max(1, static_cast<int>(std::lround(points * designDotsPerInch / pointsPerInch)));
+  return std::max(1, static_cast<int>(std::lround(points * pixelsPerPoint)));
 }
 
 }  // namespace
@@ -39,6 +38,10 @@ QFont withFont(const QFont& current, const Font& font) {
   return result;
 }
 
+double pointSize(const QFont& font) {
+  return font.pixelSize() > 0 ? font.pixelSize() / pixelsPerPoint : font.pointSizeF();
+}
+
 QFont formFont(const Font& font) {
   QFont base;
   base.setPixelSize(pixelSize(defaultFontSize));
@@ -54,4 +57,4 @@ QFont fitted(QFont font, const QString& text, int width) {
   return font;
 }
 
-}  // namespace vexnumkr::qtforms
+}  // namespace vexnumkr

@@ -5,7 +5,7 @@
 
 #include "platform/forms.h"
 
-namespace vexnumkr::qtforms {
+namespace vexnumkr {
 
 /// The size, in points, of a font that says nothing else.
 inline constexpr double defaultFontSize = 8.25;
@@ -18,6 +18,9 @@ void registerFontSubstitutes();
 /// pixels of the design resolution, so that texts fit controls whatever the screen says of itself.
 QFont withFont(const QFont& current, const Font& font);
 
+/// The size of `font` in points, as Font has it.
+double pointSize(const QFont& font);
+
 /// The font that a form begins with.
 QFont formFont(const Font& font);
 
@@ -25,4 +28,4 @@ QFont formFont(const Font& font);
 /// is where the text fits.
 QFont fitted(QFont font, const QString& text, int width);
 
-}  // namespace vexnumkr::qtforms
+}  // namespace vexnumkr

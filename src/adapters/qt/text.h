@@ -1,11 +1,10 @@
-// Texts of the dialogs (UTF-8) and of Qt.
+// Texts of the dialogs (UTF-8) as Qt has them; QString::toStdString leads back.
 #pragma once
 
 #include <QString>
-#include <string>
 #include <string_view>
 
-namespace vexnumkr::qtforms {
+namespace vexnumkr {
 
 inline QString toQt(std::string_view text) {
   return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
@@ -16,6 +15,4 @@ inline QString toQtLines(std::string_view text) {
   return toQt(text).replace(QLatin1String("\r\n"), QLatin1String("\n"));
 }
 
-inline std::string fromQt(const QString& text) { return text.toStdString(); }
-
-}  // namespace vexnumkr::qtforms
+}  // namespace vexnumkr
