@@ -10,6 +10,7 @@
 #include "adapters/qt/key_codes.h"
 #include "adapters/qt/text.h"
 #include "adapters/qt/units.h"
+#include "adapters/qtgrid/accessible/grid_accessible.h"
 
 namespace vexnumkr {
 namespace {
@@ -29,6 +30,7 @@ TreeGridControl::TreeGridControl(const ControlDescription& description, QWidget*
   view_->setFocusPolicy(description.tabIndex < 0 ? Qt::ClickFocus : Qt::StrongFocus);
   view_->setHidden(!description.visible);
   Position(description.position);
+  makeAccessible(*view_);
   view_->listen(this);
 }
 

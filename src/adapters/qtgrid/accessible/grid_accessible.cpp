@@ -16,7 +16,19 @@ namespace {
 constexpr int headerRow = -1;
 constexpr int pictureSection = -1;
 
+void announce(QAccessibleInterface* part, const QAccessible::State& changed) {
+  if (part == nullptr) return;
+  QAccessibleStateChangeEvent event(part, changed);
+  QAccessible::updateAccessibility(&event);
+}
+
 }  // namespace
+
+// Qt asks no factory for an object whose interface it has, so that nothing of the host's
+// application has to be changed.
+void makeAccessible(GridView& view) {
+  QAccessible::registerAccessibleInterface(new GridAccessible(view));
+}
 
 GridAccessible::GridAccessible(GridView& view) : QAccessibleWidget(&view, QAccessible::Tree) {}
 
@@ -161,6 +173,36 @@ bool GridAccessible::unselectRow(int row) {
 // Cells are known by their place, so that changed contents leave them good.
 void GridAccessible::modelChange(QAccessibleTableModelChangeEvent* event) {
   if (event->modelChangeType() != QAccessibleTableModelChangeEvent::DataChanged) forgetParts();
+}
+
+void GridAccessible::expansionChanged(int item) {
+  QAccessible::State changed;
+  changed.expanded = true;
+  changed.collapsed = true;
+  announce(cell(item, 0), changed);
+  QAccessibleTableModelChangeEvent rows(&view(), QAccessibleTableModelChangeEvent::ModelReset);
+  QAccessible::updateAccessibility(&rows);
+}
+
+void GridAccessible::checkChanged(int item) {
+  QAccessible::State changed;
+  changed.checked = true;
+  announce(cell(item, 0), changed);
+  announce(picture(item), changed);
+}
+
+void GridAccessible::textChanged(int item, int section) {
+  QAccessibleInterface* const changed = cell(item, section);
+  QAccessibleEvent named(changed, QAccessible::NameChanged);
+  QAccessible::updateAccessibility(&named);
+  if (section == 0) return;
+  QAccessibleValueChangeEvent valued(changed, changed->text(QAccessible::Value));
+  QAccessible::updateAccessibility(&valued);
+}
+
+void GridAccessible::focusMoved(int item, int section) {
+  QAccessibleEvent event(cell(item, section), QAccessible::Focus);
+  QAccessible::updateAccessibility(&event);
 }
 
 }  // namespace vexnumkr

@@ -4,9 +4,14 @@
 #include <QAccessibleWidget>
 #include <QHash>
 
+#include "adapters/qtgrid/view/grid_announcer.h"
+
 namespace vexnumkr {
 
 class GridView;
+
+/// Lets assistive technology see `view` as a grid. REQUIRES: not done before.
+void makeAccessible(GridView& view);
 
 /// The children are the headers and then the cells, row by row, in the order in which Qt's own item
 /// views number them in their events. Rows are those that are shown: children of collapsed groups
@@ -14,7 +19,9 @@ class GridView;
 ///
 /// Belongs to Qt, which deletes it with its view. Its parts are made when they are asked for, and
 /// are good until the structure of the list changes.
-class GridAccessible final : public QAccessibleWidget, public QAccessibleTableInterface {
+class GridAccessible final : public QAccessibleWidget,
+                             public QAccessibleTableInterface,
+                             public GridAnnouncer {
  public:
   explicit GridAccessible(GridView& view);
   ~GridAccessible() override;
@@ -60,6 +67,11 @@ class GridAccessible final : public QAccessibleWidget, public QAccessibleTableIn
   bool unselectRow(int row) override;
   bool unselectColumn(int) override { return false; }
   void modelChange(QAccessibleTableModelChangeEvent* event) override;
+
+  void expansionChanged(int item) override;
+  void checkChanged(int item) override;
+  void textChanged(int item, int section) override;
+  void focusMoved(int item, int section) override;
 
  private:
   template <class Make>

@@ -25,7 +25,7 @@ GridView::GridView(const std::vector<ColumnDescription>& columns, QWidget* paren
   setItemDelegate(delegate_);
   setModel(model_);
   setUpHeader();
-  makeAccessible();
+  followShownItems();
   connect(this, &QTreeView::collapsed, this, &GridView::adopt);
   connect(
       model_, &QAbstractItemModel::rowsMoved, this,

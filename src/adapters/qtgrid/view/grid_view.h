@@ -11,6 +11,8 @@
 
 namespace vexnumkr {
 
+class GridAnnouncer;
+
 /// What lies under a point of the grid. `item` is -1 where there is none.
 struct GridHit {
   int item = -1;
@@ -135,10 +137,8 @@ class GridView : public QTreeView {
   void cellsMoved();
   bool showCellToolTip(const QHelpEvent& event);
   QRect cellRect(const QModelIndex& index) const;
-  void makeAccessible();
-  void announceExpansion(int item);
-  void announceChecked(int item);
-  void announceText(int item, int section);
+  void followShownItems();
+  GridAnnouncer* announcer();
   void paintRule(QPainter* painter, const QRect& row) const;
   void paintCells(QPainter* painter, const QStyleOptionViewItem& row,
                   const QModelIndex& index) const;
