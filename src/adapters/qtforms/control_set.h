@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "adapters/qt/tool_tips.h"
-#include "adapters/qtforms/pending_edits.h"
+#include "adapters/qtforms/controls/pending_edits.h"
 #include "platform/forms.h"
 
 class QPushButton;

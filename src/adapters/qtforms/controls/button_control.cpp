@@ -5,7 +5,7 @@
 
 #include "adapters/qt/assistive_action.h"
 #include "adapters/qt/guarded.h"
-#include "adapters/qtforms/access_key.h"
+#include "adapters/qtforms/controls/access_key.h"
 
 namespace vexnumkr::qtforms {
 namespace {

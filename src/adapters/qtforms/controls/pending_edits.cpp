@@ -1,4 +1,4 @@
-#include "adapters/qtforms/pending_edits.h"
+#include "adapters/qtforms/controls/pending_edits.h"
 
 #include <QScopedValueRollback>
 #include <QWidget>

@@ -1,4 +1,4 @@
-#include "adapters/qtgrid/tree_grid_control.h"
+#include "adapters/qtgrid/control/tree_grid_control.h"
 
 #include <QHeaderView>
 #include <QKeyEvent>

@@ -1,3 +1,3 @@
-#include "app/host_program.h"
+#include "app/program/host_program.h"
 
 int main(int argc, char** argv) { return vexnumkr::app::runHost(argc, argv); }

@@ -1,4 +1,4 @@
-#include "app/host_program.h"
+#include "app/program/host_program.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QLibraryInfo>

@@ -1,4 +1,4 @@
-#include "adapters/qtforms/access_key.h"
+#include "adapters/qtforms/controls/access_key.h"
 
 namespace vexnumkr::qtforms {
 
