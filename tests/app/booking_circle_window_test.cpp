@@ -1,12 +1,12 @@
 #include <gtest/gtest.h>
 
-#include <QtTest/QTest>
-#include <QtWidgets/QLabel>
-#include <QtWidgets/QLineEdit>
-#include <QtWidgets/QMessageBox>
-#include <QtWidgets/QPushButton>
-#include <QtWidgets/QStyledItemDelegate>
-#include <QtWidgets/QTreeWidget>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QStyledItemDelegate>
+#include <QTest>
+#include <QTreeWidget>
 #include <array>
 
 #include <vexnumkr/error.h>

@@ -90,9 +90,22 @@ file(GLOB_RECURSE files RELATIVE "${SOURCE_DIR}"
 foreach(file IN LISTS files)
   file(STRINGS "${SOURCE_DIR}/${file}" includes REGEX "^#include ")
   foreach(line IN LISTS includes)
-    if(NOT line MATCHES "^#include (\"app/|<vexnumkr/|<Q[A-Za-z/]+>|<[a-z_]+>)")
+    if(NOT line MATCHES "^#include (\"app/|<vexnumkr/|<Q[A-Za-z]+>|<[a-z_]+>)")
       list(APPEND failures "${file}: ${line}")
     endif()
+  endforeach()
+endforeach()
+
+# Qt's headers are named without the module that they are in.
+file(GLOB_RECURSE files RELATIVE "${SOURCE_DIR}"
+  "${SOURCE_DIR}/src/*.h" "${SOURCE_DIR}/src/*.cpp" "${SOURCE_DIR}/tests/*.h"
+  "${SOURCE_DIR}/tests/*.cpp" "${SOURCE_DIR}/bench/*.h" "${SOURCE_DIR}/bench/*.cpp"
+  "${SOURCE_DIR}/examples/*.cpp")
+list(FILTER files EXCLUDE REGEX "^src/adapters/qtsql/|^tests/contract/")
+foreach(file IN LISTS files)
+  file(STRINGS "${SOURCE_DIR}/${file}" includes REGEX "^#include <Qt[A-Z][A-Za-z]+/[A-Za-z]+>")
+  foreach(line IN LISTS includes)
+    list(APPEND failures "${file}: ${line}")
   endforeach()
 endforeach()
 

@@ -1,8 +1,8 @@
 // Commands on the tree grid: what a user does to it and what it shows.
-#include <QtGui/QHelpEvent>
-#include <QtWidgets/QApplication>
-#include <QtWidgets/QLineEdit>
-#include <QtWidgets/QToolTip>
+#include <QApplication>
+#include <QHelpEvent>
+#include <QLineEdit>
+#include <QToolTip>
 #include <cstdio>
 
 #include "adapters/qt/tool_tips.h"

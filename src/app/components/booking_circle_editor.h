@@ -1,7 +1,7 @@
 // Entering the number and the description of a booking circle.
 #pragma once
 
-#include <QtWidgets/QDialog>
+#include <QDialog>
 #include <vector>
 
 #include "app/components/booking_circles.h"

@@ -1,7 +1,7 @@
 // The window of the booking-circle administration.
 #pragma once
 
-#include <QtWidgets/QDialog>
+#include <QDialog>
 #include <functional>
 #include <string>
 #include <vector>

@@ -1,11 +1,11 @@
 #include "app/program/host_program.h"
 
-#include <QtCore/QCoreApplication>
-#include <QtCore/QLibraryInfo>
-#include <QtCore/QLocale>
-#include <QtCore/QTranslator>
-#include <QtGui/QIcon>
-#include <QtWidgets/QApplication>
+#include <QApplication>
+#include <QCoreApplication>
+#include <QIcon>
+#include <QLibraryInfo>
+#include <QLocale>
+#include <QTranslator>
 #include <cstdlib>
 #include <iostream>
 #include <memory>
