@@ -2,6 +2,7 @@
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QComboBox>
+#include <QScreen>
 #include <QTest>
 #include <QWheelEvent>
 
@@ -200,6 +201,30 @@ TEST_F(ComboTest, TheUserChoosesByWheel) {
     wheel(120);
   });
   EXPECT_EQ(clicks, (Log{"Ärgerlich", "Bert", "Anna"}));
+}
+
+TEST_F(ComboTest, TheWheelChoosesNothingWithoutTheFocus) {
+  fill();
+  combo().SelectSilently(1);
+  show([&] {
+    widget("cmdOK").setFocus();
+    wheel(-120);
+    EXPECT_FALSE(box().hasFocus());
+  });
+  EXPECT_EQ(clicks, Log{});
+  EXPECT_EQ(combo().ListIndex(), 1);
+}
+
+TEST_F(ComboTest, AListIsNoWiderThanTheScreen) {
+  combo().AddItem("kurz");
+  combo().AddItem(std::string(400, 'W'));
+  show([&] {
+    box().showPopup();
+    const QRect screen = window().screen()->availableGeometry();
+    EXPECT_TRUE(screen.contains(box().view()->window()->geometry()));
+    EXPECT_GE(box().view()->viewport()->height(), 2 * box().view()->sizeHintForRow(0));
+    box().hidePopup();
+  });
 }
 
 TEST_F(ComboTest, TheListIsAsWideAsItsEntries) {

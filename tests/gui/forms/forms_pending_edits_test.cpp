@@ -35,7 +35,9 @@ class GridEvents final : public TreeGridEvents {
 
 class PendingEditsTest : public FormsTest {
  protected:
-  PendingEditsTest() : gridEvents(events.log()) {
+  PendingEditsTest() : gridEvents(events.log()) { fill(); }
+
+  void fill() {
     make({gridDescription(),
           described(ControlKind::ComboBox, "cboUser", {0, 2000, 1500, 315}, {}, 4),
           button("cmdAuto", {0, 2400, 1200, 345}, "&Automatisch", 1),
@@ -95,6 +97,11 @@ class PendingEditsTest : public FormsTest {
     QWheelEvent event(QPointF(5, 5), box().mapToGlobal(QPointF(5, 5)), QPoint(), QPoint(0, -120),
                       Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
     QApplication::sendEvent(&box(), &event);
+  }
+
+  void wheelDownWithFocus() {
+    box().setFocus();
+    wheelDown();
   }
 
   GridEvents gridEvents;
@@ -258,15 +265,27 @@ TEST_F(PendingEditsTest, ChoosingWithoutTheListKeepsTheTextFirst) {
   gridEvents.onAfterEdit = [&] {
     shownMeanwhile = combo().Text() + box().currentText().toStdString();
   };
-  EXPECT_EQ(whileEditing("2000", [&] { wheelDown(); }), (Log{"AfterEdit 2000", "chose Bert"}));
+  EXPECT_EQ(whileEditing("2000", [&] { wheelDownWithFocus(); }),
+            (Log{"AfterEdit 2000", "chose Bert"}));
   EXPECT_EQ(shownMeanwhile, "AnnaAnna") << "the entry changes when the edit has ended";
+}
+
+TEST_F(PendingEditsTest, TheWheelOverAListWithoutTheFocusChangesNothing) {
+  EXPECT_EQ(whileEditing("2000",
+                         [&] {
+                           wheelDown();
+                           ASSERT_NE(editor(), nullptr);
+                           EXPECT_EQ(editor()->text(), QStringLiteral("2000"));
+                         }),
+            Log{});
+  EXPECT_EQ(combo().ListIndex(), 0);
 }
 
 TEST_F(PendingEditsTest, ARefusedTextLeavesTheEntry) {
   gridEvents.refuse = true;
   EXPECT_EQ(whileEditing("abc",
                          [&] {
-                           wheelDown();
+                           wheelDownWithFocus();
                            expectStillEditing("abc");
                            box().setFocus();
                            QTest::keyClick(&box(), Qt::Key_Down);
@@ -279,7 +298,7 @@ TEST_F(PendingEditsTest, ARefusedTextLeavesTheEntry) {
 
 TEST_F(PendingEditsTest, AListFilledAnewMeanwhileTakesNoStaleChoice) {
   gridEvents.onAfterEdit = [&] { combo().Clear(); };
-  EXPECT_EQ(whileEditing("2000", [&] { wheelDown(); }), Log{"AfterEdit 2000"});
+  EXPECT_EQ(whileEditing("2000", [&] { wheelDownWithFocus(); }), Log{"AfterEdit 2000"});
   EXPECT_EQ(combo().ListIndex(), -1);
 }
 

@@ -1,6 +1,9 @@
 #include "adapters/qtforms/controls/combo_control.h"
 
 #include <QAbstractItemView>
+#include <QScreen>
+#include <QWheelEvent>
+#include <algorithm>
 
 #include "adapters/qt/guarded.h"
 #include "adapters/qt/scroll_bar.h"
@@ -12,15 +15,24 @@ void DropDownList::showPopup() {
     hidePopup();
     return;
   }
-  view()->setMinimumWidth(view()->sizeHintForColumn(0) +
-                          view()->verticalScrollBar()->sizeHint().width());
+  const int wanted = view()->sizeHintForColumn(0) + view()->verticalScrollBar()->sizeHint().width();
+  view()->setMinimumWidth(std::min(wanted, screen()->availableGeometry().width()));
   QComboBox::showPopup();
+}
+
+void DropDownList::wheelEvent(QWheelEvent* event) {
+  if (hasFocus()) {
+    QComboBox::wheelEvent(event);
+  } else {
+    event->ignore();
+  }
 }
 
 ComboControl::ComboControl(const ControlDescription& description, QWidget& parent,
                            PendingEdits& edits)
     : WidgetControl(description, parent), edits_(edits) {
   widget_.watch(edits);
+  if (description.tabIndex >= 0) widget_.setFocusPolicy(Qt::StrongFocus);  // none by the wheel
   widget_.view()->setVerticalScrollBar(new ScrollBar(Qt::Vertical));
   QObject::connect(&widget_, &QComboBox::activated, &widget_,
                    [this](int index) { chosenByUser(index); });
