@@ -6,6 +6,7 @@
 #include <QHelpEvent>
 #include <QLineEdit>
 #include <QTest>
+#include <QTimer>
 #include <QToolTip>
 #include <QWindow>
 #include <chrono>
@@ -86,6 +87,14 @@ void DialogSession::show(std::function<void()> steps) {
   watchdog_.begin(0, "the dialog to be closed");
   user_.expectDialog("frmNummernkreise", std::move(steps));
   component_.ShowDialog();
+  watchdog_.end();
+}
+
+void DialogSession::showToTheEnd(std::function<void()> steps) {
+  watchdog_.begin(0, "the application to end");
+  user_.expectDialogToTheEnd("frmNummernkreise", std::move(steps));
+  QTimer::singleShot(0, &user_, [this] { component_.ShowDialog(); });
+  QCoreApplication::exec();
   watchdog_.end();
 }
 

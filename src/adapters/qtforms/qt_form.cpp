@@ -87,7 +87,8 @@ void QtForm::ShowModal() {
   const ModalOwner owner;
   open(owner.window());
   if (state_ == State::Open) loop_.exec(QEventLoop::DialogExec);
-  if (state_ == State::Open) {  // the application ends
+  if (state_ == State::Open) pressCancel();  // the application ends
+  if (state_ == State::Open) {
     guarded("Form_Unload", [this] { events_.Form_Unload(); });
     finish();
   }
@@ -147,9 +148,17 @@ void QtForm::keyPressEvent(QKeyEvent* event) {
     QDialog::keyPressEvent(event);
     return;
   }
+  event->accept();
+  if (controls_->edits().areOpen()) {
+    controls_->edits().settle(false);
+  } else {
+    pressCancel();
+  }
+}
+
+void QtForm::pressCancel() {
   QPushButton* cancel = controls_->cancelButton();
   if (cancel != nullptr && cancel->isVisible() && cancel->isEnabled()) cancel->click();
-  event->accept();
 }
 
 }  // namespace vexnumkr::qtforms

@@ -17,6 +17,9 @@ namespace vexnumkr::qtforms {
 /// While the close of the window is being decided, or a modal window stands above it, a further
 /// wish to close it is ignored; so is one before ShowModal and after the close. Unload during
 /// Form_Load closes the form before it is ever seen.
+///
+/// Escape drops the text of an open edit, wherever the focus is; without one it presses the cancel
+/// button. An application that ends while the form is open presses that too, and then closes it.
 class QtForm final : public QDialog, public Form {
  public:
   /// `events` is borrowed and outlives this.
@@ -48,13 +51,14 @@ class QtForm final : public QDialog, public Form {
   void open(QWidget* owner);
   void tryUnload(std::int16_t mode);
   void finish();
+  void pressCancel();
 
   std::string name_;
   FormEvents& events_;
   FormKeys keys_;
   std::unique_ptr<ControlSet> controls_;
   QEventLoop loop_;
-  QSize knownSize_;
+  QSize knownSize_;  // of the content
   State state_ = State::Made;
   bool unloading_ = false;
 };

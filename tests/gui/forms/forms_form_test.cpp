@@ -3,6 +3,9 @@
 #include <QBuffer>
 #include <QCloseEvent>
 #include <QPixmap>
+#include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QTest>
 #include <QTimer>
 
@@ -288,6 +291,39 @@ TEST_F(FormTest, ClosingTheLastFormDoesNotEndTheApplication) {
   });
   loop.exec();
   EXPECT_TRUE(runs);
+}
+
+// An application that ends while the form is open.
+class EndingTest : public FormTest {
+ protected:
+  void showAndEnd(std::function<void()> before = {}) {
+    QTimer::singleShot(0, &window(), [&] { form->ShowModal(); });
+    QTimer::singleShot(0, &window(), [before = std::move(before)] {
+      if (before) before();
+      QCoreApplication::exit();
+    });
+    QCoreApplication::exec();
+  }
+};
+
+TEST_F(EndingTest, TheCancelButtonIsPressedForTheUser) {
+  make({button("cmdCancel", {0, 0, 1500, 345}, "Abbrechen", 0, ButtonRole::Cancel)});
+  form->control<Button>("cmdCancel").OnClick([&] {
+    events.log().push_back("cancel");
+    form->Unload();
+  });
+  showAndEnd();
+  EXPECT_EQ(events.log(), (Log{"Load", "Shown", "cancel", "QueryUnload 1", "Unload"}));
+  EXPECT_FALSE(window().isVisible());
+}
+
+TEST_F(EndingTest, AFormThatWouldRatherStayClosesAllTheSame) {
+  make({button("cmdCancel", {0, 0, 1500, 345}, "Abbrechen", 0, ButtonRole::Cancel)});
+  form->control<Button>("cmdCancel").OnClick([&] { form->Unload(); });
+  events.onQueryUnload = [](bool& cancel) { cancel = true; };
+  showAndEnd();
+  EXPECT_EQ(events.log(), (Log{"Load", "Shown", "QueryUnload 1", "Unload"}));
+  EXPECT_FALSE(window().isVisible());
 }
 
 }  // namespace

@@ -281,6 +281,31 @@ TEST_F(PendingEditsTest, TheWheelOverAListWithoutTheFocusChangesNothing) {
   EXPECT_EQ(combo().ListIndex(), 0);
 }
 
+TEST_F(PendingEditsTest, EscapeDropsTheTextWhereverTheFocusIs) {
+  for (const char* name : {"sftNummernkreise", "cboUser", "cmdAuto", "cmdOK", "cmdCancel"}) {
+    SCOPED_TRACE(name);
+    fill();
+    EXPECT_EQ(whileEditing("2000",
+                           [&] {
+                             widget(name).setFocus();
+                             QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+                             EXPECT_EQ(grid().List(0, 2), "1000");
+                             EXPECT_TRUE(window().isVisible());
+                           }),
+              Log{"KeyDown 27 0"});
+  }
+}
+
+TEST_F(PendingEditsTest, ASecondEscapePressesTheCancelButton) {
+  EXPECT_EQ(whileEditing("2000",
+                         [&] {
+                           widget("cmdAuto").setFocus();
+                           QTest::keyClick(&widget("cmdAuto"), Qt::Key_Escape);
+                           QTest::keyClick(&widget("cmdAuto"), Qt::Key_Escape);
+                         }),
+            (Log{"KeyDown 27 0", "KeyDown 27 0", "cmdCancel"}));
+}
+
 TEST_F(PendingEditsTest, ARefusedTextLeavesTheEntry) {
   gridEvents.refuse = true;
   EXPECT_EQ(whileEditing("abc",

@@ -2,6 +2,7 @@
 
 #include <QScopedValueRollback>
 #include <QWidget>
+#include <algorithm>
 
 #include "adapters/qt/guarded.h"
 #include "adapters/qtgrid/qt_tree_grid.h"
@@ -18,6 +19,11 @@ bool endEdit(QtTreeGrid& grid, bool keepText) {
 }  // namespace
 
 void PendingEdits::watch(QtTreeGrid& grid) { grids_.push_back(&grid); }
+
+bool PendingEdits::areOpen() const {
+  return std::any_of(grids_.begin(), grids_.end(),
+                     [](const QtTreeGrid* grid) { return grid->isEditing(); });
+}
 
 bool PendingEdits::settle(bool keepText) {
   // An edit that is just being ended, its message box still up, does not let anything else through.

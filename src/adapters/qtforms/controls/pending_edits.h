@@ -18,6 +18,8 @@ class PendingEdits {
   /// `grid` is borrowed and outlives the last call of settle.
   void watch(QtTreeGrid& grid);
 
+  /// Whether one of them has a cell's editor open.
+  bool areOpen() const;
   /// Ends every open edit, keeping or dropping its text. False when one stays open: then its editor
   /// has the focus and what the user wanted is not to take place.
   bool settle(bool keepText);
