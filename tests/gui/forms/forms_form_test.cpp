@@ -293,6 +293,63 @@ TEST_F(FormTest, ClosingTheLastFormDoesNotEndTheApplication) {
   EXPECT_TRUE(runs);
 }
 
+TEST_F(FormTest, AFormTooLargeForItsScreenScrolls) {
+  const QSize screen = QGuiApplication::primaryScreen()->availableSize();
+  FormDescription large =
+      formDescription({button("cmdTop", {150, 150, 1500, 345}, "Oben", 0),
+                       button("cmdOK", {150, 15 * (screen.height() + 200), 1500, 345}, "OK", 1)});
+  large.height = 15 * (screen.height() + 250);
+  make(large);
+  bool pressed = false;
+  form->control<Button>("cmdOK").OnClick([&] { pressed = true; });
+  show([&] {
+    EXPECT_LE(window().height(), screen.height());
+    EXPECT_EQ(form->ScaleHeight(), large.height);
+    QWidget& ok = widget("cmdOK");
+    EXPECT_FALSE(window().rect().contains(ok.mapTo(&window(), ok.rect().center())));
+    QTest::keyClick(&widget("cmdTop"), Qt::Key_Tab);
+    EXPECT_TRUE(ok.hasFocus());
+    EXPECT_TRUE(window().rect().contains(ok.mapTo(&window(), ok.rect().center())));
+    click(ok);
+  });
+  EXPECT_TRUE(pressed);
+}
+
+TEST_F(FormTest, AFormThatIsOnlyTooHighScrollsInOneDirection) {
+  FormDescription large = formDescription({button("cmdOK", {0, 0, 1500, 345}, "OK", 0)});
+  large.height = 15 * (QGuiApplication::primaryScreen()->availableSize().height() + 250);
+  make(large);
+  show([&] {
+    const auto& area = *window().findChild<QScrollArea*>();
+    EXPECT_TRUE(area.verticalScrollBar()->isVisible());
+    EXPECT_FALSE(area.horizontalScrollBar()->isVisible());
+  });
+}
+
+TEST_F(FormTest, AResizableFormIsToldThatItsScreenIsSmaller) {
+  FormDescription large = resizable();
+  large.width = 15 * (QGuiApplication::primaryScreen()->availableSize().width() + 250);
+  make(large);
+  show([&] {
+    EXPECT_LT(form->ScaleWidth(), large.width);
+    EXPECT_EQ(window().findChild<QScrollArea*>(), nullptr);
+    EXPECT_EQ(events.log().back(), "Resize");
+  });
+}
+
+TEST_F(FormTest, AResizableFormThatFitsMayBecomeLargerThanItsScreen) {
+  make(resizable());
+  show([&] { EXPECT_EQ(window().maximumSize(), QSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX)); });
+}
+
+TEST_F(FormTest, AFormThatFitsItsScreenDoesNotScroll) {
+  make({button("cmdOK", {0, 0, 1500, 345}, "OK", 0)});
+  show([&] {
+    EXPECT_EQ(window().findChild<QScrollBar*>(), nullptr);
+    EXPECT_EQ(window().size(), QSize(300, 200));
+  });
+}
+
 // An application that ends while the form is open.
 class EndingTest : public FormTest {
  protected:
