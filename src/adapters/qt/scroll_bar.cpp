@@ -17,6 +17,7 @@ void ScrollBar::contextMenuEvent(QContextMenuEvent* event) {
   };
   auto* menu = new QMenu(this);
   menu->setAttribute(Qt::WA_DeleteOnClose);
+  menu->setFont(font());
   menu->addAction(QStringLiteral("Hierher scrollen"), this,
                   [this, position = event->pos()] { scrollHere(position); });
   menu->addSeparator();

@@ -2,7 +2,9 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QIcon>
+#include <QLabel>
 #include <QMessageBox>
+#include <QScreen>
 #include <QTest>
 #include <QTimer>
 
@@ -83,6 +85,41 @@ TEST_F(MessageBoxTest, ShowsTitlePromptAndIcon) {
     EXPECT_TRUE(box.isModal());
   });
   toolkit->MsgBox("Modul\r\nProc: <b>roh</b> & mehr", 48, "Fehler 3021");
+}
+
+TEST_F(MessageBoxTest, HasTheFontOfTheWindowBelow) {
+  boxes.expect("ok",
+               [](QDialog& box) { EXPECT_EQ(box.font().family(), QStringLiteral("Tahoma")); });
+  toolkit->MsgBox("Hinweis", 0, "Titel");
+  make(std::vector<ControlDescription>{});
+  form->SetFont({"Liberation Serif", 12, false});
+  boxes.expect("ok", [](QDialog& box) {
+    EXPECT_EQ(box.font().family(), QStringLiteral("Liberation Serif"));
+    EXPECT_EQ(box.findChild<QPushButton*>()->font().pixelSize(), 16);
+  });
+  show([&] { toolkit->MsgBox("Hinweis", 0, "Titel"); });
+}
+
+TEST_F(MessageBoxTest, LinesThatHaveRoomAreNotBroken) {
+  const QString line =
+      QStringLiteral("Diese Option startet eine automatische Nummernvergabe nach Maske.");
+  boxes.expect("ok", [&](QDialog& box) {
+    const auto* label = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
+    ASSERT_NE(label, nullptr);
+    EXPECT_GE(label->width(), label->fontMetrics().horizontalAdvance(line));
+  });
+  toolkit->MsgBox((line + QStringLiteral("\r\nWollen Sie?")).toStdString(), 64, "Titel");
+}
+
+TEST_F(MessageBoxTest, ALongLineIsBrokenAtAReadableWidth) {
+  boxes.expect("ok", [&](QDialog& box) {
+    const QRect screen = box.screen()->availableGeometry();
+    EXPECT_LT(box.width(), screen.width());
+    EXPECT_LT(box.height(), screen.height());
+  });
+  std::string words;
+  for (int i = 0; i < 100; ++i) words += "Wort ";
+  toolkit->MsgBox(words, 64, "Titel");
 }
 
 TEST_F(MessageBoxTest, HasTheIconOfItsStyle) {

@@ -140,5 +140,16 @@ TEST_F(GridMenusTest, TheScrollBarObeysItsCommands) {
   EXPECT_NEAR(command("Hierher scrollen"), bar.maximum() / 2, bar.maximum() / 20);
 }
 
+TEST_F(GridMenusTest, MenusHaveTheFontOfTheirPlace) {
+  grid->SetFont({"Liberation Serif", 15, false});
+  grid->ItemEditFont({"Liberation Serif", 15, false});
+  grid->StartEdit(2, 2);
+  EXPECT_EQ(openEditorMenu().font().family(), QStringLiteral("Liberation Serif"));
+  closeMenu();
+  rebuild(20, 5, -1);
+  QScrollBar& bar = *view().verticalScrollBar();
+  EXPECT_EQ(openMenu(bar, bar.rect().center()).font().pixelSize(), 20);
+}
+
 }  // namespace
 }  // namespace vexnumkr::test

@@ -21,6 +21,7 @@ bool canPaste() { return !QGuiApplication::clipboard()->text().isEmpty(); }
 void openEditMenu(QLineEdit& edit, const QPoint& position) {
   auto* menu = new QMenu(&edit);
   menu->setAttribute(Qt::WA_DeleteOnClose);
+  menu->setFont(edit.font());
   const auto add = [&](const QString& text, bool enabled, auto command) {
     menu->addAction(text, &edit, command)->setEnabled(enabled);
   };
