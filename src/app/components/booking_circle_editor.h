@@ -12,8 +12,8 @@ class QPushButton;
 
 namespace vexnumkr::app {
 
-/// Asks for one booking circle. OK is offered only while the entries are acceptable; until then the
-/// dialog says why they are not.
+/// Asks for one booking circle. OK is offered only while the entries are acceptable; once
+/// something has been entered, the dialog says why they are not.
 class BookingCircleEditor : public QDialog {
   Q_OBJECT
 
