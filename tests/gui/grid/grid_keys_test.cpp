@@ -21,6 +21,33 @@ TEST_F(GridTest, DownChoosesTheFirstItemWhenThereIsNone) {
   EXPECT_EQ(events(), (Lines{"key 40", "key 40", "key 38"}));
 }
 
+TEST_F(GridTest, EndAndPageDownGoTheirWayFromTheTopWhenThereIsNoItem) {
+  press(Qt::Key_End);
+  EXPECT_EQ(grid->ListIndex(), 7);
+  grid->ListIndex(-1);
+  press(Qt::Key_Home);
+  EXPECT_EQ(grid->ListIndex(), 0);
+  rebuild(12, 3, -1);
+  press(Qt::Key_PageDown);
+  const int page = view().viewport()->height() / cellRect(0, 1).height();
+  EXPECT_NEAR(grid->ListIndex(), page, 1);
+}
+
+TEST_F(GridTest, KeysThatLeadAsideOrUpLeadNowhereWhenThereIsNoItem) {
+  for (const Qt::Key key : {Qt::Key_Up, Qt::Key_PageUp, Qt::Key_Left, Qt::Key_Right, Qt::Key_Plus,
+                            Qt::Key_Minus, Qt::Key_Asterisk}) {
+    press(key);
+    EXPECT_EQ(grid->ListIndex(), -1) << key;
+  }
+  EXPECT_TRUE(view().isExpanded(cell(0, 1)));
+}
+
+TEST_F(GridTest, AnEmptyListHasNothingToChoose) {
+  grid->Clear();
+  for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Home, Qt::Key_End, Qt::Key_PageDown}) press(key);
+  EXPECT_EQ(grid->ListIndex(), -1);
+}
+
 TEST_F(GridTest, TheArrowKeysOpenAndCloseGroups) {
   grid->ListIndex(4);
   press(Qt::Key_Left);

@@ -238,6 +238,31 @@ bool GridView::event(QEvent* event) {
   return QTreeView::event(event);
 }
 
+// Where no item is current yet, the keys go to where they would lead from the top of the list;
+// those that lead from one item to another by its side lead nowhere.
+void GridView::enterByKey(int key) {
+  const std::vector<int>& items = shownItems();
+  if (items.empty()) return;
+  switch (key) {
+    case Qt::Key_Down:
+    case Qt::Key_Home:
+      return chooseByKey(items.front());
+    case Qt::Key_End:
+      return chooseByKey(items.back());
+    case Qt::Key_PageDown: {
+      const QModelIndex lowest = indexAt(QPoint(0, viewport()->height() - 1));
+      return chooseByKey(lowest.isValid() ? GridModel::itemOf(lowest) : items.back());
+    }
+    default:
+      return;
+  }
+}
+
+void GridView::chooseByKey(int item) {
+  setCurrentItem(item);
+  reveal(item);
+}
+
 // Keys that do not move within the grid belong to the form: none searches, selects or edits here.
 void GridView::keyPressEvent(QKeyEvent* event) {
   switch (event->key()) {
@@ -252,7 +277,7 @@ void GridView::keyPressEvent(QKeyEvent* event) {
     case Qt::Key_Plus:
     case Qt::Key_Minus:
     case Qt::Key_Asterisk:
-      return QTreeView::keyPressEvent(event);
+      return currentIndex().isValid() ? QTreeView::keyPressEvent(event) : enterByKey(event->key());
     default:
       if (event->matches(QKeySequence::Copy)) return QTreeView::keyPressEvent(event);
       event->ignore();

@@ -128,6 +128,8 @@ class GridView : public QTreeView {
  private:
   void setUpLook();
   void setUpHeader();
+  void enterByKey(int key);
+  void chooseByKey(int item);
   void adopt(const QModelIndex& collapsed);
   void expandNewGroup(const QModelIndex& group);
   void widthDragged(int section, int width);
