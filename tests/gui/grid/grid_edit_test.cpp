@@ -295,5 +295,14 @@ TEST_F(GridTest, AnEditBegunInAnUpdateIsShownAtItsEnd) {
   EXPECT_TRUE(inSight(100));
 }
 
+TEST_F(GridTest, GoingToTheFirstRangeShowsItsHeadingToo) {
+  rebuild(12, 5, -1);
+  grid->StartEdit(60, 2);
+  ASSERT_FALSE(inSight(0));
+  grid->StartEdit(1, 2);
+  EXPECT_TRUE(inSight(0));
+  EXPECT_TRUE(inSight(1));
+}
+
 }  // namespace
 }  // namespace vexnumkr::test

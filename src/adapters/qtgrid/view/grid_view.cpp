@@ -83,6 +83,7 @@ void GridView::reveal(int item, std::optional<int> column) {
   if (!index.isValid()) return;
   if (index.parent().isValid()) expand(index.parent());
   const int left = horizontalScrollBar()->value();
+  if (index.row() == 0 && index.parent().isValid()) scrollTo(index.parent());  // its heading
   scrollTo(index);
   if (!column) horizontalScrollBar()->setValue(left);
 }

@@ -58,7 +58,7 @@ class GridView : public QTreeView {
   void restoreCurrentItem(int item);
   void selectItem(int item, bool selected);
   /// Expands the item's group and scrolls as little as it takes to show the item, or the cell when
-  /// a column is given.
+  /// a column is given; the first of a group brings the group into sight too.
   void reveal(int item, std::optional<int> column = std::nullopt);
   /// Where the list is scrolled to, or will be; nothing while that depends on an item to be shown.
   std::optional<int> scrollPosition() const;
