@@ -284,5 +284,29 @@ TEST_F(GridAccessibilityTest, TheInterfaceGoesWithTheGrid) {
   EXPECT_EQ(QAccessible::accessibleInterface(cell_), nullptr);
 }
 
+TEST_F(GridAccessibilityTest, TheOpenEditorStandsInTheTreeOfObjects) {
+  const int before = tree()->childCount();
+  grid->StartEdit(2, 2);
+  ASSERT_EQ(tree()->childCount(), before + 1);
+  QAccessibleInterface* place = tree()->child(before);
+  ASSERT_NE(place, nullptr);
+  EXPECT_EQ(tree()->indexOfChild(place), before);
+  EXPECT_EQ(place->parent(), tree());
+  ASSERT_EQ(place->childCount(), 1);
+  EXPECT_EQ(place->child(0), QAccessible::queryAccessibleInterface(editor()));
+  EXPECT_EQ(place->child(0)->parent(), place);
+  const QPoint middle = editor()->mapToGlobal(editor()->rect().center());
+  EXPECT_EQ(tree()->childAt(middle.x(), middle.y()), place);
+  grid->EndEdit(false);
+  EXPECT_EQ(tree()->childCount(), before);
+}
+
+TEST_F(GridAccessibilityTest, F2IsTheKeyOfRangesAlone) {
+  const QString press = Actions::pressAction();
+  EXPECT_EQ(cellAt(1, 1)->actionInterface()->keyBindingsForAction(press).size(), 1);
+  EXPECT_TRUE(cellAt(0, 1)->actionInterface()->actionNames().contains(press));
+  EXPECT_TRUE(cellAt(0, 1)->actionInterface()->keyBindingsForAction(press).isEmpty());
+}
+
 }  // namespace
 }  // namespace vexnumkr::test

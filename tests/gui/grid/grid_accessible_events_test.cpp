@@ -1,5 +1,6 @@
 // What a screen reader is told without having asked.
 #include <algorithm>
+#include <iterator>
 
 #include "gui/grid/grid_fixture.h"
 #include "support/screen_reader.h"
@@ -11,6 +12,18 @@ using GridAccessibleEventsTest = GridTest;
 
 std::size_t count(const Lines& lines, const std::string& line) {
   return static_cast<std::size_t>(std::count(lines.begin(), lines.end(), line));
+}
+
+Lines focusLines(const Lines& lines) {
+  Lines found;
+  std::copy_if(lines.begin(), lines.end(), std::back_inserter(found),
+               [](const std::string& line) { return line.rfind("focus ", 0) == 0; });
+  return found;
+}
+
+std::string lastFocus(const Lines& lines) {
+  const Lines found = focusLines(lines);
+  return found.empty() ? std::string() : found.back();
 }
 
 TEST_F(GridAccessibleEventsTest, TheFocusFollowsTheCurrentRow) {
@@ -26,7 +39,8 @@ TEST_F(GridAccessibleEventsTest, TheFocusIsToldWhenItComesToTheGrid) {
   other->setFocus();
   ScreenReader reader;
   view().setFocus();
-  EXPECT_EQ(count(reader.heard(), "focus Filiale 1"), 1U);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(lastFocus(reader.heard()), "focus Filiale 1");
 }
 
 TEST_F(GridAccessibleEventsTest, ATickIsTold) {
@@ -67,11 +81,44 @@ TEST_F(GridAccessibleEventsTest, ARebuiltListIsToldAsOneChange) {
 
 TEST_F(GridAccessibleEventsTest, TheFocusGoesToTheEditorAndBack) {
   grid->ListIndex(2);
+  QCoreApplication::processEvents();
   ScreenReader reader;
   grid->StartEdit(2, 2);
   EXPECT_EQ(count(reader.heard(), "focus Start, Filiale 1, Gruppe 0"), 1U);
   press(Qt::Key_Escape);
-  EXPECT_EQ(count(reader.heard(), "focus Filiale 1"), 1U);
+  QCoreApplication::processEvents();
+  const Lines lines = reader.heard();
+  EXPECT_EQ(count(lines, "focus Filiale 1"), 1U);
+  EXPECT_EQ(lastFocus(lines), "focus Filiale 1");
+}
+
+TEST_F(GridAccessibleEventsTest, GoingFromCellToCellTellsOfTheCellsAlone) {
+  handler.onEditorKey = [&](std::int16_t& key, std::int16_t) {
+    key = 0;
+    ASSERT_TRUE(grid->EndEdit(true));
+    grid->ListIndex(3);
+    grid->StartEdit(3, 3);
+  };
+  grid->StartEdit(2, 2);
+  ScreenReader reader;
+  press(Qt::Key_Tab);
+  QCoreApplication::processEvents();
+  const Lines lines = reader.heard();
+  EXPECT_EQ(focusLines(lines), Lines{"focus Aktuell, Filiale 2, Gruppe 0"});
+  EXPECT_GE(count(lines, "name Aktuell, Filiale 2, Gruppe 0"), 1U);
+  EXPECT_TRUE(editorHasFocus());
+}
+
+TEST_F(GridAccessibleEventsTest, AKeyThatOnlyEndsTheEditGivesTheFocusBack) {
+  handler.onEditorKey = [&](std::int16_t& key, std::int16_t) {
+    key = 0;
+    ASSERT_TRUE(grid->EndEdit(true));
+  };
+  grid->StartEdit(2, 2);
+  press(Qt::Key_Return);
+  EXPECT_TRUE(view().hasFocus());
+  EXPECT_EQ(editor(), nullptr);
+  EXPECT_FALSE(view().viewport()->findChild<QLineEdit*>()->isVisible());
 }
 
 }  // namespace

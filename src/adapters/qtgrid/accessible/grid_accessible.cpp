@@ -74,17 +74,27 @@ void* GridAccessible::interface_cast(QAccessible::InterfaceType type) {
   return QAccessibleWidget::interface_cast(type);
 }
 
-int GridAccessible::childCount() const { return (rowCount() + 1) * columnCount(); }
+int GridAccessible::partCount() const { return (rowCount() + 1) * columnCount(); }
+
+int GridAccessible::childCount() const { return partCount() + (editorPlace() ? 1 : 0); }
+
+// An open editor stands in the viewport, which is no child otherwise.
+QAccessibleInterface* GridAccessible::editorPlace() const {
+  if (view().focusProxy() == nullptr) return nullptr;
+  return QAccessible::queryAccessibleInterface(view().viewport());
+}
 
 // Parts are made on demand, which no caller can tell from their having been there all the time.
 QAccessibleInterface* GridAccessible::child(int index) const {
-  if (index < 0 || index >= childCount()) return nullptr;
+  if (index == partCount()) return editorPlace();
+  if (index < 0 || index > partCount()) return nullptr;
   auto& self = const_cast<GridAccessible&>(*this);
   if (index < columnCount()) return self.header(index);
   return cellAt(index / columnCount() - 1, index % columnCount());
 }
 
 int GridAccessible::indexOfChild(const QAccessibleInterface* child) const {
+  if (child != nullptr && child == editorPlace()) return partCount();
   const auto* part = dynamic_cast<const GridPart*>(child);
   return part != nullptr && part->parent() == this ? part->indexInGrid() : -1;
 }
@@ -99,6 +109,8 @@ QAccessibleInterface* GridAccessible::childAt(int x, int y) const {
   }
   const QPoint inCells = view().viewport()->mapFromGlobal(point);
   if (!view().viewport()->rect().contains(inCells)) return nullptr;
+  const QWidget* editor = view().focusProxy();
+  if (editor != nullptr && editor->geometry().contains(inCells)) return editorPlace();
   const GridHit hit = view().hitTest(inCells);
   return self.cell(hit.item, view().gridModel().sectionOf(hit.column));
 }

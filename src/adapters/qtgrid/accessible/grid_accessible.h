@@ -15,7 +15,7 @@ void makeAccessible(GridView& view);
 
 /// The children are the headers and then the cells, row by row, in the order in which Qt's own item
 /// views number them in their events. Rows are those that are shown: children of collapsed groups
-/// are none.
+/// are none. While a cell is edited, one more child follows, in which the editor stands.
 ///
 /// Belongs to Qt, which deletes it with its view. Its parts are made when they are asked for, and
 /// are good until the structure of the list changes.
@@ -77,6 +77,8 @@ class GridAccessible final : public QAccessibleWidget,
   template <class Make>
   QAccessibleInterface* part(int item, int section, Make make);
   int itemAt(int row) const;
+  int partCount() const;
+  QAccessibleInterface* editorPlace() const;
   void forgetParts();
 
   QHash<QPair<int, int>, QAccessible::Id> parts_;  // by item and section

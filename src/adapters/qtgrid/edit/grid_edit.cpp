@@ -1,5 +1,6 @@
 #include "adapters/qtgrid/edit/grid_edit.h"
 
+#include <QAccessible>
 #include <QKeyEvent>
 #include <QScopedValueRollback>
 
@@ -34,6 +35,7 @@ bool GridEdit::isAt(int item, int column) const {
 void GridEdit::open(int item, int column) {
   GridModel& model = view_.gridModel();
   const int section = model.sectionOf(column);
+  const bool hadFocus = editor_->hasFocus();
   editor_->setAlignment(model.alignmentOf(section));
   editor_->useSelectionOf(view_.palette());
   editor_->setAccessibleName(view_.pathOf(item, section));
@@ -45,7 +47,14 @@ void GridEdit::open(int item, int column) {
   view_.setFocusProxy(editor_);  // a focus given to the grid belongs to its editor
   editor_->selectAll();
   takeFocus();
+  if (hadFocus) announceFocus();
   view_.viewport()->update();
+}
+
+// Going from cell to cell, the focus stays in the one editor: nobody would notice.
+void GridEdit::announceFocus() {
+  QAccessibleEvent event(editor_.data(), QAccessible::Focus);
+  QAccessible::updateAccessibility(&event);
 }
 
 void GridEdit::takeFocus() { editor_->setFocus(Qt::OtherFocusReason); }
@@ -99,10 +108,16 @@ void GridEdit::refuse(const QString& text) {
 }
 
 void GridEdit::close() {
-  const bool hadFocus = view_.window()->focusWidget() == editor_;
   session_.reset();
   ++serial_;
   view_.setFocusProxy(nullptr);
+  // A key that ends the edit of one cell may open that of the next: until its handler is through,
+  // the focus waits, lest screen readers read the row and the grid in between.
+  if (!handlingKey_) leave();
+}
+
+void GridEdit::leave() {
+  const bool hadFocus = view_.window()->focusWidget() == editor_;
   if (hadFocus) view_.setFocus(Qt::OtherFocusReason);  // before hiding, which would pass it on
   editor_->hide();
   view_.viewport()->update();
@@ -115,8 +130,10 @@ bool GridEdit::editorKeyPressed(const QKeyEvent& event) {
   std::int16_t key = keyCode(event);
   const std::int16_t shift = keyShift(event);
   if (events_ != nullptr) {
+    const QScopedValueRollback<bool> handling(handlingKey_, true);
     guarded("CEKeyDown", [&] { events_->CEKeyDown(key, shift, session.item, session.column); });
   }
+  if (!session_ && editor_) leave();
   if (serial_ != serial || key == 0) return true;
   return endByKey(key, shift);
 }

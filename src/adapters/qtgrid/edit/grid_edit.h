@@ -53,6 +53,8 @@ class GridEdit : private CellEditorListener {
   bool offerText();
   void refuse(const QString& text);
   void close();
+  void leave();
+  void announceFocus();
 
   GridView& view_;
   QPointer<CellEditor> editor_;  // owned by the viewport
@@ -61,6 +63,7 @@ class GridEdit : private CellEditorListener {
   std::uint32_t serial_ =
       0;  // counts openings and closings, so that a handler's doings are noticed
   bool ending_ = false;
+  bool handlingKey_ = false;
   bool layingOut_ = false;
 };
 

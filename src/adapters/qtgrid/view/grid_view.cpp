@@ -289,7 +289,8 @@ void GridView::keyPressEvent(QKeyEvent* event) {
 void GridView::focusInEvent(QFocusEvent* event) {
   QAbstractScrollArea::focusInEvent(event);
   viewport()->update();
-  announceCurrent();
+  // Behind the news that the grid has the focus, which Qt spreads after this.
+  QMetaObject::invokeMethod(this, &GridView::announceCurrent, Qt::QueuedConnection);
 }
 
 void GridView::mousePressEvent(QMouseEvent* event) {
@@ -326,7 +327,9 @@ void GridView::updateGeometries() {
 }
 
 void GridView::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
-  QTreeView::currentChanged(current, previous);
+  // Leaves out the class between, which would tell of a focus that may be in the editor.
+  QAbstractItemView::currentChanged(current, previous);
+  announceCurrent();
   if (listener_ == nullptr) return;
   listener_->currentItemChanged(current.isValid() ? GridModel::itemOf(current) : -1);
 }
