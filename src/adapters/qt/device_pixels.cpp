@@ -33,6 +33,16 @@ QRectF onDevicePixels(const QPainter& painter, const QRectF& area) {
   return transform.inverted().mapRect(QRectF(topLeft, end));
 }
 
+void paintFrame(QPainter& painter, const QRectF& area, qreal thickness, const QColor& colour) {
+  const QRectF frame = onDevicePixels(painter, area);
+  const QRectF across(0, 0, frame.width(), thickness);
+  const QRectF down(0, 0, thickness, frame.height());
+  painter.fillRect(across.translated(frame.topLeft()), colour);
+  painter.fillRect(across.translated(frame.left(), frame.bottom() - thickness), colour);
+  painter.fillRect(down.translated(frame.topLeft()), colour);
+  painter.fillRect(down.translated(frame.right() - thickness, frame.top()), colour);
+}
+
 int wholeDevicePixels(int length, qreal ratio) {
   for (int more = 0; more <= longestAddition; ++more) {
     if (isWhole((length + more) * ratio)) return length + more;

@@ -175,5 +175,20 @@ TEST(PictureArt, IconsAreSharpAtTheSizeAskedFor) {
   EXPECT_EQ(pictureHandle(PictureKind::None), noPicture);
 }
 
+TEST_F(GridTest, AFrameShowsTheFocusAlsoWhileNoItemIsCurrent) {
+  const QColor frame = selectionColours(view().palette()).background;
+  const auto edge = [this] {
+    QCoreApplication::processEvents();
+    return view().grab().toImage().pixelColor(0, view().height() / 2);
+  };
+  EXPECT_EQ(edge(), frame);
+  other->setFocus();
+  EXPECT_NE(edge(), frame);
+  view().setFocus();
+  EXPECT_EQ(edge(), frame);
+  grid->StartEdit(2, 2);
+  EXPECT_NE(edge(), frame);
+}
+
 }  // namespace
 }  // namespace vexnumkr::test

@@ -107,16 +107,7 @@ void CellEditor::dropEvent(QDropEvent* event) {
 void CellEditor::paintEvent(QPaintEvent* event) {
   QLineEdit::paintEvent(event);
   QPainter painter(this);
-  const QColor colour = palette().color(QPalette::Highlight);
-  const QRectF frame = onDevicePixels(painter, rect());
-  const qreal line = thinLine(painter);
-  // Filled, because a thin pen loses edges at fractional device pixel ratios.
-  const QRectF across(0, 0, frame.width(), line);
-  const QRectF down(0, 0, line, frame.height());
-  painter.fillRect(across.translated(frame.topLeft()), colour);
-  painter.fillRect(across.translated(frame.left(), frame.bottom() - line), colour);
-  painter.fillRect(down.translated(frame.topLeft()), colour);
-  painter.fillRect(down.translated(frame.right() - line, frame.top()), colour);
+  paintFrame(painter, rect(), thinLine(painter), palette().color(QPalette::Highlight));
 }
 
 void CellEditor::contextMenuEvent(QContextMenuEvent* event) {

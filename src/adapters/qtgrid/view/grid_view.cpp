@@ -236,7 +236,9 @@ bool GridView::event(QEvent* event) {
   }
   // The height of rows depends on the screen's device pixels.
   if (event->type() == QEvent::ScreenChangeInternal) scheduleDelayedItemsLayout();
-  return QTreeView::event(event);
+  const bool used = QTreeView::event(event);
+  if (event->type() == QEvent::Paint && hasKeys()) paintFocus();
+  return used;
 }
 
 // Where no item is current yet, the keys go to where they would lead from the top of the list;
@@ -288,9 +290,15 @@ void GridView::keyPressEvent(QKeyEvent* event) {
 // Leaves out the base class, which would choose a current item.
 void GridView::focusInEvent(QFocusEvent* event) {
   QAbstractScrollArea::focusInEvent(event);
+  update();
   viewport()->update();
   // Behind the news that the grid has the focus, which Qt spreads after this.
   QMetaObject::invokeMethod(this, &GridView::announceCurrent, Qt::QueuedConnection);
+}
+
+void GridView::focusOutEvent(QFocusEvent* event) {
+  QTreeView::focusOutEvent(event);
+  update();
 }
 
 void GridView::mousePressEvent(QMouseEvent* event) {

@@ -113,6 +113,7 @@ class GridView : public QTreeView {
   bool viewportEvent(QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void focusInEvent(QFocusEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
@@ -141,6 +142,7 @@ class GridView : public QTreeView {
   QRect cellRect(const QModelIndex& index) const;
   void followShownItems();
   GridAnnouncer* announcer();
+  void paintFocus();
   void paintRule(QPainter* painter, const QRect& row) const;
   void paintCells(QPainter* painter, const QStyleOptionViewItem& row,
                   const QModelIndex& index) const;

@@ -2,6 +2,7 @@
 #include <QHeaderView>
 #include <QHelpEvent>
 #include <QPainter>
+#include <algorithm>
 
 #include "adapters/qt/device_pixels.h"
 #include "adapters/qt/tool_tips.h"
@@ -16,6 +17,13 @@ constexpr float ruleStrength = 0.12F;
 }  // namespace
 
 bool GridView::hasKeys() const { return focusProxy() == nullptr && hasFocus(); }
+
+// In place of the frame that the style draws, so that nothing of the content is covered.
+void GridView::paintFocus() {
+  QPainter painter(this);
+  const QColor colour = selectionColours(palette()).background;
+  paintFrame(painter, frameRect(), std::max<qreal>(frameWidth(), thinLine(painter)), colour);
+}
 
 void GridView::drawRow(QPainter* painter, const QStyleOptionViewItem& option,
                        const QModelIndex& index) const {
