@@ -304,5 +304,11 @@ TEST_F(GridTest, GoingToTheFirstRangeShowsItsHeadingToo) {
   EXPECT_TRUE(inSight(1));
 }
 
+TEST_F(GridTest, AClickAnywhereInAValuesCellIsOneIntoTheCell) {
+  const QRect mask = cellRect(2, 5);
+  click({mask.left() + 1, mask.center().y()});
+  EXPECT_EQ(events(), Lines{"click 2 5 cell 1"});
+}
+
 }  // namespace
 }  // namespace vexnumkr::test

@@ -190,5 +190,23 @@ TEST_F(GridTest, AFrameShowsTheFocusAlsoWhileNoItemIsCurrent) {
   EXPECT_NE(edge(), frame);
 }
 
+TEST_F(GridTest, TextsBehindNumbersStandClearOfThem) {
+  grid->List(2, 4, "88888888");
+  grid->List(2, 5, "MMM");
+  const QImage image = shot(view());
+  const QColor base = view().palette().color(QPalette::Base);
+  const QRect mask = cellRect(2, 5);
+  const auto isEmpty = [&](int x) {
+    for (int y = mask.top() + 2; y < mask.bottom() - 1; ++y)
+      if (image.pixelColor(x, y) != base) return false;
+    return true;
+  };
+  int left = mask.left();
+  while (isEmpty(left - 1)) --left;
+  int right = mask.left();
+  while (isEmpty(right)) ++right;
+  EXPECT_GE(right - left, 16);
+}
+
 }  // namespace
 }  // namespace vexnumkr::test

@@ -168,6 +168,11 @@ Qt::Alignment GridModel::alignmentOf(int section) const {
   return Qt::AlignVCenter | (column.alignment == Alignment::Right ? Qt::AlignRight : Qt::AlignLeft);
 }
 
+bool GridModel::standsApart(int section) const {
+  return section > 0 && alignmentOf(section).testFlag(Qt::AlignLeft) &&
+         alignmentOf(section - 1).testFlag(Qt::AlignRight);
+}
+
 bool GridModel::isEditable(int section) const {
   return columns_[static_cast<std::size_t>(columnOf(section))].editable;
 }

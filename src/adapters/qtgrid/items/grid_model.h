@@ -46,6 +46,8 @@ class GridModel : public QAbstractItemModel {
   int sectionOf(int column) const;
   Qt::Alignment alignmentOf(int section) const;
   bool isEditable(int section) const;
+  /// Whether its texts begin where those of the section before end.
+  bool standsApart(int section) const;
   /// Qt::Checked or Qt::Unchecked, as the item's picture says; invalid for one that says neither.
   QVariant checkState(int item) const;
   /// What the item's picture says, in words; empty for an item without a picture.

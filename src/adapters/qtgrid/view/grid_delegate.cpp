@@ -80,7 +80,8 @@ CellLayout GridDelegate::layout(const QModelIndex& index, const QRect& cell,
                                 const QFontMetrics& metrics) const {
   const int item = GridModel::itemOf(index);
   const CellShape shape{index.column() == 0, index.parent().isValid() ? 1 : 0,
-                        model_.items().picture(item) != noPicture};
+                        model_.items().picture(item) != noPicture,
+                        model_.standsApart(index.column())};
   return layOutCell(cell, shape, metrics);
 }
 

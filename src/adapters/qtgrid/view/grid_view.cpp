@@ -21,7 +21,7 @@ GridView::GridView(const std::vector<ColumnDescription>& columns, QWidget* paren
       delegate_(new GridDelegate(*model_, this)) {
   for (const ColumnDescription& column : columns) widths_.push_back(column.width);
   setUpLook();
-  setHeader(new GridHeader(this));
+  setHeader(new GridHeader(*model_, this));
   setItemDelegate(delegate_);
   setModel(model_);
   setUpHeader();
@@ -220,7 +220,7 @@ GridHit GridView::hitTest(const QPoint& position) const {
   if (!parts.picture.isEmpty() && x >= parts.picture.left() - margin &&
       x <= parts.picture.right() + margin) {
     hit.area = GridArea::Picture;
-  } else if (x >= parts.text.left() - cellPadding) {
+  } else if (index.column() > 0 || x >= parts.text.left() - cellPadding) {
     hit.area = GridArea::Cell;
   } else {
     hit.onArrow = parts.branch.contains(position) && model_->hasChildren(model_->indexOf(hit.item));
