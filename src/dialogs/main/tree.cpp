@@ -157,6 +157,7 @@ void SyncDataWithControl(HostContext& context, const std::string& filter, const 
     const std::int32_t current = grid.ListIndex();
     grid.Clear();
     grid.AcceptsEntries(user == alleBenutzer);
+    grid.AcceptsChoices(filter == alleBuchungskreise);
     addItems(context, View{filter, user});
     grid.ListIndex(current);
   });

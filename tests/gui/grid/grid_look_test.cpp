@@ -190,6 +190,38 @@ TEST_F(GridTest, AFrameShowsTheFocusAlsoWhileNoItemIsCurrent) {
   EXPECT_NE(edge(), frame);
 }
 
+TEST_F(GridTest, ValuesThatTakeNoEntriesAreMuted) {
+  for (const QPalette& palette : {QPalette(), darkPalette()}) {
+    view().setPalette(palette);
+    const QColor text = palette.color(QPalette::Text);
+    const QRect value = cellRect(2, 2);
+    const QRect caption = cellRect(2, 1).adjusted(55, 0, 0, 0);
+    EXPECT_TRUE(contains(shot(view()), value, text));
+    grid->AcceptsEntries(false);
+    const QImage image = shot(view());
+    EXPECT_FALSE(contains(image, value, text));
+    EXPECT_TRUE(contains(image, caption, text));
+    const QColor muted = mutedText(text, palette.color(QPalette::Base));
+    EXPECT_TRUE(contains(image, value, muted));
+    EXPECT_GE(contrast(muted, palette.color(QPalette::Base)), legibleContrast);
+    grid->AcceptsEntries(true);
+  }
+}
+
+TEST_F(GridTest, OptionButtonsThatCannotBeChosenArePale) {
+  grid->ItemPicture(2, pictureHandle(PictureKind::OptionOn));
+  const QRect place(pictureOf(2) - QPoint(8, 8), QSize(17, 17));
+  const QImage before = shot(view()).copy(place);
+  const QImage boxBefore =
+      shot(view()).copy(place.translated(0, cellRect(3, 1).top() - cellRect(2, 1).top()));
+  grid->AcceptsChoices(false);
+  const QImage after = shot(view());
+  EXPECT_FALSE(contains(after, place, view().palette().color(QPalette::Text)));
+  EXPECT_NE(after.copy(place), before);
+  EXPECT_EQ(after.copy(place.translated(0, cellRect(3, 1).top() - cellRect(2, 1).top())),
+            boxBefore);
+}
+
 TEST_F(GridTest, TextsBehindNumbersStandClearOfThem) {
   grid->List(2, 4, "88888888");
   grid->List(2, 5, "MMM");

@@ -34,6 +34,7 @@ QAccessible::State PictureAccessible::state() const {
   if (state.invalid) return state;
   state.checkable = true;
   state.checked = isChecked();
+  state.disabled = model().isInert(item_);
   state.offscreen = !view().viewport()->rect().intersects(view().pictureArea(item_));
   return state;
 }

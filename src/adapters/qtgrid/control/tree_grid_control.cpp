@@ -142,6 +142,8 @@ std::int32_t TreeGridControl::FindString(std::int32_t start, std::int16_t column
 
 void TreeGridControl::AcceptsEntries(bool accepts) { view().acceptEntries(accepts); }
 
+void TreeGridControl::AcceptsChoices(bool accepts) { view().acceptChoices(accepts); }
+
 void TreeGridControl::StartEdit(std::int32_t index, std::int16_t column) {
   requireItem(index);
   requireColumn(column);

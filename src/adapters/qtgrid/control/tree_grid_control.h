@@ -49,6 +49,7 @@ class TreeGridControl final : public QtTreeGrid, private GridViewListener {
   std::int32_t FindString(std::int32_t start, std::int16_t column,
                           std::string_view text) const override;
   void AcceptsEntries(bool accepts) override;
+  void AcceptsChoices(bool accepts) override;
   void StartEdit(std::int32_t index, std::int16_t column) override;
   bool EndEdit(bool keepText) override;
   void ItemEditFont(const Font& font) override;

@@ -257,6 +257,11 @@ QVariant GridModel::checkState(int item) const {
   }
 }
 
+bool GridModel::isInert(int item) const {
+  const PictureKind kind = pictureKind(items_.picture(item));
+  return !acceptsChoices_ && (kind == PictureKind::OptionOn || kind == PictureKind::OptionOff);
+}
+
 QString GridModel::pictureText(int item) const {
   switch (pictureKind(items_.picture(item))) {
     case PictureKind::CheckedBox:

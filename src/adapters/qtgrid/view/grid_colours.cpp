@@ -7,6 +7,7 @@ namespace {
 
 constexpr GridColour systemColourFlag = 0x80000000;
 constexpr float restingShare = 0.22F;
+constexpr float mutedShare = 0.45F;
 constexpr float deepeningStep = 0.02F;
 
 bool isDark(const QPalette& palette) {
@@ -60,6 +61,14 @@ std::optional<CellColours> cellColours(GridColour background, const QPalette& pa
   if (background == gridDefaultColour) return std::nullopt;
   if ((background & systemColourFlag) != 0) return systemColours(background, palette);
   return onGround(QColor::fromRgb(background & 0xFFFFFF), palette.color(QPalette::Text), palette);
+}
+
+QColor mutedText(const QColor& text, const QColor& ground) {
+  for (float share = mutedShare; share > 0; share -= deepeningStep) {
+    const QColor muted = blended(text, ground, share);
+    if (contrast(muted, ground) >= legibleContrast) return muted;
+  }
+  return text;
 }
 
 CellColours selectionColours(const QPalette& palette) {

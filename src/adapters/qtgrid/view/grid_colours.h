@@ -24,6 +24,9 @@ struct CellColours {
 /// gridDefaultColour and for system colours that have no counterpart.
 std::optional<CellColours> cellColours(GridColour background, const QPalette& palette);
 
+/// `text` closer to the `ground` that it stands on, as far as it stays legible.
+QColor mutedText(const QColor& text, const QColor& ground);
+
 /// The palette's colours of what is selected, the background deepened as far as the text needs to
 /// be legible.
 CellColours selectionColours(const QPalette& palette);

@@ -91,7 +91,8 @@ class GridView : public QTreeView {
   /// The tool tip of a column where the grid itself proposes none.
   QString toolTipOf(int section) const;
   bool takesEntries(int section) const;
-  void acceptEntries(bool accepts) { acceptsEntries_ = accepts; }
+  void acceptEntries(bool accepts);
+  void acceptChoices(bool accepts);
   /// Whether keys go to the grid itself and not to an editor in it.
   bool hasKeys() const;
   /// As a click of the left mouse button.
@@ -152,7 +153,6 @@ class GridView : public QTreeView {
   GridViewListener* listener_ = nullptr;
   std::vector<double> widths_;                  // by grid column
   std::optional<std::vector<int>> shownItems_;  // once somebody has asked
-  bool acceptsEntries_ = true;
   bool settingWidths_ = false;
   bool expandAtLayout_ = false;
   std::optional<int> scrollAtLayout_;

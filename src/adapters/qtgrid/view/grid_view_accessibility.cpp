@@ -73,8 +73,16 @@ QString GridView::toolTipOf(int section) const {
   return listener_->toolTip(model_->columnOf(section), QString());
 }
 
-bool GridView::takesEntries(int section) const {
-  return acceptsEntries_ && model_->isEditable(section);
+bool GridView::takesEntries(int section) const { return model_->takesEntries(section); }
+
+void GridView::acceptEntries(bool accepts) {
+  model_->acceptEntries(accepts);
+  viewport()->update();
+}
+
+void GridView::acceptChoices(bool accepts) {
+  model_->acceptChoices(accepts);
+  viewport()->update();
 }
 
 void GridView::click(const GridHit& hit) {
