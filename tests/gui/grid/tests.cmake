@@ -4,7 +4,7 @@ target_link_libraries(vexnumkr_test_grid
   PUBLIC vexnumkr_qtgrid Qt6::Test GTest::gtest
   PRIVATE vexnumkr_options)
 
-foreach(name items model mouse keys edit edit_handlers paste rebuild columns look
+foreach(name items model mouse keys edit edit_handlers paste rebuild row_copy columns look
     contrast menus tool_tip)
   vexnumkr_test(gui/grid/grid_${name}_test GUI LABEL gui LINKS vexnumkr_test_grid)
 endforeach()

@@ -1,5 +1,7 @@
 #include "adapters/qtgrid/control/tree_grid_control.h"
 
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QHeaderView>
 #include <QKeyEvent>
 
@@ -11,6 +13,7 @@
 #include "adapters/qt/text.h"
 #include "adapters/qt/units.h"
 #include "adapters/qtgrid/accessible/grid_accessible.h"
+#include "adapters/qtgrid/control/row_texts.h"
 
 namespace vexnumkr {
 namespace {
@@ -244,7 +247,35 @@ bool TreeGridControl::keyPressed(const QKeyEvent& event) {
   const std::int16_t key = keyCode(event);
   if (events_ != nullptr) guarded("KeyDown", [&] { events_->KeyDown(key); });
   // These two mean something to the form only, and what a handler opened must not see the key.
-  return key == key_code::space || key == key_code::f2 || isEditing();
+  if (key == key_code::space || key == key_code::f2 || isEditing()) return true;
+  if (event.matches(QKeySequence::Copy)) {
+    copyRow();
+  } else if (event.matches(QKeySequence::Paste)) {
+    pasteRow();
+  } else {
+    return false;
+  }
+  return true;
+}
+
+void TreeGridControl::copyRow() const {
+  if (current_ >= 0) QGuiApplication::clipboard()->setText(rowLine(model(), current_));
+}
+
+// As if the values were typed into the cells of the current range one after the other; a refused
+// one stays open, and those behind it stay as they were.
+void TreeGridControl::pasteRow() {
+  const int item = current_;
+  if (item < 0 || items().level(item) == 0) return;
+  const QStringList values = rowValues(QGuiApplication::clipboard()->text(), model().columnCount());
+  for (int section = 1; section <= values.size(); ++section) {
+    if (section >= model().columnCount() || !model().takesEntries(section)) return;
+    const int column = model().columnOf(section);
+    StartEdit(item, static_cast<std::int16_t>(column));
+    if (!edit_.isAt(item, column)) return;
+    edit_.enter(values.at(section - 1));
+    if (!edit_.end(true)) return;
+  }
 }
 
 void TreeGridControl::currentItemChanged(int item) {

@@ -91,6 +91,8 @@ class TreeGridControl final : public QtTreeGrid, private GridViewListener {
   void requireItem(std::int32_t index) const;
   void requireColumn(std::int16_t column) const;
   void makeCurrent();
+  void copyRow() const;
+  void pasteRow();
   void restoreAfterReset();
 
   QPointer<GridView> view_;

@@ -74,6 +74,8 @@ void GridEdit::reveal() {
   if (session_) view_.reveal(session_->item, session_->column);
 }
 
+void GridEdit::enter(const QString& text) { editor_->setText(text); }
+
 bool GridEdit::end(bool keepText) {
   if (!session_) return true;
   if (ending_ && keepText) return false;

@@ -33,6 +33,8 @@ class GridEdit : private CellEditorListener {
   bool isAt(int item, int column) const;
   /// REQUIRES: none is open; the cell is shown.
   void open(int item, int column);
+  /// Puts `text` in the place of the editor's. REQUIRES: one is open.
+  void enter(const QString& text);
   /// See TreeGrid::EndEdit.
   bool end(bool keepText);
   /// Puts the editor where its cell is now.
