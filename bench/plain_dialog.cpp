@@ -5,18 +5,18 @@
 #include <QPushButton>
 #include <QTreeView>
 
-#include "adapters/qtforms/units.h"
+#include "adapters/qt/units.h"
 #include "data/table/common_names.h"
 
 namespace vexnumkr::bench {
 
 PlainDialog::PlainDialog(const FormDescription& description, const XArray& table) {
-  resize(qtforms::toPixels(description.width), qtforms::toPixels(description.height));
+  resize(toPixels(description.width), qtforms::toPixels(description.height));
   fill(table);
   for (const ControlDescription& control : description.controls) {
     QWidget* const widget = madeFor(control);
     if (widget == nullptr) continue;
-    widget->setGeometry(qtforms::toPixels(control.position));
+    widget->setGeometry(toPixels(control.position));
     widget->setVisible(control.visible);
   }
 }

@@ -1,7 +1,7 @@
 #include "app/connection_file.h"
 
-#include <QtCore/QFile>
-#include <QtCore/QString>
+#include <QFile>
+#include <QString>
 
 #include "app/command_line.h"
 

@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include <QtCore/QFile>
-#include <QtCore/QTemporaryDir>
+#include <QFile>
+#include <QTemporaryDir>
 
 namespace vexnumkr::app {
 namespace {

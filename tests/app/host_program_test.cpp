@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
-#include <QtCore/QDir>
-#include <QtCore/QFile>
-#include <QtGui/QImage>
+#include <QDir>
+#include <QFile>
+#include <QImage>
 
 #include "app/connection_text.h"
 #include "app/program.h"

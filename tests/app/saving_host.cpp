@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include <QtCore/QFile>
-#include <QtCore/QFileInfo>
+#include <QFile>
+#include <QFileInfo>
 #include <csignal>
 
 #include "app/connection_text.h"

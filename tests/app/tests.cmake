@@ -31,8 +31,3 @@ target_compile_definitions(killed_save_test PRIVATE
   FILE_OPERATIONS="$<TARGET_FILE:vexnumkr_file_operations>")
 add_dependencies(killed_save_test
   vexnumkr-host vexnumkr_button_presser vexnumkr_file_operations)
-
-add_test(NAME host_includes
-  COMMAND "${CMAKE_COMMAND}" "-DSOURCE_DIR=${PROJECT_SOURCE_DIR}"
-          -P "${CMAKE_CURRENT_LIST_DIR}/check_host_includes.cmake")
-set_tests_properties(host_includes PROPERTIES LABELS unit)

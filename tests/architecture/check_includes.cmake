@@ -65,25 +65,52 @@ foreach(file IN LISTS headers)
 endforeach()
 
 # What lies around the core sees it only where it has to, and one adapter knows another only where it
-# is made of it. The one for automation does without Qt.
+# is made of it: the forms know the face of the grid. The adapter for automation does without Qt.
 set(seen_by_adapters/automation platform adapters/automation)
 set(seen_by_adapters/qtsql platform adapters/qtsql)
-set(seen_by_adapters/qtgrid platform adapters/qtgrid)
-set(seen_by_adapters/qtforms platform adapters/qtgrid adapters/qtforms)
+set(seen_by_adapters/qt platform adapters/qt)
+set(seen_by_adapters/qtgrid platform adapters/qt adapters/qtgrid)
+set(seen_by_adapters/qtforms platform adapters/qt adapters/qtgrid/qt_tree_grid.h adapters/qtforms)
 set(seen_by_component platform hosting dialogs/main adapters/qtforms component)
 set(seen_by_windows hosting adapters/automation component windows)
-foreach(folder adapters/automation adapters/qtsql adapters/qtgrid adapters/qtforms component windows)
+foreach(folder adapters/automation adapters/qtsql adapters/qt adapters/qtgrid adapters/qtforms component
+    windows)
   list(JOIN seen_by_${folder} "|" seen)
   file(GLOB_RECURSE files RELATIVE "${SOURCE_DIR}/src"
     "${SOURCE_DIR}/src/${folder}/*.h" "${SOURCE_DIR}/src/${folder}/*.cpp")
   foreach(file IN LISTS files)
     file(STRINGS "${SOURCE_DIR}/src/${file}" includes REGEX "^#include [\"<]")
     foreach(line IN LISTS includes)
-      if((line MATCHES "\"" AND NOT line MATCHES "\"(${seen})/")
+      if((line MATCHES "\"" AND NOT line MATCHES "\"(${seen})[/\"]")
           OR (folder STREQUAL "adapters/automation" AND line MATCHES "<Q"))
         list(APPEND failures "src/${file}: ${line}")
       endif()
     endforeach()
+  endforeach()
+endforeach()
+
+# The stand-alone host and the example see the component as every host does.
+file(GLOB_RECURSE files RELATIVE "${SOURCE_DIR}"
+  "${SOURCE_DIR}/src/app/*.h" "${SOURCE_DIR}/src/app/*.cpp" "${SOURCE_DIR}/examples/*.cpp")
+foreach(file IN LISTS files)
+  file(STRINGS "${SOURCE_DIR}/${file}" includes REGEX "^#include ")
+  foreach(line IN LISTS includes)
+    if(NOT line MATCHES "^#include (\"app/|<vexnumkr/|<Q[A-Za-z]+>|<[a-z_]+>)")
+      list(APPEND failures "${file}: ${line}")
+    endif()
+  endforeach()
+endforeach()
+
+# Qt's headers are named without the module that they are in.
+file(GLOB_RECURSE files RELATIVE "${SOURCE_DIR}"
+  "${SOURCE_DIR}/src/*.h" "${SOURCE_DIR}/src/*.cpp" "${SOURCE_DIR}/tests/*.h"
+  "${SOURCE_DIR}/tests/*.cpp" "${SOURCE_DIR}/bench/*.h" "${SOURCE_DIR}/bench/*.cpp"
+  "${SOURCE_DIR}/examples/*.cpp")
+list(FILTER files EXCLUDE REGEX "^src/adapters/qtsql/|^tests/contract/")
+foreach(file IN LISTS files)
+  file(STRINGS "${SOURCE_DIR}/${file}" includes REGEX "^#include <Qt[A-Z][A-Za-z]+/[A-Za-z]+>")
+  foreach(line IN LISTS includes)
+    list(APPEND failures "${file}: ${line}")
   endforeach()
 endforeach()
 

@@ -3,7 +3,10 @@
 add_test(NAME include_directions
   COMMAND "${CMAKE_COMMAND}" "-DSOURCE_DIR=${PROJECT_SOURCE_DIR}"
           -P "${CMAKE_CURRENT_LIST_DIR}/check_includes.cmake")
-set_tests_properties(include_directions PROPERTIES LABELS unit)
+add_test(NAME include_circles
+  COMMAND "${CMAKE_COMMAND}" "-DSOURCE_DIR=${PROJECT_SOURCE_DIR}"
+          -P "${CMAKE_CURRENT_LIST_DIR}/check_circles.cmake")
+set_tests_properties(include_directions include_circles PROPERTIES LABELS unit)
 
 # Other versions of the formatter break lines elsewhere, so only the one that the sources were
 # formatted with can tell.

@@ -4,9 +4,9 @@
 //
 // It works the stand-alone host's dialogs over its sample company, without a display, and always
 // makes the same pictures, up to the fonts that the system has.
-#include <QtCore/QDir>
-#include <QtCore/QTemporaryDir>
-#include <QtWidgets/QApplication>
+#include <QApplication>
+#include <QDir>
+#include <QTemporaryDir>
 #include <cstdlib>
 #include <iostream>
 #include <sstream>

@@ -6,7 +6,7 @@
 #include <QHelpEvent>
 #include <QLineEdit>
 #include <QTest>
-#include <QTextDocument>
+#include <QTimer>
 #include <QToolTip>
 #include <QWindow>
 #include <chrono>
@@ -15,6 +15,7 @@
 
 #include <vexnumkr/adapters.h>
 
+#include "adapters/qt/tool_tips.h"
 #include "adapters/qtforms/qt_forms_toolkit.h"
 #include "scenario/controls.h"
 #include "scenario/input.h"
@@ -45,14 +46,6 @@ void calmApplication() {
 void hideToolTips() {
   for (QWidget* window : QApplication::topLevelWidgets())
     if (window->inherits("QTipLabel")) window->hide();
-}
-
-// Tips that look like mark-up are shown as escaped mark-up.
-std::string plainText(const QString& toolTip) {
-  if (!Qt::mightBeRichText(toolTip)) return toolTip.toStdString();
-  QTextDocument document;
-  document.setHtml(toolTip);
-  return document.toPlainText().toStdString();
 }
 
 }  // namespace
@@ -93,6 +86,14 @@ void DialogSession::show(std::function<void()> steps) {
   watchdog_.begin(0, "the dialog to be closed");
   user_.expectDialog("frmNummernkreise", std::move(steps));
   component_.ShowDialog();
+  watchdog_.end();
+}
+
+void DialogSession::showToTheEnd(std::function<void()> steps) {
+  watchdog_.begin(0, "the application to end");
+  user_.expectDialogToTheEnd("frmNummernkreise", std::move(steps));
+  QTimer::singleShot(0, &user_, [this] { component_.ShowDialog(); });
+  QCoreApplication::exec();
   watchdog_.end();
 }
 
@@ -223,7 +224,8 @@ std::string DialogSession::toolTip(std::int32_t item, std::int32_t column) const
   hideToolTips();
   QHelpEvent wanted(QEvent::ToolTip, centre, viewport.mapToGlobal(centre));
   QApplication::sendEvent(&viewport, &wanted);
-  const std::string text = QToolTip::isVisible() ? plainText(QToolTip::text()) : std::string();
+  const std::string text =
+      QToolTip::isVisible() ? toolTipText(QToolTip::text()).toStdString() : std::string();
   hideToolTips();
   return text;
 }

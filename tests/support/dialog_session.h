@@ -63,6 +63,8 @@ class DialogSession : public ::testing::Test {
   bool init(std::int32_t application, const std::string& date = "20240315");
   /// Shows the dialog; `steps` run when it is up, and close it.
   void show(std::function<void()> steps);
+  /// Shows the dialog in a running application, which ends when `steps` are over.
+  void showToTheEnd(std::function<void()> steps);
   /// Shows the dialog over the small company of that application; it is cancelled in the end unless
   /// `steps` have closed it.
   void inCompany(std::int32_t application, const std::function<void()>& steps);

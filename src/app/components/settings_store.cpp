@@ -1,8 +1,8 @@
 #include "app/components/settings_store.h"
 
-#include <QtCore/QDir>
-#include <QtCore/QFileInfo>
-#include <QtCore/QString>
+#include <QDir>
+#include <QFileInfo>
+#include <QString>
 #include <optional>
 
 #include <vexnumkr/error.h>

@@ -1,7 +1,7 @@
 #include "app/sample/create_sample.h"
 
-#include <QtCore/QFile>
-#include <QtCore/QString>
+#include <QFile>
+#include <QString>
 #include <set>
 
 #include <vexnumkr/adapters.h>

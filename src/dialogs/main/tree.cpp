@@ -51,6 +51,7 @@ void Tree::SyncDataWithControl(const View& view) {
     const std::int32_t current = grid_.ListIndex();
     grid_.Clear();
     grid_.AcceptsEntries(view.isCommon());
+    grid_.AcceptsChoices(view.showsAllCircles());
     addItems(view);
     grid_.ListIndex(current);
   });

@@ -6,8 +6,8 @@
 #include <QVBoxLayout>
 #include <QWindow>
 
-#include "adapters/qtforms/fonts.h"
-#include "adapters/qtforms/text.h"
+#include "adapters/qt/fonts.h"
+#include "adapters/qt/text.h"
 #include "platform/progress_display.h"
 
 namespace vexnumkr::qtforms {
