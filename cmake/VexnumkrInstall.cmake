@@ -13,13 +13,19 @@ endif()
 set(VEXNUMKR_DATA_DIR "${CMAKE_INSTALL_DATADIR}/vexnumkr")
 set(VEXNUMKR_CMAKE_DIR "${CMAKE_INSTALL_LIBDIR}/cmake/vexnumkr")
 
-# vexnumkr_public_library(TARGET COMPONENT)
+# vexnumkr_public_library(TARGET COMPONENT [EXPORT_MAP FILE])
 # A library that hosts link as vexnumkr::<EXPORT_NAME> after find_package(vexnumkr COMPONENTS COMPONENT):
-# versioned, found with its headers in the build and where it is installed.
+# versioned, found with its headers in the build and where it is installed. Of a shared library FILE says
+# which symbols leave it.
 function(vexnumkr_public_library target component)
+  cmake_parse_arguments(PARSE_ARGV 2 arg "" "EXPORT_MAP" "")
   set_target_properties(${target} PROPERTIES
     VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR})
   target_link_libraries(${target} PUBLIC vexnumkr_headers)
+  if(arg_EXPORT_MAP)
+    target_link_options(${target} PRIVATE "LINKER:--version-script=${arg_EXPORT_MAP}")
+    set_property(TARGET ${target} APPEND PROPERTY LINK_DEPENDS "${arg_EXPORT_MAP}")
+  endif()
   install(TARGETS ${target} EXPORT vexnumkr-${component}
     LIBRARY COMPONENT runtime NAMELINK_COMPONENT development
     ARCHIVE COMPONENT development)
