@@ -12,6 +12,8 @@ set -euo pipefail
 build=(cmake g++ ninja-build qt6-base-dev)
 runtime=(fonts-liberation libqt6sql6-sqlite)
 testing=(g++-mingw-w64-x86-64-posix libbenchmark-dev libgtest-dev qt6-base-private-dev)
+# What checks what is installed.
+installed=(appstream bash-completion binutils desktop-file-utils file man-db pkgconf zsh)
 # The database servers of the tests, and the drivers to reach them and ODBC.
 engines=(libqt6sql6-psql libqt6sql6-mysql libqt6sql6-odbc odbc-postgresql libsqliteodbc odbcinst
   postgresql mariadb-server mariadb-client)
@@ -33,7 +35,7 @@ case "${1:-}" in
     welcome=("${display[@]}" "${translations[@]}")
     ;;
   test)
-    needed=("${build[@]}" "${runtime[@]}" "${testing[@]}" "${engines[@]}")
+    needed=("${build[@]}" "${runtime[@]}" "${testing[@]}" "${engines[@]}" "${installed[@]}")
     welcome=("${formatter[@]}")
     ;;
   windows)
@@ -50,7 +52,7 @@ case "${1:-}" in
     ;;
 esac
 
-installed() {
+is_installed() {
   [ "$(dpkg-query -W -f '${db:Status-Status}' "$1" 2>/dev/null)" = installed ]
 }
 
@@ -58,7 +60,7 @@ installed() {
 missing() {
   local package
   for package in "$@"; do
-    installed "$package" || echo "$package"
+    is_installed "$package" || echo "$package"
   done
 }
 
