@@ -3,6 +3,7 @@
 #
 #   tools/install-packages.sh run           to build and run the stand-alone host
 #   tools/install-packages.sh test          to build and test everything
+#   tools/install-packages.sh package       to build and test the Debian packages and the manuals
 #   tools/install-packages.sh windows       to build VEXNumKr.dll for Windows
 #   tools/install-packages.sh windows-test  to test that under Wine
 #
@@ -14,6 +15,8 @@ runtime=(fonts-liberation libqt6sql6-sqlite)
 testing=(g++-mingw-w64-x86-64-posix libbenchmark-dev libgtest-dev qt6-base-private-dev)
 # What checks what is installed.
 installed=(appstream bash-completion binutils desktop-file-utils file man-db pkgconf zsh)
+manuals=(fonts-liberation pandoc weasyprint)
+packaging=(debhelper debootstrap dpkg-dev lintian)
 # The database servers of the tests, and the drivers to reach them and ODBC.
 engines=(libqt6sql6-psql libqt6sql6-mysql libqt6sql6-odbc odbc-postgresql libsqliteodbc odbcinst
   postgresql mariadb-server mariadb-client)
@@ -38,6 +41,10 @@ case "${1:-}" in
     needed=("${build[@]}" "${runtime[@]}" "${testing[@]}" "${engines[@]}" "${installed[@]}")
     welcome=("${formatter[@]}")
     ;;
+  package)
+    needed=("${build[@]}" "${manuals[@]}" "${packaging[@]}")
+    welcome=()
+    ;;
   windows)
     needed=("${build[@]}" "${windows[@]}")
     welcome=()
@@ -47,7 +54,7 @@ case "${1:-}" in
     welcome=()
     ;;
   *)
-    echo "usage: tools/install-packages.sh run|test|windows|windows-test" >&2
+    echo "usage: tools/install-packages.sh run|test|package|windows|windows-test" >&2
     exit 2
     ;;
 esac
