@@ -6,6 +6,7 @@
 #   tools/install-packages.sh package       to build and test the Debian packages and the manuals
 #   tools/install-packages.sh windows       to build VEXNumKr.dll for Windows
 #   tools/install-packages.sh windows-test  to test that under Wine
+#   tools/install-packages.sh windows-package  to make the archive and the installer of it
 #
 # Needs root or sudo only when something is missing.
 set -euo pipefail
@@ -45,6 +46,10 @@ case "${1:-}" in
     needed=("${build[@]}" "${manuals[@]}" "${packaging[@]}")
     welcome=()
     ;;
+  windows-package)
+    needed=("${manuals[@]}" jq msitools unzip uuid-runtime wixl zip)
+    welcome=()
+    ;;
   windows)
     needed=("${build[@]}" "${windows[@]}")
     welcome=()
@@ -54,7 +59,7 @@ case "${1:-}" in
     welcome=()
     ;;
   *)
-    echo "usage: tools/install-packages.sh run|test|package|windows|windows-test" >&2
+    echo "usage: tools/install-packages.sh run|test|package|windows|windows-test|windows-package" >&2
     exit 2
     ;;
 esac
