@@ -15,7 +15,7 @@ build=(cmake g++ ninja-build qt6-base-dev)
 runtime=(fonts-liberation libqt6sql6-sqlite)
 testing=(g++-mingw-w64-x86-64-posix libbenchmark-dev libgtest-dev qt6-base-private-dev)
 # What checks what is installed.
-installed=(appstream bash-completion binutils desktop-file-utils file man-db pkgconf zsh)
+installed=(appstream bash-completion binutils desktop-file-utils file jq man-db pkgconf zsh)
 manuals=(fonts-liberation pandoc weasyprint)
 packaging=(debhelper debootstrap dpkg-dev lintian)
 # The database servers of the tests, and the drivers to reach them and ODBC.

@@ -16,6 +16,14 @@ is "$(sed -n 's/^Version: //p' "$PREFIX/lib/pkgconfig/vexnumkr.pc")" "$version" 
 is "$(sed -n 's/.*VERSION_TEXT "\(.*\)"/\1/p' "$PREFIX/include/vexnumkr/version.h")" "$version" version.h
 is "$(readlink "$PREFIX/lib/libvexnumkr.so.$major")" "libvexnumkr.so.$version" "the library's file"
 
+# The SPDX document names this version, and is one.
+if command -v jq >/dev/null; then
+  is "$(jq -r '.packages[] | select(.name == "vexnumkr") | .versionInfo' \
+    "$PREFIX/share/doc/vexnumkr/vexnumkr.spdx.json")" "$version" SPDX
+else
+  echo "skipped: jq is not installed"
+fi
+
 # The newest section of the change log is this version's, and so is that of the Debian packages.
 newest=$(sed -n 's/^## //p' "$ROOT/CHANGELOG.md" | head -n 1)
 grep -qxE "$version \((unreleased|20[0-9]{2}-[01][0-9]-[0-3][0-9])\)" <<<"$newest" || {
