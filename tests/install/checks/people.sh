@@ -11,9 +11,9 @@ entry=$PREFIX/share/applications/de.vexal.nummernkreise.desktop
 test -x "$PREFIX/bin/$(sed -n 's/^Exec=//p' "$entry")"
 icon=$(sed -n 's/^Icon=//p' "$entry")
 for size in 16 32 48 64 128 256; do
-  file "$PREFIX/share/icons/hicolor/${size}x$size/apps/$icon.png" 2>/dev/null |
-    grep -q "PNG image data, $size x $size" || ! command -v file >/dev/null
-  test -s "$PREFIX/share/icons/hicolor/${size}x$size/apps/$icon.png"
+  png=$PREFIX/share/icons/hicolor/${size}x$size/apps/$icon.png
+  test -s "$png"
+  if has file; then file "$png" | grep "PNG image data, $size x $size"; fi
 done
 test -s "$PREFIX/share/icons/hicolor/scalable/apps/$icon.svg"
 
