@@ -2,11 +2,11 @@
 # Builds the Debian packages in a Debian of its own, twice; checks that both are the same and what lintian
 # says; installs them in another one, uses them and removes them again.
 #
-#   tools/debian/test.sh [KEEP]
+#   tools/debian/test.sh [--packages FOLDER] [KEEP]
 #
-# Needs root rights and Debian's servers, and takes about a quarter of an hour, five minutes less when the
-# small Debian is in the cache of tools/windows/qt.sh already. The packages are left in the folder KEEP,
-# where one is named, with the guided tour's pictures.
+# Needs root rights and Debian's servers, and takes about a quarter of an hour. With --packages those that
+# tools/debian/build.sh has put into FOLDER are taken, which takes two minutes. The packages are left in the
+# folder KEEP, where one is named, with the guided tour's pictures.
 set -euo pipefail
 
 tools=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
@@ -16,12 +16,18 @@ case "${1:-}" in
     exit 0
     ;;
 esac
+given=
+if [ "${1:-}" = --packages ]; then
+  given=$(cd "$2" && pwd)
+  shift 2
+fi
 keep=${1:-}
 if [ "$(id -u)" -ne 0 ]; then
   echo "Root rights are needed for a Debian of its own." >&2
   exit 1
 fi
 cache=${VEXNUMKR_WINDOWS_CACHE:-${XDG_CACHE_HOME:-$HOME/.cache}/vexnumkr}
+export LC_ALL=C.UTF-8
 release=$(. /etc/os-release && echo "$VERSION_CODENAME")
 clean=$cache/debian-$release.tar
 
@@ -85,35 +91,45 @@ build() {
   }
 }
 
-say "building"
-"$tools/export.sh" "$work/source"
-new_root build
-mkdir "$work/build/tmp/needs"
-cp -r "$work/source/debian" "$work/build/tmp/needs/"
-inside "$work/build" sh -c 'apt-get -q install -y --no-install-recommends build-essential &&
-  cd /tmp/needs && apt-get -q build-dep -y --no-install-recommends ./' >"$work/log" 2>&1 ||
-  { tail "$work/log" && fail "what building takes cannot be installed"; }
-build /first
-build /somewhere/else TZ=Asia/Tokyo LC_ALL=C MASK=027
-for file in "$work"/build/first/*.deb "$work"/build/first/*.tar.xz; do
-  cmp "$file" "$work/build/somewhere/else/$(basename "$file")" || fail "built twice, it differs"
-  echo "the same twice: $(basename "$file")"
-done
+# What the packages are made of, and that it is the same twice.
+build_twice() {
+  say "building"
+  "$tools/export.sh" "$work/source"
+  new_root build
+  mkdir "$work/build/tmp/needs"
+  cp -r "$work/source/debian" "$work/build/tmp/needs/"
+  inside "$work/build" sh -c 'apt-get -q install -y --no-install-recommends build-essential &&
+    cd /tmp/needs && apt-get -q build-dep -y --no-install-recommends ./' >"$work/log" 2>&1 ||
+    { tail "$work/log" && fail "what building takes cannot be installed"; }
+  build /first
+  build /somewhere/else TZ=Asia/Tokyo LC_ALL=C MASK=027
+  for file in "$work"/build/first/*.deb "$work"/build/first/*.tar.xz; do
+    cmp "$file" "$work/build/somewhere/else/$(basename "$file")" || fail "built twice, it differs"
+    echo "the same twice: $(basename "$file")"
+  done
+}
+
+# Whether an example can be built where only the packages are.
+build_a_host() {
+  say "a host against the development package"
+  inside "$work/build" sh -c 'apt-get -q install -y --no-install-recommends /first/libvexnumkr*.deb &&
+    cmake -S /first/vexnumkr/examples/embed -B /tmp/embed && cmake --build /tmp/embed' >"$work/log" 2>&1 ||
+    { tail "$work/log" && fail "the example cannot be built"; }
+  echo "built"
+}
+
+packages=${given:-$work/build/first}
+[ -n "$given" ] || build_twice
 
 say "lintian"
-lintian --fail-on error,warning --info "$work"/build/first/*.changes
+lintian --fail-on error,warning --info "$packages"/*.changes
 
-say "a host against the development package"
-rm -f "$work"/build/first/*-dbgsym_*
-inside "$work/build" sh -c 'apt-get -q install -y --no-install-recommends /first/libvexnumkr*.deb &&
-  cmake -S /first/vexnumkr/examples/embed -B /tmp/embed && cmake --build /tmp/embed' >"$work/log" 2>&1 ||
-  { tail "$work/log" && fail "the example cannot be built"; }
-echo "built"
+[ -n "$given" ] || build_a_host
 
 say "installing"
 new_root use
 mkdir "$work/use/debs" "$work/use/home/kunde"
-cp "$work"/build/first/*.deb "$work/use/debs"
+find "$packages" -maxdepth 1 -name "*.deb" ! -name "*-dbgsym_*" -exec cp {} "$work/use/debs" \;
 chown 1000:1000 "$work/use/home/kunde"
 inside "$work/use" sh -c 'apt-get -q install -y --no-install-recommends /debs/*.deb libqt6sql6-sqlite \
   fonts-liberation' >"$work/log" 2>&1 || { tail "$work/log" && fail "the packages cannot be installed"; }
@@ -137,14 +153,14 @@ inside "$work/use" sh -c 'apt-get -q purge -y $(dpkg-query -W -f "\${Package} " 
 not_compared='^\./(var/(cache|log|lib/dpkg|lib/apt)|home|tmp|usr/share/(applications/mimeinfo.cache|icons/hicolor/icon-theme.cache))'
 diff <(sed 's/^/./' "$work/ours" | comm -13 - "$work/installed" | grep -vE "$not_compared") \
   <(grep -vE "$not_compared" "$work/removed") || fail "removing has changed other files"
-rm -rf "$work/use/debs" "$work/use/home/kunde.kept" && mv "$work/use/home/kunde" "$work/kunde"
+rm -rf "$work/use/debs" && mv "$work/use/home/kunde" "$work/kunde"
 left=$(find "$work/use" -xdev -name '*vexnumkr*' -print)
 [ -z "$left" ] || fail "left behind: $left"
 echo "nothing is left"
 
 if [ -n "$keep" ]; then
   mkdir -p "$keep"
-  cp "$work"/build/first/*.{deb,dsc,tar.xz,changes,buildinfo} "$keep"
+  cp "$packages"/*.* "$keep"
   cp -r "$work/kunde/rundgang" "$keep"
 fi
 say "all is well"
