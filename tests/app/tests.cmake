@@ -18,6 +18,10 @@ vexnumkr_test(app/host_messages_test GUI LABEL gui LINKS vexnumkr_test_app)
 vexnumkr_test(app/host_texts_test GUI LABEL gui LINKS vexnumkr_test_app)
 vexnumkr_test(app/host_dialog_test GUI LABEL gui LINKS vexnumkr_test_app)
 
+vexnumkr_test(app/window_icon_test GUI LABEL unit LINKS vexnumkr_test_app)
+target_compile_definitions(window_icon_test PRIVATE
+  ICON_FOLDER="${PROJECT_SOURCE_DIR}/packaging/desktop")
+
 vexnumkr_test(app/host_program_test GUI LABEL gui LINKS vexnumkr_test_app TIMEOUT 300)
 target_compile_definitions(host_program_test PRIVATE
   HOST_PROGRAM="$<TARGET_FILE:vexnumkr-host>" PROJECT_VERSION="${PROJECT_VERSION}")

@@ -14,6 +14,7 @@
 #include <vexnumkr/adapters.h>
 #include <vexnumkr/component.h>
 #include <vexnumkr/error.h>
+#include <vexnumkr/version.h>
 
 #include "app/command_line.h"
 #include "app/components/offered_components.h"
@@ -23,7 +24,6 @@
 #include "app/process_list.h"
 #include "app/sample/create_sample.h"
 #include "app/tour/guided_tour.h"
-#include "app/version.h"
 
 namespace vexnumkr::app {
 
