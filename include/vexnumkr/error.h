@@ -22,6 +22,8 @@ inline constexpr std::int32_t objectNotSet = 91;
 inline constexpr std::int32_t invalidUseOfNull = 94;
 inline constexpr std::int32_t invalidPropertyValue = 380;
 inline constexpr std::int32_t cannotCreateObject = 429;
+/// An argument that cannot be used, a statement that is refused.
+inline constexpr std::int32_t invalidArgument = 3001;
 inline constexpr std::int32_t noCurrentRecord = 3021;
 }  // namespace error_number
 
