@@ -8,7 +8,6 @@
 
 #include "adapters/qtsql/session.h"
 #include "app/components/settings_store.h"
-#include "app/connection_text.h"
 #include "app/sql.h"
 #include "scenario/schema.h"
 #include "scenario/transcript.h"
@@ -32,7 +31,7 @@ std::unique_ptr<qtsql::Session> open(const ConnectionSettings& settings) {
 // The file of a SQLite database, by whatever driver it is reached.
 std::string fileOf(const ConnectionSettings& settings) {
   if (qtsql::driverOf(settings.driver).name == sqliteDriver) return settings.database;
-  return app::ConnectionText(settings.database).value("Database");
+  return connectionValue(settings.database, "Database", ConnectionSyntax::odbc);
 }
 
 app::SchemaEngine schemaOf(const qtsql::Session& session) {
