@@ -136,8 +136,8 @@ int main(int argc, char** argv) {
   try {
     return run(arguments[1].toStdString(), arguments[2].toStdString(),
                arguments.contains(QStringLiteral("--demo")));
-  } catch (const vexnumkr::Error& error) {
-    std::cerr << error.description() << '\n';
+  } catch (const std::exception& error) {
+    std::cerr << error.what() << '\n';
     return 1;
   }
 }

@@ -23,6 +23,8 @@ inline constexpr std::int32_t objectNotSet = 91;
 inline constexpr std::int32_t invalidUseOfNull = 94;
 inline constexpr std::int32_t invalidPropertyValue = 380;
 inline constexpr std::int32_t cannotCreateObject = 429;
+/// An argument that cannot be used, a statement that is refused.
+inline constexpr std::int32_t invalidArgument = 3001;
 inline constexpr std::int32_t noCurrentRecord = 3021;
 /// The database does not hold what was sent to it; nothing of it is committed.
 inline constexpr std::int32_t notStoredAsWritten = 3022;

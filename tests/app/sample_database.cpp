@@ -9,8 +9,8 @@
 #include <QVariant>
 
 #include <vexnumkr/adapters.h>
+#include <vexnumkr/connection_string.h>
 
-#include "app/connection_text.h"
 #include "app/sample/create_sample.h"
 
 namespace vexnumkr::test {
@@ -58,7 +58,7 @@ std::string SampleDatabase::folder() const { return folder_.path().toStdString()
 std::string SampleDatabase::file() const { return folder() + "/firma.db"; }
 
 std::shared_ptr<Connection> SampleDatabase::connect() const {
-  return openQtSqlConnection(app::sqliteConnectionText(file()));
+  return openQtSqlConnection(sqliteConnectionString(file()));
 }
 
 void SampleDatabase::run(const std::string& statement) const { query(file(), statement); }

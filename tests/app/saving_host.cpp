@@ -6,7 +6,8 @@
 #include <QFileInfo>
 #include <csignal>
 
-#include "app/connection_text.h"
+#include <vexnumkr/connection_string.h>
+
 #include "app/sample_database.h"
 #include "app/schema/schema.h"
 
@@ -67,7 +68,7 @@ void SavingHost::start(int killAt) {
   process_.setProcessChannelMode(QProcess::MergedChannels);
   process_.start(
       QStringLiteral(HOST_PROGRAM),
-      {QStringLiteral("--connection"), QString::fromStdString(app::sqliteConnectionText(file())),
+      {QStringLiteral("--connection"), QString::fromStdString(sqliteConnectionString(file())),
        QStringLiteral("--application"), QStringLiteral("2"), QStringLiteral("--user"),
        QStringLiteral("Anna"), QStringLiteral("--date"), QStringLiteral("20261121")});
 }

@@ -9,7 +9,7 @@ target_link_libraries(vexnumkr_test_app
   PRIVATE vexnumkr_options)
 
 vexnumkr_test(app/command_line_test LABEL unit LINKS vexnumkr_test_app)
-vexnumkr_test(app/connection_text_test LABEL unit LINKS vexnumkr_test_app)
+vexnumkr_test(app/process_list_test LABEL unit LINKS vexnumkr_test_app)
 vexnumkr_test(app/sample_test GUI LABEL unit LINKS vexnumkr_test_app)
 vexnumkr_test(app/settings_store_test GUI LABEL unit LINKS vexnumkr_test_app)
 vexnumkr_test(app/booking_circles_test GUI LABEL unit LINKS vexnumkr_test_app)

@@ -3,12 +3,11 @@
 #include <QFile>
 #include <QString>
 
+#include <vexnumkr/connection_string.h>
 #include <vexnumkr/error.h>
 
-#include "adapters/qtsql/connection_string.h"
 #include "adapters/qtsql/session.h"
 #include "app/components/settings_store.h"
-#include "app/connection_text.h"
 #include "app/sql.h"
 #include "scenario/schema.h"
 #include "scenario/transcript.h"
@@ -23,16 +22,16 @@ void provideFile(const std::string& file) {
   QFile(QString::fromStdString(file)).open(QIODevice::ReadWrite);
 }
 
-std::unique_ptr<qtsql::Session> open(const qtsql::ConnectionSettings& settings) {
+std::unique_ptr<qtsql::Session> open(const ConnectionSettings& settings) {
   const qtsql::Driver& driver = qtsql::driverOf(settings.driver);
   if (driver.name == sqliteDriver) provideFile(settings.database);
   return std::make_unique<qtsql::Session>(driver, settings);
 }
 
 // The file of a SQLite database, by whatever driver it is reached.
-std::string fileOf(const qtsql::ConnectionSettings& settings) {
+std::string fileOf(const ConnectionSettings& settings) {
   if (qtsql::driverOf(settings.driver).name == sqliteDriver) return settings.database;
-  return app::ConnectionText(settings.database).value("Database");
+  return connectionValue(settings.database, "Database", ConnectionSyntax::odbc);
 }
 
 app::SchemaEngine schemaOf(const qtsql::Session& session) {
@@ -79,10 +78,10 @@ void attach(qtsql::Session& session, const std::string& file) {
 }  // namespace
 
 ScenarioDatabase::ScenarioDatabase(const std::string& connectionString) {
-  const qtsql::ConnectionSettings settings = qtsql::parseConnectionString(connectionString);
+  const ConnectionSettings settings = parseConnectionString(connectionString);
   main_ = open(settings);
   if (schemaOf(*main_) != app::SchemaEngine::sqlite) return;
-  qtsql::ConnectionSettings beside;
+  ConnectionSettings beside;
   beside.driver = sqliteDriver;
   beside.database = app::settingsFile(fileOf(settings));
   settings_ = open(beside);

@@ -1,9 +1,9 @@
 #include "adapters/qtsql/connection.h"
 
 #include <vexnumkr/adapters.h>
+#include <vexnumkr/connection_string.h>
 
 #include "adapters/qtsql/command.h"
-#include "adapters/qtsql/connection_string.h"
 #include "adapters/qtsql/driver.h"
 #include "adapters/qtsql/failure.h"
 #include "adapters/qtsql/recordset.h"

@@ -3,7 +3,8 @@
 
 #include <QtSql/QSqlDatabase>
 
-#include "adapters/qtsql/connection_string.h"
+#include <vexnumkr/connection_string.h>
+
 #include "adapters/qtsql/driver.h"
 
 namespace vexnumkr::qtsql {

@@ -5,7 +5,8 @@
 #include <QtSql/QSqlDatabase>
 #include <string_view>
 
-#include "adapters/qtsql/connection_string.h"
+#include <vexnumkr/connection_string.h>
+
 #include "adapters/qtsql/engine.h"
 
 class QSqlError;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
 #include <limits>
 #include <string_view>
 #include <utility>
@@ -75,13 +76,11 @@ std::vector<std::string> BookingCircles::activeKeys(std::int32_t number) const {
 }
 
 std::int32_t circleNumber(const std::string& text) {
-  std::int64_t result = 0;
-  for (const char c : trimBlanks(text)) {
-    if (c < '0' || c > '9') return 0;
-    result = result * 10 + (c - '0');
-    if (result > highestNumber) return 0;
-  }
-  return static_cast<std::int32_t>(result);
+  const std::string_view digits = trimBlanks(text);
+  const char* const end = digits.data() + digits.size();
+  std::int32_t result = 0;
+  const auto [stop, error] = std::from_chars(digits.data(), end, result);
+  return error == std::errc() && stop == end && result > 0 ? result : 0;
 }
 
 std::string refusedNumber(const std::string& text, const std::vector<BookingCircle>& present) {

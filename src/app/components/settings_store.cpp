@@ -5,9 +5,9 @@
 #include <QString>
 #include <optional>
 
+#include <vexnumkr/connection_string.h>
 #include <vexnumkr/error.h>
 
-#include "app/connection_text.h"
 #include "app/files.h"
 #include "app/schema/schema.h"
 #include "app/sql.h"
@@ -34,13 +34,12 @@ bool namesSqlite(const std::string& driver) {
 
 /// The settings file that belongs to a connection, or empty where its database holds the settings.
 std::string ownFile(const std::string& connectionText) {
-  const ConnectionText connection(connectionText);
-  std::string database = connection.value("Database");
-  bool isSqlite = sameName(connection.value("Driver"), "QSQLITE");
-  if (sameName(connection.value("Driver"), "QODBC")) {
-    const ConnectionText odbc(database);
-    isSqlite = namesSqlite(odbc.value("DRIVER"));
-    database = odbc.value("Database");
+  const std::string driver = connectionValue(connectionText, "Driver");
+  std::string database = connectionValue(connectionText, "Database");
+  bool isSqlite = sameName(driver, "QSQLITE");
+  if (sameName(driver, "QODBC")) {
+    isSqlite = namesSqlite(connectionValue(database, "DRIVER", ConnectionSyntax::odbc));
+    database = connectionValue(database, "Database", ConnectionSyntax::odbc);
   }
   return isSqlite && isFileName(database) ? settingsFile(database) : std::string();
 }
@@ -81,7 +80,7 @@ bool exists(const std::string& file) { return QFileInfo::exists(QString::fromStd
 
 std::unique_ptr<Connection> openFile(Connection& host, const std::string& file) {
   auto connection = host.createConnection();
-  connection->ConnectionString(sqliteConnectionText(file));
+  connection->ConnectionString(sqliteConnectionString(file));
   connection->Open("", "", ado::unspecified);
   return connection;
 }

@@ -9,17 +9,18 @@
 #include <cstdlib>
 #include <iostream>
 #include <memory>
+#include <new>
 #include <optional>
 
 #include <vexnumkr/adapters.h>
 #include <vexnumkr/component.h>
+#include <vexnumkr/connection_string.h>
 #include <vexnumkr/error.h>
 #include <vexnumkr/version.h>
 
 #include "app/command_line.h"
 #include "app/components/offered_components.h"
 #include "app/components/window_icon.h"
-#include "app/connection_text.h"
 #include "app/dark_palette.h"
 #include "app/process_list.h"
 #include "app/sample/create_sample.h"
@@ -129,10 +130,16 @@ int runHost(int argc, char** argv) {
               << "\nDer Aufruf wird mit \"vexnumkr-host --help\" erklärt.\n";
     return exit_status::wrongUsage;
   } catch (const Error& error) {
-    std::cerr << "vexnumkr-host: " << withoutPassword(error.description(), options.connection)
+    std::cerr << "vexnumkr-host: " << withoutPasswords(error.description(), options.connection)
               << " (Fehler " << error.number() << ")\n";
-    return exit_status::failed;
+  } catch (const std::bad_alloc&) {
+    std::cerr << "vexnumkr-host: Der Arbeitsspeicher reicht nicht.\n";
+  } catch (const std::exception& error) {
+    std::cerr << "vexnumkr-host: " << withoutPasswords(error.what(), options.connection) << '\n';
+  } catch (...) {
+    std::cerr << "vexnumkr-host: Etwas Unbekanntes ist fehlgeschlagen.\n";
   }
+  return exit_status::failed;
 }
 
 }  // namespace vexnumkr::app

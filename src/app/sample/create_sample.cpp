@@ -5,9 +5,9 @@
 #include <set>
 
 #include <vexnumkr/adapters.h>
+#include <vexnumkr/connection_string.h>
 #include <vexnumkr/error.h>
 
-#include "app/connection_text.h"
 #include "app/files.h"
 #include "app/sample/scaled_company.h"
 #include "app/schema/schema.h"
@@ -168,7 +168,7 @@ std::string createSampleFile(const std::string& file, int scale) {
   makeNewFile(file);
   const SampleCompany company = sampleCompany(scale);
   try {
-    const auto connection = openQtSqlConnection(sqliteConnectionText(file));
+    const auto connection = openQtSqlConnection(sqliteConnectionString(file));
     writeSample(*connection, company);
     connection->Close();
   } catch (const Error&) {
@@ -183,7 +183,7 @@ std::string createSampleTables(const std::string& connectionText, int scale) {
   const auto connection = openQtSqlConnection(connectionText);
   writeSample(*connection, company);
   connection->Close();
-  return summary(ConnectionText(connectionText).value("Driver"), company);
+  return summary(connectionValue(connectionText, "Driver"), company);
 }
 
 }  // namespace vexnumkr::app

@@ -1,16 +1,73 @@
-#include "adapters/qtsql/connection_string.h"
-
 #include <gtest/gtest.h>
 
 #include <random>
+#include <regex>
 
-#include <vexnumkr/adapters.h>
+#include <vexnumkr/connection_string.h>
 
 #include "contract/database_language.h"
 
-namespace vexnumkr::qtsql {
+namespace vexnumkr {
 
 using test::errorOf;
+
+namespace {
+
+/// What a connection string is, said once more with regular expressions.
+std::vector<ConnectionPair> pairsByExpressions(const std::string& text) {
+  static const std::regex entry("[; ]*([^;=]*)(;|$|=) *");
+  static const std::regex enclosed("\"((?:[^\"]|\"\")*)\"(?!\") *(?=;|$)");
+  static const std::regex unclosed("\"((?:[^\"]|\"\")*)$");
+  static const std::regex plain("([^;]*?) *(?=;|$)");
+  static const std::regex twoQuotes("\"\"");
+  constexpr auto here = std::regex_constants::match_continuous;
+  std::vector<ConnectionPair> pairs;
+  std::smatch found;
+  for (auto at = text.cbegin(); at != text.cend();) {
+    EXPECT_TRUE(std::regex_search(at, text.cend(), found, entry, here));
+    const std::string key = found[1];
+    at = found[0].second;
+    if (found[2] != "=") continue;
+    const bool hasMarks = std::regex_search(at, text.cend(), found, enclosed, here) ||
+                          std::regex_search(at, text.cend(), found, unclosed, here);
+    if (!hasMarks) {
+      EXPECT_TRUE(std::regex_search(at, text.cend(), found, plain, here));
+    }
+    const std::string value = found[1];
+    pairs.push_back({std::string(trimBlanks(key)),
+                     hasMarks ? std::regex_replace(value, twoQuotes, "\"") : value, 0, 0});
+    at = found[0].second;
+  }
+  return pairs;
+}
+
+/// Texts made of what matters in connection strings.
+class RandomTexts {
+ public:
+  explicit RandomTexts(unsigned seed) : random_(seed) {}
+
+  std::string next() {
+    static constexpr std::string_view pieces[] = {
+        "Driver",    "=", "=",  ";",        ";",        "\"",       "\"",
+        "\"\"",      " ", "{",  "}",        "'",        "PWD",      "pwd=",
+        "Database=", "a", "b;", "password", "Options=", "\xC3\xA4", "\xFF"};
+    std::string text;
+    for (auto count = random_() % 16; count > 0; --count)
+      text += pieces[random_() % std::size(pieces)];
+    return text;
+  }
+
+ private:
+  std::mt19937 random_;
+};
+
+std::string shown(const std::vector<ConnectionPair>& pairs) {
+  std::string text;
+  for (const ConnectionPair& pair : pairs) text += '<' + pair.key + '|' + pair.value + '>';
+  return text;
+}
+
+}  // namespace
 
 TEST(ConnectionString, NamesDriverAndDatabase) {
   const ConnectionSettings settings = parseConnectionString("Driver=QSQLITE;Database=/a/b.db");
@@ -149,11 +206,68 @@ TEST(ConnectionString, ComposedTextsParseToTheSameSettings) {
   }
 }
 
-// This program has no QCoreApplication.
-TEST(ConnectionString, OpeningNeedsTheApplicationObject) {
-  const Error error = errorOf([] { openQtSqlConnection("Driver=QSQLITE;Database=:memory:"); });
-  EXPECT_EQ(error.number(), 3709);
-  EXPECT_EQ(error.description(), "Für eine Datenbankverbindung fehlt das Qt-Anwendungsobjekt.");
+TEST(ConnectionString, WhateverItIsItIsReadToItsEnd) {
+  for (const char* const text : {"\"\"a;b", "\"Driver=QSQLITE\";Database=x;abc", "=", ";=;", "a",
+                                 "a=\"", "a=\"\"\"", "a={;"})
+    EXPECT_EQ(shown(connectionPairs(text)), shown(pairsByExpressions(text))) << text;
 }
 
-}  // namespace vexnumkr::qtsql
+TEST(ConnectionString, PairsArePassedOverWhereTheyAreNone) {
+  EXPECT_EQ(shown(connectionPairs(";;quatsch;Driver=X; UID = u ;")), "<Driver|X><UID|u>");
+  EXPECT_EQ(shown(connectionPairs("A=\"b\"c;D=e")), "<A|\"b\"c><D|e>");
+}
+
+TEST(ConnectionString, OthersHaveOtherMarks) {
+  const char* const text = "A={b;}}c} ;D='e;f'";
+  EXPECT_EQ(shown(connectionPairs(text)), "<A|{b><D|'e>");
+  EXPECT_EQ(shown(connectionPairs(text, ConnectionSyntax::odbc)), "<A|b;}c><D|'e>");
+  EXPECT_EQ(shown(connectionPairs(text, ConnectionSyntax::oleDb)), "<A|b;}c><D|e;f>");
+  EXPECT_EQ(shown(connectionPairs("PWD={geheim;UID=u", ConnectionSyntax::odbc)),
+            "<PWD|{geheim><UID|u>");
+}
+
+TEST(ConnectionString, ValuesAreFoundByKeysInAnyCase) {
+  EXPECT_EQ(connectionValue("driver=X; DATABASE = /a b/c.db ;Database=y", "Database"), "/a b/c.db");
+  EXPECT_EQ(connectionValue("Driver=X", "PWD"), "");
+}
+
+TEST(ConnectionString, NamesASqliteFile) {
+  EXPECT_EQ(sqliteConnectionString("/tmp/a.db"), "Driver=QSQLITE;Database=/tmp/a.db");
+  EXPECT_EQ(sqliteConnectionString("/tmp/a;b.db"), "Driver=QSQLITE;Database=\"/tmp/a;b.db\"");
+}
+
+TEST(ConnectionString, AnyTextIsReadAsTheModelReadsIt) {
+  const unsigned seed = std::random_device()();
+  SCOPED_TRACE("seed " + std::to_string(seed));
+  RandomTexts texts(seed);
+  for (int i = 0; i < 20'000; ++i) {
+    const std::string text = texts.next();
+    const std::vector<ConnectionPair> pairs = connectionPairs(text);
+    ASSERT_EQ(shown(pairs), shown(pairsByExpressions(text))) << text;
+    for (const ConnectionPair& pair : pairs) {
+      ASSERT_LE(pair.begin, pair.end) << text;
+      ASSERT_LE(pair.end, text.size()) << text;
+    }
+  }
+}
+
+TEST(ConnectionString, WhatIsReadStrictlyIsReadAlike) {
+  const unsigned seed = std::random_device()();
+  SCOPED_TRACE("seed " + std::to_string(seed));
+  RandomTexts texts(seed);
+  int strict = 0;
+  for (int i = 0; i < 5'000; ++i) {
+    const std::string text = "Driver=D;Database=b;" + texts.next();
+    try {
+      const ConnectionSettings settings = parseConnectionString(text);
+      ++strict;
+      ASSERT_EQ(settings.password, connectionValue(text, "PWD")) << text;
+      ASSERT_EQ(settings.options, connectionValue(text, "Options")) << text;
+    } catch (const Error& error) {
+      ASSERT_EQ(error.number(), 3001) << text;
+    }
+  }
+  EXPECT_GT(strict, 50);
+}
+
+}  // namespace vexnumkr
