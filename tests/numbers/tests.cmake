@@ -21,3 +21,13 @@ function(vexnumkr_numbers_test name label)
 endfunction()
 
 vexnumkr_numbers_test(draw_test unit)
+
+add_executable(drawing_program numbers/drawing_program.cpp)
+target_link_libraries(drawing_program
+  PRIVATE vexnumkr_numbers vexnumkr_qtsql Qt6::Core vexnumkr_options)
+set_target_properties(drawing_program PROPERTIES
+  RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/tests")
+vexnumkr_numbers_test(draw_processes_test fault TIMEOUT 900)
+target_compile_definitions(draw_processes_test
+  PRIVATE DRAWING_PROGRAM="$<TARGET_FILE:drawing_program>")
+add_dependencies(draw_processes_test drawing_program)
