@@ -60,22 +60,27 @@ foreach(file IN LISTS headers)
 endforeach()
 
 # What lies around the core sees it only where it has to, and one adapter knows another only where it
-# is made of it. The one for automation does without Qt.
+# is made of it. The one for automation and the number library do without Qt; the program for the
+# command line shares with the stand-alone host what reads connection strings.
 set(seen_by_adapters/automation platform adapters/automation)
 set(seen_by_adapters/qtsql platform adapters/qtsql)
 set(seen_by_adapters/qtgrid platform adapters/qtgrid)
 set(seen_by_adapters/qtforms platform adapters/qtgrid adapters/qtforms)
 set(seen_by_component platform hosting dialogs/main adapters/qtforms component)
 set(seen_by_windows hosting adapters/automation component windows)
-foreach(folder adapters/automation adapters/qtsql adapters/qtgrid adapters/qtforms component windows)
+set(seen_by_numbers platform numbers)
+set(seen_by_cli app/command_line app/connection_file app/connection_text app/process_list
+  app/version cli)
+foreach(folder adapters/automation adapters/qtsql adapters/qtgrid adapters/qtforms component windows
+    numbers cli)
   list(JOIN seen_by_${folder} "|" seen)
   file(GLOB_RECURSE files RELATIVE "${SOURCE_DIR}/src"
     "${SOURCE_DIR}/src/${folder}/*.h" "${SOURCE_DIR}/src/${folder}/*.cpp")
   foreach(file IN LISTS files)
     file(STRINGS "${SOURCE_DIR}/src/${file}" includes REGEX "^#include [\"<]")
     foreach(line IN LISTS includes)
-      if((line MATCHES "\"" AND NOT line MATCHES "\"(${seen})/")
-          OR (folder STREQUAL "adapters/automation" AND line MATCHES "<Q"))
+      if((line MATCHES "\"" AND NOT line MATCHES "\"(${seen})[/.]")
+          OR (folder MATCHES "^(adapters/automation|numbers)$" AND line MATCHES "<Q"))
         list(APPEND failures "src/${file}: ${line}")
       endif()
     endforeach()

@@ -1,0 +1,10 @@
+#include "cli/commands/commands.h"
+
+namespace vexnumkr::cli {
+
+void addCommands(CommandSet& commands) {
+  addDraw(commands);
+  addSchema(commands);
+}
+
+}  // namespace vexnumkr::cli
