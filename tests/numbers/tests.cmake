@@ -31,3 +31,4 @@ vexnumkr_numbers_test(draw_processes_test fault TIMEOUT 900)
 target_compile_definitions(draw_processes_test
   PRIVATE DRAWING_PROGRAM="$<TARGET_FILE:drawing_program>")
 add_dependencies(draw_processes_test drawing_program)
+vexnumkr_test(numbers/gaps_test LABEL unit LINKS vexnumkr_numbers)

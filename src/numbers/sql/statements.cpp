@@ -45,4 +45,34 @@ std::string rangeValues(const Literals& literals, std::int32_t circle, const std
          atRange(literals, circle, key);
 }
 
+std::string ranges() {
+  return "SELECT Buchungskreis, NSchl, NBezeichnung, StartWert, AktuellerWert, EndWert, Aktiviert, "
+         "SortierIndex, IstNSchlVon, Maske FROM Nummernkreise";
+}
+
+std::string circles(const Literals& literals, const std::string& origin) {
+  return "SELECT Buchungskreis, Beschreibung FROM Nummernkreis_Buchungskreise WHERE Herkunft = " +
+         literals.text(origin);
+}
+
+std::string assignments(const Literals& literals, const std::string& origin) {
+  return "SELECT Buchungskreis, NSchl, Benutzer FROM Nummernkreis_Zuordnung WHERE Herkunft = " +
+         literals.text(origin);
+}
+
+std::string specialRanges(const Literals& literals, const std::string& origin) {
+  return "SELECT U_NSchl, NSchl, NBezeichnung, Aktiviert FROM Nummernkreis_Sonderkreise "
+         "WHERE Herkunft = " +
+         literals.text(origin);
+}
+
+std::string users() { return "SELECT strUserName_PK FROM tblUser"; }
+
+std::string usedNumbers(const std::string& select, std::optional<std::int64_t> above,
+                        std::int32_t count) {
+  return "SELECT Nummer, COUNT(*) AS Anzahl FROM (" + select + "\n) Q WHERE Nummer " +
+         (above ? "> " + Literals::number(*above) : std::string("IS NOT NULL")) +
+         " GROUP BY Nummer ORDER BY Nummer LIMIT " + Literals::number(count);
+}
+
 }  // namespace vexnumkr::numbers::statement

@@ -27,4 +27,16 @@ std::string issueNumbers(const Literals& literals, std::int32_t circle, const st
 /// StartWert, AktuellerWert and EndWert of one range.
 std::string rangeValues(const Literals& literals, std::int32_t circle, const std::string& key);
 
+/// Each table as one application sees it; which ranges those are, the circles tell.
+std::string ranges();
+std::string circles(const Literals& literals, const std::string& origin);
+std::string assignments(const Literals& literals, const std::string& origin);
+std::string specialRanges(const Literals& literals, const std::string& origin);
+std::string users();
+
+/// Of the numbers that `select` finds in its column Nummer, the lowest ones above `above`, at most
+/// `count` of them: each once as Nummer, and how often it came as Anzahl.
+std::string usedNumbers(const std::string& select, std::optional<std::int64_t> above,
+                        std::int32_t count);
+
 }  // namespace vexnumkr::numbers::statement
