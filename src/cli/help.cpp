@@ -3,17 +3,13 @@
 #include <algorithm>
 #include <numeric>
 
+#include "cli/text_table.h"
+
 namespace vexnumkr::cli {
 namespace {
 
 constexpr std::size_t firstColumn = 28;
 constexpr std::size_t lineWidth = 100;
-
-std::size_t widthOf(const std::string& text) {
-  return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), [](char c) {
-    return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U;
-  }));
-}
 
 // The words of `text` in lines, all but the first indented.
 std::string wrapped(const std::string& text) {

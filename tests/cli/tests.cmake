@@ -19,3 +19,4 @@ target_compile_definitions(program_calls_test
   PRIVATE VEXNUMKR_PROGRAM="$<TARGET_FILE:vexnumkr-program>")
 vexnumkr_program_test(draw_command_test unit)
 vexnumkr_program_test(schema_command_test unit)
+vexnumkr_program_test(gaps_command_test unit)

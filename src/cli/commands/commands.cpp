@@ -4,6 +4,7 @@ namespace vexnumkr::cli {
 
 void addCommands(CommandSet& commands) {
   addDraw(commands);
+  addGaps(commands);
   addSchema(commands);
 }
 

@@ -6,6 +6,7 @@
 namespace vexnumkr::cli {
 
 void addDraw(CommandSet& commands);
+void addGaps(CommandSet& commands);
 void addSchema(CommandSet& commands);
 
 /// All of them, in the order in which the help lists them.
