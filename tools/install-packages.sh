@@ -11,7 +11,7 @@
 # Needs root or sudo only when something is missing.
 set -euo pipefail
 
-build=(cmake g++ ninja-build qt6-base-dev)
+build=(cmake g++ libcli11-dev libxlsxwriter-dev ninja-build nlohmann-json3-dev qt6-base-dev)
 runtime=(fonts-liberation libqt6sql6-sqlite)
 testing=(g++-mingw-w64-x86-64-posix libbenchmark-dev libgtest-dev qt6-base-private-dev)
 # What checks what is installed.

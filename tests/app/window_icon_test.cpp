@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include <QtGui/QImage>
+#include <QImage>
 #include <algorithm>
 #include <cstdlib>
 

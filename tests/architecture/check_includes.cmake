@@ -65,7 +65,9 @@ foreach(file IN LISTS headers)
 endforeach()
 
 # What lies around the core sees it only where it has to, and one adapter knows another only where it
-# is made of it: the forms know the face of the grid. The adapter for automation does without Qt.
+# is made of it: the forms know the face of the grid. The adapter for automation and the number
+# library do without Qt; the program for the command line shares with the stand-alone host what reads
+# connection strings.
 set(seen_by_adapters/automation platform adapters/automation)
 set(seen_by_adapters/qtsql platform adapters/qtsql)
 set(seen_by_adapters/qt platform adapters/qt)
@@ -73,16 +75,18 @@ set(seen_by_adapters/qtgrid platform adapters/qt adapters/qtgrid)
 set(seen_by_adapters/qtforms platform adapters/qt adapters/qtgrid/qt_tree_grid.h adapters/qtforms)
 set(seen_by_component platform hosting dialogs/main adapters/qtforms component)
 set(seen_by_windows hosting adapters/automation component windows)
+set(seen_by_numbers platform numbers)
+set(seen_by_cli app/command_line app/connection_file app/process_list app/version cli)
 foreach(folder adapters/automation adapters/qtsql adapters/qt adapters/qtgrid adapters/qtforms component
-    windows)
+    windows numbers cli)
   list(JOIN seen_by_${folder} "|" seen)
   file(GLOB_RECURSE files RELATIVE "${SOURCE_DIR}/src"
     "${SOURCE_DIR}/src/${folder}/*.h" "${SOURCE_DIR}/src/${folder}/*.cpp")
   foreach(file IN LISTS files)
     file(STRINGS "${SOURCE_DIR}/src/${file}" includes REGEX "^#include [\"<]")
     foreach(line IN LISTS includes)
-      if((line MATCHES "\"" AND NOT line MATCHES "\"(${seen})[/\"]")
-          OR (folder STREQUAL "adapters/automation" AND line MATCHES "<Q"))
+      if((line MATCHES "\"" AND NOT line MATCHES "\"(${seen})[/.\"]")
+          OR (folder MATCHES "^(adapters/automation|numbers)$" AND line MATCHES "<Q"))
         list(APPEND failures "src/${file}: ${line}")
       endif()
     endforeach()

@@ -1,7 +1,7 @@
 // Opening and closing SQLite databases, and borrowing them.
 #include <gtest/gtest.h>
 
-#include <QtSql/QSqlQuery>
+#include <QSqlQuery>
 #include <filesystem>
 
 #include <vexnumkr/adapters.h>

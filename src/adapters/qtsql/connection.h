@@ -1,7 +1,7 @@
 // The connection of the Qt SQL adapter.
 #pragma once
 
-#include <QtSql/QSqlDatabase>
+#include <QSqlDatabase>
 #include <memory>
 #include <string>
 

@@ -1,8 +1,8 @@
 #include "adapters/qtsql/database_handle.h"
 
-#include <QtCore/QCoreApplication>
-#include <QtCore/QUuid>
-#include <QtSql/QSqlError>
+#include <QCoreApplication>
+#include <QSqlError>
+#include <QUuid>
 
 #include "adapters/qtsql/failure.h"
 

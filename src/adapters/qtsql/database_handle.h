@@ -1,7 +1,7 @@
 // A QSqlDatabase, opened by the adapter or borrowed from the host.
 #pragma once
 
-#include <QtSql/QSqlDatabase>
+#include <QSqlDatabase>
 
 #include <vexnumkr/connection_string.h>
 

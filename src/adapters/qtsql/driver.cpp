@@ -1,11 +1,11 @@
 #include "adapters/qtsql/driver.h"
 
-#include <QtCore/QByteArray>
-#include <QtCore/QDir>
-#include <QtCore/QUrl>
-#include <QtSql/QSqlDriver>
-#include <QtSql/QSqlError>
-#include <QtSql/QSqlQuery>
+#include <QByteArray>
+#include <QDir>
+#include <QSqlDriver>
+#include <QSqlError>
+#include <QSqlQuery>
+#include <QUrl>
 #include <algorithm>
 #include <array>
 #include <filesystem>

@@ -2,7 +2,7 @@
 // reach, and how they say that a connection is gone.
 #pragma once
 
-#include <QtSql/QSqlDatabase>
+#include <QSqlDatabase>
 #include <string_view>
 
 #include <vexnumkr/connection_string.h>

@@ -1,7 +1,7 @@
 // What differs between the database engines, all in one table.
 #pragma once
 
-#include <QtCore/QString>
+#include <QString>
 #include <cstdint>
 #include <span>
 #include <string_view>

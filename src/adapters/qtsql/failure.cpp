@@ -1,9 +1,9 @@
 #include "adapters/qtsql/failure.h"
 
-#include <QtCore/QRegularExpression>
-#include <QtCore/QStringList>
-#include <QtSql/QSqlDatabase>
-#include <QtSql/QSqlError>
+#include <QRegularExpression>
+#include <QSqlDatabase>
+#include <QSqlError>
+#include <QStringList>
 
 namespace vexnumkr::qtsql {
 namespace {

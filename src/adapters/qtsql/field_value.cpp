@@ -1,7 +1,7 @@
 #include "adapters/qtsql/field_value.h"
 
-#include <QtCore/QByteArray>
-#include <QtCore/QStringDecoder>
+#include <QByteArray>
+#include <QStringDecoder>
 
 #include "adapters/qtsql/failure.h"
 #include "platform/number_value.h"

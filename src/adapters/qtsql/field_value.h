@@ -1,8 +1,8 @@
 // Values on their way between Qt SQL and the component.
 #pragma once
 
-#include <QtCore/QString>
-#include <QtCore/QVariant>
+#include <QString>
+#include <QVariant>
 #include <string>
 #include <string_view>
 

@@ -1,7 +1,7 @@
 // What tells the records of a table apart.
 #pragma once
 
-#include <QtCore/QStringList>
+#include <QStringList>
 #include <string_view>
 
 #include "adapters/qtsql/session.h"

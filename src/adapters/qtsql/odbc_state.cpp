@@ -1,9 +1,9 @@
 #include "adapters/qtsql/odbc_state.h"
 
-#include <QtCore/QLibrary>
-#include <QtCore/QVariant>
-#include <QtSql/QSqlQuery>
-#include <QtSql/QSqlResult>
+#include <QLibrary>
+#include <QSqlQuery>
+#include <QSqlResult>
+#include <QVariant>
 #include <array>
 #include <cstdint>
 

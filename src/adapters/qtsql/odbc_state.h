@@ -1,7 +1,7 @@
 // What Qt's ODBC driver leaves out of its errors.
 #pragma once
 
-#include <QtCore/QString>
+#include <QString>
 
 class QSqlQuery;
 

@@ -1,6 +1,6 @@
 #include "adapters/qtsql/record_keys.h"
 
-#include <QtCore/QStringList>
+#include <QStringList>
 #include <algorithm>
 
 #include "adapters/qtsql/field_value.h"

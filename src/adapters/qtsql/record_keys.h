@@ -1,8 +1,8 @@
 // Which record of a table each row of a select is, and how to change exactly that record.
 #pragma once
 
-#include <QtCore/QString>
-#include <QtCore/QVariant>
+#include <QString>
+#include <QVariant>
 #include <string_view>
 #include <vector>
 

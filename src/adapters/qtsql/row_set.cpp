@@ -1,6 +1,6 @@
 #include "adapters/qtsql/row_set.h"
 
-#include <QtSql/QSqlQuery>
+#include <QSqlQuery>
 #include <algorithm>
 
 #include "platform/ascii_case.h"

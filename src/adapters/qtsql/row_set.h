@@ -1,8 +1,8 @@
 // The rows that a statement found, read completely into memory.
 #pragma once
 
-#include <QtCore/QVariant>
-#include <QtSql/QSqlRecord>
+#include <QSqlRecord>
+#include <QVariant>
 #include <optional>
 #include <string>
 #include <string_view>

@@ -1,9 +1,9 @@
 // An open database and what runs on it: shared by a connection, its commands and its recordsets.
 #pragma once
 
-#include <QtCore/QVariant>
-#include <QtSql/QSqlError>
-#include <QtSql/QSqlQuery>
+#include <QSqlError>
+#include <QSqlQuery>
+#include <QVariant>
 #include <cstdint>
 #include <memory>
 #include <optional>

@@ -1,5 +1,5 @@
 // The transactions of a session, and what becomes of them when something fails.
-#include <QtSql/QSqlError>
+#include <QSqlError>
 
 #include "adapters/qtsql/failure.h"
 #include "adapters/qtsql/session.h"

@@ -1,0 +1,234 @@
+#include "cli/command_set.h"
+
+#include <chrono>
+#include <ctime>
+#include <ostream>
+
+#include "app/version.h"
+#include "cli/exit_status.h"
+#include "cli/help.h"
+#include "cli/usage_error.h"
+
+namespace vexnumkr::cli {
+namespace {
+
+constexpr const char* programName = "vexnumkr";
+
+int numberOf(const std::string& digits) {
+  int value = 0;
+  for (const char digit : digits) value = value * 10 + (digit - '0');
+  return value;
+}
+
+bool isDate(const std::string& text) {
+  if (text.size() != 8 || text.find_first_not_of("0123456789") != std::string::npos) return false;
+  const std::chrono::year_month_day date{
+      std::chrono::year(numberOf(text.substr(0, 4))),
+      std::chrono::month(static_cast<unsigned>(numberOf(text.substr(4, 2)))),
+      std::chrono::day(static_cast<unsigned>(numberOf(text.substr(6, 2))))};
+  return date.ok() && text.substr(0, 4) != "0000";
+}
+
+std::string notANumber(const std::string& text, std::int32_t lowest, std::int32_t highest) {
+  const bool sign = text.starts_with('-');
+  const std::string digits = text.substr(sign ? 1 : 0);
+  const bool isNumber = !digits.empty() && digits.size() <= 10 &&
+                        digits.find_first_not_of("0123456789") == std::string::npos;
+  const long long value = isNumber ? std::stoll(text) : 0;
+  if (isNumber && value >= lowest && value <= highest) return {};
+  return "muss eine Zahl von " + std::to_string(lowest) + " bis " + std::to_string(highest) +
+         " sein, nicht \"" + text + "\".";
+}
+
+std::vector<std::string> optionNames(const CLI::App& command) {
+  std::vector<std::string> names;
+  for (const CLI::Option* option : command.get_options())
+    for (const std::string& name : option->get_lnames()) names.push_back("--" + name);
+  return names;
+}
+
+std::vector<std::string> commandNames(const CLI::App& group) {
+  std::vector<std::string> names;
+  for (const CLI::App* command : group.get_subcommands({})) names.push_back(command->get_name());
+  return names;
+}
+
+// The command that was called, as deep as there is one.
+const CLI::App& deepest(const CLI::App& app) {
+  const auto called = app.get_subcommands();
+  return called.empty() ? app : deepest(*called.front());
+}
+
+std::string probably(const std::string& word, const std::vector<std::string>& known) {
+  const std::string meant = nearest(word, known);
+  return meant.empty() ? std::string() : " Gemeint ist vielleicht " + meant + ".";
+}
+
+std::string leadToHelp(const CLI::App& command) {
+  return "\nDer Aufruf wird mit \"" + calledAs(command) + " --help\" erklärt.";
+}
+
+// The library's errors are English; what they are about is an option.
+std::string inGerman(const CLI::ParseError& error, const CLI::App& command) {
+  const std::string text = error.what();
+  const std::string option = text.substr(0, text.find_first_of(": "));
+  if (error.get_name() == "RequiredError") {
+    if (option.starts_with('A')) return "Es fehlt der Befehl." + leadToHelp(command);
+    return "Es fehlt die Angabe " + option + "." + leadToHelp(command);
+  }
+  if (error.get_name() == "ArgumentMismatch")
+    return "Die Option " + option + " braucht genau einen Wert." + leadToHelp(command);
+  if (error.get_name() == "ValidationError") {
+    const std::size_t colon = text.find(": ");
+    return option + " " + text.substr(colon + 2) + leadToHelp(command);
+  }
+  return text + leadToHelp(command);
+}
+
+}  // namespace
+
+CommandSet::CommandSet()
+    : app_(
+          "Nummernkreise von der Kommandozeile: Nummern ziehen, prüfen, Jahreswechsel, Umzug,\n"
+          "Auskunft. Was hier nicht steht, geht im Dialog \"Nummernkreise\".",
+          programName) {
+  app_.formatter(std::make_shared<HelpFormatter>());
+  app_.set_help_flag("-h,--help", "zeigt diese Hilfe");
+  app_.set_version_flag("--version", std::string(programName) + " " + app::version,
+                        "zeigt die Version");
+  app_.footer(
+      "  export VEXNUMKR_CONNECTION=\"Driver=QSQLITE;Database=firma.db\"\n"
+      "  vexnumkr check --application 1");
+  app_.allow_extras();
+}
+
+CLI::App& CommandSet::addGroup(const std::string& name, const std::string& description) {
+  CLI::App* const group = app_.add_subcommand(name, description);
+  group->set_help_flag("-h,--help", "zeigt diese Hilfe");
+  group->allow_extras();
+  return *group;
+}
+
+CLI::App& CommandSet::add(const std::string& name, const std::string& description,
+                          const std::string& example, Needs needs, Action action) {
+  return add(app_, name, description, example, needs, std::move(action));
+}
+
+CLI::App& CommandSet::add(CLI::App& group, const std::string& name, const std::string& description,
+                          const std::string& example, Needs needs, Action action) {
+  CLI::App* const command = group.add_subcommand(name, description);
+  command->set_help_flag("-h,--help", "zeigt diese Hilfe");
+  command->footer("  " + std::string(programName) + " " + example);
+  command->allow_extras();
+  actions_[command] = std::move(action);
+  addShared(*command, needs);
+  return *command;
+}
+
+void CommandSet::addShared(CLI::App& command, Needs needs) {
+  if (needs != Needs::nothing) {
+    addText(command, "--connection", shared_.connection, "VERBINDUNG",
+            "die Datenbank, z. B. \"Driver=QSQLITE;Database=/pfad/firma.db\"; ohne Angabe gilt die "
+            "Umgebungsvariable VEXNUMKR_CONNECTION");
+    addText(command, "--connection-file", shared_.connectionFile, "DATEI",
+            "liest die Verbindung aus der ersten Zeile einer Datei, die nur ihr Eigentümer lesen "
+            "darf; so bleibt ein Kennwort geheim");
+  }
+  if (needs == Needs::application)
+    addText(command, "--application", shared_.application, "1|2",
+            "die Anwendung: 1 für die Herkunft ORB, 2 für ORC")
+        ->required()
+        ->check([](const std::string& text) {
+          return text == "1" || text == "2" ? std::string()
+                                            : "muss 1 oder 2 sein, nicht \"" + text + "\".";
+        });
+  command.add_flag("--json", shared_.json, "gibt das Ergebnis als JSON aus (docs/json.md)");
+}
+
+void CommandSet::addDryRun(CLI::App& command) {
+  command.add_flag("--dry-run", shared_.dryRun, "sagt, was geschähe, und ändert nichts");
+}
+
+Action CommandSet::parse(int argc, const char* const* argv) {
+  try {
+    app_.parse(argc, argv);
+  } catch (const CLI::CallForHelp&) {
+    return [this](Session& session) {
+      session.out() << deepest(app_).help();
+      return exit_status::fine;
+    };
+  } catch (const CLI::CallForVersion&) {
+    return [](Session& session) {
+      session.out() << programName << ' ' << app::version << '\n';
+      return exit_status::fine;
+    };
+  } catch (const CLI::ParseError& error) {
+    requireNoExtras();
+    throw UsageError(inGerman(error, deepest(app_)));
+  }
+  requireNoExtras();
+  return called(deepest(app_));
+}
+
+void CommandSet::requireNoExtras() const {
+  const CLI::App& command = deepest(app_);
+  const std::vector<std::string> extras = app_.remaining(true);
+  if (extras.empty()) return;
+  const std::string& word = extras.front();
+  const bool isOption = word.starts_with('-');
+  const std::string name = word.substr(0, word.find('='));
+  const bool isGroup = !command.get_subcommands({}).empty();
+  const std::string what =
+      isOption ? "Die Option " + name + " gibt es hier nicht."
+               : (isGroup ? "Den Befehl \"" : "Die Angabe \"") + word + "\" gibt es hier nicht.";
+  throw UsageError(what + probably(name, isOption ? optionNames(command) : commandNames(command)) +
+                   leadToHelp(command));
+}
+
+Action CommandSet::called(const CLI::App& command) const {
+  const auto found = actions_.find(&command);
+  if (found == actions_.end()) throw UsageError("Es fehlt der Befehl." + leadToHelp(command));
+  return found->second;
+}
+
+CLI::Option* addText(CLI::App& command, const std::string& name, std::string& value,
+                     const std::string& valueName, const std::string& description) {
+  return command.add_option(name, value, description)
+      ->option_text(valueName)
+      ->check([](const std::string& text) {
+        return text.empty() ? std::string("braucht einen Wert.") : std::string();
+      });
+}
+
+CLI::Option* addNumber(CLI::App& command, const std::string& name, std::int32_t& value,
+                       const std::string& valueName, const std::string& description,
+                       std::int32_t lowest, std::int32_t highest) {
+  return command.add_option(name, value, description)
+      ->option_text(valueName)
+      ->check(
+          [lowest, highest](const std::string& text) { return notANumber(text, lowest, highest); });
+}
+
+CLI::Option* addDate(CLI::App& command, std::string& value) {
+  return addText(command, "--date", value, "JJJJMMTT",
+                 "das Verarbeitungsdatum; ohne Angabe gilt das heutige")
+      ->check([](const std::string& text) {
+        return isDate(text) ? std::string()
+                            : "muss ein Datum der Form jjjjmmtt sein, nicht \"" + text + "\".";
+      });
+}
+
+std::string today() {
+  const std::time_t now = std::chrono::system_clock::to_time_t(std::chrono::system_clock::now());
+  std::tm local{};
+#if defined(_WIN32)
+  localtime_s(&local, &now);
+#else
+  localtime_r(&now, &local);
+#endif
+  char text[9];
+  std::strftime(text, sizeof text, "%Y%m%d", &local);
+  return text;
+}
+
+}  // namespace vexnumkr::cli

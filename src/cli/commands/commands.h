@@ -1,0 +1,15 @@
+// The commands, each in a file of its name.
+#pragma once
+
+#include "cli/command_set.h"
+
+namespace vexnumkr::cli {
+
+void addDraw(CommandSet& commands);
+void addGaps(CommandSet& commands);
+void addSchema(CommandSet& commands);
+
+/// All of them, in the order in which the help lists them.
+void addCommands(CommandSet& commands);
+
+}  // namespace vexnumkr::cli

@@ -1,0 +1,11 @@
+// How the program ends; documented in docs/handbuch-verwaltung.md.
+#pragma once
+
+namespace vexnumkr::cli::exit_status {
+
+inline constexpr int fine = 0;
+inline constexpr int findings = 1;   ///< it ran, and found something that somebody has to see to
+inline constexpr int wrongCall = 2;  ///< the command line, or a file named on it
+inline constexpr int database = 3;
+
+}  // namespace vexnumkr::cli::exit_status

@@ -1,0 +1,76 @@
+#include "cli/program.h"
+
+#include <QCoreApplication>
+#include <iostream>
+
+#include <vexnumkr/connection_string.h>
+#include <vexnumkr/error.h>
+#include <vexnumkr/numbers.h>
+
+#include "app/process_list.h"
+#include "cli/commands/commands.h"
+#include "cli/exit_status.h"
+#include "cli/usage_error.h"
+
+namespace vexnumkr::cli {
+namespace {
+
+// The number library's own errors, which no engine has.
+constexpr std::int32_t invalidCall = 5;
+constexpr const char* librarySource = "vexnumkr";
+
+int report(const SharedOptions& options, int status, const std::string& text,
+           std::int32_t number = 0) {
+  if (options.json) {
+    Json error{{"error", {{"number", number}, {"text", text}}}};
+    std::cerr << error.dump(-1, ' ', false, Json::error_handler_t::replace) << '\n';
+  } else {
+    std::cerr << "vexnumkr: " << text << '\n';
+  }
+  return status;
+}
+
+int reportFailure(const SharedOptions& options, const Session& session, const Error& error) {
+  const std::string text = withoutPasswords(error.description(), session.connectionText());
+  if (error.source() == librarySource) {
+    const int status =
+        error.number() == invalidCall ? exit_status::wrongCall : exit_status::findings;
+    return report(options, status, text, error.number());
+  }
+  return report(options, exit_status::database,
+                "Die Datenbank meldet: " + text + " (Fehler " + std::to_string(error.number()) +
+                    ")\nOb alles eingerichtet ist, sagt \"vexnumkr doctor\".",
+                error.number());
+}
+
+int run(const CommandSet& commands, const Action& action) {
+  Session session(commands.shared(), std::cout, std::cerr);
+  try {
+    const int status = action(session);
+    std::cout.flush();
+    if (!std::cout) throw UsageError("Die Ausgabe ist nicht zu schreiben.");
+    return status;
+  } catch (const UsageError& error) {
+    return report(commands.shared(), exit_status::wrongCall, error.what());
+  } catch (const Error& error) {
+    return reportFailure(commands.shared(), session, error);
+  }
+}
+
+}  // namespace
+
+int runProgram(int argc, char** argv) {
+  const QCoreApplication application(argc, argv);
+  CommandSet commands;
+  addCommands(commands);
+  Action action;
+  try {
+    action = commands.parse(argc, argv);
+  } catch (const UsageError& error) {
+    return report(commands.shared(), exit_status::wrongCall, error.what());
+  }
+  app::hidePasswords(argc, argv);
+  return run(commands, action);
+}
+
+}  // namespace vexnumkr::cli

@@ -1,0 +1,30 @@
+// How far long work is, on a terminal.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace vexnumkr::cli {
+
+/// A line on standard error that is written over as the work goes on, and wiped out at its end.
+/// Nothing is written where standard error is no terminal.
+class Progress {
+ public:
+  explicit Progress(std::string what);
+  ~Progress();
+  Progress(const Progress&) = delete;
+  Progress& operator=(const Progress&) = delete;
+
+  /// So much is done; written a few times a second at most.
+  void show(std::uint64_t done);
+
+ private:
+  std::string what_;
+  bool isTerminal_;
+  std::int64_t shownAt_ = 0;
+};
+
+/// Whether standard output is a terminal that takes colours.
+bool coloursWanted();
+
+}  // namespace vexnumkr::cli

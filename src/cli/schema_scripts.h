@@ -1,0 +1,32 @@
+// The definitions of the tables, for administrators to read and run.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include <vexnumkr/database.h>
+
+namespace vexnumkr::cli {
+
+/// The scripts of one engine; empty where it needs none.
+struct SchemaScripts {
+  std::string_view engine;
+  std::string_view ranges;
+  std::string_view settings;
+  std::string_view rights;
+};
+
+/// Error: UsageError for an engine that there is none of, with those that there are.
+const SchemaScripts& schemaScripts(const std::string& engine);
+
+/// The names of the engines, ascending.
+std::vector<std::string> schemaEngines();
+
+/// The engine that an open connection reaches, by whatever driver.
+const SchemaScripts& schemaScriptsFor(Connection& connection);
+
+/// The statements of a script, without comments, in the order to run them.
+std::vector<std::string> statementsOf(std::string_view script);
+
+}  // namespace vexnumkr::cli

@@ -1,0 +1,61 @@
+#include "cli/session.h"
+
+#include <cstdlib>
+#include <ostream>
+
+#include <vexnumkr/adapters.h>
+
+#include "app/command_line.h"
+#include "app/connection_file.h"
+#include "cli/usage_error.h"
+
+namespace vexnumkr::cli {
+namespace {
+
+std::string connectionOfEnvironment() {
+  const char* const value = std::getenv("VEXNUMKR_CONNECTION");
+  return value == nullptr ? std::string() : value;
+}
+
+}  // namespace
+
+bool Session::hasConnection() const {
+  return !options_.connection.empty() || !options_.connectionFile.empty() ||
+         !connectionOfEnvironment().empty();
+}
+
+Connection& Session::connection() {
+  if (!connection_) {
+    connectionText_ = readConnectionText();
+    connection_ = openQtSqlConnection(connectionText_);
+  }
+  return *connection_;
+}
+
+std::string Session::readConnectionText() const {
+  if (!options_.connection.empty() && !options_.connectionFile.empty())
+    throw UsageError("--connection und --connection-file schließen einander aus.");
+  if (!options_.connection.empty()) return options_.connection;
+  if (!options_.connectionFile.empty()) {
+    try {
+      return app::readConnectionFile(options_.connectionFile);
+    } catch (const app::UsageError& error) {
+      throw UsageError(error.what());
+    }
+  }
+  std::string text = connectionOfEnvironment();
+  if (text.empty())
+    throw UsageError(
+        "Es fehlt die Verbindung: --connection, --connection-file oder VEXNUMKR_CONNECTION.");
+  return text;
+}
+
+void Session::printLine(const Json& object) {
+  out_ << object.dump(-1, ' ', false, Json::error_handler_t::replace) << '\n';
+}
+
+void Session::printDocument(const Json& document) {
+  out_ << document.dump(2, ' ', false, Json::error_handler_t::replace) << '\n';
+}
+
+}  // namespace vexnumkr::cli

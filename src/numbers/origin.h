@@ -1,0 +1,19 @@
+// The origin that an application's circles, assignments and special ranges carry.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "numbers/failure.h"
+
+namespace vexnumkr::numbers {
+
+/// "ORB" for application 1, "ORC" for 2. Error (5) for any other: it has no ranges of its own.
+inline std::string originOf(std::int32_t application) {
+  if (application == 1) return "ORB";
+  if (application == 2) return "ORC";
+  throw invalidCall("Die Anwendung " + std::to_string(application) +
+                    " hat keine eigenen Nummernkreise; möglich sind 1 und 2.");
+}
+
+}  // namespace vexnumkr::numbers

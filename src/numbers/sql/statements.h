@@ -1,0 +1,42 @@
+// Every statement that the number library sends. Values come through Literals, so that they stay
+// what they are.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+#include "numbers/sql/literals.h"
+
+namespace vexnumkr::numbers::statement {
+
+/// The assignments of a key to a user and to everybody, in the circles of the origin and in the
+/// standard circle, each with its range where that is stored: Kreis, Benutzer, Schluessel, and of
+/// the range Bereich (its key, NULL where there is none), Aktiviert, IstNSchlVon.
+std::string assignedRanges(const Literals& literals, const std::string& origin,
+                           const std::string& user, const std::string& key,
+                           std::optional<std::int32_t> circle);
+
+/// Changes nothing, but an engine with one writer per file lets its transaction write from then on.
+std::string takeWriteLock();
+
+/// Issues the next `count` numbers of a range that has them and whose values are in order.
+std::string issueNumbers(const Literals& literals, std::int32_t circle, const std::string& key,
+                         std::int32_t count);
+
+/// StartWert, AktuellerWert and EndWert of one range.
+std::string rangeValues(const Literals& literals, std::int32_t circle, const std::string& key);
+
+/// Each table as one application sees it; which ranges those are, the circles tell.
+std::string ranges();
+std::string circles(const Literals& literals, const std::string& origin);
+std::string assignments(const Literals& literals, const std::string& origin);
+std::string specialRanges(const Literals& literals, const std::string& origin);
+std::string users();
+
+/// Of the numbers that `select` finds in its column Nummer, the lowest ones above `above`, at most
+/// `count` of them: each once as Nummer, and how often it came as Anzahl.
+std::string usedNumbers(const std::string& select, std::optional<std::int64_t> above,
+                        std::int32_t count);
+
+}  // namespace vexnumkr::numbers::statement

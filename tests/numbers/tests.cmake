@@ -1,0 +1,34 @@
+# The number library on real databases.
+add_library(vexnumkr_numbers_database STATIC
+  numbers/numbers_database.cpp "${PROJECT_SOURCE_DIR}/src/app/schema/schema.cpp"
+  "${PROJECT_SOURCE_DIR}/src/app/sql.cpp")
+target_include_directories(vexnumkr_numbers_database
+  PUBLIC "${PROJECT_SOURCE_DIR}/tests" "${CMAKE_BINARY_DIR}/src/app/generated")
+target_link_libraries(vexnumkr_numbers_database
+  PUBLIC vexnumkr_numbers vexnumkr_fresh_database Qt6::Core GTest::gtest
+  PRIVATE vexnumkr_options)
+
+# vexnumkr_numbers_test(NAME LABEL [TIMEOUT SECONDS] [SOURCES ...] [LINKS ...])
+# A test on a NumbersDatabase, on every engine.
+function(vexnumkr_numbers_test name label)
+  cmake_parse_arguments(PARSE_ARGV 2 arg "" "TIMEOUT" "SOURCES;LINKS")
+  if(NOT arg_TIMEOUT)
+    set(arg_TIMEOUT 120)
+  endif()
+  vexnumkr_test(numbers/${name} LABEL ${label} TIMEOUT ${arg_TIMEOUT}
+    SOURCES contract/qt_main.cpp ${arg_SOURCES} LINKS vexnumkr_numbers_database ${arg_LINKS})
+  vexnumkr_on_every_engine(${name})
+endfunction()
+
+vexnumkr_numbers_test(draw_test unit)
+
+add_executable(drawing_program numbers/drawing_program.cpp)
+target_link_libraries(drawing_program
+  PRIVATE vexnumkr_numbers vexnumkr_qtsql Qt6::Core vexnumkr_options)
+set_target_properties(drawing_program PROPERTIES
+  RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/tests")
+vexnumkr_numbers_test(draw_processes_test fault TIMEOUT 900)
+target_compile_definitions(draw_processes_test
+  PRIVATE DRAWING_PROGRAM="$<TARGET_FILE:drawing_program>")
+add_dependencies(draw_processes_test drawing_program)
+vexnumkr_test(numbers/gaps_test LABEL unit LINKS vexnumkr_numbers)
