@@ -17,7 +17,8 @@
 
 namespace vexnumkr {
 
-/// The constants that the component passes, with their ADO values.
+/// The constants that the component passes, with their ADO values. An implementation for another
+/// database layer may take those that make no difference there for what they are: advice.
 namespace ado {
 inline constexpr std::int32_t useServer = 2;
 inline constexpr std::int32_t useClient = 3;
@@ -67,6 +68,7 @@ class VEXNUMKR_API Recordset {
   /// Errors: 3021 at the end; 3251 when the record has no unique identity to address it by.
   virtual void Update() = 0;
 
+  /// Lets the rows go; whatever uses the recordset afterwards fails. Writes nothing.
   virtual void Close() = 0;
 
  protected:
@@ -82,9 +84,11 @@ class VEXNUMKR_API Command {
 
   /// The connection that Execute uses; borrowed, it must outlive the command's use.
   virtual void ActiveConnection(Connection& connection) = 0;
+  /// What the text is; the component passes ado::commandText, a statement.
   virtual void CommandType(std::int32_t type) = 0;
   /// Seconds; 0 is no limit.
   virtual void CommandTimeout(std::int32_t seconds) = 0;
+  /// The statement for the next Execute; nothing is sent yet.
   virtual void CommandText(const std::string& text) = 0;
 
   /// Runs the command text as it stands. Exactly one statement is accepted: a second one behind a
@@ -118,10 +122,13 @@ class VEXNUMKR_API Connection {
   /// Seconds; 0 is no limit.
   virtual void CommandTimeout(std::int32_t seconds) = 0;
   virtual void ConnectionTimeout(std::int32_t seconds) = 0;
+  /// Where recordsets of this connection keep their rows, unless they say otherwise.
   virtual void CursorLocation(std::int32_t location) = 0;
 
   /// Opens what ConnectionString names. An empty user or password leaves those of the string.
   virtual void Open(const std::string& user, const std::string& password, std::int32_t options) = 0;
+  /// Closes it; a transaction that is still open is rolled back. Its commands and recordsets fail
+  /// from then on, until it is opened again.
   virtual void Close() = 0;
 
   /// Whether in text literals a backslash changes the meaning of what follows it, quotes included,

@@ -15,6 +15,7 @@ namespace vexnumkr {
 /// Run-time error numbers that users of the host applications know. A database failure carries the
 /// engine's own code instead.
 namespace error_number {
+/// A call that makes no sense where it is made.
 inline constexpr std::int32_t invalidCall = 5;
 inline constexpr std::int32_t overflow = 6;
 inline constexpr std::int32_t subscriptOutOfRange = 9;
