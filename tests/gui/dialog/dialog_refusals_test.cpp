@@ -20,5 +20,22 @@ TEST_F(DialogRefusalsTest, ARightClickElsewhereLeavesTheRefusedEntryOpen) {
   });
 }
 
+// A group without a standard range's values: its entry cannot be compared with the current one.
+TEST_F(DialogRefusalsTest, AfterAnEntryThatFailedOnTheWayToAListTypingGoesOn) {
+  sql("INSERT INTO Nummernkreise VALUES (0, 'RE', 'Rechnung', 1000, 1500, 1999, -1, 2, '', '')");
+  init(3);
+  show([&] {
+    click(0, 2);
+    type("1001");
+    select("cboBuchungskreis", "Aktive Buchungskreise");
+    boxes();
+    click(1, 4);
+    type("55");
+    EXPECT_EQ(editor(), "1/4 55");
+    key("Escape");
+    press("cmdCancel");
+  });
+}
+
 }  // namespace
 }  // namespace vexnumkr::test
