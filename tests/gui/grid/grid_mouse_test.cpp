@@ -104,5 +104,17 @@ TEST_F(GridTest, SelectedMarksTheItemAlone) {
   EXPECT_THROW(grid->Selected(8, true), Error);
 }
 
+TEST_F(GridTest, TheOtherButtonsCountWhenTheyAreReleased) {
+  const QPoint place = textOf(2, 2);
+  QTest::mousePress(view().viewport(), Qt::RightButton, {}, place);
+  EXPECT_EQ(events(), Lines{});
+  QTest::mouseRelease(view().viewport(), Qt::RightButton, {}, place);
+  EXPECT_EQ(events(), Lines{"click 2 2 cell 2"});
+  EXPECT_EQ(grid->ListIndex(), 2);
+  QTest::mousePress(view().viewport(), Qt::RightButton, {}, place);
+  QTest::mouseRelease(view().viewport(), Qt::RightButton, {}, QPoint(-50, -50));
+  EXPECT_EQ(events(), Lines{});
+}
+
 }  // namespace
 }  // namespace vexnumkr::test

@@ -73,6 +73,9 @@ TEST_F(GridPasteTest, ADroppedTextIsTreatedAlike) {
   editor()->clear();
   QMimeData data;
   data.setText(QStringLiteral(" JJNN\r\n"));
+  QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+  QApplication::sendEvent(editor(), &enter);
+  ASSERT_TRUE(enter.isAccepted());
   QDropEvent drop(QPointF(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
   QApplication::sendEvent(editor(), &drop);
   EXPECT_EQ(editor()->text(), QStringLiteral("JJNN"));

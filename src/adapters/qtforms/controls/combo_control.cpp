@@ -1,6 +1,7 @@
 #include "adapters/qtforms/controls/combo_control.h"
 
 #include <QAbstractItemView>
+#include <QApplication>
 #include <QScreen>
 #include <QWheelEvent>
 #include <algorithm>
@@ -16,8 +17,18 @@ void DropDownList::showPopup() {
     return;
   }
   const int wanted = view()->sizeHintForColumn(0) + view()->verticalScrollBar()->sizeHint().width();
+  view()->window()->installEventFilter(this);
   view()->setMinimumWidth(std::min(wanted, screen()->availableGeometry().width()));
   QComboBox::showPopup();
+}
+
+// A list that opens right behind a message box hides from Qt that its window is active again; the
+// keys would go nowhere after it.
+bool DropDownList::eventFilter(QObject* receiver, QEvent* event) {
+  if (event->type() == QEvent::Hide && QApplication::activeWindow() == nullptr) {
+    window()->activateWindow();
+  }
+  return QComboBox::eventFilter(receiver, event);
 }
 
 void DropDownList::wheelEvent(QWheelEvent* event) {

@@ -18,6 +18,7 @@ class DropDownList final : public QComboBox {
   void watch(PendingEdits& edits) { edits_ = &edits; }
 
   void showPopup() override;
+  bool eventFilter(QObject* receiver, QEvent* event) override;
 
  protected:
   /// The wheel chooses only where the keys do: whoever scrolls past must not change anything.

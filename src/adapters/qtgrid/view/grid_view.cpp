@@ -303,15 +303,25 @@ void GridView::focusOutEvent(QFocusEvent* event) {
 
 void GridView::mousePressEvent(QMouseEvent* event) {
   event->accept();
-  const GridHit hit = hitTest(event->position().toPoint());
-  if (listener_ != nullptr) listener_->pressed(hit, event->button());
+  if (event->button() == Qt::LeftButton) tellPressed(*event);
+}
+
+void GridView::tellPressed(const QMouseEvent& event) {
+  const GridHit hit = hitTest(event.position().toPoint());
+  if (listener_ != nullptr) listener_->pressed(hit, event.button());
 }
 
 void GridView::mouseDoubleClickEvent(QMouseEvent* event) { mousePressEvent(event); }
 
 void GridView::mouseMoveEvent(QMouseEvent* event) { event->accept(); }
 
-void GridView::mouseReleaseEvent(QMouseEvent* event) { event->accept(); }
+// The other buttons count when they are released: a message box that answers the click could not
+// be worked while one of them is held down.
+void GridView::mouseReleaseEvent(QMouseEvent* event) {
+  event->accept();
+  const bool inside = viewport()->rect().contains(event->position().toPoint());
+  if (event->button() != Qt::LeftButton && inside) tellPressed(*event);
+}
 
 void GridView::resizeEvent(QResizeEvent* event) {
   QTreeView::resizeEvent(event);

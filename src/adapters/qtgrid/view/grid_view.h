@@ -131,6 +131,7 @@ class GridView : public QTreeView {
   void setUpLook();
   void setUpHeader();
   void enterByKey(int key);
+  void tellPressed(const QMouseEvent& event);
   void chooseByKey(int item);
   void adopt(const QModelIndex& collapsed);
   void expandNewGroup(const QModelIndex& group);
