@@ -4,7 +4,7 @@
 #   tests/install/run.sh BUILD [CHECK...]
 #
 # Without CHECK: all of them, which takes about half a minute. A check is a script in `checks`; it finds
-# $ROOT (the sources), $BUILD, $PREFIX (where everything is installed) and $WORK (its own).
+# $ROOT (the sources), $BUILD, $PREFIX (where everything is installed), $LIBDIR below it and $WORK (its own).
 set -uo pipefail
 
 ROOT=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
@@ -27,8 +27,9 @@ cmake --install "$BUILD" --prefix "$folder/first" >"$folder/log" || {
   exit 1
 }
 mv "$folder/first" "$folder/prefix"
-export ROOT BUILD PREFIX=$folder/prefix LC_ALL=C.UTF-8
-export LD_LIBRARY_PATH=$PREFIX/lib PATH=$PREFIX/bin:$PATH
+libdir=$(sed -n 's/^CMAKE_INSTALL_LIBDIR:PATH=//p' "$BUILD/CMakeCache.txt")
+export ROOT BUILD PREFIX=$folder/prefix LIBDIR=$folder/prefix/$libdir LC_ALL=C.UTF-8
+export LD_LIBRARY_PATH=$LIBDIR PATH=$PREFIX/bin:$PATH
 
 # Fails when the command does not: `set -e` passes over a failing `!`.
 not() {

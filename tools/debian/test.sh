@@ -128,7 +128,8 @@ lintian --fail-on error,warning --info "$packages"/*.changes
 
 say "installing"
 new_root use
-mkdir "$work/use/debs" "$work/use/home/kunde"
+mkdir "$work/use/debs"
+mkdir -m 700 "$work/use/home/kunde"
 find "$packages" -maxdepth 1 -name "*.deb" ! -name "*-dbgsym_*" -exec cp {} "$work/use/debs" \;
 chown 1000:1000 "$work/use/home/kunde"
 inside "$work/use" sh -c 'apt-get -q install -y --no-install-recommends /debs/*.deb libqt6sql6-sqlite \

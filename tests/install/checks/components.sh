@@ -11,9 +11,10 @@ diff whole parts
 # What a component is for.
 (cd "$WORK/runtime" && find . ! -type d -printf '%P\n' | sort) >runtime.txt
 version=$(sed -n 's/^CMAKE_PROJECT_VERSION:STATIC=//p' "$BUILD/CMakeCache.txt")
+libdir=${LIBDIR#"$PREFIX/"}
 diff - runtime.txt <<TEXT
-lib/libvexnumkr.so.${version%%.*}
-lib/libvexnumkr.so.$version
+$libdir/libvexnumkr.so.${version%%.*}
+$libdir/libvexnumkr.so.$version
 TEXT
 test -x "$WORK/host/bin/vexnumkr-host"
 test -e "$WORK/tools/share/vexnumkr/schema/postgresql/rechte.sql"

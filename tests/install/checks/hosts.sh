@@ -2,7 +2,7 @@
 # library when they run.
 
 flags=$(sed -n 's/^VEXNUMKR_SANITIZE:BOOL=ON$/-fsanitize=address,undefined/p' "$BUILD/CMakeCache.txt")
-export CXXFLAGS=$flags CMAKE_PREFIX_PATH=$PREFIX PKG_CONFIG_PATH=$PREFIX/lib/pkgconfig
+export CXXFLAGS=$flags CMAKE_PREFIX_PATH=$PREFIX PKG_CONFIG_PATH=$LIBDIR/pkgconfig
 export QT_QPA_PLATFORM=offscreen XDG_CONFIG_HOME=$WORK/config ASAN_OPTIONS=detect_leaks=0
 
 vexnumkr-host --create-sample "$WORK/firma.db" >/dev/null
@@ -40,7 +40,7 @@ grep "^vexnumkr $(pkg-config --modversion vexnumkr)$" said
 echo "what is not there is not found"
 mkdir missing
 refuses() {
-  printf 'cmake_minimum_required(VERSION 3.25)\nproject(Missing LANGUAGES NONE)\nfind_package(vexnumkr %s)\n' \
+  printf 'cmake_minimum_required(VERSION 3.25)\nproject(Missing LANGUAGES CXX)\nfind_package(vexnumkr %s)\n' \
     "$1 REQUIRED" >missing/CMakeLists.txt
   not cmake -S missing -B missing/build >said 2>&1
   grep "$2" said

@@ -17,11 +17,20 @@ for size in 16 32 48 64 128 256; do
 done
 test -s "$PREFIX/share/icons/hicolor/scalable/apps/$icon.svg"
 
-options() { grep -oE -- '^ *--[a-z][a-z-]*' | tr -d ' ' | sort -u; }
+# The options that a help names, one a line, and the commands.
+options() { sed -nE 's/^ *(-[a-zA-Z],)?(--[a-z][a-z-]*).*/\2/p'; }
+commands() { awk '/^Befehle:/ { on = 1; next } /^$/ { on = 0 } on && /^  [a-z]/ { print $1 }'; }
+
+# options_of PROGRAM: its own, and those of all its commands.
+options_of() {
+  local command
+  "$1" --help | options
+  for command in $("$1" --help | commands); do "$1" "$command" --help | options; done
+}
 
 for program in "$PREFIX"/bin/*; do
   name=$(basename "$program")
-  "$program" --help | options >"$name.help"
+  options_of "$program" | sort -u >"$name.help"
   test -s "$name.help"
   for page in "$PREFIX/share/man/man1/$name.1" "$PREFIX/share/man/de/man1/$name.1"; do
     if has man; then
@@ -30,7 +39,7 @@ for program in "$PREFIX"/bin/*; do
       test ! -s "$name.warnings"
     fi
     # Options are explained by tagged paragraphs.
-    grep -A1 '^\.TP' "$page" | sed -n 's/^\\fB\(\\-\\-[a-z\\-]*\)\\fR.*/\1/p' | tr -d '\\' | sort >"$name.page"
+    grep -A1 '^\.TP' "$page" | sed -n 's/^\\fB\(\\-\\-[a-z\\-]*\)\\fR.*/\1/p' | tr -d '\\' | sort -u >"$name.page"
     diff "$name.help" "$name.page"
   done
 done
@@ -54,8 +63,9 @@ else
 fi
 
 if has zsh; then
-  zsh -n "$PREFIX/share/zsh/vendor-completions/_vexnumkr-host"
-  zsh -f "$ROOT/tests/install/complete.zsh" "$PREFIX/share/zsh/vendor-completions" "vexnumkr-host --" >said
+  functions=$PREFIX/share/zsh/site-functions
+  zsh -n "$functions/_vexnumkr-host"
+  zsh -f "$ROOT/tests/install/complete.zsh" "$functions" "vexnumkr-host --" >said
   grep -oE -- '--[a-z][a-z-]*' said | sort -u >zsh.options
   diff vexnumkr-host.help zsh.options
 fi

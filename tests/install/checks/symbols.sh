@@ -5,7 +5,7 @@
 
 exported() { nm -DC --defined-only "$1" | cut -d' ' -f2- | sort -u; }
 
-exported "$PREFIX/lib/libvexnumkr.so" >now
+exported "$LIBDIR/libvexnumkr.so" >now
 diff "$ROOT/src/component/vexnumkr.symbols" now
 
 # A symbol of this kind would keep the library loaded.
@@ -13,4 +13,4 @@ not grep '^u ' now
 
 # Hosts and packages know the library by its major version.
 version=$(sed -n 's/^CMAKE_PROJECT_VERSION:STATIC=//p' "$BUILD/CMakeCache.txt")
-readelf -d "$PREFIX/lib/libvexnumkr.so" | grep -F "soname: [libvexnumkr.so.${version%%.*}]"
+readelf -d "$LIBDIR/libvexnumkr.so" | grep -F "soname: [libvexnumkr.so.${version%%.*}]"

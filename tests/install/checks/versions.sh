@@ -12,9 +12,9 @@ is() {
 }
 
 is "$(vexnumkr-host --version)" "vexnumkr-host $version" "the host"
-is "$(sed -n 's/^Version: //p' "$PREFIX/lib/pkgconfig/vexnumkr.pc")" "$version" pkg-config
+is "$(sed -n 's/^Version: //p' "$LIBDIR/pkgconfig/vexnumkr.pc")" "$version" pkg-config
 is "$(sed -n 's/.*VERSION_TEXT "\(.*\)"/\1/p' "$PREFIX/include/vexnumkr/version.h")" "$version" version.h
-is "$(readlink "$PREFIX/lib/libvexnumkr.so.$major")" "libvexnumkr.so.$version" "the library's file"
+is "$(readlink "$LIBDIR/libvexnumkr.so.$major")" "libvexnumkr.so.$version" "the library's file"
 
 # The SPDX document names this version, and is one.
 if command -v jq >/dev/null; then
