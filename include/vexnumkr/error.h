@@ -25,6 +25,8 @@ inline constexpr std::int32_t cannotCreateObject = 429;
 /// An argument that cannot be used, a statement that is refused.
 inline constexpr std::int32_t invalidArgument = 3001;
 inline constexpr std::int32_t noCurrentRecord = 3021;
+/// A database driver, or the engine behind it, that is not supported.
+inline constexpr std::int32_t unknownDriver = 3706;
 }  // namespace error_number
 
 /// A failure: its number, the place it comes from and a text for the user (UTF-8).

@@ -2,6 +2,7 @@
 
 #include <vexnumkr/adapters.h>
 
+#include "app/schema/schema.h"
 #include "data/booking_circles.h"
 #include "hosting/start_up.h"
 

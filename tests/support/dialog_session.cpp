@@ -16,6 +16,7 @@
 #include <vexnumkr/adapters.h>
 
 #include "adapters/qtforms/qt_forms_toolkit.h"
+#include "app/schema/schema.h"
 #include "data/table/columns.h"
 #include "scenario/controls.h"
 #include "scenario/input.h"
