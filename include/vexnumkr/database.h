@@ -11,6 +11,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include <vexnumkr/export.h>
 #include <vexnumkr/value.h>
@@ -94,9 +95,10 @@ class VEXNUMKR_API Command {
   /// Runs the command text as it stands. Exactly one statement is accepted: a second one behind a
   /// semicolon is refused, and nothing of the text runs.
   /// `recordsAffected` receives, for a select, the number of rows found, otherwise the number of
-  /// rows changed. Returns the rows of a select, open on the first; for other statements a
-  /// recordset without fields, at its end. A failed statement leaves a running transaction, and
-  /// what was done in it before, in place.
+  /// rows changed; an update counts the rows that it has found, whether or not they are different
+  /// now, and -1 is for an implementation that cannot tell. Returns the rows of a select, open on
+  /// the first; for other statements a recordset without fields, at its end. A failed statement
+  /// leaves a running transaction, and what was done in it before, in place.
   virtual std::unique_ptr<Recordset> Execute(std::int32_t& recordsAffected) = 0;
 
  protected:
@@ -119,7 +121,8 @@ class VEXNUMKR_API Connection {
   virtual std::int32_t IsolationLevel() const = 0;
   virtual void IsolationLevel(std::int32_t level) = 0;
 
-  /// Seconds; 0 is no limit.
+  /// How long a statement may take, and wait for a lock, in seconds; 0 is the engine's own limits.
+  /// Longer waits for locks than those are not had by asking for them.
   virtual void CommandTimeout(std::int32_t seconds) = 0;
   virtual void ConnectionTimeout(std::int32_t seconds) = 0;
   /// Where recordsets of this connection keep their rows, unless they say otherwise.
@@ -139,6 +142,20 @@ class VEXNUMKR_API Connection {
   /// As Command::Execute, for a text without a command of its own.
   virtual std::unique_ptr<Recordset> Execute(const std::string& text,
                                              std::int32_t& recordsAffected) = 0;
+
+  /// Refuses tables that know no transactions, so that what is done to them could not be taken
+  /// back; the text says what to do. To be called before the first transaction that changes them.
+  /// Implementations whose tables all have transactions need not do anything; names of tables that
+  /// are not there are passed over. Error: 3251.
+  virtual void RequireTransactions(const std::vector<std::string>& /*tables*/) {}
+
+  /// Tells that the running transaction goes on to change `tables`, after reading what is stored.
+  /// Where it has changed nothing so far it begins anew, so that from now on it reads what is
+  /// stored now; and others who want to change the tables wait from here on until it ends. Who is
+  /// at it is waited for within the usual limits. Implementations that leave this out may have to
+  /// report a conflict at the first change instead. Errors: the engine's; the transaction then runs
+  /// on or can only be rolled back, as after any other failure.
+  virtual void LockForWriting(const std::vector<std::string>& /*tables*/) {}
 
   /// Transactions do not nest: beginning a second one, or ending one that is not open, is an error.
   virtual void BeginTrans() = 0;

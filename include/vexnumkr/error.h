@@ -41,6 +41,8 @@ inline constexpr std::int32_t notStoredAsWritten = 3022;
 inline constexpr std::int32_t changedMeanwhile = 3023;
 /// A stored text is not valid in the encoding of its database.
 inline constexpr std::int32_t unreadableText = 3024;
+/// A database driver, or the engine behind it, that is not supported.
+inline constexpr std::int32_t unknownDriver = 3706;
 }  // namespace error_number
 
 /// A failure: its number, the place it comes from and a text for the user (UTF-8).

@@ -1,6 +1,7 @@
 // The one reader of connection strings: everything else about them is built on it.
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <string>
 #include <string_view>
@@ -9,6 +10,10 @@
 #include <vexnumkr/connection_string.h>
 
 namespace vexnumkr {
+
+/// The keys of a native connection string.
+inline constexpr std::array<std::string_view, 7> nativeKeys = {
+    "Driver", "Database", "Server", "Port", "UID", "PWD", "Options"};
 
 /// What stands between two semicolons of a connection string. Positions count in its text.
 struct ConnectionEntry {

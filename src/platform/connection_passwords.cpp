@@ -24,9 +24,7 @@ bool endsInPasswordWord(std::string_view text) {
 }
 
 bool isNativeKey(std::string_view key) {
-  static constexpr std::array<std::string_view, 7> known = {"Driver", "Database", "Server", "Port",
-                                                            "UID",    "PWD",      "Options"};
-  return std::any_of(known.begin(), known.end(),
+  return std::any_of(nativeKeys.begin(), nativeKeys.end(),
                      [&](std::string_view name) { return equalsWithoutCase(key, name); });
 }
 

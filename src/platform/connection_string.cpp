@@ -13,8 +13,6 @@
 namespace vexnumkr {
 namespace {
 
-constexpr std::array<std::string_view, 7> keyNames = {"Driver", "Database", "Server", "Port",
-                                                      "UID",    "PWD",      "Options"};
 constexpr std::size_t driverKey = 0;
 constexpr std::size_t databaseKey = 1;
 constexpr std::size_t portKey = 3;
@@ -24,21 +22,21 @@ Error malformed(const std::string& what) {
                "Verbindungszeichenfolge: " + what);
 }
 
-// The values in the order of keyNames; a port is a text here.
-using Values = std::array<std::optional<std::string>, keyNames.size()>;
+// The values in the order of nativeKeys; a port is a text here.
+using Values = std::array<std::optional<std::string>, nativeKeys.size()>;
 
 std::size_t positionOf(std::string_view key) {
-  const auto found = std::find_if(keyNames.begin(), keyNames.end(), [&](std::string_view known) {
-    return equalsWithoutCase(key, known);
-  });
-  return static_cast<std::size_t>(found - keyNames.begin());
+  const auto found =
+      std::find_if(nativeKeys.begin(), nativeKeys.end(),
+                   [&](std::string_view known) { return equalsWithoutCase(key, known); });
+  return static_cast<std::size_t>(found - nativeKeys.begin());
 }
 
 std::size_t requireKey(const ConnectionEntry& entry, std::size_t number) {
   if (!entry.hasSign)
     throw malformed("In Eintrag " + std::to_string(number) + " fehlt das Gleichheitszeichen.");
   const std::size_t key = positionOf(entry.key);
-  if (key == keyNames.size())
+  if (key == nativeKeys.size())
     throw malformed("Eintrag " + std::to_string(number) +
                     " hat einen unbekannten Schlüssel; erlaubt sind Driver, Database, Server, "
                     "Port, UID, PWD und Options.");
@@ -59,7 +57,7 @@ Values readValues(std::string_view text) {
   ConnectionEntry entry;
   for (std::size_t number = 1; entries.next(entry); ++number) {
     const std::size_t key = requireKey(entry, number);
-    const std::string name(keyNames[key]);
+    const std::string name(nativeKeys[key]);
     if (values[key]) throw malformed("Der Schlüssel " + name + " kommt mehrmals vor.");
     requireWhole(entry, name);
     values[key] = std::move(entry.value);
@@ -108,7 +106,7 @@ ConnectionSettings parseConnectionString(std::string_view text) {
   const Values values = readValues(text);
   for (const std::size_t required : {driverKey, databaseKey})
     if (values[required].value_or("").empty())
-      throw malformed("Der Schlüssel " + std::string(keyNames[required]) + " fehlt.");
+      throw malformed("Der Schlüssel " + std::string(nativeKeys[required]) + " fehlt.");
   const auto& [driver, database, server, port, user, password, options] = values;
   return {.driver = *driver,
           .database = *database,
@@ -121,15 +119,15 @@ ConnectionSettings parseConnectionString(std::string_view text) {
 
 std::string composeConnectionString(const ConnectionSettings& settings) {
   const std::string port = settings.port == 0 ? std::string() : std::to_string(settings.port);
-  const std::array<const std::string*, keyNames.size()> values = {
+  const std::array<const std::string*, nativeKeys.size()> values = {
       &settings.driver, &settings.database, &settings.server, &port,
       &settings.user,   &settings.password, &settings.options};
   std::string text;
-  for (std::size_t key = 0; key < keyNames.size(); ++key) {
+  for (std::size_t key = 0; key < nativeKeys.size(); ++key) {
     const std::string& value = *values[key];
     if (value.empty()) continue;
     if (!text.empty()) text += ';';
-    text.append(keyNames[key]).append("=").append(needsQuotes(value) ? quoted(value) : value);
+    text.append(nativeKeys[key]).append("=").append(needsQuotes(value) ? quoted(value) : value);
   }
   return text;
 }

@@ -25,7 +25,7 @@ constexpr const char* series =
 }  // namespace
 
 void createLargeCompany(const std::string& file) {
-  for (const std::string& statement : app::rangeTableStatements()) rowsOf(file, statement);
+  for (const std::string& statement : app::rangeTableStatements("sqlite")) rowsOf(file, statement);
   for (const std::string statement :
        {"INSERT INTO Nummernkreise SELECT c, 'K' || k, 'Belegart ' || k, c * 1000 + 1, "
         "c * 1000 + 7, c * 1000 + 999, -(c < 25), k, '', (100 + c) || 'NNN' FROM circle, key",

@@ -19,7 +19,7 @@ function(layer_of path result)
 endfunction()
 
 file(GLOB_RECURSE files RELATIVE "${SOURCE_DIR}/src"
-  "${SOURCE_DIR}/src/platform/*.[hc]*" "${SOURCE_DIR}/src/data/*.[hc]*"
+  "${SOURCE_DIR}/src/platform/*.[hc]*""${SOURCE_DIR}/src/data/*.[hc]*"
   "${SOURCE_DIR}/src/hosting/*.[hc]*" "${SOURCE_DIR}/src/rules/*.[hc]*"
   "${SOURCE_DIR}/src/dialogs/*.[hc]*")
 list(FILTER files INCLUDE REGEX "\\.(h|cpp)$")
@@ -65,11 +65,12 @@ foreach(file IN LISTS headers)
 endforeach()
 
 # What lies around the core sees it only where it has to, and one adapter knows another only where it
-# is made of it: the forms know the face of the grid. The adapter for automation and the number
-# library do without Qt; the program for the command line shares with the stand-alone host what reads
+# is made of it: the forms know the face of the grid. The adapter for automation, the number
+# library and what is known of the engines do without Qt; the program for the command line shares with the stand-alone host what reads
 # connection strings.
-set(seen_by_adapters/automation platform adapters/automation)
-set(seen_by_adapters/qtsql platform adapters/qtsql)
+set(seen_by_engines platform engines)
+set(seen_by_adapters/automation platform engines adapters/automation)
+set(seen_by_adapters/qtsql platform engines adapters/qtsql)
 set(seen_by_adapters/qt platform adapters/qt)
 set(seen_by_adapters/qtgrid platform adapters/qt adapters/qtgrid)
 set(seen_by_adapters/qtforms platform adapters/qt adapters/qtgrid/qt_tree_grid.h adapters/qtforms)
@@ -77,8 +78,8 @@ set(seen_by_component platform hosting dialogs/main adapters/qtforms component)
 set(seen_by_windows hosting adapters/automation component windows)
 set(seen_by_numbers platform numbers)
 set(seen_by_cli app/command_line app/connection_file app/process_list app/version cli)
-foreach(folder adapters/automation adapters/qtsql adapters/qt adapters/qtgrid adapters/qtforms component
-    windows numbers cli)
+foreach(folder engines adapters/automation adapters/qtsql adapters/qt adapters/qtgrid
+    adapters/qtforms component windows numbers cli)
   list(JOIN seen_by_${folder} "|" seen)
   file(GLOB_RECURSE files RELATIVE "${SOURCE_DIR}/src"
     "${SOURCE_DIR}/src/${folder}/*.h" "${SOURCE_DIR}/src/${folder}/*.cpp")
@@ -86,7 +87,7 @@ foreach(folder adapters/automation adapters/qtsql adapters/qt adapters/qtgrid ad
     file(STRINGS "${SOURCE_DIR}/src/${file}" includes REGEX "^#include [\"<]")
     foreach(line IN LISTS includes)
       if((line MATCHES "\"" AND NOT line MATCHES "\"(${seen})[/.\"]")
-          OR (folder MATCHES "^(adapters/automation|numbers)$" AND line MATCHES "<Q"))
+          OR (folder MATCHES "^(adapters/automation|engines|numbers)$" AND line MATCHES "<Q"))
         list(APPEND failures "src/${file}: ${line}")
       endif()
     endforeach()

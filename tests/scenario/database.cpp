@@ -6,7 +6,7 @@
 #include <vexnumkr/connection_string.h>
 #include <vexnumkr/error.h>
 
-#include "adapters/qtsql/session.h"
+#include "adapters/qtsql/session/session.h"
 #include "app/components/settings_store.h"
 #include "app/sql.h"
 #include "scenario/schema.h"
@@ -23,7 +23,7 @@ void provideFile(const std::string& file) {
 }
 
 std::unique_ptr<qtsql::Session> open(const ConnectionSettings& settings) {
-  const qtsql::Driver& driver = qtsql::driverOf(settings.driver);
+  const qtsql::Driver driver = qtsql::driverOf(settings.driver);
   if (driver.name == sqliteDriver) provideFile(settings.database);
   return std::make_unique<qtsql::Session>(driver, settings);
 }
@@ -32,18 +32,6 @@ std::unique_ptr<qtsql::Session> open(const ConnectionSettings& settings) {
 std::string fileOf(const ConnectionSettings& settings) {
   if (qtsql::driverOf(settings.driver).name == sqliteDriver) return settings.database;
   return connectionValue(settings.database, "Database", ConnectionSyntax::odbc);
-}
-
-app::SchemaEngine schemaOf(const qtsql::Session& session) {
-  switch (session.engine().dialect) {
-    case Dialect::postgresql:
-      return app::SchemaEngine::postgresql;
-    case Dialect::mariadb:
-      return app::SchemaEngine::mariadb;
-    case Dialect::sqlite:
-      break;
-  }
-  return app::SchemaEngine::sqlite;
 }
 
 std::string printedField(const QVariant& field) {
@@ -80,7 +68,7 @@ void attach(qtsql::Session& session, const std::string& file) {
 ScenarioDatabase::ScenarioDatabase(const std::string& connectionString) {
   const ConnectionSettings settings = parseConnectionString(connectionString);
   main_ = open(settings);
-  if (schemaOf(*main_) != app::SchemaEngine::sqlite) return;
+  if (main_->engine().name != "sqlite") return;
   ConnectionSettings beside;
   beside.driver = sqliteDriver;
   beside.database = app::settingsFile(fileOf(settings));
@@ -98,7 +86,7 @@ void ScenarioDatabase::createTables() {
   for (const TableDefinition& table : tableDefinitions()) {
     qtsql::Session& session = sessionOf(table.name);
     drop(session, table.name);
-    session.execute(createStatement(table, schemaOf(session)));
+    session.execute(createStatement(table, session.engine().name));
   }
   for (const std::string& statement : indexStatements()) main_->execute(statement);
 }
@@ -117,7 +105,7 @@ const std::vector<std::string>& ScenarioDatabase::tableNames() {
 // NULL comes first, as it does by itself everywhere else.
 std::vector<PrintedRow> ScenarioDatabase::rows(const std::string& table) const {
   qtsql::Session& session = sessionOf(table);
-  const bool isPostgresql = schemaOf(session) == app::SchemaEngine::postgresql;
+  const bool isPostgresql = session.engine().name == "postgresql";
   for (const TableDefinition& definition : tableDefinitions()) {
     if (definition.name != table) continue;
     std::string order;

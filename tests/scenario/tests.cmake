@@ -14,14 +14,14 @@ add_library(vexnumkr_scenario_settings STATIC
 target_include_directories(vexnumkr_scenario_settings PUBLIC
   "${PROJECT_SOURCE_DIR}/src" "${CMAKE_BINARY_DIR}/src/app/generated")
 target_link_libraries(vexnumkr_scenario_settings
-  PUBLIC vexnumkr_platform Qt6::Core PRIVATE vexnumkr_options)
+  PUBLIC vexnumkr_engines Qt6::Core PRIVATE vexnumkr_options)
 
 add_library(vexnumkr_scenario_language STATIC
   scenario/chord.cpp scenario/command_forms.cpp scenario/script.cpp scenario/transcript.cpp
   scenario/words.cpp)
 target_include_directories(vexnumkr_scenario_language PUBLIC "${PROJECT_SOURCE_DIR}/tests")
 target_link_libraries(vexnumkr_scenario_language
-  PUBLIC vexnumkr_platform Qt6::Core PRIVATE vexnumkr_options)
+  PUBLIC vexnumkr_engines Qt6::Core PRIVATE vexnumkr_options)
 
 add_library(vexnumkr_scenario_driver STATIC
   scenario/controls.cpp

@@ -2,6 +2,7 @@
 
 #include <vexnumkr/adapters.h>
 
+#include "app/schema/schema.h"
 #include "data/circle_changes.h"
 #include "data/loading.h"
 #include "data/range_rows.h"

@@ -17,6 +17,7 @@
 
 #include "adapters/qt/tool_tips.h"
 #include "adapters/qtforms/qt_forms_toolkit.h"
+#include "app/schema/schema.h"
 #include "scenario/controls.h"
 #include "scenario/input.h"
 #include "scenario/transcript.h"

@@ -11,7 +11,7 @@
 
 #include <vexnumkr/connection_string.h>
 
-#include "adapters/qtsql/database_handle.h"
+#include "adapters/qtsql/session/database_handle.h"
 
 namespace vexnumkr::test {
 namespace {
@@ -63,10 +63,7 @@ FreshDatabase::~FreshDatabase() {
 
 bool FreshDatabase::isOnServer() const { return isPostgresql() || engine_ == "mariadb"; }
 
-app::SchemaEngine FreshDatabase::schema() const {
-  if (isPostgresql()) return app::SchemaEngine::postgresql;
-  return isOnServer() ? app::SchemaEngine::mariadb : app::SchemaEngine::sqlite;
-}
+std::string FreshDatabase::schema() const { return engine_.substr(engine_.find('-') + 1); }
 
 std::string FreshDatabase::connectionString(const std::string& user,
                                             const std::string& password) const {

@@ -54,6 +54,12 @@ class ScriptedConnection : public Connection {
                              [&] { return real_->Execute(text, recordsAffected); });
   }
 
+  void RequireTransactions(const std::vector<std::string>& tables) override {
+    real_->RequireTransactions(tables);
+  }
+  void LockForWriting(const std::vector<std::string>& tables) override {
+    real_->LockForWriting(tables);
+  }
   void BeginTrans() override {
     script_.transaction(label_ + ": BEGIN", [&] { real_->BeginTrans(); });
   }

@@ -6,6 +6,7 @@
 #include <optional>
 
 #include <vexnumkr/connection_string.h>
+#include <vexnumkr/engines.h>
 #include <vexnumkr/error.h>
 
 #include "app/files.h"
@@ -27,20 +28,13 @@ bool sameName(const std::string& a, const std::string& b) {
   return QString::fromStdString(a).compare(QString::fromStdString(b), Qt::CaseInsensitive) == 0;
 }
 
-/// Whether an ODBC driver is one for SQLite: "{SQLite3}", or the path of its library.
-bool namesSqlite(const std::string& driver) {
-  return QString::fromStdString(driver).contains(QLatin1String("sqlite"), Qt::CaseInsensitive);
-}
-
 /// The settings file that belongs to a connection, or empty where its database holds the settings.
 std::string ownFile(const std::string& connectionText) {
   const std::string driver = connectionValue(connectionText, "Driver");
   std::string database = connectionValue(connectionText, "Database");
-  bool isSqlite = sameName(driver, "QSQLITE");
-  if (sameName(driver, "QODBC")) {
-    isSqlite = namesSqlite(connectionValue(database, "DRIVER", ConnectionSyntax::odbc));
+  if (sameName(driver, "QODBC"))
     database = connectionValue(database, "Database", ConnectionSyntax::odbc);
-  }
+  const bool isSqlite = engineNamedIn(connectionText) == "sqlite";
   return isSqlite && isFileName(database) ? settingsFile(database) : std::string();
 }
 
@@ -115,8 +109,8 @@ Connection& TableSettings::prepared() {
   }
   Connection& place = file_.empty() ? *host_ : *own_;
   if (!hasTable(place)) {
-    const SchemaEngine engine = schemaEngineOf(place);
-    for (const std::string& statement : settingsTableStatements(engine)) execute(place, statement);
+    for (const std::string& statement : settingsTableStatements(engineOf(place)))
+      execute(place, statement);
   }
   return place;
 }

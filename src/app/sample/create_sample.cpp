@@ -6,6 +6,7 @@
 
 #include <vexnumkr/adapters.h>
 #include <vexnumkr/connection_string.h>
+#include <vexnumkr/engines.h>
 #include <vexnumkr/error.h>
 
 #include "app/files.h"
@@ -127,9 +128,9 @@ void drop(Connection& connection, const std::vector<std::string>& tables) {
 }
 
 /// Servers keep the settings in the same database; SQLite's are in a file of their own.
-std::vector<std::string> tableStatements(SchemaEngine engine) {
+std::vector<std::string> tableStatements(const std::string& engine) {
   std::vector<std::string> statements = rangeTableStatements(engine);
-  if (engine != SchemaEngine::sqlite) {
+  if (engine != "sqlite") {
     for (const std::string& statement : settingsTableStatements(engine))
       statements.push_back(statement);
   }
@@ -153,7 +154,7 @@ std::string summary(const std::string& file, const SampleCompany& company) {
 void writeSample(Connection& connection, const SampleCompany& company) {
   std::vector<std::string> made;
   try {
-    for (const std::string& statement : tableStatements(schemaEngineOf(connection))) {
+    for (const std::string& statement : tableStatements(engineOf(connection))) {
       execute(connection, statement);
       if (const std::string table = tableMadeBy(statement); !table.empty()) made.push_back(table);
     }
