@@ -68,7 +68,7 @@ set(seen_by_adapters/qtgrid platform adapters/qtgrid)
 set(seen_by_adapters/qtforms platform adapters/qtgrid adapters/qtforms)
 set(seen_by_component platform hosting dialogs/main adapters/qtforms component)
 set(seen_by_windows hosting adapters/automation component windows)
-set(seen_by_numbers platform numbers)
+set(seen_by_numbers platform rules numbers)
 set(seen_by_cli app/command_line app/connection_file app/connection_text app/process_list
   app/version cli)
 foreach(folder adapters/automation adapters/qtsql adapters/qtgrid adapters/qtforms component windows

@@ -32,3 +32,4 @@ target_compile_definitions(draw_processes_test
   PRIVATE DRAWING_PROGRAM="$<TARGET_FILE:drawing_program>")
 add_dependencies(draw_processes_test drawing_program)
 vexnumkr_test(numbers/gaps_test LABEL unit LINKS vexnumkr_numbers)
+vexnumkr_test(numbers/check_test LABEL unit LINKS vexnumkr_numbers)
