@@ -36,3 +36,4 @@ vexnumkr_test(numbers/check_test LABEL unit LINKS vexnumkr_numbers)
 vexnumkr_test(numbers/rollover_test LABEL unit
   SOURCES contract/qt_main.cpp LINKS vexnumkr_numbers vexnumkr_core_session)
 vexnumkr_on_every_engine(rollover_test)
+vexnumkr_numbers_test(transfer_test unit)
