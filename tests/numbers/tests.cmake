@@ -37,3 +37,4 @@ vexnumkr_test(numbers/rollover_test LABEL unit
   SOURCES contract/qt_main.cpp LINKS vexnumkr_numbers vexnumkr_core_session)
 vexnumkr_on_every_engine(rollover_test)
 vexnumkr_numbers_test(transfer_test unit)
+vexnumkr_numbers_test(doctor_test unit)
