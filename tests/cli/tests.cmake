@@ -20,3 +20,4 @@ target_compile_definitions(program_calls_test PRIVATE
 vexnumkr_program_test(draw_command_test unit)
 vexnumkr_program_test(schema_command_test unit)
 vexnumkr_program_test(gaps_command_test unit)
+vexnumkr_program_test(check_command_test unit)

@@ -4,7 +4,10 @@ namespace vexnumkr::cli {
 
 void addCommands(CommandSet& commands) {
   addDraw(commands);
+  addCheck(commands);
   addGaps(commands);
+  addMask(commands);
+  addRollover(commands);
   addSchema(commands);
 }
 

@@ -5,8 +5,11 @@
 
 namespace vexnumkr::cli {
 
+void addCheck(CommandSet& commands);
 void addDraw(CommandSet& commands);
 void addGaps(CommandSet& commands);
+void addMask(CommandSet& commands);
+void addRollover(CommandSet& commands);
 void addSchema(CommandSet& commands);
 
 /// All of them, in the order in which the help lists them.
