@@ -8,6 +8,7 @@ void addCommands(CommandSet& commands) {
   addGaps(commands);
   addMask(commands);
   addRollover(commands);
+  addTransfer(commands);
   addSchema(commands);
 }
 

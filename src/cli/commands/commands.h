@@ -11,6 +11,7 @@ void addGaps(CommandSet& commands);
 void addMask(CommandSet& commands);
 void addRollover(CommandSet& commands);
 void addSchema(CommandSet& commands);
+void addTransfer(CommandSet& commands);
 
 /// All of them, in the order in which the help lists them.
 void addCommands(CommandSet& commands);
