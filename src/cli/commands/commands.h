@@ -6,6 +6,7 @@
 namespace vexnumkr::cli {
 
 void addCheck(CommandSet& commands);
+void addDoctor(CommandSet& commands);
 void addDraw(CommandSet& commands);
 void addGaps(CommandSet& commands);
 void addMask(CommandSet& commands);
