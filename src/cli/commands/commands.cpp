@@ -9,6 +9,7 @@ void addCommands(CommandSet& commands) {
   addMask(commands);
   addRollover(commands);
   addTransfer(commands);
+  addReport(commands);
   addDoctor(commands);
   addSchema(commands);
 }

@@ -10,6 +10,7 @@ void addDoctor(CommandSet& commands);
 void addDraw(CommandSet& commands);
 void addGaps(CommandSet& commands);
 void addMask(CommandSet& commands);
+void addReport(CommandSet& commands);
 void addRollover(CommandSet& commands);
 void addSchema(CommandSet& commands);
 void addTransfer(CommandSet& commands);
