@@ -1,5 +1,7 @@
 #include "cli/command_set.h"
 
+#include <CLI/CLI.hpp>
+#include <algorithm>
 #include <chrono>
 #include <ctime>
 #include <ostream>
@@ -85,76 +87,138 @@ std::string inGerman(const CLI::ParseError& error, const CLI::App& command) {
   return text + leadToHelp(command);
 }
 
+std::string listOf(const std::vector<std::string>& choices) {
+  std::string text;
+  for (std::size_t i = 0; i < choices.size(); ++i)
+    text += (i == 0 ? "" : i + 1 == choices.size() ? " oder " : ", ") + choices[i];
+  return text;
+}
+
+CLI::Option* addOption(CLI::App& app, const OptionText& text, std::string& value) {
+  return app.add_option(text.name, value, text.description)
+      ->option_text(text.valueName)
+      ->check([](const std::string& given) {
+        return given.empty() ? std::string("braucht einen Wert.") : std::string();
+      });
+}
+
 }  // namespace
 
+void Command::addText(const OptionText& text, std::string& value, Presence presence) {
+  addOption(app_, text, value)->required(presence == Presence::required);
+}
+
+void Command::addChoice(const OptionText& text, std::string& value,
+                        const std::vector<std::string>& choices, Presence presence) {
+  addOption(app_, text, value)
+      ->required(presence == Presence::required)
+      ->check([choices](const std::string& given) {
+        const bool isOne = std::find(choices.begin(), choices.end(), given) != choices.end();
+        return isOne ? std::string()
+                     : "muss " + listOf(choices) + " sein, nicht \"" + given + "\".";
+      });
+}
+
+void Command::addNumber(const OptionText& text, std::int32_t& value, std::int32_t lowest,
+                        std::int32_t highest) {
+  app_.add_option(text.name, value, text.description)
+      ->option_text(text.valueName)
+      ->check([lowest, highest](const std::string& given) {
+        return notANumber(given, lowest, highest);
+      });
+}
+
+void Command::addNumber(const OptionText& text, std::optional<std::int32_t>& value) {
+  const auto store = [&value](const std::int32_t& given) { value = given; };
+  app_.add_option_function<std::int32_t>(text.name, store, text.description)
+      ->option_text(text.valueName)
+      ->check([](const std::string& given) { return notANumber(given, INT32_MIN, INT32_MAX); });
+}
+
+void Command::addFlag(const std::string& name, bool& value, const std::string& description) {
+  app_.add_flag(name, value, description);
+}
+
+void Command::addDate(std::string& value) {
+  addOption(app_, {"--date", "JJJJMMTT", "das Verarbeitungsdatum; ohne Angabe gilt das heutige"},
+            value)
+      ->check([](const std::string& given) {
+        return isDate(given) ? std::string()
+                             : "muss ein Datum der Form jjjjmmtt sein, nicht \"" + given + "\".";
+      });
+}
+
+void Command::addDryRun() {
+  addFlag("--dry-run", shared_.dryRun, "sagt, was geschähe, und ändert nichts");
+}
+
 CommandSet::CommandSet()
-    : app_(
+    : app_(std::make_unique<CLI::App>(
           "Nummernkreise von der Kommandozeile: Nummern ziehen, prüfen, Jahreswechsel, Umzug,\n"
           "Auskunft. Was hier nicht steht, geht im Dialog \"Nummernkreise\".",
-          programName) {
-  app_.formatter(std::make_shared<HelpFormatter>());
-  app_.set_help_flag("-h,--help", "zeigt diese Hilfe");
-  app_.set_version_flag("--version", std::string(programName) + " " + app::version,
-                        "zeigt die Version");
-  app_.footer(
+          programName)) {
+  app_->formatter(std::make_shared<HelpFormatter>());
+  app_->set_help_flag("-h,--help", "zeigt diese Hilfe");
+  app_->set_version_flag("--version", std::string(programName) + " " + app::version,
+                         "zeigt die Version");
+  app_->footer(
       "  export VEXNUMKR_CONNECTION=\"Driver=QSQLITE;Database=firma.db\"\n"
       "  vexnumkr check --application 1");
-  app_.allow_extras();
+  app_->allow_extras();
 }
 
-CLI::App& CommandSet::addGroup(const std::string& name, const std::string& description) {
-  CLI::App* const group = app_.add_subcommand(name, description);
+CommandSet::~CommandSet() = default;
+
+void CommandSet::addGroup(const std::string& name, const std::string& description) {
+  CLI::App* const group = app_->add_subcommand(name, description);
   group->set_help_flag("-h,--help", "zeigt diese Hilfe");
   group->allow_extras();
-  return *group;
 }
 
-CLI::App& CommandSet::add(const std::string& name, const std::string& description,
-                          const std::string& example, Needs needs, Action action) {
-  return add(app_, name, description, example, needs, std::move(action));
+Command CommandSet::add(const CommandText& text, Needs needs, Action action) {
+  return addTo(*app_, text, needs, std::move(action));
 }
 
-CLI::App& CommandSet::add(CLI::App& group, const std::string& name, const std::string& description,
-                          const std::string& example, Needs needs, Action action) {
-  CLI::App* const command = group.add_subcommand(name, description);
-  command->set_help_flag("-h,--help", "zeigt diese Hilfe");
-  command->footer("  " + std::string(programName) + " " + example);
-  command->allow_extras();
-  actions_[command] = std::move(action);
-  addShared(*command, needs);
-  return *command;
+Command CommandSet::addTo(const std::string& group, const CommandText& text, Needs needs,
+                          Action action) {
+  return addTo(*app_->get_subcommand(group), text, needs, std::move(action));
 }
 
-void CommandSet::addShared(CLI::App& command, Needs needs) {
+Command CommandSet::addTo(CLI::App& parent, const CommandText& text, Needs needs, Action action) {
+  CLI::App* const app = parent.add_subcommand(text.name, text.description);
+  app->set_help_flag("-h,--help", "zeigt diese Hilfe");
+  app->footer("  " + std::string(programName) + " " + text.example);
+  app->allow_extras();
+  actions_[app] = std::move(action);
+  Command command(*app, shared_);
+  addShared(command, needs);
+  return command;
+}
+
+void CommandSet::addShared(Command& command, Needs needs) {
   if (needs != Needs::nothing) {
-    addText(command, "--connection", shared_.connection, "VERBINDUNG",
-            "die Datenbank, z. B. \"Driver=QSQLITE;Database=/pfad/firma.db\"; ohne Angabe gilt die "
-            "Umgebungsvariable VEXNUMKR_CONNECTION");
-    addText(command, "--connection-file", shared_.connectionFile, "DATEI",
-            "liest die Verbindung aus der ersten Zeile einer Datei, die nur ihr Eigentümer lesen "
-            "darf; so bleibt ein Kennwort geheim");
+    command.addText({"--connection", "VERBINDUNG",
+                     "die Datenbank, z. B. \"Driver=QSQLITE;Database=/pfad/firma.db\"; ohne Angabe "
+                     "gilt die Umgebungsvariable VEXNUMKR_CONNECTION"},
+                    shared_.connection);
+    command.addText({"--connection-file", "DATEI",
+                     "liest die Verbindung aus der ersten Zeile einer Datei, die nur ihr "
+                     "Eigentümer lesen darf; so bleibt ein Kennwort geheim"},
+                    shared_.connectionFile);
   }
-  if (needs == Needs::application)
-    addText(command, "--application", shared_.application, "1|2",
-            "die Anwendung: 1 für die Herkunft ORB, 2 für ORC")
-        ->required()
-        ->check([](const std::string& text) {
-          return text == "1" || text == "2" ? std::string()
-                                            : "muss 1 oder 2 sein, nicht \"" + text + "\".";
-        });
-  command.add_flag("--json", shared_.json, "gibt das Ergebnis als JSON aus (docs/json.md)");
-}
-
-void CommandSet::addDryRun(CLI::App& command) {
-  command.add_flag("--dry-run", shared_.dryRun, "sagt, was geschähe, und ändert nichts");
+  if (needs == Needs::application || needs == Needs::optionalDatabase)
+    command.addChoice({"--application", "1|2", "die Anwendung: 1 für die Herkunft ORB, 2 für ORC"},
+                      shared_.application, {"1", "2"},
+                      needs == Needs::application ? Presence::required : Presence::optional);
+  command.addFlag("--json", shared_.json, "gibt das Ergebnis als JSON aus (docs/json.md)");
 }
 
 Action CommandSet::parse(int argc, const char* const* argv) {
   try {
-    app_.parse(argc, argv);
+    app_->parse(argc, argv);
   } catch (const CLI::CallForHelp&) {
     return [this](Session& session) {
-      session.out() << deepest(app_).help();
+      session.out() << deepest(*app_).help();
       return exit_status::fine;
     };
   } catch (const CLI::CallForVersion&) {
@@ -164,15 +228,15 @@ Action CommandSet::parse(int argc, const char* const* argv) {
     };
   } catch (const CLI::ParseError& error) {
     requireNoExtras();
-    throw UsageError(inGerman(error, deepest(app_)));
+    throw UsageError(inGerman(error, deepest(*app_)));
   }
   requireNoExtras();
-  return called(deepest(app_));
+  return called(deepest(*app_));
 }
 
 void CommandSet::requireNoExtras() const {
-  const CLI::App& command = deepest(app_);
-  const std::vector<std::string> extras = app_.remaining(true);
+  const CLI::App& command = deepest(*app_);
+  const std::vector<std::string> extras = app_->remaining(true);
   if (extras.empty()) return;
   const std::string& word = extras.front();
   const bool isOption = word.starts_with('-');
@@ -189,33 +253,6 @@ Action CommandSet::called(const CLI::App& command) const {
   const auto found = actions_.find(&command);
   if (found == actions_.end()) throw UsageError("Es fehlt der Befehl." + leadToHelp(command));
   return found->second;
-}
-
-CLI::Option* addText(CLI::App& command, const std::string& name, std::string& value,
-                     const std::string& valueName, const std::string& description) {
-  return command.add_option(name, value, description)
-      ->option_text(valueName)
-      ->check([](const std::string& text) {
-        return text.empty() ? std::string("braucht einen Wert.") : std::string();
-      });
-}
-
-CLI::Option* addNumber(CLI::App& command, const std::string& name, std::int32_t& value,
-                       const std::string& valueName, const std::string& description,
-                       std::int32_t lowest, std::int32_t highest) {
-  return command.add_option(name, value, description)
-      ->option_text(valueName)
-      ->check(
-          [lowest, highest](const std::string& text) { return notANumber(text, lowest, highest); });
-}
-
-CLI::Option* addDate(CLI::App& command, std::string& value) {
-  return addText(command, "--date", value, "JJJJMMTT",
-                 "das Verarbeitungsdatum; ohne Angabe gilt das heutige")
-      ->check([](const std::string& text) {
-        return isDate(text) ? std::string()
-                            : "muss ein Datum der Form jjjjmmtt sein, nicht \"" + text + "\".";
-      });
 }
 
 std::string today() {

@@ -1,4 +1,4 @@
-// How the program ends; documented in docs/handbuch-verwaltung.md.
+// How the program ends; documented in docs/verwaltung.md.
 #pragma once
 
 namespace vexnumkr::cli::exit_status {

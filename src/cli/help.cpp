@@ -91,6 +91,8 @@ std::string HelpFormatter::make_help(const CLI::App* app, std::string /*name*/,
   text += app->get_description() + "\n\nAufruf: " + calledAs(*app) + (isGroup ? " BEFEHL" : "") +
           " [Angaben]\n" + commandsOf(*app) + optionsOf(*app);
   if (isGroup) text += "\nJeder Befehl erklärt sich mit: " + calledAs(*app) + " BEFEHL --help\n";
+  if (app->get_parent() == nullptr)
+    text += "Aufgaben mit Beispielen stehen im Handbuch für Administratoren, docs/verwaltung.md.\n";
   return text +
          "\nRückgabewert: 0 in Ordnung · 1 es gibt Befunde · 2 falscher Aufruf · 3 Datenbank\n";
 }

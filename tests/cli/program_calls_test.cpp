@@ -1,6 +1,9 @@
 // Calls of the program, right and wrong, that need no database.
 #include <gtest/gtest.h>
 
+#include <QtCore/QFile>
+#include <functional>
+
 #include "app/program.h"
 
 namespace vexnumkr::test {
@@ -56,25 +59,57 @@ INSTANTIATE_TEST_SUITE_P(
         WrongCall{"schema print --engine sqlite --part rechte",
                   "Das Datenbanksystem \"sqlite\" braucht kein Skript"}));
 
+QString manual() {
+  QFile file(QStringLiteral(PROJECT_DIR "/docs/verwaltung.md"));
+  EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+  return QString::fromUtf8(file.readAll());
+}
+
+// The first words of the entries below a heading of a help text.
+QStringList entries(const QString& help, const QString& heading) {
+  QStringList found;
+  const QStringList lines = help.split(QLatin1Char('\n'));
+  const qsizetype head = lines.indexOf(heading);
+  for (qsizetype at = head + 1; head >= 0 && !lines.at(at).isEmpty(); ++at)
+    if (!lines.at(at).startsWith(QLatin1String("   ")))
+      found << lines.at(at).trimmed().section(QLatin1Char(' '), 0, 0);
+  return found;
+}
+
+// Calls `visit` with the words and the help of each command.
+void forEachCommand(const QStringList& words,
+                    const std::function<void(const QStringList&, const QString&)>& visit) {
+  const ProgramRun run = vexnumkr(words + QStringList{QStringLiteral("--help")});
+  EXPECT_EQ(run.exitCode, 0);
+  const QString help = QString::fromStdString(run.output);
+  const QStringList commands = entries(help, QStringLiteral("Befehle:"));
+  if (commands.isEmpty()) visit(words, help);
+  for (const QString& command : commands) forEachCommand(words + QStringList{command}, visit);
+}
+
 TEST(ProgramCallsTest, EveryHelpBeginsWithAnExample) {
-  const std::string overview = vexnumkr(words("--help")).output;
-  EXPECT_TRUE(overview.starts_with("Beispiel:\n")) << overview;
+  EXPECT_TRUE(vexnumkr(words("--help")).output.starts_with("Beispiel:\n"));
   int commands = 0;
-  const QStringList lines = QString::fromStdString(overview).split(QLatin1Char('\n'));
-  for (qsizetype at = lines.indexOf(QStringLiteral("Befehle:")) + 1; !lines.at(at).isEmpty();
-       ++at) {
-    const QString name = lines.at(at).trimmed().section(QLatin1Char(' '), 0, 0);
-    if (!lines.at(at).startsWith(QLatin1String("  ")) || name.isEmpty() ||
-        lines.at(at).startsWith(QLatin1String("     ")))
-      continue;
-    const ProgramRun run = vexnumkr({name, QStringLiteral("--help")});
-    EXPECT_EQ(run.exitCode, 0);
-    const bool isGroup = run.output.find("\nBefehle:\n") != std::string::npos;
-    EXPECT_TRUE(isGroup || run.output.starts_with("Beispiel:\n  vexnumkr " + name.toStdString()))
-        << run.output;
+  forEachCommand({}, [&](const QStringList& called, const QString& help) {
     ++commands;
-  }
-  EXPECT_GE(commands, 2);
+    const QString example =
+        QStringLiteral("Beispiel:\n  vexnumkr ") + called.join(QLatin1Char(' '));
+    EXPECT_TRUE(help.startsWith(example)) << help.toStdString();
+  });
+  EXPECT_GE(commands, 11);
+}
+
+TEST(ProgramCallsTest, TheManualKnowsEveryCommandAndOption) {
+  const QString text = manual();
+  forEachCommand({}, [&](const QStringList& called, const QString& help) {
+    const QString command = QStringLiteral("vexnumkr ") + called.join(QLatin1Char(' '));
+    EXPECT_TRUE(text.contains(command)) << command.toStdString();
+    for (const QString& entry : entries(help, QStringLiteral("Angaben:"))) {
+      const QString option = entry.section(QLatin1Char(','), -1);
+      if (option.startsWith(QLatin1String("--")))
+        EXPECT_TRUE(text.contains(option)) << option.toStdString();
+    }
+  });
 }
 
 TEST(ProgramCallsTest, WrongCallsAreObjectsForPrograms) {

@@ -15,8 +15,11 @@ endfunction()
 
 vexnumkr_test(cli/program_calls_test LABEL unit
   SOURCES contract/qt_main.cpp LINKS vexnumkr_program_database)
-target_compile_definitions(program_calls_test
-  PRIVATE VEXNUMKR_PROGRAM="$<TARGET_FILE:vexnumkr-program>")
+target_compile_definitions(program_calls_test PRIVATE
+  VEXNUMKR_PROGRAM="$<TARGET_FILE:vexnumkr-program>" PROJECT_DIR="${PROJECT_SOURCE_DIR}")
 vexnumkr_program_test(draw_command_test unit)
 vexnumkr_program_test(schema_command_test unit)
 vexnumkr_program_test(gaps_command_test unit)
+vexnumkr_program_test(check_command_test unit)
+vexnumkr_program_test(transfer_command_test unit)
+vexnumkr_program_test(report_command_test unit)

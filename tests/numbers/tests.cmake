@@ -32,3 +32,9 @@ target_compile_definitions(draw_processes_test
   PRIVATE DRAWING_PROGRAM="$<TARGET_FILE:drawing_program>")
 add_dependencies(draw_processes_test drawing_program)
 vexnumkr_test(numbers/gaps_test LABEL unit LINKS vexnumkr_numbers)
+vexnumkr_test(numbers/check_test LABEL unit LINKS vexnumkr_numbers)
+vexnumkr_test(numbers/rollover_test LABEL unit
+  SOURCES contract/qt_main.cpp LINKS vexnumkr_numbers vexnumkr_core_session)
+vexnumkr_on_every_engine(rollover_test)
+vexnumkr_numbers_test(transfer_test unit)
+vexnumkr_numbers_test(doctor_test unit)

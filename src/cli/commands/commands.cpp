@@ -4,7 +4,13 @@ namespace vexnumkr::cli {
 
 void addCommands(CommandSet& commands) {
   addDraw(commands);
+  addCheck(commands);
   addGaps(commands);
+  addMask(commands);
+  addRollover(commands);
+  addTransfer(commands);
+  addReport(commands);
+  addDoctor(commands);
   addSchema(commands);
 }
 

@@ -9,12 +9,6 @@
 namespace vexnumkr::cli {
 namespace {
 
-struct DrawOptions {
-  numbers::DrawRequest request;
-  std::int32_t circle = 0;
-  const CLI::Option* hasCircle = nullptr;
-};
-
 Json described(const numbers::Draw& draw, const numbers::DrawRequest& request,
                std::int32_t number) {
   return {{"number", number},
@@ -39,10 +33,9 @@ void warn(Session& session, const numbers::Draw& draw) {
   }
 }
 
-int runDraw(Session& session, const DrawOptions& options) {
-  numbers::DrawRequest request = options.request;
+int runDraw(Session& session, const numbers::DrawRequest& asked) {
+  numbers::DrawRequest request = asked;
   request.application = session.application();
-  if (options.hasCircle->count() > 0) request.circle = options.circle;
   Connection& connection = session.connection();
   const numbers::Draw draw =
       session.dryRun() ? numbers::tryDraw(connection, request) : numbers::draw(connection, request);
@@ -61,22 +54,21 @@ int runDraw(Session& session, const DrawOptions& options) {
 }  // namespace
 
 void addDraw(CommandSet& commands) {
-  const auto options = std::make_shared<DrawOptions>();
-  CLI::App& command =
-      commands.add("draw", "Zieht die nächste Nummer, oder mehrere.",
-                   "draw --application 1 --user Hoffmann --key RE", Needs::application,
-                   [options](Session& session) { return runDraw(session, *options); });
-  addText(command, "--user", options->request.user, "NAME",
-          "für wen; wer keine eigene Zuordnung hat, zieht aus der gemeinsamen")
-      ->required();
-  addText(command, "--key", options->request.key, "NSCHL", "der Nummernschlüssel, z. B. RE")
-      ->required();
-  options->hasCircle =
-      addNumber(command, "--circle", options->circle, "N",
-                "der Buchungskreis, wenn mehrere zugeordnet sind", INT32_MIN, INT32_MAX);
-  addNumber(command, "--count", options->request.count, "K",
-            "so viele auf einmal; es gibt alle oder keine", 1, 1000000);
-  commands.addDryRun(command);
+  const auto request = std::make_shared<numbers::DrawRequest>();
+  Command command = commands.add(
+      {"draw", "Zieht die nächste Nummer, oder mehrere.",
+       "draw --application 1 --user Hoffmann --key RE"},
+      Needs::application, [request](Session& session) { return runDraw(session, *request); });
+  command.addText(
+      {"--user", "NAME", "für wen; wer keine eigene Zuordnung hat, zieht aus der gemeinsamen"},
+      request->user, Presence::required);
+  command.addText({"--key", "NSCHL", "der Nummernschlüssel, z. B. RE"}, request->key,
+                  Presence::required);
+  command.addNumber({"--circle", "N", "der Buchungskreis, wenn mehrere zugeordnet sind"},
+                    request->circle);
+  command.addNumber({"--count", "K", "so viele auf einmal; es gibt alle oder keine"},
+                    request->count, 1, 1000000);
+  command.addDryRun();
 }
 
 }  // namespace vexnumkr::cli

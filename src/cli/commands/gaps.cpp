@@ -21,8 +21,7 @@ using numbers::GapKind;
 struct GapOptions {
   std::string key;
   std::string source;
-  std::int32_t circle = 0;
-  const CLI::Option* hasCircle = nullptr;
+  std::optional<std::int32_t> circle;
 };
 
 // What has been found so far; the findings themselves are printed as they come.
@@ -179,10 +178,21 @@ class Printer {
   const numbers::Range* titled_ = nullptr;
 };
 
+std::string lowerCase(std::string text) {
+  for (char& c : text)
+    if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
+  return text;
+}
+
 bool isSelect(const std::string& source) {
-  const std::string word =
-      CLI::detail::to_lower(source.substr(0, source.find_first_of(" \t\r\n(")));
+  const std::string word = lowerCase(source.substr(0, source.find_first_of(" \t\r\n(")));
   return word == "select" || word == "with";
+}
+
+std::string trimmed(const std::string& line) {
+  const std::size_t first = line.find_first_not_of(" \t\r");
+  if (first == std::string::npos) return {};
+  return line.substr(first, line.find_last_not_of(" \t\r") + 1 - first);
 }
 
 // Without what would end the statement that it becomes a part of.
@@ -206,7 +216,7 @@ void readLines(std::istream& lines, numbers::UsedNumbers& used, Printer& printer
   std::uint64_t at = 0;
   for (std::string line; std::getline(lines, line);) {
     ++at;
-    const std::string text = CLI::detail::trim(line);
+    const std::string text = trimmed(line);
     if (text.empty()) continue;
     if (const auto number = numberIn(text)) {
       used.add(*number);
@@ -228,9 +238,8 @@ void readFile(const std::string& file, numbers::UsedNumbers& used, Printer& prin
 int runGaps(Session& session, const GapOptions& options) {
   const numbers::Company company =
       numbers::readCompany(session.connection(), session.application());
-  const bool oneCircle = options.hasCircle->count() > 0;
   const auto ranges =
-      numbers::rangesToCompare(company, options.key, oneCircle ? &options.circle : nullptr);
+      numbers::rangesToCompare(company, options.key, options.circle ? &*options.circle : nullptr);
   if (ranges.empty())
     throw UsageError("Für \"" + options.key + "\" gibt es hier keinen Nummernkreis.");
   Printer printer(session, company);
@@ -250,20 +259,18 @@ int runGaps(Session& session, const GapOptions& options) {
 
 void addGaps(CommandSet& commands) {
   const auto options = std::make_shared<GapOptions>();
-  CLI::App& command = commands.add(
-      "gaps", "Vergleicht die wirklich benutzten Nummern mit den Nummernkreisen.",
-      "gaps --application 1 --key RE --numbers-from \"SELECT Belegnummer AS Nummer FROM "
-      "Rechnungen\"",
+  Command command = commands.add(
+      {"gaps", "Vergleicht die wirklich benutzten Nummern mit den Nummernkreisen.",
+       "gaps --application 1 --key RE --numbers-from \"SELECT Nr AS Nummer FROM Rechnungen\""},
       Needs::application, [options](Session& session) { return runGaps(session, *options); });
-  addText(command, "--key", options->key, "NSCHL", "der Nummernschlüssel, z. B. RE")->required();
-  addText(
-      command, "--numbers-from", options->source, "SQL|DATEI",
-      "die benutzten Nummern: ein SELECT, dessen Spalte Nummer heißt, oder eine Datei mit einer "
-      "Nummer je Zeile; - liest die Standardeingabe")
-      ->required();
-  options->hasCircle =
-      addNumber(command, "--circle", options->circle, "N",
-                "nur der Nummernkreis dieses Buchungskreises", INT32_MIN, INT32_MAX);
+  command.addText({"--key", "NSCHL", "der Nummernschlüssel, z. B. RE"}, options->key,
+                  Presence::required);
+  command.addText({"--numbers-from", "SQL|DATEI",
+                   "die benutzten Nummern: ein SELECT, dessen Spalte Nummer heißt, oder eine Datei "
+                   "mit einer Nummer je Zeile; - liest die Standardeingabe"},
+                  options->source, Presence::required);
+  command.addNumber({"--circle", "N", "nur der Nummernkreis dieses Buchungskreises"},
+                    options->circle);
 }
 
 }  // namespace vexnumkr::cli

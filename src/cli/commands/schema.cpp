@@ -116,38 +116,35 @@ int create(Session& session, const SchemaOptions& options) {
   return exit_status::fine;
 }
 
-void addEngine(CLI::App& command, SchemaOptions& options, bool required) {
+OptionText engineText() {
   std::string names;
   for (const std::string& engine : schemaEngines()) names += (names.empty() ? "" : "|") + engine;
-  addText(command, "--engine", options.engine, "NAME", "das Datenbanksystem: " + names)
-      ->required(required);
+  return {"--engine", "NAME", "das Datenbanksystem: " + names};
 }
 
 }  // namespace
 
 void addSchema(CommandSet& commands) {
   const auto options = std::make_shared<SchemaOptions>();
-  CLI::App& group = commands.addGroup("schema", "Gibt die Tabellen aus oder legt sie an.");
-  CLI::App& printing =
-      commands.add(group, "print", "Gibt das Skript aus, das die Tabellen anlegt.",
-                   "schema print --engine postgresql | psql -d firma", Needs::nothing,
-                   [options](Session& session) { return print(session, *options); });
-  addEngine(printing, *options, true);
-  addText(printing, "--part", options->part, "TEIL",
-          "ranges für die fünf Tabellen (ohne Angabe), settings für die Einstellungen, rechte für "
-          "die Rechte des Benutzers")
-      ->check([](const std::string& text) {
-        return text == "ranges" || text == "settings" || text == "rechte"
-                   ? std::string()
-                   : "muss ranges, settings oder rechte sein, nicht \"" + text + "\".";
-      });
-  CLI::App& creating = commands.add(
-      group, "create", "Legt die Tabellen in der Datenbank an; was es schon gibt, bleibt.",
-      "schema create --connection-file firma.verbindung", Needs::database,
-      [options](Session& session) { return create(session, *options); });
-  addEngine(creating, *options, false);
-  creating.add_flag("--settings", options->settings, "auch die Tabelle der Einstellungen");
-  commands.addDryRun(creating);
+  commands.addGroup("schema", "Gibt die Tabellen aus oder legt sie an.");
+  Command printing = commands.addTo(
+      "schema",
+      {"print", "Gibt das Skript aus, das die Tabellen anlegt.",
+       "schema print --engine postgresql | psql -d firma"},
+      Needs::nothing, [options](Session& session) { return print(session, *options); });
+  printing.addText(engineText(), options->engine, Presence::required);
+  printing.addChoice({"--part", "TEIL",
+                      "ranges für die fünf Tabellen (ohne Angabe), settings für die Einstellungen, "
+                      "rechte für die Rechte des Benutzers"},
+                     options->part, {"ranges", "settings", "rechte"});
+  Command creating = commands.addTo(
+      "schema",
+      {"create", "Legt die Tabellen in der Datenbank an; was es schon gibt, bleibt.",
+       "schema create --connection-file firma.verbindung"},
+      Needs::database, [options](Session& session) { return create(session, *options); });
+  creating.addText(engineText(), options->engine);
+  creating.addFlag("--settings", options->settings, "auch die Tabelle der Einstellungen");
+  creating.addDryRun();
 }
 
 }  // namespace vexnumkr::cli

@@ -5,6 +5,9 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <vector>
+
+#include <vexnumkr/number_company.h>
 
 #include "numbers/sql/literals.h"
 
@@ -38,5 +41,26 @@ std::string users();
 /// `count` of them: each once as Nummer, and how often it came as Anzahl.
 std::string usedNumbers(const std::string& select, std::optional<std::int64_t> above,
                         std::int32_t count);
+
+/// The circles of other applications.
+std::string circlesOfOthers(const Literals& literals, const std::string& origin);
+
+/// Gives a range other values where it still has those of `range`.
+std::string renumberRange(const Literals& literals, const Range& range, std::int32_t start,
+                          std::int32_t current, std::int32_t end);
+
+/// Single rows, by the key of their table.
+std::string insertRow(const Literals& literals, const std::string& origin, const Circle& row);
+std::string insertRow(const Literals& literals, const std::string& origin, const Range& row);
+std::string insertRow(const Literals& literals, const std::string& origin, const Assignment& row);
+std::string insertRow(const Literals& literals, const std::string& origin, const SpecialRange& row);
+std::string updateRow(const Literals& literals, const std::string& origin, const Circle& row);
+std::string updateRow(const Literals& literals, const std::string& origin, const Range& row);
+std::string updateRow(const Literals& literals, const std::string& origin, const Assignment& row);
+std::string updateRow(const Literals& literals, const std::string& origin, const SpecialRange& row);
+std::string deleteRow(const Literals& literals, const std::string& origin, const Circle& row);
+std::string deleteRow(const Literals& literals, const std::string& origin, const Range& row);
+std::string deleteRow(const Literals& literals, const std::string& origin, const Assignment& row);
+std::string deleteRow(const Literals& literals, const std::string& origin, const SpecialRange& row);
 
 }  // namespace vexnumkr::numbers::statement

@@ -1,0 +1,59 @@
+// Moving the settings of one database to another.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include <vexnumkr/database.h>
+#include <vexnumkr/export.h>
+#include <vexnumkr/number_check.h>
+#include <vexnumkr/number_company.h>
+
+namespace vexnumkr::numbers {
+
+enum class ChangeKind { added, changed, removed };
+enum class ChangedTable { circles, ranges, assignments, specialRanges };
+
+/// One row that differs.
+struct Change {
+  ChangeKind kind = ChangeKind::added;
+  ChangedTable table = ChangedTable::circles;
+  std::string what{};                 ///< the row's key, for people: "RE, Buchungskreis 1"
+  std::vector<std::string> fields{};  ///< of a change, "Endwert 199 -> 299" each
+};
+
+struct TransferOptions {
+  /// Current values are settings, too. Otherwise a range keeps its own, and a new one begins with
+  /// its start value.
+  bool withCurrent = false;
+  /// What is not wanted goes. The standard ranges of circle 0 that are no special ranges stay, and
+  /// so do the ranges of circles that the other application has, too: others need them.
+  bool removeOthers = false;
+};
+
+/// What makes `stored` into `wanted`, by table and key. Users are the host's and are not compared.
+VEXNUMKR_API std::vector<Change> differences(const Company& stored, const Company& wanted,
+                                             const TransferOptions& options);
+
+struct ImportPlan {
+  std::vector<Change> changes;
+  std::vector<Finding> broken;  ///< the rules that would be broken afterwards
+
+  bool isPossible() const { return broken.empty(); }
+};
+
+/// What storeCompany would do.
+VEXNUMKR_API ImportPlan planImport(Connection& connection, const Company& wanted,
+                                   const TransferOptions& options);
+
+/// Stores the circles, ranges, assignments and special ranges of `wanted` for its application, in
+/// one transaction, and reads them back before it commits. Nothing changes where the plan is not
+/// possible. Stored once more it changes nothing.
+///
+/// REQUIRES: no transaction runs on `connection`. Errors: 3022 when the database has not stored
+/// what was sent; the engine's.
+VEXNUMKR_API ImportPlan storeCompany(Connection& connection, const Company& wanted,
+                                     const TransferOptions& options);
+
+}  // namespace vexnumkr::numbers

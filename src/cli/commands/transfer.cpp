@@ -1,0 +1,209 @@
+#include <fstream>
+#include <iostream>
+#include <memory>
+#include <ostream>
+#include <sstream>
+
+#include <vexnumkr/number_transfer.h>
+
+#include "cli/commands/commands.h"
+#include "cli/exit_status.h"
+#include "cli/text_table.h"
+#include "cli/transfer/company_json.h"
+#include "cli/transfer/company_tables.h"
+#include "cli/usage_error.h"
+
+namespace vexnumkr::cli {
+namespace {
+
+using numbers::Change;
+using numbers::ChangeKind;
+using numbers::Company;
+using numbers::Finding;
+using numbers::ImportPlan;
+
+struct TransferOptions {
+  numbers::TransferOptions transfer;
+  std::string file = "-";
+  std::string format = "json";
+};
+
+std::string contentOf(const std::string& file) {
+  std::ostringstream content;
+  if (file == "-") {
+    content << std::cin.rdbuf();
+    return content.str();
+  }
+  std::ifstream in(file, std::ios::binary);
+  if (in) content << in.rdbuf();
+  if (!in) throw UsageError("Die Datei " + file + " ist nicht zu lesen.");
+  return content.str();
+}
+
+Company readWanted(const Session& session, const TransferOptions& options) {
+  Company wanted = companyOf(contentOf(options.file));
+  if (wanted.application != session.application())
+    throw UsageError("Die Datei ist von der Anwendung " + std::to_string(wanted.application) +
+                     ", nicht von " + std::to_string(session.application()) + ".");
+  return wanted;
+}
+
+const char* nameOf(numbers::ChangedTable table) {
+  static constexpr const char* names[] = {"circles", "ranges", "assignments", "specialRanges"};
+  return names[static_cast<std::size_t>(table)];
+}
+
+const char* germanNameOf(numbers::ChangedTable table) {
+  static constexpr const char* names[] = {"Buchungskreis", "Nummernkreis", "Zuordnung",
+                                          "Sonderkreis"};
+  return names[static_cast<std::size_t>(table)];
+}
+
+const char* nameOf(ChangeKind kind) {
+  static constexpr const char* names[] = {"added", "changed", "removed"};
+  return names[static_cast<std::size_t>(kind)];
+}
+
+char signOf(ChangeKind kind) { return "+~-"[static_cast<std::size_t>(kind)]; }
+
+void printText(Session& session, const std::vector<Change>& changes) {
+  for (const Change& change : changes) {
+    session.out() << signOf(change.kind) << ' ' << germanNameOf(change.table) << " (" << change.what
+                  << ")";
+    for (std::size_t i = 0; i < change.fields.size(); ++i)
+      session.out() << (i == 0 ? ": " : ", ") << change.fields[i];
+    session.out() << '\n';
+  }
+}
+
+Json described(const std::vector<Change>& changes) {
+  Json list = Json::array();
+  for (const Change& change : changes)
+    list.push_back({{"change", nameOf(change.kind)},
+                    {"table", nameOf(change.table)},
+                    {"what", change.what},
+                    {"fields", change.fields}});
+  return list;
+}
+
+std::string countOf(const std::vector<Change>& changes) {
+  return counted(static_cast<std::int64_t>(changes.size()), "Änderung", "Änderungen");
+}
+
+int runExport(Session& session, const TransferOptions& options) {
+  const Company company = numbers::readCompany(session.connection(), session.application());
+  const bool toScreen = options.file == "-";
+  if (options.format != "json") {
+    if (toScreen)
+      throw UsageError("Für die Form " + options.format + " muss mit -o gesagt werden, wohin.");
+    const auto tables = tablesOf(company, options.transfer.withCurrent);
+    options.format == "csv" ? writeCsv(options.file, tables) : writeXlsx(options.file, tables);
+    return exit_status::fine;
+  }
+  const Json document = documentOf(company, options.transfer.withCurrent);
+  if (toScreen) {
+    session.printDocument(document);
+    return exit_status::fine;
+  }
+  std::ofstream out(options.file, std::ios::binary);
+  out << document.dump(2, ' ', false, Json::error_handler_t::replace) << '\n';
+  out.close();
+  if (!out) throw UsageError("Die Datei " + options.file + " ist nicht zu schreiben.");
+  return exit_status::fine;
+}
+
+int runDiff(Session& session, const TransferOptions& options) {
+  const Company wanted = readWanted(session, options);
+  numbers::TransferOptions all = options.transfer;
+  all.removeOthers = true;
+  const Company stored = numbers::readCompany(session.connection(), session.application());
+  const std::vector<Change> changes = numbers::differences(stored, wanted, all);
+  if (session.json()) {
+    session.printDocument({{"changes", described(changes)}});
+  } else {
+    printText(session, changes);
+    session.out() << (changes.empty() ? "Kein Unterschied." : countOf(changes) + ".") << '\n';
+  }
+  return changes.empty() ? exit_status::fine : exit_status::findings;
+}
+
+int runImport(Session& session, const TransferOptions& options) {
+  const Company wanted = readWanted(session, options);
+  Connection& connection = session.connection();
+  const ImportPlan plan = session.dryRun()
+                              ? numbers::planImport(connection, wanted, options.transfer)
+                              : numbers::storeCompany(connection, wanted, options.transfer);
+  const bool stored = plan.isPossible() && !session.dryRun();
+  if (session.json()) {
+    Json broken = Json::array();
+    for (const Finding& finding : plan.broken)
+      broken.push_back({{"kind", numbers::nameOf(finding.kind)},
+                        {"circle", finding.circle},
+                        {"key", finding.key},
+                        {"text", finding.text}});
+    session.printDocument(
+        {{"stored", stored}, {"changes", described(plan.changes)}, {"broken", broken}});
+  } else {
+    printText(session, plan.changes);
+    for (const Finding& finding : plan.broken) session.out() << "FEHLER  " << finding.text << '\n';
+    session.out() << (!plan.isPossible()
+                          ? std::string("Es wurde nichts geändert; so ließe sich das "
+                                        "nicht speichern.")
+                      : plan.changes.empty()
+                          ? std::string("Kein Unterschied; es ist nichts zu tun.")
+                      : stored ? countOf(plan.changes) + " gespeichert."
+                               : countOf(plan.changes) + " stünden an.")
+                  << '\n';
+  }
+  return plan.isPossible() ? exit_status::fine : exit_status::findings;
+}
+
+void addCurrent(Command& command, TransferOptions& options) {
+  command.addFlag("--with-current", options.transfer.withCurrent,
+                  "auch die aktuellen Werte; ohne diese Angabe bleiben sie, wie sie sind");
+}
+
+void addFile(Command& command, TransferOptions& options) {
+  command.addText({"DATEI", "DATEI", "die Datei von export; - liest die Standardeingabe"},
+                  options.file, Presence::required);
+}
+
+void addExport(CommandSet& commands) {
+  const auto options = std::make_shared<TransferOptions>();
+  Command command = commands.add(
+      {"export", "Gibt Nummernkreise, Buchungskreise, Zuordnungen und Sonderkreise aus.",
+       "export --application 1 -o nummernkreise.json"},
+      Needs::application, [options](Session& session) { return runExport(session, *options); });
+  command.addText(
+      {"-o,--output", "ZIEL", "die Datei, bei csv der Ordner; ohne Angabe die Standardausgabe"},
+      options->file);
+  command.addChoice(
+      {"--format", "FORM", "json (ohne Angabe), csv oder xlsx; einlesen lässt sich json"},
+      options->format, {"json", "csv", "xlsx"});
+  addCurrent(command, *options);
+}
+
+}  // namespace
+
+void addTransfer(CommandSet& commands) {
+  addExport(commands);
+  const auto options = std::make_shared<TransferOptions>();
+  Command comparing = commands.add(
+      {"diff", "Sagt, worin sich eine Datei von export und die Datenbank unterscheiden.",
+       "diff --application 1 nummernkreise.json"},
+      Needs::application, [options](Session& session) { return runDiff(session, *options); });
+  addFile(comparing, *options);
+  addCurrent(comparing, *options);
+  Command importing = commands.add(
+      {"import", "Übernimmt eine Datei von export: alles oder nichts.",
+       "import --application 1 nummernkreise.json --dry-run"},
+      Needs::application, [options](Session& session) { return runImport(session, *options); });
+  addFile(importing, *options);
+  addCurrent(importing, *options);
+  importing.addFlag("--delete", options->transfer.removeOthers,
+                    "entfernt auch, was nicht in der Datei steht; gemeinsam benutzte Nummernkreise "
+                    "bleiben");
+  importing.addDryRun();
+}
+
+}  // namespace vexnumkr::cli

@@ -1,0 +1,227 @@
+#include "cli/report/report_page.h"
+
+#include <algorithm>
+#include <iomanip>
+#include <map>
+#include <ostream>
+#include <sstream>
+#include <utility>
+
+#include <vexnumkr/numbers.h>
+
+#include "cli/report/report_style.h"
+#include "cli/text_table.h"
+
+namespace vexnumkr::cli {
+namespace {
+
+using numbers::Assignment;
+using numbers::CheckResult;
+using numbers::Company;
+using numbers::Finding;
+using numbers::FindingKind;
+using numbers::Range;
+using numbers::RangeLevel;
+using numbers::Severity;
+
+// For texts and for attributes in double quotes.
+std::string escaped(const std::string& text) {
+  std::string result;
+  for (const char c : text) {
+    switch (c) {
+      case '&':
+        result += "&amp;";
+        break;
+      case '<':
+        result += "&lt;";
+        break;
+      case '>':
+        result += "&gt;";
+        break;
+      case '"':
+        result += "&quot;";
+        break;
+      default:
+        result += c;
+    }
+  }
+  return result;
+}
+
+std::string percentText(double percent, char point) {
+  std::ostringstream text;
+  text << std::fixed << std::setprecision(1) << percent;
+  std::string result = text.str();
+  std::replace(result.begin(), result.end(), '.', point);
+  return result;
+}
+
+std::string germanDate(const std::string& date) {
+  return date.substr(6, 2) + "." + date.substr(4, 2) + "." + date.substr(0, 4);
+}
+
+class ReportWriter {
+ public:
+  ReportWriter(std::ostream& out, const Company& company, const CheckResult& result)
+      : out_(out), company_(company), result_(result) {
+    for (const Finding& finding : result.findings)
+      if (finding.kind == FindingKind::exhausted || finding.kind == FindingKind::nearlyFull)
+        worst_.emplace(std::pair(finding.circle, finding.key), finding.severity);
+  }
+
+  void write(const ReportHeading& heading) {
+    out_ << "<!DOCTYPE html>\n<html lang=\"de\">\n<head>\n<meta charset=\"utf-8\">\n"
+            "<meta name=\"viewport\" content=\"width=device-width\">\n<title>Nummernkreise, "
+            "Anwendung "
+         << company_.application << "</title>\n<style>" << reportStyle
+         << "</style>\n</head>\n<body>\n";
+    writeHeading(heading);
+    writeFindings();
+    writeLevels();
+    writeSequences();
+    writeUsers();
+    out_ << "</body>\n</html>\n";
+  }
+
+ private:
+  void writeHeading(const ReportHeading& heading) {
+    out_ << "<header>\n<h1>Nummernkreise</h1>\n<p class=\"soft\">Anwendung " << company_.application
+         << " · Stand " << germanDate(heading.date) << " · Datenbank " << escaped(heading.database)
+         << "</p>\n<p>"
+         << counted(static_cast<std::int64_t>(company_.ranges.size()), "Nummernkreis",
+                    "Nummernkreise")
+         << ", "
+         << counted(static_cast<std::int64_t>(company_.circles.size()), "Buchungskreis",
+                    "Buchungskreise")
+         << ", " << grouped(static_cast<std::int64_t>(company_.users.size())) << " Benutzer, "
+         << counted(static_cast<std::int64_t>(company_.assignments.size()), "Zuordnung",
+                    "Zuordnungen")
+         << "</p>\n</header>\n";
+  }
+
+  void writeFindings() {
+    out_ << "<section id=\"befunde\">\n<h2>Befunde</h2>\n";
+    if (result_.findings.empty()) {
+      out_ << "<p>Alles in Ordnung.</p>\n</section>\n";
+      return;
+    }
+    out_ << "<p data-critical=\"" << result_.count(Severity::critical) << "\" data-warnings=\""
+         << result_.count(Severity::warning) << "\">"
+         << grouped(static_cast<std::int64_t>(result_.count(Severity::critical))) << " kritisch, "
+         << counted(static_cast<std::int64_t>(result_.count(Severity::warning)), "Warnung",
+                    "Warnungen")
+         << "</p>\n<ul class=\"findings\">\n";
+    for (const Finding& finding : result_.findings) {
+      const bool critical = finding.severity == Severity::critical;
+      out_ << "<li class=\"" << (critical ? "critical" : "warning") << "\"><b>"
+           << (critical ? "Kritisch" : "Warnung") << ":</b> " << escaped(finding.text) << "</li>\n";
+    }
+    out_ << "</ul>\n</section>\n";
+  }
+
+  // As bad as the check has found it to be.
+  const char* classOf(const Range& range) const {
+    const auto found = worst_.find({range.circle, range.key});
+    if (found == worst_.end()) return "fine";
+    return found->second == Severity::critical ? "critical" : "warning";
+  }
+
+  void writeLevels() {
+    out_ << "<section id=\"fuellstaende\">\n<h2>Füllstände</h2>\n<table>\n<thead><tr><th>Belegart"
+            "</th><th>Buchungskreis</th><th class=\"number\">von</th><th class=\"number\">bis</th>"
+            "<th class=\"number\">zuletzt</th><th class=\"number\">frei</th><th>belegt</th></tr>"
+            "</thead>\n<tbody>\n";
+    for (const RangeLevel& level : result_.levels) writeLevel(level);
+    out_ << "</tbody>\n</table>\n</section>\n";
+  }
+
+  void writeLevel(const RangeLevel& level) {
+    const Range& range = *level.range;
+    const std::string percent = percentText(level.percent(), '.');
+    out_ << "<tr class=\"" << classOf(range) << "\" data-key=\"" << escaped(range.key)
+         << "\" data-circle=\"" << range.circle << "\" data-start=\"" << *range.start
+         << "\" data-current=\"" << *range.current << "\" data-end=\"" << *range.end
+         << "\" data-left=\"" << level.left() << "\"><td>" << escaped(range.description) << " ("
+         << escaped(range.key) << ")</td><td>" << escaped(company_.circleName(range.circle))
+         << "</td><td class=\"number\">" << *range.start << "</td><td class=\"number\">"
+         << *range.end << "</td><td class=\"number\">" << *range.current
+         << "</td><td class=\"number\">" << grouped(level.left()) << "</td><td>"
+         << percentText(level.percent(), ',')
+         << " %<div class=\"bar\"><span style=\"width:" << percent
+         << "%\"></span></div></td></tr>\n";
+  }
+
+  void writeSequences() {
+    std::map<std::string, std::vector<const Range*>> sequences;
+    for (const Range& range : company_.ranges)
+      if (range.active && range.start && range.end && *range.start < *range.end)
+        sequences[range.sequence()].push_back(&range);
+    out_ << "<section id=\"folgen\">\n<h2>Nummernfolgen</h2>\n<p class=\"soft\">Jede Folge mit "
+            "ihren "
+            "Nummernkreisen und den freien Nummern dazwischen, nicht maßstäblich.</p>\n";
+    for (auto& [key, ranges] : sequences) {
+      std::stable_sort(ranges.begin(), ranges.end(),
+                       [](const Range* a, const Range* b) { return *a->start < *b->start; });
+      writeSequence(key, ranges);
+    }
+    out_ << "</section>\n";
+  }
+
+  void writeSequence(const std::string& key, const std::vector<const Range*>& ranges) {
+    out_ << "<h3>" << escaped(key) << "</h3>\n<ol class=\"line\">\n";
+    std::int64_t next = *ranges.front()->start;
+    for (const Range* range : ranges) {
+      if (*range->start > next)
+        out_ << "<li class=\"gap\">" << grouped(*range->start - next) << " frei</li>\n";
+      out_ << "<li class=\"range" << (*range->start < next ? " overlap" : "") << "\">"
+           << *range->start << "–" << *range->end << "<br>"
+           << escaped(range->key == key ? "" : range->key + ", ")
+           << escaped(company_.circleName(range->circle)) << "</li>\n";
+      next = std::max(next, std::int64_t{*range->end} + 1);
+    }
+    out_ << "</ol>\n";
+  }
+
+  // The keys of each user with their circles; assignments come by circle, key and user.
+  void writeUsers() {
+    std::map<std::string, std::map<std::string, std::vector<std::int32_t>>> users;
+    for (const std::string& user : company_.users) users[user];
+    for (const Assignment& assignment : company_.assignments) {
+      auto& circles = users[assignment.user][assignment.key];
+      if (circles.empty() || circles.back() != assignment.circle)
+        circles.push_back(assignment.circle);
+    }
+    out_
+        << "<section id=\"benutzer\">\n<h2>Benutzer und ihre Nummernkreise</h2>\n<table>\n<thead>"
+           "<tr><th>Benutzer</th><th>Nummernschlüssel: Buchungskreise</th></tr></thead>\n<tbody>\n";
+    for (const auto& [user, keys] : users) {
+      const bool isCommon = user == numbers::everybody;
+      out_ << "<tr data-user=\"" << escaped(user) << "\"><td>"
+           << (isCommon ? "Alle Benutzer" : escaped(user)) << "</td><td>";
+      if (keys.empty()) out_ << "<span class=\"soft\">keine eigenen</span>";
+      for (const auto& [key, circles] : keys) writeKey(key, circles);
+      out_ << "</td></tr>\n";
+    }
+    out_ << "</tbody>\n</table>\n</section>\n";
+  }
+
+  void writeKey(const std::string& key, const std::vector<std::int32_t>& circles) {
+    out_ << "<b>" << escaped(key) << "</b>:";
+    for (const std::int32_t circle : circles) out_ << ' ' << circle;
+    out_ << "; ";
+  }
+
+  std::ostream& out_;
+  const Company& company_;
+  const CheckResult& result_;
+  std::map<std::pair<std::int32_t, std::string>, Severity> worst_;
+};
+
+}  // namespace
+
+void writeReport(std::ostream& out, const Company& company, const CheckResult& result,
+                 const ReportHeading& heading) {
+  ReportWriter(out, company, result).write(heading);
+}
+
+}  // namespace vexnumkr::cli

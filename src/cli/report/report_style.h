@@ -1,0 +1,42 @@
+// How the report looks.
+#pragma once
+
+namespace vexnumkr::cli {
+
+inline constexpr const char* reportStyle = R"css(
+:root { color-scheme: light dark; --ground: #fff; --text: #1b1f24; --soft: #57606a;
+  --line: #d0d7de; --bar: #2f6fb2; --warn: #9a6700; --bad: #b42318; --free: #eef2f6; }
+@media (prefers-color-scheme: dark) { :root { --ground: #14181d; --text: #e6edf3; --soft: #9da7b1;
+  --line: #39424c; --bar: #6cb0f5; --warn: #e3b341; --bad: #ff8b82; --free: #222a33; } }
+* { box-sizing: border-box; }
+body { margin: 2rem auto; padding: 0 1.5rem; max-width: 70rem; background: var(--ground);
+  color: var(--text); font: 15px/1.5 system-ui, "Liberation Sans", sans-serif; }
+h1 { margin: 0; font-size: 1.7rem; } h2 { margin: 2.2rem 0 .6rem; font-size: 1.2rem; }
+h3 { margin: 1.2rem 0 .3rem; font-size: 1rem; }
+p { margin: .3rem 0; } .soft { color: var(--soft); }
+table { width: 100%; border-collapse: collapse; font-variant-numeric: tabular-nums; }
+th, td { padding: .3rem .6rem; border-bottom: 1px solid var(--line); text-align: left;
+  vertical-align: top; }
+th { color: var(--soft); font-weight: 600; } .number { text-align: right; }
+.bar { min-width: 8rem; height: .8rem; margin-top: .35rem; background: var(--free);
+  border: 1px solid var(--line); border-radius: .2rem; overflow: hidden; }
+.bar span { display: block; height: 100%; background: var(--bar); }
+.warning .bar span { background: var(--warn); } .critical .bar span { background: var(--bad); }
+ul.findings { padding: 0; list-style: none; }
+ul.findings li { margin: .3rem 0; padding: .3rem .7rem; border-left: .3rem solid var(--warn); }
+ul.findings li.critical { border-color: var(--bad); }
+ul.findings b { color: var(--warn); } ul.findings .critical b { color: var(--bad); }
+ol.line { display: flex; flex-wrap: wrap; align-items: stretch; gap: .2rem 0; margin: .3rem 0;
+  padding: 0; list-style: none; font-variant-numeric: tabular-nums; }
+ol.line li { padding: .2rem .6rem; border: 1px solid var(--line); font-size: .85rem; }
+ol.line .range { background: var(--free); border-top: .25rem solid var(--bar); }
+ol.line .gap { border-style: dashed; color: var(--soft); }
+ol.line .overlap { border-color: var(--bad); color: var(--bad); }
+@media print { :root { --ground: #fff; --text: #000; --soft: #444; --line: #999; --bar: #2f6fb2;
+  --warn: #9a6700; --bad: #b42318; --free: #eef2f6; }
+  body { margin: 0; max-width: none; font-size: 10pt; } tr, li, h3 { break-inside: avoid; }
+  h2, h3 { break-after: avoid; } .bar, .bar span, ol.line .range {
+  print-color-adjust: exact; -webkit-print-color-adjust: exact; } }
+)css";
+
+}  // namespace vexnumkr::cli

@@ -1,0 +1,215 @@
+#include <functional>
+
+#include <vexnumkr/error.h>
+#include <vexnumkr/number_doctor.h>
+#include <vexnumkr/value.h>
+
+#include "numbers/doctor/probes.h"
+#include "numbers/query.h"
+
+namespace vexnumkr::numbers {
+namespace {
+
+constexpr const char* probeKey = "~vexnumkr";
+constexpr const char* otherCase = "~VEXNUMKR";
+
+std::string messageOf(const std::function<void()>& action) {
+  try {
+    action();
+    return {};
+  } catch (const Error& error) {
+    return error.description();
+  }
+}
+
+bool succeeds(const std::function<void()>& action) {
+  try {
+    action();
+    return true;
+  } catch (const Error&) {
+    return false;
+  }
+}
+
+// Days since a fixed day; as exact as a comparison of neighbouring days needs.
+std::int64_t dayNumber(const std::string& digits) {
+  const auto part = [&](std::size_t at, std::size_t length) {
+    return std::int64_t{textToLong(std::string_view(digits).substr(at, length))};
+  };
+  return part(0, 4) * 372 + part(4, 2) * 31 + part(6, 2);
+}
+
+class Doctor {
+ public:
+  Doctor(Connection& connection, std::string date)
+      : connection_(connection), date_(std::move(date)) {}
+
+  std::vector<Diagnosis> examine() {
+    if (tablesAreThere()) {
+      add("values", "Werte", nullProblem(),
+          "Die fehlenden Werte in der Datenbank setzen; vorher öffnet der Dialog nicht.");
+      tryWriting();
+      add("users", "Benutzer", userProblem(),
+          "Die Benutzer in tblUser eintragen, keiner davon mit dem Namen \"Alle Benutzer\".");
+    }
+    add("secondConnection", "zweite Verbindung", secondConnectionProblem(),
+        "Der Dialog öffnet sie mit der Verbindungszeichenfolge des Programms; die muss alles "
+        "enthalten, auch ein Kennwort, und der Server eine weitere Verbindung zulassen.");
+    add("clock", "Uhr", clockProblem(),
+        "Uhr und Zeitzone von Rechner und Datenbankserver stellen; Masken richten sich danach.");
+    return std::move(found_);
+  }
+
+ private:
+  void add(const char* name, const char* title, const std::string& problem,
+           const std::string& remedy) {
+    found_.push_back({.name = name,
+                      .title = title,
+                      .isFine = problem.empty(),
+                      .problem = problem,
+                      .remedy = problem.empty() ? std::string() : remedy});
+  }
+
+  std::int32_t count(const std::string& text) {
+    return select(connection_, text)->Fields("Anzahl").toLong();
+  }
+
+  bool tablesAreThere() {
+    std::string problem;
+    for (const TableShape& table : hostTables()) problem += tableProblem(table);
+    add("tables", "Tabellen und Spalten", problem,
+        "Fehlende Tabellen legt \"vexnumkr schema create\" an; das Recht zum Lesen gibt der "
+        "Eigentümer (\"vexnumkr schema print --part rechte\").");
+    return problem.empty();
+  }
+
+  bool isReadable(const std::string& table, const std::string& columns) {
+    return succeeds([&] { select(connection_, probe::readNothing(table, columns)); });
+  }
+
+  // One sentence, or nothing.
+  std::string tableProblem(const TableShape& table) {
+    const std::string failure = messageOf(
+        [&] { select(connection_, probe::readNothing(table.name, "COUNT(*) AS Anzahl")); });
+    if (!failure.empty())
+      return "Die Tabelle " + table.name + " ist nicht lesbar: " + failure + " ";
+    std::string missing;
+    for (const std::string& column : table.columns)
+      if (!isReadable(table.name, column)) missing += (missing.empty() ? "" : ", ") + column;
+    return missing.empty() ? missing : "In " + table.name + " fehlt: " + missing + ". ";
+  }
+
+  std::string nullProblem() {
+    const std::int32_t ranges = count(probe::rangesWithNull());
+    if (ranges == 0) return {};
+    return std::to_string(ranges) +
+           " Nummernkreise haben keine Bezeichnung oder keinen Start-, Aktuell- oder Endwert "
+           "(NULL).";
+  }
+
+  std::string userProblem() {
+    if (count(probe::users()) == 0) return "Es gibt keinen Benutzer.";
+    if (count(probe::usersCalled("Alle Benutzer")) > 0)
+      return "Ein Benutzer heißt \"Alle Benutzer\"; das steht für alle.";
+    return {};
+  }
+
+  // All of it in one transaction, of which nothing is to stay.
+  void tryWriting() {
+    const std::string beginning = messageOf([&] { connection_.BeginTrans(); });
+    if (!beginning.empty()) {
+      add("writing", "Schreiben", beginning, "Die Datenbank muss Transaktionen können.");
+      return;
+    }
+    const std::string writing = messageOf([&] { writeAll(); });
+    add("writing", "Schreiben", writing,
+        "Rechte geben (\"vexnumkr schema print --part rechte\"), und prüfen, ob die Spalten Zahlen "
+        "mit 32 Bit und Texte aufnehmen und die Datenbank beschreibbar ist.");
+    if (writing.empty()) compareWritten();
+    const std::string back = messageOf([&] { connection_.RollbackTrans(); });
+    add("rollback", "Transaktionen", back.empty() ? leftoverProblem() : back,
+        "Die Tabellen müssen Transaktionen können, auf MariaDB mit ENGINE = InnoDB.");
+  }
+
+  void writeAll() {
+    execute(connection_, probe::insertRange(probeKey));
+    execute(connection_, probe::updateRange(probeKey));
+    for (const std::string& statement : probe::writesElsewhere()) execute(connection_, statement);
+  }
+
+  void compareWritten() {
+    add("types", "Spaltentypen", typeProblem(),
+        "Zahlen brauchen 32 Bit; Aktiviert muss eine kleine ganze Zahl sein, die -1 und 0 "
+        "aufnimmt; "
+        "die Datenbank muss UTF-8 speichern (\"vexnumkr schema print\").");
+    const bool takesCases =
+        succeeds([&] { execute(connection_, probe::insertRange(otherCase)); }) &&
+        count(probe::countRanges(probeKey)) == 1;
+    add("collation", "Textvergleich",
+        takesCases ? "" : "Groß- und Kleinschreibung gilt beim Nummernschlüssel als gleich.",
+        "Eine Sortierung nach Zeichen wählen: COLLATE \"C\" auf PostgreSQL, utf8mb4_nopad_bin auf "
+        "MariaDB.");
+    const bool takesTwice = succeeds([&] { execute(connection_, probe::insertRange(probeKey)); });
+    add("key", "Primärschlüssel",
+        takesTwice ? "Nummernkreise nimmt denselben Nummernkreis zweimal auf." : "",
+        "Nummernkreise braucht den Primärschlüssel (Buchungskreis, NSchl).");
+  }
+
+  std::string typeProblem() {
+    std::string problem;
+    const std::string failure = messageOf([&] {
+      const auto row = select(connection_, probe::readRange(probeKey));
+      const auto require = [&](const char* field, std::int32_t value) {
+        if (row->Fields(field).toLong() != value) problem += std::string(field) + " ";
+      };
+      require("StartWert", -2147483647);
+      require("AktuellerWert", 1);
+      require("EndWert", 2147483647);
+      require("Aktiviert", -1);
+      if (textOf(*row, "NBezeichnung") != "Prüfung") problem += "NBezeichnung ";
+    });
+    if (!failure.empty()) return failure;
+    return problem.empty() ? problem : "Anders gelesen als geschrieben: " + problem;
+  }
+
+  std::string leftoverProblem() {
+    if (count(probe::countRanges(probeKey)) == 0) return {};
+    succeeds([&] { execute(connection_, probe::deleteRanges()); });
+    for (const std::string& statement : probe::deletesElsewhere())
+      succeeds([&] { execute(connection_, statement); });
+    return "Was zurückgenommen wurde, steht trotzdem in der Tabelle.";
+  }
+
+  std::string secondConnectionProblem() {
+    return messageOf([&] {
+      const auto second = connection_.createConnection();
+      second->ConnectionString(connection_.ConnectionString());
+      second->Open({}, {}, ado::unspecified);
+      second->Close();
+    });
+  }
+
+  std::string clockProblem() {
+    std::string problem;
+    const std::string failure = messageOf([&] {
+      std::string day = textOf(*select(connection_, probe::serverDate()), "Tag");
+      std::erase(day, '-');
+      const std::int64_t apart = dayNumber(day) - dayNumber(date_);
+      if (apart < -1 || apart > 1)
+        problem = "Für die Datenbank ist heute der " + day + ", hier der " + date_ + ".";
+    });
+    return failure.empty() ? problem : failure;
+  }
+
+  Connection& connection_;
+  std::string date_;
+  std::vector<Diagnosis> found_;
+};
+
+}  // namespace
+
+std::vector<Diagnosis> diagnose(Connection& connection, const std::string& date) {
+  return Doctor(connection, date).examine();
+}
+
+}  // namespace vexnumkr::numbers

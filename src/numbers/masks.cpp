@@ -1,0 +1,50 @@
+#include <vexnumkr/error.h>
+#include <vexnumkr/number_masks.h>
+#include <vexnumkr/value.h>
+
+#include "rules/mask_numbering.h"
+
+namespace vexnumkr::numbers {
+namespace {
+
+std::string twoDigits(int number) {
+  return {static_cast<char>('0' + number / 10), static_cast<char>('0' + number % 10)};
+}
+
+std::string monthText(int year, int month) {
+  return twoDigits(year / 100) + twoDigits(year % 100) + twoDigits(month);
+}
+
+bool startsThere(std::string_view mask, std::int32_t start, const std::string& month) {
+  const auto numbers = maskNumbers(mask, month + "01");
+  return numbers && numbers->low == start;
+}
+
+}  // namespace
+
+std::optional<MaskNumbers> maskNumbers(std::string_view mask, std::string_view date) {
+  mask = trimBlanks(mask);
+  if (mask.empty()) return std::nullopt;
+  const MaskTexts texts = readMask(mask, date);
+  return MaskNumbers{textToLong(texts.low), textToLong(texts.high)};
+}
+
+bool isDated(std::string_view mask) { return mask.find_first_of("JjMm") != std::string_view::npos; }
+
+std::string monthOfStart(std::string_view mask, std::int32_t start, std::string_view date) {
+  constexpr int years = 50;
+  constexpr int monthsOfYear = 12;
+  const int now = textToLong(date.substr(0, 4)) * monthsOfYear + textToLong(date.substr(4, 2)) - 1;
+  try {
+    for (int away = 0; away <= years * monthsOfYear; ++away) {
+      for (const int month : {now - away, now + away}) {
+        const std::string text = monthText(month / monthsOfYear, month % monthsOfYear + 1);
+        if (startsThere(mask, start, text)) return text;
+      }
+    }
+  } catch (const Error&) {  // a mask that cannot be read has no month
+  }
+  return {};
+}
+
+}  // namespace vexnumkr::numbers

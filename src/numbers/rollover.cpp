@@ -1,0 +1,80 @@
+#include <unordered_set>
+
+#include <vexnumkr/error.h>
+#include <vexnumkr/number_rollover.h>
+
+#include "numbers/check/checked_ranges.h"
+#include "numbers/failure.h"
+#include "numbers/query.h"
+#include "numbers/sql/statements.h"
+#include "numbers/transaction.h"
+
+namespace vexnumkr::numbers {
+namespace {
+
+bool hasValues(const Range& range, const MaskNumbers& numbers) {
+  return range.start == numbers.low && range.current == numbers.low && range.end == numbers.high;
+}
+
+void setValues(Range& range, const MaskNumbers& numbers) {
+  range.start = numbers.low;
+  range.current = numbers.low;
+  range.end = numbers.high;
+}
+
+std::unordered_set<std::string> switchedOffKeys(const Company& company) {
+  std::unordered_set<std::string> keys;
+  for (const SpecialRange& special : company.specialRanges)
+    if (!special.active) keys.insert(special.ownKey);
+  return keys;
+}
+
+void renumber(Connection& connection, const Renumbering& change) {
+  const Literals literals(connection);
+  const std::int32_t changed =
+      execute(connection, statement::renumberRange(literals, change.range, change.numbers.low,
+                                                   change.numbers.low, change.numbers.high));
+  if (changed != 1)
+    throw Error(changedMeanwhile, "vexnumkr",
+                "Der Nummernkreis " + describeKey(change.range) + ", Buchungskreis " +
+                    std::to_string(change.range.circle) +
+                    ", wurde soeben an anderer Stelle geändert. Es wurde nichts geändert; bitte "
+                    "versuchen Sie es noch einmal.");
+}
+
+}  // namespace
+
+RolloverPlan planRollover(const Company& company, const std::string& date) {
+  RolloverPlan plan;
+  Company after = company;
+  const std::unordered_set<std::string> switchedOff = switchedOffKeys(company);
+  for (Range& range : after.ranges) {
+    if (switchedOff.contains(range.key)) continue;
+    try {
+      const auto numbers = maskNumbers(range.mask, date);
+      if (!numbers || hasValues(range, *numbers)) continue;
+      plan.changes.push_back({range, *numbers});
+      setValues(range, *numbers);
+    } catch (const Error& error) {
+      plan.failures.push_back({range, describe(company, range) + ": Die Maske \"" + range.mask +
+                                          "\" ergibt keine Nummern (" + error.description() +
+                                          ")."});
+    }
+  }
+  plan.broken = brokenRules(after);
+  return plan;
+}
+
+RolloverPlan applyRollover(Connection& connection, std::int32_t application,
+                           const std::string& date) {
+  RolloverPlan plan;
+  inTransaction(connection, Ending::commit, [&] {
+    execute(connection, statement::takeWriteLock());
+    plan = planRollover(readCompany(connection, application), date);
+    if (!plan.isPossible()) return;
+    for (const Renumbering& change : plan.changes) renumber(connection, change);
+  });
+  return plan;
+}
+
+}  // namespace vexnumkr::numbers

@@ -1,0 +1,153 @@
+// The statements that store single rows.
+#include <initializer_list>
+#include <utility>
+
+#include "numbers/sql/statements.h"
+
+namespace vexnumkr::numbers::statement {
+namespace {
+
+using Columns = std::vector<std::pair<const char*, std::string>>;
+
+std::string number(std::int32_t value) { return Literals::number(value); }
+std::string number(const std::optional<std::int32_t>& value) {
+  return value ? Literals::number(*value) : "NULL";
+}
+std::string flag(bool value) { return value ? "-1" : "0"; }
+
+// A table, what identifies its row, and what else stands in it.
+struct Row {
+  const char* table;
+  Columns key;
+  Columns values;
+};
+
+Row rowOf(const Literals& literals, const std::string& origin, const Circle& circle) {
+  return {"Nummernkreis_Buchungskreise",
+          {{"Buchungskreis", number(circle.number)}, {"Herkunft", literals.text(origin)}},
+          {{"Beschreibung", literals.text(circle.description)}}};
+}
+
+Row rowOf(const Literals& literals, const std::string&, const Range& range) {
+  return {"Nummernkreise",
+          {{"Buchungskreis", number(range.circle)}, {"NSchl", literals.text(range.key)}},
+          {{"NBezeichnung", literals.text(range.description)},
+           {"StartWert", number(range.start)},
+           {"AktuellerWert", number(range.current)},
+           {"EndWert", number(range.end)},
+           {"Aktiviert", flag(range.active)},
+           {"SortierIndex", number(range.sortIndex)},
+           {"IstNSchlVon", literals.text(range.sharedKey)},
+           {"Maske", literals.text(range.mask)}}};
+}
+
+Row rowOf(const Literals& literals, const std::string& origin, const Assignment& assignment) {
+  return {"Nummernkreis_Zuordnung",
+          {{"Buchungskreis", number(assignment.circle)},
+           {"NSchl", literals.text(assignment.key)},
+           {"Benutzer", literals.text(assignment.user)},
+           {"Herkunft", literals.text(origin)}},
+          {}};
+}
+
+Row rowOf(const Literals& literals, const std::string& origin, const SpecialRange& special) {
+  return {"Nummernkreis_Sonderkreise",
+          {{"U_NSchl", literals.text(special.ownKey)}, {"Herkunft", literals.text(origin)}},
+          {{"NSchl", literals.text(special.key)},
+           {"NBezeichnung", literals.text(special.description)},
+           {"Aktiviert", flag(special.active)}}};
+}
+
+std::string joined(const Columns& columns, const char* between) {
+  std::string text;
+  for (const auto& [name, value] : columns)
+    text += (text.empty() ? "" : between) + std::string(name) + " = " + value;
+  return text;
+}
+
+std::string insertion(const Row& row) {
+  std::string names;
+  std::string values;
+  for (const Columns& columns : {row.key, row.values})
+    for (const auto& [name, value] : columns) {
+      names += (names.empty() ? "" : ", ") + std::string(name);
+      values += (values.empty() ? "" : ", ") + value;
+    }
+  return std::string("INSERT INTO ") + row.table + " (" + names + ") VALUES (" + values + ")";
+}
+
+std::string change(const Row& row) {
+  return std::string("UPDATE ") + row.table + " SET " + joined(row.values, ", ") + " WHERE " +
+         joined(row.key, " AND ");
+}
+
+std::string removal(const Row& row) {
+  return std::string("DELETE FROM ") + row.table + " WHERE " + joined(row.key, " AND ");
+}
+
+}  // namespace
+
+std::string insertRow(const Literals& literals, const std::string& origin, const Circle& row) {
+  return insertion(rowOf(literals, origin, row));
+}
+std::string insertRow(const Literals& literals, const std::string& origin, const Range& row) {
+  return insertion(rowOf(literals, origin, row));
+}
+std::string insertRow(const Literals& literals, const std::string& origin, const Assignment& row) {
+  return insertion(rowOf(literals, origin, row));
+}
+std::string insertRow(const Literals& literals, const std::string& origin,
+                      const SpecialRange& row) {
+  return insertion(rowOf(literals, origin, row));
+}
+
+std::string updateRow(const Literals& literals, const std::string& origin, const Circle& row) {
+  return change(rowOf(literals, origin, row));
+}
+std::string updateRow(const Literals& literals, const std::string& origin, const Range& row) {
+  return change(rowOf(literals, origin, row));
+}
+// Nothing but its key stands in it, so it is what it is.
+std::string updateRow(const Literals& literals, const std::string& origin, const Assignment& row) {
+  Row same = rowOf(literals, origin, row);
+  same.values = {{"Herkunft", literals.text(origin)}};
+  return change(same);
+}
+std::string updateRow(const Literals& literals, const std::string& origin,
+                      const SpecialRange& row) {
+  return change(rowOf(literals, origin, row));
+}
+
+std::string deleteRow(const Literals& literals, const std::string& origin, const Circle& row) {
+  return removal(rowOf(literals, origin, row));
+}
+std::string deleteRow(const Literals& literals, const std::string& origin, const Range& row) {
+  return removal(rowOf(literals, origin, row));
+}
+std::string deleteRow(const Literals& literals, const std::string& origin, const Assignment& row) {
+  return removal(rowOf(literals, origin, row));
+}
+std::string deleteRow(const Literals& literals, const std::string& origin,
+                      const SpecialRange& row) {
+  return removal(rowOf(literals, origin, row));
+}
+
+std::string renumberRange(const Literals& literals, const Range& range, std::int32_t start,
+                          std::int32_t current, std::int32_t end) {
+  const Row row = {
+      "Nummernkreise",
+      {{"Buchungskreis", number(range.circle)},
+       {"NSchl", literals.text(range.key)},
+       {"StartWert", number(range.start)},
+       {"AktuellerWert", number(range.current)},
+       {"EndWert", number(range.end)}},
+      {{"StartWert", number(start)}, {"AktuellerWert", number(current)}, {"EndWert", number(end)}}};
+  return change(row);
+}
+
+std::string circlesOfOthers(const Literals& literals, const std::string& origin) {
+  return "SELECT Buchungskreis FROM Nummernkreis_Buchungskreise WHERE Herkunft <> " +
+         literals.text(origin);
+}
+
+}  // namespace vexnumkr::numbers::statement

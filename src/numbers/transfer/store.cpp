@@ -1,0 +1,104 @@
+// Writing what differs, all or nothing.
+#include <set>
+
+#include "numbers/failure.h"
+#include "numbers/origin.h"
+#include "numbers/query.h"
+#include "numbers/sql/statements.h"
+#include "numbers/transaction.h"
+#include "numbers/transfer/row_changes.h"
+
+namespace vexnumkr::numbers {
+namespace {
+
+std::set<std::int32_t> sharedCircles(Connection& connection, const std::string& origin) {
+  std::set<std::int32_t> circles;
+  const auto rows = select(connection, statement::circlesOfOthers(Literals(connection), origin));
+  for (; !rows->EndOfFile(); rows->MoveNext())
+    circles.insert(rows->Fields("Buchungskreis").toLong());
+  rows->Close();
+  return circles;
+}
+
+// What is stored, what it is to become, and the steps between. The steps point into both.
+struct Comparison {
+  Comparison(Connection& connection, const Company& asked, const TransferOptions& options)
+      : stored(readCompany(connection, asked.application)),
+        wanted(completed(stored, asked, options.withCurrent)),
+        changes(compareRows(stored, wanted, options.removeOthers,
+                            sharedCircles(connection, originOf(asked.application)))) {}
+  Comparison(const Comparison&) = delete;
+  Comparison& operator=(const Comparison&) = delete;
+
+  ImportPlan plan() const { return {described(changes), brokenRules(applied(stored, changes))}; }
+
+  Company stored;
+  Company wanted;
+  RowChanges changes;
+};
+
+class Writer {
+ public:
+  Writer(Connection& connection, const std::string& origin)
+      : connection_(connection), literals_(connection), origin_(origin) {}
+
+  void write(const RowChanges& changes) {
+    for (const auto& change : changes.circles) write(change);
+    for (const auto& change : changes.ranges) write(change);
+    for (const auto& change : changes.assignments) write(change);
+    for (const auto& change : changes.specialRanges) write(change);
+  }
+
+ private:
+  template <class Row>
+  void write(const RowChange<Row>& change) {
+    switch (change.kind()) {
+      case ChangeKind::added:
+        send(statement::insertRow(literals_, origin_, *change.wanted));
+        break;
+      case ChangeKind::changed:
+        send(statement::updateRow(literals_, origin_, *change.wanted));
+        break;
+      case ChangeKind::removed:
+        send(statement::deleteRow(literals_, origin_, *change.stored));
+        break;
+    }
+  }
+  void send(const std::string& text) { execute(connection_, text); }
+
+  Connection& connection_;
+  Literals literals_;
+  std::string origin_;
+};
+
+void requireStored(Connection& connection, const Company& wanted, const TransferOptions& options) {
+  const Comparison now(connection, wanted, options);
+  const std::vector<Change> left = described(now.changes);
+  if (left.empty()) return;
+  throw Error(3022, "vexnumkr",
+              "Die Datenbank hat nicht alles so gespeichert, wie es gesendet wurde: " +
+                  left.front().what + ". Es wurde nichts geändert.");
+}
+
+}  // namespace
+
+ImportPlan planImport(Connection& connection, const Company& wanted,
+                      const TransferOptions& options) {
+  return Comparison(connection, wanted, options).plan();
+}
+
+ImportPlan storeCompany(Connection& connection, const Company& wanted,
+                        const TransferOptions& options) {
+  ImportPlan plan;
+  inTransaction(connection, Ending::commit, [&] {
+    execute(connection, statement::takeWriteLock());
+    const Comparison comparison(connection, wanted, options);
+    plan = comparison.plan();
+    if (!plan.isPossible() || plan.changes.empty()) return;
+    Writer(connection, originOf(wanted.application)).write(comparison.changes);
+    requireStored(connection, wanted, options);
+  });
+  return plan;
+}
+
+}  // namespace vexnumkr::numbers

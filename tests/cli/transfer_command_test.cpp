@@ -1,0 +1,140 @@
+// "vexnumkr export", "diff" and "import" on every engine.
+#include <gtest/gtest.h>
+
+#include <QtCore/QDir>
+#include <QtCore/QFile>
+#include <QtCore/QTemporaryDir>
+
+#include "cli/program_database.h"
+
+namespace vexnumkr::test {
+namespace {
+
+class TransferCommandTest : public ProgramDatabase {
+ protected:
+  TransferCommandTest() {
+    circle(1, "Werk \"Süd\"");
+    range(0, "RE", 1, 1, 99, {.mask = "NN", .description = "Rechnung; alt"});
+    range(1, "RE", 100, 150, 199);
+    assign("ALL", 1, "RE");
+    assign("O'Neill", 1, "RE");
+    special("RX", "RE", false);
+  }
+  std::string path(const char* name) { return folder_.filePath(QLatin1String(name)).toStdString(); }
+  static std::string contentOf(const std::string& file) {
+    QFile opened(QString::fromStdString(file));
+    EXPECT_TRUE(opened.open(QIODevice::ReadOnly)) << file;
+    return opened.readAll().toStdString();
+  }
+  void write(const std::string& file, const std::string& content) {
+    QFile opened(QString::fromStdString(file));
+    EXPECT_TRUE(opened.open(QIODevice::WriteOnly));
+    opened.write(QByteArray::fromStdString(content));
+  }
+  void empty() {
+    for (const char* table : {"Nummernkreise", "Nummernkreis_Buchungskreise",
+                              "Nummernkreis_Zuordnung", "Nummernkreis_Sonderkreise"})
+      sql(std::string("DELETE FROM ") + table);
+  }
+  std::vector<std::string> call(const char* command, const std::vector<std::string>& further) {
+    std::vector<std::string> arguments = {command, "--application", "1"};
+    arguments.insert(arguments.end(), further.begin(), further.end());
+    return arguments;
+  }
+
+ private:
+  QTemporaryDir folder_;
+};
+
+TEST_F(TransferCommandTest, ARoundTripGivesTheSameBytes) {
+  const std::string first = printed(call("export", {"--with-current"}));
+  EXPECT_NE(first.find("\"current\": 150"), std::string::npos) << first;
+  printed(call("export", {"--with-current", "-o", path("a.json")}));
+  EXPECT_EQ(contentOf(path("a.json")), first);
+  empty();
+  EXPECT_TRUE(printed(call("import", {path("a.json"), "--with-current"}))
+                  .ends_with("6 Änderungen gespeichert.\n"));
+  EXPECT_EQ(printed(call("export", {"--with-current"})), first);
+  EXPECT_EQ(printed(call("diff", {path("a.json"), "--with-current"})), "Kein Unterschied.\n");
+  EXPECT_EQ(printed(call("import", {path("a.json"), "--with-current"})),
+            "Kein Unterschied; es ist nichts zu tun.\n");
+}
+
+TEST_F(TransferCommandTest, WithoutCurrentValuesTheyStay) {
+  printed(call("export", {"-o", path("a.json")}));
+  EXPECT_EQ(contentOf(path("a.json")).find("current"), std::string::npos);
+  sql("UPDATE Nummernkreise SET AktuellerWert = 160, EndWert = 180 WHERE Buchungskreis = 1");
+  EXPECT_EQ(printed(call("diff", {path("a.json")}), 1),
+            "~ Nummernkreis (RE, Buchungskreis 1): Endwert 180 -> 199\n1 Änderung.\n");
+  EXPECT_EQ(printed(call("import", {path("a.json"), "--dry-run"})),
+            "~ Nummernkreis (RE, Buchungskreis 1): Endwert 180 -> 199\n1 Änderung stünden an.\n");
+  EXPECT_EQ(printed(call("import", {path("a.json")})),
+            "~ Nummernkreis (RE, Buchungskreis 1): Endwert 180 -> 199\n1 Änderung gespeichert.\n");
+  EXPECT_EQ(current(1, "RE"), 160);
+}
+
+TEST_F(TransferCommandTest, WhatCannotBeStoredIsNamedAndNothingIs) {
+  std::string document = printed(call("export", {}));
+  const std::size_t at = document.find("\"end\": 99");
+  document.replace(at, 9, "\"end\": 0");
+  write(path("a.json"), document);
+  EXPECT_EQ(printed(call("import", {path("a.json"), "--json"}), 1),
+            R"({
+  "stored": false,
+  "changes": [
+    {
+      "change": "changed",
+      "table": "ranges",
+      "what": "RE, Buchungskreis 0",
+      "fields": [
+        "Endwert 99 -> 0"
+      ]
+    }
+  ],
+  "broken": [
+    {
+      "kind": "endNotAboveStart",
+      "circle": 0,
+      "key": "RE",
+      "text": "Rechnung; alt (RE), Standard: Der Endwert 0 muss größer sein als der Startwert 1."
+    }
+  ]
+}
+)");
+}
+
+TEST_F(TransferCommandTest, FilesThatAreNoneAreRefusedWithTheirFault) {
+  const auto refusal = [&](const std::string& content) {
+    write(path("a.json"), content);
+    const ProgramRun run = vexnumkr(call("import", {path("a.json")}));
+    EXPECT_EQ(run.exitCode, 2);
+    return run.errors;
+  };
+  EXPECT_EQ(refusal("{"), "vexnumkr: Die Datei ist kein JSON (Stelle 2).\n");
+  EXPECT_EQ(refusal("[]"), "vexnumkr: Die Datei ist nicht von \"vexnumkr export\".\n");
+  EXPECT_EQ(refusal(R"({"format":"vexnumkr","version":2})"),
+            "vexnumkr: Die Datei hat die Fassung 2; lesbar ist die Fassung 1.\n");
+  EXPECT_EQ(
+      refusal(R"({"format":"vexnumkr","version":1,"application":1,"circles":[{"number":"1"}]})"),
+      "vexnumkr: Die Datei ist so nicht zu verwenden: circles[0] hat in \"number\" keine Zahl "
+      "mit 32 Bit.\n");
+  EXPECT_EQ(refusal(R"({"format":"vexnumkr","version":1,"application":2,"circles":[],"ranges":[],)"
+                    R"("assignments":[],"specialRanges":[]})"),
+            "vexnumkr: Die Datei ist von der Anwendung 2, nicht von 1.\n");
+}
+
+TEST_F(TransferCommandTest, SpreadsheetsGetTables) {
+  printed(call("export", {"--format", "csv", "-o", path("csv")}));
+  EXPECT_EQ(contentOf(path("csv/Nummernkreise.csv")),
+            "NSchl;NBezeichnung;Buchungskreis;StartWert;EndWert;Aktiviert;SortierIndex;"
+            "IstNSchlVon;Maske\r\n"
+            "RE;\"Rechnung; alt\";0;1;99;ja;1;;NN\r\nRE;Beleg;1;100;199;ja;1;;\r\n");
+  EXPECT_EQ(contentOf(path("csv/Buchungskreise.csv")),
+            "Buchungskreis;Beschreibung\r\n1;\"Werk \"\"Süd\"\"\"\r\n");
+  printed(call("export", {"--format", "xlsx", "-o", path("alles.xlsx")}));
+  EXPECT_TRUE(contentOf(path("alles.xlsx")).starts_with("PK"));
+  EXPECT_EQ(vexnumkr(call("export", {"--format", "xlsx"})).exitCode, 2);
+}
+
+}  // namespace
+}  // namespace vexnumkr::test

@@ -1,0 +1,107 @@
+// The doctor on databases that are set up well, and in each way badly.
+#include <gtest/gtest.h>
+
+#include <QtCore/QDate>
+
+#include <vexnumkr/number_doctor.h>
+
+#include "numbers/numbers_database.h"
+
+namespace vexnumkr::test {
+namespace {
+
+using Lines = std::vector<std::string>;
+
+class DoctorTest : public NumbersDatabase {
+ protected:
+  DoctorTest() { user("Anna"); }
+
+  /// The names of what is not fine.
+  Lines problems(const std::string& date) {
+    Lines names;
+    for (const numbers::Diagnosis& diagnosis : numbers::diagnose(connection(), date)) {
+      if (diagnosis.isFine) continue;
+      names.push_back(diagnosis.name);
+      EXPECT_NE(diagnosis.problem, "") << diagnosis.name;
+      EXPECT_NE(diagnosis.remedy, "") << diagnosis.name;
+    }
+    return names;
+  }
+  Lines problems() {
+    return problems(QDate::currentDate().toString(QStringLiteral("yyyyMMdd")).toStdString());
+  }
+  /// Makes the ranges' table anew.
+  void ranges(const std::string& definition) {
+    sql("DROP TABLE Nummernkreise");
+    sql("CREATE TABLE Nummernkreise (" + definition + ")");
+  }
+};
+
+const std::string numbersOf32Bits = "StartWert INTEGER, AktuellerWert INTEGER, EndWert INTEGER, ";
+const std::string rest = "SortierIndex INTEGER, IstNSchlVon VARCHAR(10), Maske VARCHAR(40)";
+
+TEST_F(DoctorTest, ASoundDatabaseIsFineAndStaysAsItWas) {
+  range(1, "RE", 1, 1, 9);
+  EXPECT_EQ(problems(), Lines{});
+  EXPECT_EQ(rows("SELECT COUNT(*) AS N FROM Nummernkreise", {"N"}), Lines{"1"});
+  EXPECT_EQ(rows("SELECT COUNT(*) AS N FROM Nummernkreis_Zuordnung", {"N"}), Lines{"0"});
+}
+
+TEST_F(DoctorTest, MissingTablesAndColumnsAreNamed) {
+  sql("DROP TABLE Nummernkreis_Sonderkreise");
+  ranges("Buchungskreis INTEGER, NSchl VARCHAR(10), NBezeichnung VARCHAR(60), " + numbersOf32Bits +
+         "Aktiviert SMALLINT, SortierIndex INTEGER, IstNSchlVon VARCHAR(10)");
+  const auto found = numbers::diagnose(connection(), "20261121");
+  ASSERT_FALSE(found.empty());
+  EXPECT_NE(found[0].problem.find("In Nummernkreise fehlt: Maske."), std::string::npos)
+      << found[0].problem;
+  EXPECT_NE(found[0].problem.find("Die Tabelle Nummernkreis_Sonderkreise ist nicht lesbar"),
+            std::string::npos)
+      << found[0].problem;
+}
+
+TEST_F(DoctorTest, AMissingKeyIsTold) {
+  ranges("Buchungskreis INTEGER, NSchl VARCHAR(10), NBezeichnung VARCHAR(60), " + numbersOf32Bits +
+         "Aktiviert SMALLINT, " + rest);
+  EXPECT_EQ(problems(), Lines{"key"});
+}
+
+TEST_F(DoctorTest, ALooseComparisonOfTextsIsTold) {
+  if (database().engine().ends_with("postgresql"))
+    GTEST_SKIP() << "PostgreSQL compares texts exactly whatever their collation";
+  const std::string loose =
+      isSqlite() ? "VARCHAR(10) COLLATE NOCASE" : "VARCHAR(10) COLLATE utf8mb4_general_ci";
+  ranges("Buchungskreis INTEGER, NSchl " + loose + ", NBezeichnung VARCHAR(60), " +
+         numbersOf32Bits + "Aktiviert SMALLINT, " + rest + ", PRIMARY KEY (Buchungskreis, NSchl)");
+  EXPECT_EQ(problems(), Lines{"collation"});
+}
+
+TEST_F(DoctorTest, ColumnsThatCannotHoldTheValuesAreTold) {
+  if (isSqlite()) GTEST_SKIP() << "SQLite's columns hold numbers of any size";
+  ranges(
+      "Buchungskreis INTEGER, NSchl VARCHAR(10), NBezeichnung VARCHAR(60), StartWert SMALLINT, "
+      "AktuellerWert INTEGER, EndWert INTEGER, Aktiviert SMALLINT, " +
+      rest + ", PRIMARY KEY (Buchungskreis, NSchl)");
+  EXPECT_EQ(problems(), Lines{"writing"});
+}
+
+TEST_F(DoctorTest, TablesWithoutTransactionsAreToldAndCleanedUp) {
+  if (database().engine() != "mariadb") GTEST_SKIP() << "only MariaDB has such tables";
+  sql("ALTER TABLE Nummernkreise ENGINE = MyISAM");
+  EXPECT_EQ(problems(), Lines{"rollback"});
+  EXPECT_EQ(rows("SELECT COUNT(*) AS N FROM Nummernkreise", {"N"}), Lines{"0"});
+}
+
+TEST_F(DoctorTest, MissingValuesAndUsersAreTold) {
+  range(1, "RE", 1, 1, 9);
+  sql("UPDATE Nummernkreise SET EndWert = NULL");
+  sql("DELETE FROM tblUser");
+  EXPECT_EQ(problems(), (Lines{"values", "users"}));
+  user("Alle Benutzer");
+  EXPECT_EQ(problems(), (Lines{"values", "users"}));
+}
+
+TEST_F(DoctorTest, AClockThatIsWrongIsTold) { EXPECT_EQ(problems("20010203"), Lines{"clock"}); }
+
+}  // namespace
+}  // namespace vexnumkr::test

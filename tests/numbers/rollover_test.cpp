@@ -1,0 +1,122 @@
+// Turning the year without the dialog, and with it: the same ranges are stored.
+#include <gtest/gtest.h>
+
+#include <vexnumkr/adapters.h>
+#include <vexnumkr/number_rollover.h>
+
+#include "support/core_session.h"
+
+namespace vexnumkr::test {
+namespace {
+
+using Texts = std::vector<std::string>;
+using numbers::RolloverPlan;
+
+constexpr std::int32_t yes = 6;
+constexpr const char* march2024 = "20240315";  // as the session has it
+
+class RolloverTest : public CoreSession {
+ protected:
+  RolloverTest() {
+    sql("INSERT INTO Nummernkreis_Buchungskreise VALUES (1, 'Werk', 'ORC')");
+    sql("INSERT INTO Nummernkreis_Buchungskreise VALUES (2, 'Handel', 'ORC')");
+    sql("INSERT INTO Nummernkreis_Buchungskreise VALUES (7, 'Fremd', 'ORB')");
+    fill();
+  }
+
+  void fill() {
+    sql("DELETE FROM Nummernkreise");
+    range("0, 'AN', 'Angebot', 230000, 231234, 239999, 0, 10, NULL, 'J%%JNNNN'");
+    range("0, 'RE', 'Rechnung', 1, 5, 99, -1, 20, '', NULL");
+    range("1, 'RE', 'Rechnung', 1230000, 1230017, 1239999, -1, 20, '', ' 1JJNNNN '");
+    range("2, 'RE', 'Rechnung', 2240000, 2240000, 2249999, -1, 20, '', '2JJNNNN'");
+    range("2, 'AN', 'Angebot', 7, 8, 9, 0, 10, '', '2jjmmNN'");
+    range("7, 'RE', 'Rechnung', 7230000, 7230000, 7239999, -1, 20, '', '7JJNNNN'");
+    range("0, 'LM', 'Lager', 1, 1, 9, -1, 1, '', '8JJNNNN'");
+  }
+  void range(const std::string& values) {
+    sql("INSERT INTO Nummernkreise VALUES (" + values + ")");
+  }
+
+  Texts stored(const std::string& where = "") {
+    return select(
+        "SELECT Buchungskreis, NSchl, StartWert, AktuellerWert, EndWert FROM Nummernkreise " +
+        where + " ORDER BY Buchungskreis, NSchl");
+  }
+  RolloverPlan apply() {
+    const auto connection = openQtSqlConnection(connectionString());
+    return numbers::applyRollover(*connection, 2, march2024);
+  }
+  RolloverPlan plan() {
+    const auto connection = openQtSqlConnection(connectionString());
+    return numbers::planRollover(numbers::readCompany(*connection, 2), march2024);
+  }
+  void pressTheButtonAndSave() {
+    start(2, {"Anna"});
+    LoadItems();
+    session().Conn().BeginTrans();
+    forms().answer(yes);
+    EXPECT_TRUE(StartAutoNum());
+    EXPECT_EQ(boxes().size(), 1U);
+    EXPECT_TRUE(Save(false));
+  }
+};
+
+TEST_F(RolloverTest, StoresWhatTheDialogsButtonStores) {
+  const RolloverPlan done = apply();
+  EXPECT_TRUE(done.isPossible());
+  EXPECT_EQ(done.changes.size(), 3U);
+  const Texts ours = stored();
+  EXPECT_EQ(ours, (Texts{"0|AN|240000|240000|249999", "0|LM|1|1|9", "0|RE|1|5|99",
+                         "1|RE|1240000|1240000|1249999", "2|AN|2240300|2240300|2240399",
+                         "2|RE|2240000|2240000|2249999", "7|RE|7230000|7230000|7239999"}));
+  fill();
+  pressTheButtonAndSave();
+  Texts dialogs;
+  for (const std::string& row : stored())
+    if (row != "1|AN|0|0|0") dialogs.push_back(row);  // it also stores what it shows empty
+  EXPECT_EQ(dialogs, ours);
+}
+
+TEST_F(RolloverTest, PlanningChangesNothing) {
+  const Texts before = stored();
+  const RolloverPlan planned = plan();
+  ASSERT_EQ(planned.changes.size(), 3U);
+  EXPECT_EQ(planned.changes[0].range.key, "AN");
+  EXPECT_EQ(planned.changes[0].range.current, 231234);
+  EXPECT_EQ(planned.changes[0].numbers, (numbers::MaskNumbers{240000, 249999}));
+  EXPECT_EQ(stored(), before);
+}
+
+TEST_F(RolloverTest, DoingItTwiceDoesNoHarm) {
+  apply();
+  const Texts once = stored();
+  EXPECT_TRUE(apply().changes.empty());
+  EXPECT_EQ(stored(), once);
+}
+
+TEST_F(RolloverTest, AllMasksThatFailAreToldAndNothingIsStored) {
+  sql("UPDATE Nummernkreise SET Maske = 'RE-' WHERE Buchungskreis = 1");
+  sql("UPDATE Nummernkreise SET Maske = 'NNNNNNNNNN' WHERE Buchungskreis = 2 AND NSchl = 'AN'");
+  const Texts before = stored();
+  const RolloverPlan refused = apply();
+  ASSERT_EQ(refused.failures.size(), 2U);
+  EXPECT_EQ(refused.failures[0].text,
+            "Angebot (AN), Handel: Die Maske \"NNNNNNNNNN\" ergibt keine Nummern (Überlauf).");
+  EXPECT_EQ(refused.failures[1].range.circle, 1);
+  EXPECT_EQ(stored(), before);
+}
+
+TEST_F(RolloverTest, WhatWouldBreakARuleIsToldAndNothingIsStored) {
+  sql("UPDATE Nummernkreise SET Maske = '2JJNNNN' WHERE Buchungskreis = 1");
+  sql("UPDATE Nummernkreise SET Maske = 'JJJJ' WHERE Buchungskreis = 0 AND NSchl = 'AN'");
+  const Texts before = stored();
+  const RolloverPlan refused = apply();
+  ASSERT_EQ(refused.broken.size(), 2U);
+  EXPECT_EQ(refused.broken[0].kind, numbers::FindingKind::endNotAboveStart);
+  EXPECT_EQ(refused.broken[1].kind, numbers::FindingKind::overlapsOtherCircle);
+  EXPECT_EQ(stored(), before);
+}
+
+}  // namespace
+}  // namespace vexnumkr::test
