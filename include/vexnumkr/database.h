@@ -149,15 +149,9 @@ class VEXNUMKR_API Connection {
   /// are not there are passed over. Error: 3251.
   virtual void RequireTransactions(const std::vector<std::string>& /*tables*/) {}
 
-  /// Tells that the running transaction goes on to change `tables`, after reading what is stored.
-  /// Where it has changed nothing so far it begins anew, so that from now on it reads what is
-  /// stored now; and others who want to change the tables wait from here on until it ends. Who is
-  /// at it is waited for within the usual limits. Implementations that leave this out may have to
-  /// report a conflict at the first change instead. Errors: the engine's; the transaction then runs
-  /// on or can only be rolled back, as after any other failure.
-  virtual void LockForWriting(const std::vector<std::string>& /*tables*/) {}
-
   /// Transactions do not nest: beginning a second one, or ending one that is not open, is an error.
+  /// What is read before a transaction has changed anything, or LockTable was called, may be read
+  /// outside of it, so that nothing is locked meanwhile.
   virtual void BeginTrans() = 0;
   virtual void CommitTrans() = 0;
   virtual void RollbackTrans() = 0;
