@@ -28,6 +28,11 @@ std::string specialRanges(const std::string& Herkunft, std::string_view order) {
 
 }  // namespace
 
+std::vector<std::string> writtenTables() {
+  return {"Nummernkreise", "Nummernkreis_Buchungskreise", "Nummernkreis_Zuordnung",
+          "Nummernkreis_Sonderkreise"};
+}
+
 std::string users() { return "SELECT strUserName_PK FROM tblUser ORDER BY strUserName_PK"; }
 
 std::string ranges() {

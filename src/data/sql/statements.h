@@ -20,10 +20,14 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "data/table/range_row.h"
 
 namespace vexnumkr::statement {
+
+/// The tables that a save may change.
+std::vector<std::string> writtenTables();
 
 std::string users();
 std::string ranges();

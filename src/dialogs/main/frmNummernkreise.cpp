@@ -3,6 +3,7 @@
 #include "data/circle_changes.h"
 #include "data/loading.h"
 #include "data/special_ranges.h"
+#include "data/sql/statements.h"
 #include "dialogs/main/refresh_font.h"
 #include "dialogs/side/frmOptionen.h"
 #include "dialogs/side/frmSonderkreise.h"
@@ -85,6 +86,8 @@ void frmNummernkreise::Form_Load() {
     session_.forms().DoEvents();
     loadRanges();
     cboUser_.ListIndex(0);
+    // Where a failed save could not be taken back, there is no transaction and so no saving.
+    session_.Conn().RequireTransactions(statement::writtenTables());
     session_.Conn().BeginTrans();
   });
 }
