@@ -32,8 +32,7 @@ class StatementShapesTest : public ::testing::Test {
 };
 
 TEST_F(StatementShapesTest, EveryStatementOfTheComponentIsItsOwnWhateverItsValues) {
-  for (const char* value :
-       {"", "ORB", "größer", "a;b", "-- x", "/* y */", "\"", "a''b", "1", "\n"}) {
+  for (const char* value : {"", "ORB", "größer", "a;b", "-- x", "/* y */", "\"", "1", "\n", "\\"}) {
     for (const std::int32_t number : {0, 7, -7, -2147483647 - 1}) {
       RangeRow row = range(value, value, value);
       row.NSchl = row.NBezeichnung;
@@ -72,6 +71,16 @@ TEST_F(StatementShapesTest, AValueThatGivesItsStatementAnotherShapeIsRefused) {
     EXPECT_FALSE(isOwnWithDescription(value)) << value;
 }
 
+// Each value alone leaves its statement in shape; the two quotes between them make one text of
+// both.
+TEST_F(StatementShapesTest, TwoValuesDoNotRunIntoOne) {
+  RangeRow row = range("Rechnung", "x'");
+  row.NSchl = range(" WHERE Buchungskreis=5 AND NSchl='D").NBezeichnung;
+  EXPECT_FALSE(isOwn(statement::updateRange(row)));
+  EXPECT_FALSE(isOwnWithDescription("NN''NN"));
+  EXPECT_FALSE(isOwnWithDescription("''"));
+}
+
 TEST_F(StatementShapesTest, ASecondStatementIsRefusedAlsoBeforeAnOpenLiteral) {
   EXPECT_FALSE(isOwnWithDescription("x'); DELETE FROM tblUser; SELECT ('', '"));
 }
@@ -85,7 +94,8 @@ TEST_F(StatementShapesTest, ABackslashBeforeTheQuoteIsRefusedWhereItHidesIt) {
   const std::string text = statement::insertRange(range("x\\", hidden));
   EXPECT_TRUE(isOwn(text, false));
   EXPECT_FALSE(isOwn(text, true));
-  EXPECT_TRUE(isOwn(statement::insertRange(range("x\\\\", hidden)), true));
+  EXPECT_FALSE(isOwn(statement::insertRange(range("x\\\\", hidden)), true))
+      << "nor one that is escaped itself: what is stored would not be what was typed";
 }
 
 TEST_F(StatementShapesTest, NothingHidesBetweenTheLiterals) {
