@@ -172,8 +172,9 @@ Sub CheckCommand
   Set rows = command.Execute(affected)
   If Succeeded("Execute einer Abfrage") Then
     Expect "Abfrage ohne Treffer: EOF", rows.EOF, rows.EOF
-    ' Jede andere Zahl gilt der Komponente als Treffer: dann waeren alle Zuordnungen aktiv.
-    Expect "Abfrage ohne Treffer: 0 betroffene Saetze", affected = 0, affected
+    ' Bei -1 (unbekannt) sieht die Komponente selbst nach. Jede andere Zahl gilt ihr als Treffer: dann
+    ' waeren alle Zuordnungen aktiv.
+    Expect "Abfrage ohne Treffer: 0 oder -1 betroffene Saetze", affected = 0 Or affected = -1, affected
     rows.Close
   End If
   command.CommandText = "SELECT strUserName_PK FROM tblUser"
