@@ -142,18 +142,19 @@ class VEXNUMKR_API Connection {
   /// are not there are passed over. Error: 3251.
   virtual void RequireTransactions(const std::vector<std::string>& /*tables*/) {}
 
-  /// Tells that the running transaction goes on to change `tables`, after reading what is stored.
-  /// Where it has changed nothing so far it begins anew, so that from now on it reads what is
-  /// stored now; and others who want to change the tables wait from here on until it ends. Who is
-  /// at it is waited for within the usual limits. Implementations that leave this out may have to
-  /// report a conflict at the first change instead. Errors: the engine's; the transaction then runs
-  /// on or can only be rolled back, as after any other failure.
-  virtual void LockForWriting(const std::vector<std::string>& /*tables*/) {}
-
   /// Transactions do not nest: beginning a second one, or ending one that is not open, is an error.
+  /// What is read before a transaction has changed anything, or LockTable was called, may be read
+  /// outside of it, so that nothing is locked meanwhile.
   virtual void BeginTrans() = 0;
   virtual void CommitTrans() = 0;
   virtual void RollbackTrans() = 0;
+
+  /// Keeps everybody else from changing rows of `table` until the running transaction ends, after
+  /// waiting, within the usual limits, for whoever is changing some; others go on reading, and what
+  /// is read from now on is what they have left. Errors: the engine's, when it waits in vain.
+  /// Without an implementation nothing is locked: the component then notices most changes of others
+  /// by reading twice, and refuses to overwrite those.
+  virtual void LockTable(const std::string& table) { static_cast<void>(table); }
 
   /// A new closed connection, command or recordset of the same provider.
   virtual std::unique_ptr<Connection> createConnection() = 0;

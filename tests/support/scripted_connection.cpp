@@ -57,9 +57,7 @@ class ScriptedConnection : public Connection {
   void RequireTransactions(const std::vector<std::string>& tables) override {
     real_->RequireTransactions(tables);
   }
-  void LockForWriting(const std::vector<std::string>& tables) override {
-    real_->LockForWriting(tables);
-  }
+  void LockTable(const std::string& table) override { real_->LockTable(table); }
   void BeginTrans() override {
     script_.transaction(label_ + ": BEGIN", [&] { real_->BeginTrans(); });
   }

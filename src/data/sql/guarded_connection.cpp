@@ -44,9 +44,7 @@ class GuardedConnection final : public Connection {
   void RequireTransactions(const std::vector<std::string>& tables) override {
     real_->RequireTransactions(tables);
   }
-  void LockForWriting(const std::vector<std::string>& tables) override {
-    real_->LockForWriting(tables);
-  }
+  void LockTable(const std::string& table) override { real_->LockTable(table); }
   void BeginTrans() override { real_->BeginTrans(); }
   void CommitTrans() override { real_->CommitTrans(); }
   void RollbackTrans() override { real_->RollbackTrans(); }

@@ -111,9 +111,7 @@ void SqlConnection::RequireTransactions(const std::vector<std::string>& tables) 
   slot_->require()->requireTransactions(tables);
 }
 
-void SqlConnection::LockForWriting(const std::vector<std::string>& tables) {
-  slot_->require()->lockForWriting(tables);
-}
+void SqlConnection::LockTable(const std::string& table) { slot_->require()->lockTable(table); }
 
 void SqlConnection::BeginTrans() { slot_->require()->begin(isolationLevel_); }
 

@@ -50,7 +50,7 @@ class SqlConnection final : public Connection {
                                      std::int32_t& recordsAffected) override;
   bool BackslashEscapes() const override;
   void RequireTransactions(const std::vector<std::string>& tables) override;
-  void LockForWriting(const std::vector<std::string>& tables) override;
+  void LockTable(const std::string& table) override;
   void BeginTrans() override;
   void CommitTrans() override;
   void RollbackTrans() override;
