@@ -115,8 +115,8 @@ struct Engine {
   const char* afterChange;
   /// With Recovery::savepoint: goes back there.
   const char* undo;
-  /// What begins an isolated transaction that is going to write, and what keeps others from
-  /// changing a table (named as a statement names it) until it ends; null where the first is
+  /// What begins an isolated transaction that goes on to lock tables, and what keeps others from
+  /// changing one (named as a statement names it) until it ends; null where the first is
   /// enough.
   Statements beginForWriting;
   std::string (*lockTable)(const std::string& table);

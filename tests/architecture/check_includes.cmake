@@ -19,7 +19,7 @@ function(layer_of path result)
 endfunction()
 
 file(GLOB_RECURSE files RELATIVE "${SOURCE_DIR}/src"
-  "${SOURCE_DIR}/src/platform/*.[hc]*""${SOURCE_DIR}/src/data/*.[hc]*"
+  "${SOURCE_DIR}/src/platform/*.[hc]*" "${SOURCE_DIR}/src/data/*.[hc]*"
   "${SOURCE_DIR}/src/hosting/*.[hc]*" "${SOURCE_DIR}/src/rules/*.[hc]*"
   "${SOURCE_DIR}/src/dialogs/*.[hc]*")
 list(FILTER files INCLUDE REGEX "\\.(h|cpp)$")

@@ -33,6 +33,15 @@ vexnumkr_test(contract/engine_sessions_test LABEL engine
   LINKS vexnumkr_fresh_database vexnumkr_database_contract)
 vexnumkr_on_every_engine(engine_sessions_test)
 
+foreach(name server postgresql mariadb)
+  vexnumkr_test(contract/${name}_sessions_test LABEL engine
+    SOURCES contract/qt_main.cpp
+    LINKS vexnumkr_fresh_database vexnumkr_database_contract)
+endforeach()
+vexnumkr_on_engines(server_sessions_test postgresql mariadb odbc-postgresql)
+vexnumkr_on_engines(postgresql_sessions_test postgresql)
+vexnumkr_on_engines(mariadb_sessions_test mariadb)
+
 add_executable(hold_write_lock contract/hold_write_lock.cpp)
 target_link_libraries(hold_write_lock PRIVATE vexnumkr_options Qt6::Sql)
 set_target_properties(hold_write_lock PROPERTIES
@@ -42,6 +51,8 @@ vexnumkr_sqlite_test(sqlite_one_statement_test engine)
 vexnumkr_sqlite_test(sqlite_opening_test engine)
 vexnumkr_sqlite_test(sqlite_statements_test engine)
 vexnumkr_sqlite_test(sqlite_update_test engine)
+vexnumkr_sqlite_test(sqlite_transactions_test engine SOURCES support/engine_waits.cpp)
+set_target_properties(sqlite_transactions_test PROPERTIES ENABLE_EXPORTS ON)
 vexnumkr_sqlite_test(sqlite_locking_test engine)
 add_dependencies(sqlite_locking_test hold_write_lock)
 

@@ -7,7 +7,9 @@ add_test(NAME servers_stop COMMAND "${fixture}" stop "${VEXNUMKR_SERVERS_FILE}")
 set_tests_properties(servers_start PROPERTIES FIXTURES_SETUP servers TIMEOUT 180)
 set_tests_properties(servers_stop PROPERTIES FIXTURES_CLEANUP servers TIMEOUT 180)
 
-set(VEXNUMKR_ENGINES postgresql mariadb odbc-postgresql odbc-sqlite)
+# Where tests run besides SQLite: on the other engines, and on what is reached by ODBC.
+set(VEXNUMKR_ENGINES ${VEXNUMKR_ENGINE_NAMES} odbc-postgresql odbc-sqlite)
+list(REMOVE_ITEM VEXNUMKR_ENGINES sqlite)
 
 # vexnumkr_engine_environment(VARIABLE ENGINE)
 # The environment of a test on that engine.
@@ -38,6 +40,20 @@ function(vexnumkr_on_every_engine)
       vexnumkr_add_engine_test(${name} ${engine} ${name})
     endforeach()
   endforeach()
+endfunction()
+
+# vexnumkr_on_engines(NAME ENGINE...)
+# Runs a test on the first engine, and as NAME@ENGINE on the others.
+function(vexnumkr_on_engines name first)
+  set_property(TEST ${name} APPEND PROPERTY LABELS sqlite)
+  foreach(engine IN LISTS ARGN)
+    vexnumkr_add_engine_test(${name} ${engine} ${name})
+  endforeach()
+  get_test_property(${name} LABELS labels)
+  list(REMOVE_ITEM labels sqlite)
+  vexnumkr_engine_environment(environment ${first})
+  set_tests_properties(${name} PROPERTIES LABELS "${labels};${first}"
+    ENVIRONMENT "${environment}" FIXTURES_REQUIRED servers)
 endfunction()
 
 # What a FreshDatabase needs.

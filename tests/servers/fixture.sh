@@ -8,7 +8,11 @@
 set -euo pipefail
 here=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
 action=${1:?} file=${2:?}
-engines=(postgresql mariadb)
+# Those that have servers.
+engines=()
+for script in "$here"/../../src/engines/*/server.sh; do
+  engines+=("$(basename "$(dirname "$script")")")
+done
 
 stop_all() {
   local folder=$1 engine

@@ -4,6 +4,7 @@
 
 #include <vexnumkr/adapters.h>
 
+#include "app/schema/schema.h"
 #include "contract/database_language.h"
 #include "data/booking_circles.h"
 #include "data/loading.h"

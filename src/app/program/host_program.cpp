@@ -131,7 +131,7 @@ int runHost(int argc, char** argv) {
     return exit_status::wrongUsage;
   } catch (const Error& error) {
     std::cerr << "vexnumkr-host: " << withoutPasswords(error.description(), options.connection)
-              << " (Fehler " << error.number() << ")\n";
+              << " (" << error.source() << ", Fehler " << error.number() << ")\n";
   } catch (const std::bad_alloc&) {
     std::cerr << "vexnumkr-host: Der Arbeitsspeicher reicht nicht.\n";
   } catch (const std::exception& error) {

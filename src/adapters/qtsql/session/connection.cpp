@@ -111,9 +111,7 @@ void SqlConnection::RequireTransactions(const std::vector<std::string>& tables) 
   slot_->require()->requireTransactions(tables);
 }
 
-void SqlConnection::LockTable(const std::string& table) {
-  slot_->require()->lockForWriting({table});
-}
+void SqlConnection::LockTable(const std::string& table) { slot_->require()->lockTable(table); }
 
 void SqlConnection::BeginTrans() { slot_->require()->begin(isolationLevel_); }
 

@@ -71,9 +71,12 @@ void Session::learnRules() {
 
 Session::Outcome Session::execute(std::string_view text) {
   requireReady();
-  const Statement statement = gate_.pass(text, rules_);
+  Statement statement = gate_.pass(text, rules_);
   onlyReads_ = statement.onlyReads();
-  if (!onlyReads_) hasChanged_ = true;
+  if (!onlyReads_ && beginsLater_) {
+    beginBeforeChanging();
+    statement = gate_.pass(text, rules_);  // The rules may be others by now.
+  }
   const bool movesOn =
       inTransaction_ && engine_->recovery == Recovery::savepoint && !statement.onlyReads();
   const bool together = movesOn && takesAppendix(statement);
@@ -149,8 +152,8 @@ bool Session::succeeds(const char* text) {
 std::int32_t Session::change(const QString& text, const QVariantList& values) {
   requireReady();
   std::int32_t changed = 0;
-  hasChanged_ = true;
   onlyReads_ = false;
+  beginBeforeChanging();
   {
     QSqlQuery query(database_.get());
     if (!query.prepare(text)) fail(query);
@@ -185,9 +188,6 @@ void Session::requireReady() {
   }
   if (isLost_) reconnect();
   if (!knowsRules_) learnRules();
-  if (!beginsLater_) return;
-  beginNow(beginStatements());
-  beginsLater_ = false;
 }
 
 // A borrowed connection is the host's to open again.

@@ -73,12 +73,14 @@ class Session {
   /// engine's own limits. Holds for reopened connections too.
   void limit(std::int32_t seconds);
 
-  /// As Connection::RequireTransactions and LockForWriting; tables are plain names.
+  /// As Connection::RequireTransactions and LockTable; tables are plain names.
   void requireTransactions(const std::vector<std::string>& tables);
-  void lockForWriting(const std::vector<std::string>& tables);
+  void lockTable(const std::string& table);
 
-  /// Begins a transaction. Where the connection was lost before, a new one is opened first; fails
-  /// that too, the transaction begins with the next statement that finds the server again.
+  /// Begins a transaction. On the engine it begins with the first statement that may change
+  /// something, or with lockTable: until then nothing is locked, and no reading grows old. Where
+  /// the connection was lost before, a new one is opened first; fails that too, the transaction has
+  /// begun nevertheless.
   void begin(std::int32_t isolation);
   /// After a failed commit the transaction still runs or can only be rolled back, as after any
   /// other failure.
@@ -104,12 +106,13 @@ class Session {
   void markUnreadable(RowSet& rows, const QString& text);
   std::int32_t rowsAffected(const Statement& statement);
   void runAll(const std::string& text);
-  void restartForWriting();
   void requireSameFile();
   void runRest();
   bool succeeds(const char* text);
   Statements beginStatements() const;
   void beginNow(Statements statements);
+  void beginBeforeChanging();
+  void requireNone();
 
   [[noreturn]] void fail(const QSqlQuery& failed);
   [[noreturn]] void fail(const QSqlError& error, const QString& engineCode);
@@ -134,8 +137,7 @@ class Session {
   std::int32_t limit_ = 0;
   bool inTransaction_ = false;
   bool onlyReads_ = false;    // The statement that runs.
-  bool hasChanged_ = false;   // Whether something was sent in the transaction that may change rows.
-  bool beginsLater_ = false;  // The transaction was begun while the server was away.
+  bool beginsLater_ = false;  // The transaction has begun, but not on the engine yet.
   bool isLost_ = false;
   QSqlError failure_;             // Of the last text that did not succeed.
   std::optional<Error> endedBy_;  // What has ended the transaction.

@@ -8,19 +8,28 @@ namespace vexnumkr::qtsql {
 
 void Session::begin(std::int32_t isolation) {
   if (endedBy_) throw *endedBy_;
-  if ((inTransaction_ || beginsLater_) && !engine_->guardsTransactions) throw transactionRuns();
+  if (beginsLater_ || (inTransaction_ && !engine_->guardsTransactions)) throw transactionRuns();
   isolation_ = isolation;
+  onlyReads_ = false;
   const bool mayHaveBeenLostBefore = database_.isOwned() && !inTransaction_;
   try {
     requireReady();
-    requireNoOtherTransaction();
     requireSameFile();
-    beginNow(beginStatements());
+    requireNone();
+    learnRules();
+    beginsLater_ = true;
   } catch (const Error&) {
     if (!isLost_ || !mayHaveBeenLostBefore) throw;
     beginsLater_ = true;  // If the server is still away now.
     requireReady();
   }
+}
+
+// An engine that refuses a second transaction is asked for one, which locks nothing by itself.
+void Session::requireNone() {
+  if (!engine_->guardsTransactions) return requireNoOtherTransaction();
+  run(QString::fromLatin1(engine_->begin.front()));
+  run(QString::fromLatin1(engine_->rollback));
 }
 
 // Beginning a transaction would silently commit, or join, one that the host has begun.
@@ -50,7 +59,11 @@ void Session::beginNow(Statements statements) {
     runRest();
   }
   inTransaction_ = true;
-  hasChanged_ = false;
+  beginsLater_ = false;
+}
+
+void Session::beginBeforeChanging() {
+  if (beginsLater_) beginNow(beginStatements());
 }
 
 // What a save writes into a file that has lost its name nobody will ever see.
@@ -74,8 +87,13 @@ void Session::requireItsTransaction() {
 
 void Session::commit() {
   if (endedBy_) throw *endedBy_;
-  if (!inTransaction_ && !engine_->guardsTransactions) throw transactionMissing();
+  if (!inTransaction_ && !beginsLater_ && !engine_->guardsTransactions) throw transactionMissing();
   requireReady();
+  if (beginsLater_) {
+    beginsLater_ = false;
+    return;
+  }
+  onlyReads_ = false;
   if (engine_->recovery == Recovery::askEngine) requireItsTransaction();
   requireSameFile();
   run(QString::fromLatin1(engine_->commit));
@@ -101,29 +119,17 @@ void Session::requireTransactions(const std::vector<std::string>& tables) {
           text(2));
 }
 
-void Session::lockForWriting(const std::vector<std::string>& tables) {
+void Session::lockTable(const std::string& table) {
   if (endedBy_) throw *endedBy_;
   if (!inTransaction_ && !beginsLater_) throw transactionMissing();
+  onlyReads_ = false;
   requireReady();
   requireSameFile();
-  if (!hasChanged_) restartForWriting();
+  if (beginsLater_) beginNow(engine_->beginForWriting);
   if (engine_->lockTable == nullptr) return;
-  for (const std::string& table : tables) run(QString::fromStdString(engine_->lockTable(table)));
-  // Going back to a savepoint before them would give up the locks.
+  run(QString::fromStdString(engine_->lockTable(table)));
+  // Going back to a savepoint before it would give up the lock.
   if (engine_->recovery == Recovery::savepoint) runAll(engine_->afterChange);
-}
-
-// Nothing is lost with a transaction that has only read. One that cannot begin again is over.
-void Session::restartForWriting() {
-  run(QString::fromLatin1(engine_->rollback));
-  inTransaction_ = false;
-  try {
-    beginNow(engine_->beginForWriting);
-  } catch (const Error& error) {
-    inTransaction_ = true;
-    endedBy_ = error;
-    throw;
-  }
 }
 
 void Session::rollback() {
