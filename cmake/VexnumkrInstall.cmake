@@ -1,5 +1,5 @@
 # How what is built gets to those who use it. The components of an installation are those of
-# packages: runtime (what hosts load), development (what hosts are built with), tools (programs without
+# packages: runtime and numbers (what hosts load, with and without a window), development (what hosts are built with), tools (programs without
 # a window, and the schemas), host (the stand-alone host), documentation.
 include(CMakePackageConfigHelpers)
 include(GNUInstallDirs)
@@ -13,12 +13,15 @@ endif()
 set(VEXNUMKR_DATA_DIR "${CMAKE_INSTALL_DATADIR}/vexnumkr")
 set(VEXNUMKR_CMAKE_DIR "${CMAKE_INSTALL_LIBDIR}/cmake/vexnumkr")
 
-# vexnumkr_public_library(TARGET COMPONENT [EXPORT_MAP FILE])
+# vexnumkr_public_library(TARGET COMPONENT [EXPORT_MAP FILE] [RUNTIME PART])
 # A library that hosts link as vexnumkr::<EXPORT_NAME> after find_package(vexnumkr COMPONENTS COMPONENT):
 # versioned, found with its headers in the build and where it is installed. Of a shared library FILE says
-# which symbols leave it.
+# which symbols leave it, and PART is the component of the installation that it belongs to, if not runtime.
 function(vexnumkr_public_library target component)
-  cmake_parse_arguments(PARSE_ARGV 2 arg "" "EXPORT_MAP" "")
+  cmake_parse_arguments(PARSE_ARGV 2 arg "" "EXPORT_MAP;RUNTIME" "")
+  if(NOT arg_RUNTIME)
+    set(arg_RUNTIME runtime)
+  endif()
   set_target_properties(${target} PROPERTIES
     VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR})
   target_link_libraries(${target} PUBLIC vexnumkr_headers)
@@ -27,7 +30,7 @@ function(vexnumkr_public_library target component)
     set_property(TARGET ${target} APPEND PROPERTY LINK_DEPENDS "${arg_EXPORT_MAP}")
   endif()
   install(TARGETS ${target} EXPORT vexnumkr-${component}
-    LIBRARY COMPONENT runtime NAMELINK_COMPONENT development
+    LIBRARY COMPONENT ${arg_RUNTIME} NAMELINK_COMPONENT development
     ARCHIVE COMPONENT development)
   install(EXPORT vexnumkr-${component} FILE vexnumkr-${component}-targets.cmake
     NAMESPACE vexnumkr:: DESTINATION "${VEXNUMKR_CMAKE_DIR}" COMPONENT development)

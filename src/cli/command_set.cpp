@@ -6,7 +6,8 @@
 #include <ctime>
 #include <ostream>
 
-#include "app/version.h"
+#include <vexnumkr/version.h>
+
 #include "cli/exit_status.h"
 #include "cli/help.h"
 #include "cli/usage_error.h"
@@ -159,7 +160,7 @@ CommandSet::CommandSet()
           programName)) {
   app_->formatter(std::make_shared<HelpFormatter>());
   app_->set_help_flag("-h,--help", "zeigt diese Hilfe");
-  app_->set_version_flag("--version", std::string(programName) + " " + app::version,
+  app_->set_version_flag("--version", std::string(programName) + " " + version,
                          "zeigt die Version");
   app_->footer(
       "  export VEXNUMKR_CONNECTION=\"Driver=QSQLITE;Database=firma.db\"\n"
@@ -223,7 +224,7 @@ Action CommandSet::parse(int argc, const char* const* argv) {
     };
   } catch (const CLI::CallForVersion&) {
     return [](Session& session) {
-      session.out() << programName << ' ' << app::version << '\n';
+      session.out() << programName << ' ' << version << '\n';
       return exit_status::fine;
     };
   } catch (const CLI::ParseError& error) {

@@ -107,9 +107,7 @@ rm -r "$installed"
 wine msiexec /qn /i "$msi"
 wine reg delete 'HKLM\Software\Classes\CLSID\{1799D539-16B2-4FA4-9CE5-48A27AE28092}' /f >/dev/null
 rm "$installed/VEXNumKr.dll"
-# Wine repairs by the product's code only; Windows takes the file too.
-product=$(msiinfo export "$work/dist/$name.msi" Property | tr -d '\r' | sed -n 's/^ProductCode\t//p')
-wine msiexec /qn /fomus "$product" || fail "msiexec /f ends with $?"
+wine msiexec /qn /i "$msi" REINSTALL=ALL REINSTALLMODE=omus || fail "repairing ends with $?"
 cmp "$library" "$installed/VEXNumKr.dll" || fail "repairing does not bring the library back"
 same by-installer "repairing brings back what was lost"
 wine msiexec /qn /x "$msi"

@@ -1,6 +1,6 @@
 # Every installed file is in one component of the installation, which is that of a package.
 
-for component in runtime development tools host documentation; do
+for component in runtime numbers development tools host documentation; do
   cmake --install "$BUILD" --prefix "$WORK/$component" --component "$component" >/dev/null
   (cd "$WORK/$component" && find . ! -type d -printf '%P\n') >>installed
 done
@@ -9,12 +9,16 @@ sort installed >parts
 diff whole parts
 
 # What a component is for.
-(cd "$WORK/runtime" && find . ! -type d -printf '%P\n' | sort) >runtime.txt
+(cd "$WORK" && cat <(cd numbers && find . ! -type d -printf '%P\n') \
+  <(cd runtime && find . ! -type d -printf '%P\n') | sort) >runtime.txt
 version=$(sed -n 's/^CMAKE_PROJECT_VERSION:STATIC=//p' "$BUILD/CMakeCache.txt")
 libdir=${LIBDIR#"$PREFIX/"}
 diff - runtime.txt <<TEXT
+$libdir/libvexnumkr-numbers.so.${version%%.*}
+$libdir/libvexnumkr-numbers.so.$version
 $libdir/libvexnumkr.so.${version%%.*}
 $libdir/libvexnumkr.so.$version
 TEXT
 test -x "$WORK/host/bin/vexnumkr-host"
+test -x "$WORK/tools/bin/vexnumkr"
 test -e "$WORK/tools/share/vexnumkr/schema/postgresql/rechte.sql"

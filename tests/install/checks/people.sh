@@ -21,17 +21,21 @@ test -s "$PREFIX/share/icons/hicolor/scalable/apps/$icon.svg"
 options() { sed -nE 's/^ *(-[a-zA-Z],)?(--[a-z][a-z-]*).*/\2/p'; }
 commands() { awk '/^Befehle:/ { on = 1; next } /^$/ { on = 0 } on && /^  [a-z]/ { print $1 }'; }
 
-# options_of PROGRAM: its own, and those of all its commands.
+# options_of PROGRAM [COMMAND...]: its own, and those of all its commands.
 options_of() {
   local command
-  "$1" --help | options
-  for command in $("$1" --help | commands); do "$1" "$command" --help | options; done
+  "$@" --help | options
+  for command in $("$@" --help | commands); do options_of "$@" "$command"; done
 }
 
 for program in "$PREFIX"/bin/*; do
   name=$(basename "$program")
   options_of "$program" | sort -u >"$name.help"
   test -s "$name.help"
+  # Of a program with commands the English page tells those, and leaves their options to its help.
+  "$program" --help | commands | sort >"$name.commands"
+  sed -n '/^\.SH COMMANDS/,/^\.SH OPTIONS/s/^\.B \([a-z][a-z]*\)$/\1/p' "$PREFIX/share/man/man1/$name.1" | sort -u >"$name.english"
+  if [ -s "$name.commands" ]; then diff "$name.commands" "$name.english"; fi
   for page in "$PREFIX/share/man/man1/$name.1" "$PREFIX/share/man/de/man1/$name.1"; do
     if has man; then
       MANROFFOPT='' MANWIDTH=80 man --warnings -E UTF-8 -l "$page" 2>"$name.warnings" >"$name.text"
@@ -40,6 +44,7 @@ for program in "$PREFIX"/bin/*; do
     fi
     # Options are explained by tagged paragraphs.
     grep -A1 '^\.TP' "$page" | sed -n 's/^\\fB\(\\-\\-[a-z\\-]*\)\\fR.*/\1/p' | tr -d '\\' | sort -u >"$name.page"
+    if [ -s "$name.commands" ] && [[ $page != */de/* ]]; then continue; fi
     diff "$name.help" "$name.page"
   done
 done
@@ -48,24 +53,30 @@ completed() {
   bash -c '. /usr/share/bash-completion/bash_completion; . "$1"
     COMP_WORDS=("$2" "${@:3}"); COMP_CWORD=$(($# - 2)); COMP_LINE="${*:2}"; COMP_POINT=${#COMP_LINE}
     "$(complete -p "$2" | sed "s/.*-F \([^ ]*\).*/\1/")" 2>/dev/null; printf "%s\n" "${COMPREPLY[@]}"' \
-    - "$PREFIX/share/bash-completion/completions/vexnumkr-host" vexnumkr-host "$@"
+    - "$PREFIX/share/bash-completion/completions/$1" "$@"
 }
 
 if [ -e /usr/share/bash-completion/bash_completion ]; then
-  completed -- | sort >bash.options
+  completed vexnumkr-host -- | sort >bash.options
   diff vexnumkr-host.help bash.options
-  [ "$(completed --app)" = --application ]
-  [ "$(completed --application '')" = $'1\n2' ]
+  [ "$(completed vexnumkr-host --app)" = --application ]
+  [ "$(completed vexnumkr-host --application '')" = $'1\n2' ]
   touch "verbindung file.txt"
-  [ "$(completed --connection-file verb)" = "verbindung file.txt" ]
+  [ "$(completed vexnumkr-host --connection-file verb)" = "verbindung file.txt" ]
+  completed vexnumkr '' | sed 's/^--.*//; /^$/d' | sort >bash.commands
+  diff vexnumkr.commands bash.commands
+  [ "$(completed vexnumkr schema pr)" = print ]
+  [ "$(completed vexnumkr draw --us)" = --user ]
 else
   echo "skipped: bash-completion is not installed"
 fi
 
 if has zsh; then
   functions=$PREFIX/share/zsh/site-functions
-  zsh -n "$functions/_vexnumkr-host"
+  zsh -n "$functions/_vexnumkr-host" "$functions/_vexnumkr"
   zsh -f "$ROOT/tests/install/complete.zsh" "$functions" "vexnumkr-host --" >said
   grep -oE -- '--[a-z][a-z-]*' said | sort -u >zsh.options
   diff vexnumkr-host.help zsh.options
+  zsh -f "$ROOT/tests/install/complete.zsh" "$functions" "vexnumkr schema p" >said
+  grep print said
 fi
