@@ -5,12 +5,13 @@
 #   ./test.sh [dev|release|all]
 #
 # dev (the default) tests with the sanitizers and only builds the release; release tests that; all
-# tests both. The standard C++ targets are built with the Windows cross compiler each time; the
-# library for Windows hosts is tested under Wine where its Qt has been built before.
+# tests both. What is installed of the release is checked each time, and the standard C++ targets are
+# built with the Windows cross compiler; the library for Windows hosts is tested under Wine where its
+# Qt has been built before.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")"
 
-usage() { sed -n '2,9s/^# \{0,1\}//p' test.sh; }
+usage() { sed -n '2,10s/^# \{0,1\}//p' test.sh; }
 
 case "${1:-dev}" in
   dev) tested=(dev) ;;
@@ -59,6 +60,8 @@ test_windows() {
 }
 
 status=0
+echo "== installed"
+tests/install/run.sh build/release || status=$?
 echo "== windows"
 test_windows || status=$?
 for preset in "${tested[@]}"; do

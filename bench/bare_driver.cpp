@@ -6,7 +6,7 @@
 #include <QVariant>
 #include <stdexcept>
 
-#include "adapters/qtsql/driver.h"
+#include "adapters/qtsql/session/driver.h"
 
 namespace vexnumkr::bench {
 

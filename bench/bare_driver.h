@@ -4,7 +4,7 @@
 #include <QSqlDatabase>
 #include <string>
 
-#include "adapters/qtsql/database_handle.h"
+#include "adapters/qtsql/session/database_handle.h"
 
 namespace vexnumkr::bench {
 

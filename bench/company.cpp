@@ -1,10 +1,11 @@
 #include "bench/company.h"
 
 #include <numeric>
+#include <utility>
+#include <vector>
 
 #include "app/sample/scaled_company.h"
-#include "data/table/columns.h"
-#include "hosting/host_context.h"
+#include "data/table/common_names.h"
 
 namespace vexnumkr::bench {
 namespace {
@@ -38,21 +39,36 @@ struct Row {
   app::SampleRange range;
 };
 
-void write(XArray& table, std::int32_t place, const Row& row) {
-  const app::SampleRange& range = row.range;
-  table.set(place, column::Benutzer, row.user);
-  table.set(place, column::Buchungskreis, range.circle);
-  table.set(place, column::Gruppe, row.caption);
-  table.set(place, column::NSchl, range.key);
-  table.set(place, column::NBezeichnung, range.description);
-  table.set(place, column::StartWert, range.start);
-  table.set(place, column::AktuellerWert, range.current);
-  table.set(place, column::EndWert, range.end);
-  table.set(place, column::Aktiviert, range.active);
-  table.set(place, column::SortierIndex, range.sortIndex);
-  table.set(place, column::IstNSchlVon, row.sharedKey);
-  table.set(place, column::Maske, range.mask);
-}
+// A table in the making, whose rows come in another order than that of their places.
+class Places {
+ public:
+  explicit Places(std::int32_t rows) : rows_(static_cast<std::size_t>(rows)) { table_.create(); }
+
+  void write(std::int32_t place, const Row& row) {
+    const app::SampleRange& range = row.range;
+    rows_[static_cast<std::size_t>(place)] = {.Benutzer = table_.text(row.user),
+                                              .Buchungskreis = range.circle,
+                                              .Gruppe = table_.text(row.caption),
+                                              .NSchl = table_.text(range.key),
+                                              .NBezeichnung = table_.text(range.description),
+                                              .StartWert = range.start,
+                                              .AktuellerWert = range.current,
+                                              .EndWert = range.end,
+                                              .Aktiviert = range.active,
+                                              .SortierIndex = range.sortIndex,
+                                              .IstNSchlVon = table_.text(row.sharedKey),
+                                              .Maske = table_.text(range.mask)};
+  }
+
+  XArray table() {
+    for (const RangeRow& row : rows_) table_.append(row);
+    return std::move(table_);
+  }
+
+ private:
+  XArray table_;
+  std::vector<RangeRow> rows_;
+};
 
 // Ranges of a hundred numbers, the `place`th of them.
 Row plainRow(std::int32_t row, std::int32_t place) {
@@ -88,38 +104,35 @@ XArray companyTable(int scale) {
   std::vector<std::string> users = company.users;
   users.insert(users.begin(), alleBenutzer);
   const auto rows = static_cast<std::int32_t>(users.size() * company.ranges.size());
-  XArray table = XArray::withColumns(column::last);
-  table.AppendRows(rows);
+  Places places(rows);
   const Scattered scattered(rows);
   std::int32_t next = 0;
   for (const std::string& user : users) {
     for (const app::SampleRange& range : company.ranges) {
       Row row{user, caption(range.circle, company), "", range};
       row.range.mask = "JJ" + std::to_string(range.circle + 10) + "NNNN";
-      write(table, scattered(next++), row);
+      places.write(scattered(next++), row);
     }
   }
-  return table;
+  return places.table();
 }
 
 XArray commonTable(std::int32_t items) {
-  XArray table = XArray::withColumns(column::last);
-  table.AppendRows(items);
-  for (std::int32_t row = 0; row < items; ++row) write(table, row, plainRow(row, row));
-  return table;
+  Places places(items);
+  for (std::int32_t row = 0; row < items; ++row) places.write(row, plainRow(row, row));
+  return places.table();
 }
 
 XArray oneSequence(std::int32_t rows) {
-  XArray table = XArray::withColumns(column::last);
-  table.AppendRows(rows);
+  Places places(rows);
   const Scattered scattered(rows);
   for (std::int32_t row = 0; row < rows; ++row) {
     Row made = plainRow(row, scattered(row));
     made.sharedKey = "RE";
     made.range.sortIndex = made.range.sortIndex * 7 % 1000;
-    write(table, row, made);
+    places.write(row, made);
   }
-  return table;
+  return places.table();
 }
 
 }  // namespace vexnumkr::bench

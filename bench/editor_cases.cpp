@@ -14,7 +14,6 @@
 #include "bench/sent_statements.h"
 #include "bench/session.h"
 #include "data/range_table.h"
-#include "data/table/columns.h"
 
 namespace vexnumkr::bench {
 namespace {
@@ -39,11 +38,13 @@ class Editors {
     session_.readLists();
     session_.load();
     XArray& table = session_.table();
-    requireRows(table.UpperBound(1) + 1);
-    for (std::int32_t row = 0; row < changedRows; ++row)
-      basAllgemein::SetValueAll(session_.context(), table.toText(row, column::NSchl),
-                                table.toLong(row, column::Buchungskreis), column::Maske,
-                                table.toText(row, column::Maske));
+    requireRows(table.size());
+    const RangeData data = session_.session().data();
+    for (std::int32_t i = 0; i < changedRows; ++i) {
+      const RangeRow& row = table.at(i);
+      basAllgemein::SetValueAll(table, data.users, session_.session().reporter(), row.NSchl.str(),
+                                row.Buchungskreis, &RangeRow::Maske, row.Maske.toText());
+    }
     session_.save();
   }
 

@@ -18,7 +18,6 @@
 #include "bench/sample_database.h"
 #include "bench/session.h"
 #include "data/booking_circles.h"
-#include "data/table/columns.h"
 #include "dialogs/main/layout.h"
 #include "dialogs/main/tree.h"
 
@@ -133,8 +132,8 @@ class GridAtWork {
  public:
   explicit GridAtWork(std::int32_t items)
       : session_(database_.connectionString()),
-        grid_(makeQtTreeGrid(gridOf(mainDialogDescription()), &window_)) {
-    session_.context().sftNummernkreise(grid_.get());
+        grid_(makeQtTreeGrid(gridOf(mainDialogDescription()), &window_)),
+        tree_(session_.session(), *grid_) {
     session_.table().copyFrom(commonTable(items));
     window_.resize(windowSize);
     grid_->widget()->resize(windowSize);
@@ -142,9 +141,7 @@ class GridAtWork {
     cells_ = cellsOf(*grid_);
   }
 
-  void fillGrid() {
-    basAllgemein::SyncDataWithControl(session_.context(), alleBuchungskreise, alleBenutzer);
-  }
+  void fillGrid() { tree_.SyncDataWithControl({alleBuchungskreise, alleBenutzer}); }
   void fillStandardModel() {
     QStandardItemModel model;
     model.setColumnCount(columns);
@@ -183,6 +180,7 @@ class GridAtWork {
   Session session_;
   QWidget window_;
   std::unique_ptr<QtTreeGrid> grid_;
+  Tree tree_;
   std::vector<Cells> cells_;
   std::unique_ptr<PlainModel> plainModel_;
   std::unique_ptr<QTreeView> plainView_;

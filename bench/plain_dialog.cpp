@@ -5,19 +5,18 @@
 #include <QPushButton>
 #include <QTreeView>
 
-#include "adapters/qtforms/units.h"
-#include "data/table/columns.h"
-#include "hosting/host_context.h"
+#include "adapters/qt/units.h"
+#include "data/table/common_names.h"
 
 namespace vexnumkr::bench {
 
 PlainDialog::PlainDialog(const FormDescription& description, const XArray& table) {
-  resize(qtforms::toPixels(description.width), qtforms::toPixels(description.height));
+  resize(toPixels(description.width), qtforms::toPixels(description.height));
   fill(table);
   for (const ControlDescription& control : description.controls) {
     QWidget* const widget = madeFor(control);
     if (widget == nullptr) continue;
-    widget->setGeometry(qtforms::toPixels(control.position));
+    widget->setGeometry(toPixels(control.position));
     widget->setVisible(control.visible);
   }
 }
@@ -47,13 +46,13 @@ QWidget* PlainDialog::madeFor(const ControlDescription& control) {
 }
 
 void PlainDialog::fill(const XArray& table) {
-  for (std::int32_t i = table.LowerBound(1); i <= table.UpperBound(1); ++i) {
-    const TableRow row = table.at(i);
-    if (!row.equals(column::Benutzer, alleBenutzer)) continue;
+  for (const RangeRow& row : table) {
+    if (!row.isCommon()) continue;
     QList<QStandardItem*> items;
-    for (const std::int32_t shown : {column::NBezeichnung, column::StartWert, column::AktuellerWert,
-                                     column::EndWert, column::Maske})
-      items.append(new QStandardItem(QString::fromStdString(row.toText(shown))));
+    for (const std::string& shown :
+         {row.NBezeichnung.str(), row.StartWert.toText(), row.AktuellerWert.toText(),
+          row.EndWert.toText(), row.Maske.toText()})
+      items.append(new QStandardItem(QString::fromStdString(shown)));
     model_.appendRow(items);
   }
 }

@@ -8,16 +8,12 @@
 #include "bench/company.h"
 #include "bench/sample_database.h"
 #include "bench/session.h"
-#include "data/table/columns.h"
+#include "hosting/renumbering.h"
 #include "rules/activity.h"
-#include "rules/mask_numbering.h"
-#include "rules/sort_orders.h"
 #include "rules/validation.h"
 
 namespace vexnumkr::bench {
 namespace {
-
-void refillNothing(HostContext&, const std::string&, const std::string&) {}
 
 void require(bool condition, const char* what) {
   if (!condition) throw std::runtime_error(what);
@@ -36,12 +32,9 @@ class TableAtWork {
   TableAtWork(std::shared_ptr<Lazy<SampleSession>> session, XArray original)
       : session_(std::move(session)), original_(std::move(original)) {}
 
-  void restore() {
-    context().XArray(std::make_unique<XArray>());
-    table().copyFrom(original_);
-  }
-  HostContext& context() { return (**session_).session.context(); }
-  XArray& table() { return context().XArray(); }
+  void restore() { table().copyFrom(original_); }
+  vexnumkr::Session& session() { return (**session_).session.session(); }
+  XArray& table() { return session().XArray(); }
 
   void requireMessages(int count) {
     require((**session_).session.takeMessages() == count, "another number of messages");
@@ -52,9 +45,8 @@ class TableAtWork {
   XArray original_;
 };
 
-bool isValid(HostContext& context) {
-  bool viewReset = false;
-  return basAllgemein::CheckValidity(context, viewReset, refillNothing);
+bool isValid(TableAtWork& at) {
+  return basAllgemein::CheckValidity(at.table(), at.session().reporter()).holds;
 }
 
 using Work = std::function<void(TableAtWork&)>;
@@ -63,23 +55,23 @@ Measurement onTable(const std::shared_ptr<Lazy<TableAtWork>>& table, Work work) 
   return seconds([=] { work(**table); }, [=] { (**table).restore(); });
 }
 
-void sortForDisplay(TableAtWork& at) { sortRows(at.table(), displayOrder); }
-void sortForTree(TableAtWork& at) { sortRows(at.table(), treeOrder); }
+void sortForDisplay(TableAtWork& at) { at.table().sort(RowOrder::display); }
+void sortForTree(TableAtWork& at) { at.table().sort(RowOrder::tree); }
 
 void checkSound(TableAtWork& at) {
-  require(isValid(at.context()), "ranges in order were refused");
+  require(isValid(at), "ranges in order were refused");
   at.requireMessages(0);
 }
 void checkBroken(TableAtWork& at) {
-  require(!isValid(at.context()), "ranges that overlap were let pass");
-  at.requireMessages(1);
+  require(!isValid(at), "ranges that overlap were let pass");
+  at.requireMessages(0);
 }
 void checkActivity(TableAtWork& at) {
-  basAllgemein::CheckActivity(at.context());
+  basAllgemein::CheckActivity(at.table(), at.session().colUser(), at.session().reporter());
   at.requireMessages(0);
 }
 void numberFromMasks(TableAtWork& at) {
-  require(basAllgemein::StartAutoNum(at.context()), "not numbered");
+  require(basAllgemein::StartAutoNum(at.session()), "not numbered");
   at.requireMessages(1);
 }
 
@@ -87,14 +79,15 @@ void numberFromMasks(TableAtWork& at) {
 XArray lastPairBroken(std::int32_t rows) {
   XArray table = oneSequence(rows);
   XArray sorted = oneSequence(rows);
-  sortRows(sorted, displayOrder);
-  const std::int32_t last = sorted.UpperBound(1);
+  sorted.sort(RowOrder::display);
+  const std::int32_t last = sorted.size() - 1;
   const auto row = [&](std::int32_t place) {
-    return table.findRange(alleBenutzer, sorted.toLong(place, column::Buchungskreis),
-                           sorted.toText(place, column::NSchl));
+    const RangeRow& range = sorted.at(place);
+    return table.findRange(alleBenutzer, range.Buchungskreis, range.NSchl.str());
   };
-  for (const std::int32_t value : {column::StartWert, column::AktuellerWert, column::EndWert})
-    table.set(row(last), value, table.get(row(last - 1), value));
+  for (const ValueColumn value :
+       {&RangeRow::StartWert, &RangeRow::AktuellerWert, &RangeRow::EndWert})
+    table.setValue(row(last), value, (table.at(row(last - 1)).*value).toValue());
   return table;
 }
 

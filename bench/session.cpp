@@ -7,13 +7,11 @@
 
 #include "data/booking_circles.h"
 #include "data/loading.h"
-#include "data/query.h"
 #include "data/special_ranges.h"
 #include "data/sql/statements.h"
-#include "data/table/columns.h"
+#include "hosting/saving.h"
 #include "hosting/start_up.h"
 #include "rules/activity.h"
-#include "rules/saving.h"
 #include "support/plain_host.h"
 
 namespace vexnumkr::bench {
@@ -37,7 +35,12 @@ class SilentForms final : public FormsToolkit {
   std::vector<std::string> failures;
 };
 
-void refillNothing(HostContext&, const std::string&, const std::string&) {}
+// Every range is in order.
+class NoDisplay final : public RangeDisplay {
+ public:
+  void showDefect(const RangeDefect&) override { throw std::runtime_error("a rule is broken"); }
+  void showChanges() override {}
+};
 
 }  // namespace
 
@@ -49,12 +52,13 @@ struct Session::Surroundings {
   SilentForms forms;
   test::PlainHost host;
   test::FixedClock clock{"20260315"};
-  HostContext context{Services{forms, host, clock}};
+  vexnumkr::Session session{Services{forms, host, clock}};
+  NoDisplay display;
 };
 
 Session::Session(std::shared_ptr<Connection> connection)
     : surroundings_(std::make_unique<Surroundings>()) {
-  HostContext& session = context();
+  vexnumkr::Session& session = this->session();
   session.Conn(std::move(connection));
   session.LngApplication(1);
   session.strVerarbeitungsdatum("20260315");
@@ -65,35 +69,37 @@ Session::Session(std::shared_ptr<Connection> connection)
 Session::Session(const std::string& connectionString)
     : Session(openQtSqlConnection(connectionString)) {}
 
-Session::~Session() { basAllgemein::basTerminate(context()); }
+Session::~Session() { basAllgemein::basTerminate(session()); }
 
-HostContext& Session::context() { return surroundings_->context; }
+vexnumkr::Session& Session::session() { return surroundings_->session; }
 
 void Session::readLists() {
-  HostContext& session = context();
+  vexnumkr::Session& session = this->session();
   session.createColUser();
   session.colUser().emplace_back(alleBenutzer);
   std::int32_t affected = 0;
   const auto users = session.Conn().Execute(statement::users(), affected);
   for (; !users->EndOfFile(); users->MoveNext())
     session.colUser().push_back(users->Fields("strUserName_PK").toText());
-  static_cast<void>(basAllgemein::CheckSonderkreise(session));
-  basAllgemein::RefreshCombo(session, nullptr);
+  static_cast<void>(basAllgemein::CheckSonderkreise(session.source(), session.reporter()));
+  basAllgemein::RefreshCombo(session.Buchungskreise(), session.source(), session.reporter());
   surroundings_->requireNoFailure();
 }
 
 void Session::load() {
-  context().XArray(std::make_unique<XArray>(XArray::withColumns(column::last)));
-  basAllgemein::LoadItems(context(), basAllgemein::CheckActivity);
-  basAllgemein::RefreshSGroups(context());
+  vexnumkr::Session& session = this->session();
+  session.XArray().create();
+  const RangeData data = session.data();
+  if (basAllgemein::LoadItems(data, session.source(), session.reporter(), session.progress()))
+    basAllgemein::CheckActivity(data.table, data.users, session.reporter());
+  basAllgemein::RefreshSGroups(data, session.source(), session.reporter(), session.progress());
   surroundings_->requireNoFailure();
 }
 
 void Session::save() {
-  context().blnChanged(true);
-  context().Conn().BeginTrans();
-  bool viewReset = false;
-  const bool saved = basAllgemein::Save(context(), viewReset, false, refillNothing);
+  session().blnChanged(true);
+  session().Conn().BeginTrans();
+  const bool saved = basAllgemein::Save(session(), surroundings_->display, false);
   surroundings_->requireNoFailure();
   if (!saved) throw std::runtime_error("nothing was saved");
 }

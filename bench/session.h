@@ -7,7 +7,7 @@
 
 #include <vexnumkr/database.h>
 
-#include "hosting/host_context.h"
+#include "hosting/session.h"
 
 namespace vexnumkr::bench {
 
@@ -22,8 +22,8 @@ class Session {
   Session(const Session&) = delete;
   Session& operator=(const Session&) = delete;
 
-  HostContext& context();
-  XArray& table() { return context().XArray(); }
+  vexnumkr::Session& session();
+  XArray& table() { return session().XArray(); }
 
   /// Reads what the dialog reads ahead of the ranges: users, booking circles, and whether there are
   /// special ranges.

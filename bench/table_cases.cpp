@@ -15,11 +15,8 @@
 #include "bench/company.h"
 #include "bench/sample_database.h"
 #include "bench/session.h"
-#include "data/booking_circles.h"
+#include "data/circle_changes.h"
 #include "data/range_table.h"
-#include "data/sql/statements.h"
-#include "data/table/columns.h"
-#include "rules/sort_orders.h"
 
 namespace vexnumkr::bench {
 namespace {
@@ -27,28 +24,39 @@ namespace {
 // A row as a program would hold it that knows its columns.
 struct PlainRow {
   std::string Benutzer;
+  std::int32_t Buchungskreis = 0;
   std::string Gruppe;
-  statement::Range range;
+  std::string NSchl;
+  std::string NBezeichnung;
+  std::int32_t StartWert = 0;
+  std::int32_t AktuellerWert = 0;
+  std::int32_t EndWert = 0;
+  bool Aktiviert = false;
+  std::int32_t SortierIndex = 0;
+  std::string IstNSchlVon;
+  std::string Maske;
 
-  auto inDisplay() const {
-    return std::tie(Benutzer, range.SortierIndex, range.NSchl, range.Buchungskreis);
-  }
+  auto inDisplay() const { return std::tie(Benutzer, SortierIndex, NSchl, Buchungskreis); }
 };
 
-PlainRow plainRow(const XArray& table, std::int32_t row) {
-  return {table.toText(row, column::Benutzer), table.toText(row, column::Gruppe),
-          statement::Range{
-              table.toLong(row, column::Buchungskreis), table.toText(row, column::NSchl),
-              table.toText(row, column::NBezeichnung), table.toLong(row, column::StartWert),
-              table.toLong(row, column::AktuellerWert), table.toLong(row, column::EndWert),
-              table.toBoolean(row, column::Aktiviert), table.toLong(row, column::SortierIndex),
-              table.toText(row, column::IstNSchlVon), table.toText(row, column::Maske)}};
+PlainRow plainRow(const RangeRow& row) {
+  return {row.Benutzer.str(),
+          row.Buchungskreis,
+          row.Gruppe.str(),
+          row.NSchl.str(),
+          row.NBezeichnung.str(),
+          row.StartWert.toLong(),
+          row.AktuellerWert.toLong(),
+          row.EndWert.toLong(),
+          row.Aktiviert,
+          row.SortierIndex,
+          row.IstNSchlVon.str(),
+          row.Maske.toText()};
 }
 
 std::vector<PlainRow> plainRows(const XArray& table) {
   std::vector<PlainRow> rows;
-  for (std::int32_t row = table.LowerBound(1); row <= table.UpperBound(1); ++row)
-    rows.push_back(plainRow(table, row));
+  for (const RangeRow& row : table) rows.push_back(plainRow(row));
   return rows;
 }
 
@@ -78,24 +86,22 @@ class Tables {
     restore();
     plain_ = plainRows(original_);
     for (std::size_t row = 0; row < plain_.size(); ++row) {
-      const auto& [user, caption, range] = plain_[row];
-      keys_.push_back({user, range.Buchungskreis, range.NSchl});
+      keys_.push_back({plain_[row].Benutzer, plain_[row].Buchungskreis, plain_[row].NSchl});
       places_.emplace(keys_.back(), static_cast<std::int32_t>(row));
     }
     // The rows of the company stand in no order, so neither do these.
     keys_.resize(std::min<std::size_t>(keys_.size(), 100'000));
   }
 
-  HostContext& context() { return session_.context(); }
+  vexnumkr::Session& session() { return session_.session(); }
   XArray& table() { return session_.table(); }
   void restore() {
-    context().XArray(std::make_unique<XArray>());
     table().copyFrom(original_);
     // The first search makes the index, once for the life of the table.
-    basAllgemein::FoundInXArray(context(), alleBenutzer, 0, "");
+    basAllgemein::FoundInXArray(table(), session().reporter(), alleBenutzer, 0, "");
   }
 
-  void sort() { sortRows(table(), displayOrder); }
+  void sort() { table().sort(RowOrder::display); }
   void copyPlain() { sorted_ = plain_; }
   void sortPlain() {
     std::stable_sort(sorted_.begin(), sorted_.end(), [](const PlainRow& a, const PlainRow& b) {
@@ -106,7 +112,8 @@ class Tables {
   void find() {
     std::int64_t sum = 0;
     for (const Key& key : keys_)
-      sum += basAllgemein::FoundInXArray(context(), key.user, key.circle, key.numberKey);
+      sum += basAllgemein::FoundInXArray(table(), session().reporter(), key.user, key.circle,
+                                         key.numberKey);
     requireSame(sum);
   }
   void findPlain() {
@@ -118,24 +125,33 @@ class Tables {
   // One range of every user, a thousand times.
   void setAll() {
     for (int i = 0; i < times; ++i)
-      basAllgemein::SetValueAll(context(), keys_.front().numberKey, keys_.front().circle,
-                                column::EndWert, i);
+      basAllgemein::SetValueAll(table(), session().colUser(), session().reporter(),
+                                keys_.front().numberKey, keys_.front().circle, &RangeRow::EndWert,
+                                i);
   }
   void findForEachUser() {
     for (int i = 0; i < times; ++i)
-      for (const std::string& user : context().colUser())
-        basAllgemein::FoundInXArray(context(), user, keys_.front().circle, keys_.front().numberKey);
+      for (const std::string& user : session().colUser())
+        basAllgemein::FoundInXArray(table(), session().reporter(), user, keys_.front().circle,
+                                    keys_.front().numberKey);
   }
 
   // The list as the administration leaves it: its last circle gone, a new one there.
   void exchangeCircle() {
-    XArray& list = context().Buchungskreise();
-    const std::int32_t last = list.UpperBound(1);
-    list.set(last, circle_column::Buchungskreis, 9999);
-    list.set(last, circle_column::Beschreibung, "Neuer Buchungskreis");
+    BookingCircleList& list = session().Buchungskreise();
+    std::vector<BookingCircle> circles(list.begin(), list.end());
+    circles.back() = {9999, "Neuer Buchungskreis"};
+    list.create();
+    for (const BookingCircle& circle : circles) list.append(circle);
   }
-  void takeListBack() { basAllgemein::RefreshCombo(context(), nullptr); }
-  void refresh() { basAllgemein::RefreshInXArray(context()); }
+  void takeListBack() {
+    basAllgemein::RefreshCombo(session().Buchungskreise(), session().source(),
+                               session().reporter());
+  }
+  void refresh() {
+    basAllgemein::RefreshInXArray(session().data(), session().source(), session().reporter(),
+                                  session().progress());
+  }
   void copy() {
     XArray snapshot;
     snapshot.copyFrom(table());
@@ -149,10 +165,9 @@ class Tables {
   }
   double bytesOfCells() const {
     std::size_t bytes = 0;
-    for (std::int32_t row = 0; row <= original_.UpperBound(1); ++row)
-      for (std::int32_t each = 0; each <= column::last; ++each)
-        bytes += original_.get(row, each).isText() ? original_.toText(row, each).size()
-                                                   : sizeof(std::int32_t);
+    for (const RangeRow& row : original_)
+      for (const Value& cell : row.columns())
+        bytes += cell.isText() ? cell.asText().size() : sizeof(std::int32_t);
     return static_cast<double>(bytes);
   }
 

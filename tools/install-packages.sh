@@ -3,8 +3,10 @@
 #
 #   tools/install-packages.sh run           to build and run the stand-alone host
 #   tools/install-packages.sh test          to build and test everything
+#   tools/install-packages.sh package       to build and test the Debian packages and the manuals
 #   tools/install-packages.sh windows       to build VEXNumKr.dll for Windows
 #   tools/install-packages.sh windows-test  to test that under Wine
+#   tools/install-packages.sh windows-package  to make the archive and the installer of it
 #
 # Needs root or sudo only when something is missing.
 set -euo pipefail
@@ -12,6 +14,10 @@ set -euo pipefail
 build=(cmake g++ libcli11-dev libxlsxwriter-dev ninja-build nlohmann-json3-dev qt6-base-dev)
 runtime=(fonts-liberation libqt6sql6-sqlite)
 testing=(g++-mingw-w64-x86-64-posix libbenchmark-dev libgtest-dev qt6-base-private-dev)
+# What checks what is installed.
+installed=(appstream bash-completion binutils desktop-file-utils file jq man-db pkgconf zsh)
+manuals=(fonts-liberation pandoc weasyprint)
+packaging=(debhelper debootstrap dpkg-dev lintian)
 # The database servers of the tests, and the drivers to reach them and ODBC.
 engines=(libqt6sql6-psql libqt6sql6-mysql libqt6sql6-odbc odbc-postgresql libsqliteodbc odbcinst
   postgresql mariadb-server mariadb-client)
@@ -33,8 +39,16 @@ case "${1:-}" in
     welcome=("${display[@]}" "${translations[@]}")
     ;;
   test)
-    needed=("${build[@]}" "${runtime[@]}" "${testing[@]}" "${engines[@]}")
+    needed=("${build[@]}" "${runtime[@]}" "${testing[@]}" "${engines[@]}" "${installed[@]}")
     welcome=("${formatter[@]}")
+    ;;
+  package)
+    needed=("${build[@]}" "${manuals[@]}" "${packaging[@]}")
+    welcome=()
+    ;;
+  windows-package)
+    needed=("${manuals[@]}" jq msitools unzip uuid-runtime wixl zip)
+    welcome=()
     ;;
   windows)
     needed=("${build[@]}" "${windows[@]}")
@@ -45,12 +59,12 @@ case "${1:-}" in
     welcome=()
     ;;
   *)
-    echo "usage: tools/install-packages.sh run|test|windows|windows-test" >&2
+    echo "usage: tools/install-packages.sh run|test|package|windows|windows-test|windows-package" >&2
     exit 2
     ;;
 esac
 
-installed() {
+is_installed() {
   [ "$(dpkg-query -W -f '${db:Status-Status}' "$1" 2>/dev/null)" = installed ]
 }
 
@@ -58,7 +72,7 @@ installed() {
 missing() {
   local package
   for package in "$@"; do
-    installed "$package" || echo "$package"
+    is_installed "$package" || echo "$package"
   done
 }
 

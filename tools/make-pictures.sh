@@ -10,7 +10,8 @@ work=$(mktemp -d "${TMPDIR:-/tmp}/vexnumkr-bilder-XXXXXX")
 trap 'rm -rf "$work"' EXIT
 
 # Drawn without a display, so that they come out alike on every machine that has the fonts.
-export QT_QPA_PLATFORM=offscreen QT_LOGGING_RULES="default.warning=false"
+# The screen has room for the dialog at 150 % too.
+export QT_QPA_PLATFORM="offscreen:configfile=$root/tests/support/large_screen.json" QT_LOGGING_RULES="default.warning=false"
 unset QT_STYLE_OVERRIDE QT_QPA_PLATFORMTHEME
 
 "$host" --create-sample "$work/firma.db" >/dev/null

@@ -6,12 +6,12 @@
 // circles. It hands them over, and its users find "Nummernkreise" behind a button. With --demo the
 // example presses that button and "Abbrechen" by itself, and ends.
 
-#include <QtCore/QSettings>
-#include <QtCore/QTimer>
-#include <QtWidgets/QApplication>
-#include <QtWidgets/QInputDialog>
-#include <QtWidgets/QMessageBox>
-#include <QtWidgets/QPushButton>
+#include <QApplication>
+#include <QInputDialog>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QSettings>
+#include <QTimer>
 #include <iostream>
 #include <memory>
 #include <string>
@@ -136,8 +136,8 @@ int main(int argc, char** argv) {
   try {
     return run(arguments[1].toStdString(), arguments[2].toStdString(),
                arguments.contains(QStringLiteral("--demo")));
-  } catch (const vexnumkr::Error& error) {
-    std::cerr << error.description() << '\n';
+  } catch (const std::exception& error) {
+    std::cerr << error.what() << '\n';
     return 1;
   }
 }

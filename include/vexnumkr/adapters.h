@@ -1,6 +1,7 @@
 // The factories of the supplied database adapters.
 #pragma once
 
+#include <cstddef>
 #include <memory>
 #include <string>
 
@@ -45,3 +46,15 @@ VEXNUMKR_API std::unique_ptr<Connection> createQtSqlConnection();
 VEXNUMKR_API std::shared_ptr<Connection> borrowQtSqlConnection(const QSqlDatabase& database);
 
 }  // namespace vexnumkr
+
+/// As openQtSqlConnection, for hosts that load the library at run time and look this function up.
+/// Returns null after a failure; its text (UTF-8) is then in the `size` bytes at `failure`, cut
+/// where it is longer, ending in a 0. `failure` may be null. The caller releases the connection
+/// with vexnumkrReleaseConnection, after the components that it was given to. A host without Qt is
+/// given a QApplication, as by vexnumkrCreateObject.
+extern "C" VEXNUMKR_API vexnumkr::Connection* vexnumkrOpenConnection(const char* connectionString,
+                                                                     char* failure,
+                                                                     std::size_t size) noexcept;
+
+/// Closes and releases a connection of vexnumkrOpenConnection; null is ignored.
+extern "C" VEXNUMKR_API void vexnumkrReleaseConnection(vexnumkr::Connection* connection) noexcept;

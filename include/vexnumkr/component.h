@@ -22,8 +22,15 @@ VEXNUMKR_API HostComponents& emptyHost();
 /// this function up. "VXNummernkreise" and "VEXNummernkreise.VXNummernkreise" are known, in any
 /// case. `host` may be null. Returns null for an unknown name, and when the component cannot be
 /// made. The caller releases the object with vexnumkrReleaseObject.
+///
+/// A host without Qt calls this on the thread that is to show the dialogs: it gets a QApplication,
+/// which stays until the process ends. Where there is no display the result is null, and so it is
+/// on a thread other than the QApplication's. From the first call on the library stays loaded.
 extern "C" VEXNUMKR_API vexnumkr::VXNummernkreise* vexnumkrCreateObject(
     const char* className, vexnumkr::HostComponents* host) noexcept;
 
 /// Releases an object of vexnumkrCreateObject; null is ignored.
 extern "C" VEXNUMKR_API void vexnumkrReleaseObject(vexnumkr::VXNummernkreise* object) noexcept;
+
+/// The version of the library that runs, e.g. "2.0.0".
+extern "C" VEXNUMKR_API const char* vexnumkrVersion() noexcept;

@@ -11,13 +11,15 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include <vexnumkr/export.h>
 #include <vexnumkr/value.h>
 
 namespace vexnumkr {
 
-/// The constants that the component passes, with their ADO values.
+/// The constants that the component passes, with their ADO values. An implementation for another
+/// database layer may take those that make no difference there for what they are: advice.
 namespace ado {
 inline constexpr std::int32_t useServer = 2;
 inline constexpr std::int32_t useClient = 3;
@@ -67,6 +69,7 @@ class VEXNUMKR_API Recordset {
   /// Errors: 3021 at the end; 3251 when the record has no unique identity to address it by.
   virtual void Update() = 0;
 
+  /// Lets the rows go; whatever uses the recordset afterwards fails. Writes nothing.
   virtual void Close() = 0;
 
  protected:
@@ -82,17 +85,20 @@ class VEXNUMKR_API Command {
 
   /// The connection that Execute uses; borrowed, it must outlive the command's use.
   virtual void ActiveConnection(Connection& connection) = 0;
+  /// What the text is; the component passes ado::commandText, a statement.
   virtual void CommandType(std::int32_t type) = 0;
   /// Seconds; 0 is no limit.
   virtual void CommandTimeout(std::int32_t seconds) = 0;
+  /// The statement for the next Execute; nothing is sent yet.
   virtual void CommandText(const std::string& text) = 0;
 
   /// Runs the command text as it stands. Exactly one statement is accepted: a second one behind a
   /// semicolon is refused, and nothing of the text runs.
   /// `recordsAffected` receives, for a select, the number of rows found, otherwise the number of
-  /// rows changed. Returns the rows of a select, open on the first; for other statements a
-  /// recordset without fields, at its end. A failed statement leaves a running transaction, and
-  /// what was done in it before, in place.
+  /// rows changed; an update counts the rows that it has found, whether or not they are different
+  /// now, and -1 is for an implementation that cannot tell. Returns the rows of a select, open on
+  /// the first; for other statements a recordset without fields, at its end. A failed statement
+  /// leaves a running transaction, and what was done in it before, in place.
   virtual std::unique_ptr<Recordset> Execute(std::int32_t& recordsAffected) = 0;
 
  protected:
@@ -115,13 +121,17 @@ class VEXNUMKR_API Connection {
   virtual std::int32_t IsolationLevel() const = 0;
   virtual void IsolationLevel(std::int32_t level) = 0;
 
-  /// Seconds; 0 is no limit.
+  /// How long a statement may take, and wait for a lock, in seconds; 0 is the engine's own limits.
+  /// Longer waits for locks than those are not had by asking for them.
   virtual void CommandTimeout(std::int32_t seconds) = 0;
   virtual void ConnectionTimeout(std::int32_t seconds) = 0;
+  /// Where recordsets of this connection keep their rows, unless they say otherwise.
   virtual void CursorLocation(std::int32_t location) = 0;
 
   /// Opens what ConnectionString names. An empty user or password leaves those of the string.
   virtual void Open(const std::string& user, const std::string& password, std::int32_t options) = 0;
+  /// Closes it; a transaction that is still open is rolled back. Its commands and recordsets fail
+  /// from then on, until it is opened again.
   virtual void Close() = 0;
 
   /// Whether in text literals a backslash changes the meaning of what follows it, quotes included,
@@ -133,10 +143,25 @@ class VEXNUMKR_API Connection {
   virtual std::unique_ptr<Recordset> Execute(const std::string& text,
                                              std::int32_t& recordsAffected) = 0;
 
+  /// Refuses tables that know no transactions, so that what is done to them could not be taken
+  /// back; the text says what to do. To be called before the first transaction that changes them.
+  /// Implementations whose tables all have transactions need not do anything; names of tables that
+  /// are not there are passed over. Error: 3251.
+  virtual void RequireTransactions(const std::vector<std::string>& /*tables*/) {}
+
   /// Transactions do not nest: beginning a second one, or ending one that is not open, is an error.
+  /// What is read before a transaction has changed anything, or LockTable was called, may be read
+  /// outside of it, so that nothing is locked meanwhile.
   virtual void BeginTrans() = 0;
   virtual void CommitTrans() = 0;
   virtual void RollbackTrans() = 0;
+
+  /// Keeps everybody else from changing rows of `table` until the running transaction ends, after
+  /// waiting, within the usual limits, for whoever is changing some; others go on reading, and what
+  /// is read from now on is what they have left. Errors: the engine's, when it waits in vain.
+  /// Without an implementation nothing is locked: the component then notices most changes of others
+  /// by reading twice, and refuses to overwrite those.
+  virtual void LockTable(const std::string& table) { static_cast<void>(table); }
 
   /// A new closed connection, command or recordset of the same provider.
   virtual std::unique_ptr<Connection> createConnection() = 0;

@@ -17,13 +17,15 @@
 
 namespace vexnumkr {
 
-/// The names under which the component asks for host components.
+/// The names under which the component asks for host components. A host that lacks one raises error
+/// 429; only what needs that component does not work then.
 namespace component_name {
 inline constexpr const char* bookingCircles = "vxtComDlg.WWSDialog";
 inline constexpr const char* settings = "VEXSetting.VXSettings";
 }  // namespace component_name
 
-/// Base of everything that HostComponents creates.
+/// Base of everything that HostComponents creates. The component owns what it has created and
+/// releases it when its dialog closes; destructors must not raise.
 class VEXNUMKR_API HostComponent {
  public:
   virtual ~HostComponent() = default;
@@ -40,6 +42,7 @@ class VEXNUMKR_API BookingCircleDialog : public HostComponent {
  public:
   /// The connection to work on, inside whatever transaction runs on it. Set before Show.
   virtual void Connection(std::shared_ptr<vexnumkr::Connection> connection) = 0;
+  /// Whether several circles may be selected at once; the component passes False. Set before Show.
   virtual void MultiSelect(bool on) = 0;
   /// Shows the administration of the booking circles of `origin` modally; returns when it is
   /// closed. `number` is the selection that the host's library knows; the component passes 27.
@@ -49,27 +52,33 @@ class VEXNUMKR_API BookingCircleDialog : public HostComponent {
 /// The host's settings store, "VEXSetting.VXSettings". Keys are compared without regard to case.
 class VEXNUMKR_API SettingsStore : public HostComponent {
  public:
-  /// Binds the store to a connection, which outlives it. The component passes 0 first.
+  /// Binds the store to a connection, which outlives it. The component passes 0 first. Called once,
+  /// before any setting is read or written; what it raises leaves the choices at their defaults.
   virtual void Init(std::int32_t reserved, Connection& connection) = 0;
-  /// Delivers the stored text of `key` in `section` in `value`, or `defaultValue`.
+  /// Delivers the stored text of `key` in `section` in `value`, or `defaultValue` where nothing is
+  /// stored. The component asks for section "Buchungskreise" with profile and user "Standard".
   virtual void GetSetting(const std::string& section, const std::string& key, std::string& value,
                           const std::string& profile, const std::string& user,
                           const std::string& defaultValue) = 0;
+  /// Stores `value`, at once and outside of the dialog's transaction: it stays when the dialog is
+  /// cancelled.
   virtual void SaveSetting(const std::string& section, const std::string& key,
                            const std::string& value, const std::string& profile) = 0;
 };
 
-/// A picture as the host keeps it: the bytes of a PNG or SVG file.
+/// A picture as the host keeps it: the bytes of a PNG or SVG file. What cannot be read as one is
+/// left out, and the dialog does without.
 struct PictureData {
   std::string bytes;
 };
 
-/// The host's text catalogue.
+/// The host's text catalogue, used for application code 1 and for the window's icon.
 class VEXNUMKR_API HostTexts {
  public:
   virtual ~HostTexts() = default;
   /// The text `id` with its placeholders filled from `parameters` in order.
   virtual std::string Text(std::int32_t id, const std::vector<Value>& parameters) = 0;
+  /// The picture `id`; 267 is the main dialog's icon. One without bytes is none.
   virtual PictureData Picture(std::int32_t id) = 0;
 
  protected:
@@ -105,7 +114,8 @@ class VEXNUMKR_API HostMessages {
 class VEXNUMKR_API HostComponents {
  public:
   virtual ~HostComponents() = default;
-  /// A new object of that name. Error 429 for one that is not there.
+  /// A new object of that name, of the class that belongs to it (see component_name). Error 429 for
+  /// one that is not there.
   virtual std::unique_ptr<HostComponent> CreateObject(const std::string& name) = 0;
   /// The text catalogue and the message facility, or null in a host without; owned by the host.
   virtual HostTexts* Texts() = 0;

@@ -11,9 +11,11 @@
 
 namespace vexnumkr {
 
+/// Nothing at all: a cell that was never filled.
 struct Empty {
   friend bool operator==(Empty, Empty) { return true; }
 };
+/// The database's NULL, which is told from nothing and from an empty text.
 struct Null {
   friend bool operator==(Null, Null) { return true; }
 };

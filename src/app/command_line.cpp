@@ -1,12 +1,15 @@
 #include "app/command_line.h"
 
 #include <algorithm>
+#include <charconv>
+#include <chrono>
 #include <map>
 #include <set>
 #include <string_view>
 
+#include <vexnumkr/connection_string.h>
+
 #include "app/connection_file.h"
-#include "app/connection_text.h"
 #include "app/help.h"
 
 namespace vexnumkr::app {
@@ -83,21 +86,20 @@ std::int32_t applicationCode(const Arguments& found) {
   return text == "1" ? 1 : 2;
 }
 
+// REQUIRES: digits, and no more than fit.
 int number(std::string_view digits) {
   int result = 0;
-  for (const char digit : digits) result = result * 10 + (digit - '0');
+  std::from_chars(digits.data(), digits.data() + digits.size(), result);
   return result;
 }
 
 bool isDate(const std::string& text) {
   if (text.size() != 8 || text.find_first_not_of("0123456789") != std::string::npos) return false;
-  const int year = number(std::string_view(text).substr(0, 4));
-  const int month = number(std::string_view(text).substr(4, 2));
-  const int day = number(std::string_view(text).substr(6, 2));
-  if (year == 0 || month < 1 || month > 12) return false;
-  const bool leapYear = (year % 4 == 0 && year % 100 != 0) || year % 400 == 0;
-  const int days[] = {31, leapYear ? 29 : 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
-  return day >= 1 && day <= days[month - 1];
+  const std::string_view digits = text;
+  const std::chrono::year year(number(digits.substr(0, 4)));
+  const std::chrono::month month(static_cast<unsigned>(number(digits.substr(4, 2))));
+  const std::chrono::day day(static_cast<unsigned>(number(digits.substr(6, 2))));
+  return year != std::chrono::year(0) && (year / month / day).ok();
 }
 
 std::string processingDate(const Arguments& found) {
@@ -115,7 +117,7 @@ std::string connectionOf(const Arguments& found, const std::optional<std::string
   if (found.has("--connection")) return found.value("--connection");
   if (found.has("--connection-file")) return readConnectionFile(found.value("--connection-file"));
   const std::string sample = found.value("--create-sample");
-  if (!sample.empty() && sample != inDatabase) return sqliteConnectionText(sample);
+  if (!sample.empty() && sample != inDatabase) return sqliteConnectionString(sample);
   if (environment && !environment->empty()) return *environment;
   throw UsageError(
       "Es fehlt die Verbindung: --connection, --connection-file oder VEXNUMKR_CONNECTION.");

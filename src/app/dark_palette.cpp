@@ -1,8 +1,8 @@
 #include "app/dark_palette.h"
 
-#include <QtGui/QPalette>
-#include <QtWidgets/QApplication>
-#include <QtWidgets/QToolTip>
+#include <QApplication>
+#include <QPalette>
+#include <QToolTip>
 
 namespace vexnumkr::app {
 

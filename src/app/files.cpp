@@ -1,7 +1,7 @@
 #include "app/files.h"
 
-#include <QtCore/QFile>
-#include <QtCore/QString>
+#include <QFile>
+#include <QString>
 
 #include <vexnumkr/error.h>
 

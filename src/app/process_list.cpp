@@ -1,10 +1,9 @@
 #include "app/process_list.h"
 
 #include <algorithm>
-#include <cstring>
 #include <string_view>
 
-#include "app/connection_text.h"
+#include <vexnumkr/connection_string.h>
 
 namespace vexnumkr::app {
 
@@ -20,21 +19,14 @@ char* connectionIn(char* argument, bool behindOption) {
   return hasValue ? argument + option.size() + 1 : nullptr;
 }
 
-void hide(char* text, const std::string& password) {
-  if (password.empty()) return;
-  for (char* at = std::strstr(text, password.c_str()); at != nullptr;
-       at = std::strstr(at, password.c_str()))
-    at = std::fill_n(at, password.size(), '*');
-}
-
 }  // namespace
 
 void hidePasswords(int argc, char** argv) {
   for (int i = 1; i < argc; ++i) {
     char* const connection = connectionIn(argv[i], argv[i - 1] == option);
     if (connection == nullptr) continue;
-    const std::string copy = connection;
-    for (const std::string& password : passwordsIn(copy)) hide(connection, password);
+    for (const TextRange& range : passwordRanges(connection))
+      std::fill(connection + range.begin, connection + range.end, '*');
   }
 }
 

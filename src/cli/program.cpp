@@ -1,12 +1,12 @@
 #include "cli/program.h"
 
-#include <QtCore/QCoreApplication>
+#include <QCoreApplication>
 #include <iostream>
 
+#include <vexnumkr/connection_string.h>
 #include <vexnumkr/error.h>
 #include <vexnumkr/numbers.h>
 
-#include "app/connection_text.h"
 #include "app/process_list.h"
 #include "cli/commands/commands.h"
 #include "cli/exit_status.h"
@@ -31,7 +31,7 @@ int report(const SharedOptions& options, int status, const std::string& text,
 }
 
 int reportFailure(const SharedOptions& options, const Session& session, const Error& error) {
-  const std::string text = app::withoutPassword(error.description(), session.connectionText());
+  const std::string text = withoutPasswords(error.description(), session.connectionText());
   if (error.source() == librarySource) {
     const int status =
         error.number() == invalidCall ? exit_status::wrongCall : exit_status::findings;

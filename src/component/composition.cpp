@@ -25,8 +25,8 @@ QtComponent::QtComponent(HostComponents& host, std::unique_ptr<FormsToolkit> for
     : forms_(std::move(forms)),
       clock_(std::make_unique<SystemClock>()),
       progress_(makeQtProgressDisplay(std::move(now))),
-      component_(std::make_unique<Component>(Services{*forms_, host, *clock_, progress_.get()},
-                                             createMainDialog)) {}
+      component_(std::make_unique<Nummernkreise>(Services{*forms_, host, *clock_, progress_.get()},
+                                                 createMainDialog)) {}
 
 QtComponent::~QtComponent() = default;
 
@@ -37,6 +37,6 @@ bool QtComponent::Init(std::shared_ptr<Connection> Conn, std::int32_t LngApplica
 
 void QtComponent::ShowDialog() { component_->ShowDialog(); }
 
-HostContext& QtComponent::context() { return component_->context(); }
+Session& QtComponent::session() { return component_->session(); }
 
 }  // namespace vexnumkr

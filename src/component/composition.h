@@ -7,7 +7,7 @@
 #include <vexnumkr/host_components.h>
 
 #include "adapters/qtforms/progress/qt_progress_display.h"
-#include "hosting/component.h"
+#include "hosting/nummernkreise.h"
 #include "platform/services.h"
 
 namespace vexnumkr {
@@ -24,13 +24,13 @@ class QtComponent final : public VXNummernkreise {
             const std::string& strUser, const std::string& jmtVerarbeitungsdatum = "") override;
   void ShowDialog() override;
 
-  HostContext& context();
+  Session& session();
 
  private:
   std::unique_ptr<FormsToolkit> forms_;
   std::unique_ptr<Clock> clock_;
   std::unique_ptr<ProgressDisplay> progress_;
-  std::unique_ptr<Component> component_;
+  std::unique_ptr<Nummernkreise> component_;
 };
 
 }  // namespace vexnumkr

@@ -2,8 +2,10 @@
 #include <string_view>
 
 #include <vexnumkr/component.h>
+#include <vexnumkr/version.h>
 
 #include "component/composition.h"
+#include "component/process.h"
 #include "platform/ascii_case.h"
 
 namespace vexnumkr {
@@ -26,6 +28,7 @@ bool isClassName(std::string_view name) {
 }  // namespace
 
 std::unique_ptr<VXNummernkreise> createVXNummernkreise(HostComponents& host) {
+  stayLoaded();
   return std::make_unique<QtComponent>(host);
 }
 
@@ -40,6 +43,8 @@ vexnumkr::VXNummernkreise* vexnumkrCreateObject(const char* className,
                                                 vexnumkr::HostComponents* host) noexcept {
   try {
     if (className == nullptr || !vexnumkr::isClassName(className)) return nullptr;
+    vexnumkr::stayLoaded();
+    if (!vexnumkr::haveApplication()) return nullptr;
     return vexnumkr::createVXNummernkreise(host != nullptr ? *host : vexnumkr::emptyHost())
         .release();
   } catch (...) {
@@ -48,3 +53,5 @@ vexnumkr::VXNummernkreise* vexnumkrCreateObject(const char* className,
 }
 
 void vexnumkrReleaseObject(vexnumkr::VXNummernkreise* object) noexcept { delete object; }
+
+const char* vexnumkrVersion() noexcept { return vexnumkr::version; }

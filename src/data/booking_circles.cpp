@@ -1,72 +1,62 @@
 #include "data/booking_circles.h"
 
-#include "data/query.h"
+#include <algorithm>
+
 #include "data/sql/statements.h"
-#include "data/table/columns.h"
-#include "hosting/reporting.h"
 
-namespace vexnumkr::basAllgemein {
-namespace {
+namespace vexnumkr {
 
-constexpr std::int32_t administration = 27;  // what the host's library calls this selection
-
-std::int32_t find(const XArray& list, std::int32_t columnNumber, const Value& value) {
-  return list.Find(list.LowerBound(1), columnNumber, value);
+BookingCircleList::Circles& BookingCircleList::content() {
+  if (!circles_) throw Error::objectNotSet();
+  return *circles_;
 }
 
-void append(XArray& list, std::int32_t circle, const std::string& caption) {
-  list.AppendRows();
-  const std::int32_t row = list.UpperBound(1);
-  list.set(row, circle_column::Buchungskreis, circle);
-  list.set(row, circle_column::Beschreibung, caption);
+const BookingCircleList::Circles& BookingCircleList::content() const {
+  if (!circles_) throw Error::objectNotSet();
+  return *circles_;
 }
 
-}  // namespace
+std::optional<std::string> BookingCircleList::Beschreibung(std::int32_t circle) const {
+  const auto found = std::ranges::find(content(), circle, &BookingCircle::Buchungskreis);
+  return found == end() ? std::nullopt : std::optional(found->Beschreibung);
+}
 
-void RefreshCombo(HostContext& context, ComboBox* combo) {
-  reportingFailures(context, {moduleName, "RefreshCombo"}, [&] {
-    const auto circles = query(context.cmdSQL(), statement::bookingCircles(context.Herkunft()));
-    if (combo != nullptr) {
-      combo->Clear();
-      combo->AddItem(alleBuchungskreise);
-      combo->AddItem(aktiveBuchungskreise);
-    }
-    context.Buchungskreise(
-        std::make_unique<XArray>(XArray::withColumns(circle_column::Beschreibung)));
-    for (; !circles->EndOfFile(); circles->MoveNext()) {
-      const std::int32_t circle = circles->Fields("Buchungskreis").toLong();
-      const std::string caption = circles->Fields("Beschreibung").toText();
-      if (combo != nullptr) combo->AddItem(caption);
-      append(context.Buchungskreise(), circle, caption);
-    }
-    circles->Close();
+std::optional<std::int32_t> BookingCircleList::Buchungskreis(const std::string& description) const {
+  const auto found = std::ranges::find(content(), description, &BookingCircle::Beschreibung);
+  return found == end() ? std::nullopt : std::optional(found->Buchungskreis);
+}
+
+namespace basAllgemein {
+
+bool RefreshCombo(BookingCircleList& list, StatementSource& source, Reporter& reporter) {
+  bool isAnew = false;
+  reportingFailures(reporter, {generalModule, "RefreshCombo"}, [&] {
+    const auto records = source.query(statement::bookingCircles(source.origin().Herkunft()));
+    list.create();
+    isAnew = true;
+    for (; !records->EndOfFile(); records->MoveNext())
+      list.append(
+          {records->Fields("Buchungskreis").toLong(), records->Fields("Beschreibung").toText()});
+    records->Close();
   });
+  return isAnew;
 }
 
-Value LookupBuchungskreis(HostContext& context, std::int16_t column, const Value& value) {
-  Value result(std::int32_t{-1});
-  reportingFailures(context, {moduleName, "LookupBuchungskreis"}, [&] {
-    const XArray& list = context.Buchungskreise();
-    const std::int32_t otherColumn = column == circle_column::Buchungskreis
-                                         ? circle_column::Beschreibung
-                                         : circle_column::Buchungskreis;
-    const std::int32_t row = find(list, otherColumn, value);
-    if (row != -1) result = list.get(row, column);
-  });
-  return result;
+std::optional<std::string> LookupBuchungskreis(const BookingCircleList& list, Reporter& reporter,
+                                               std::int32_t circle) {
+  std::optional<std::string> description;
+  reportingFailures(reporter, {generalModule, "LookupBuchungskreis"},
+                    [&] { description = list.Beschreibung(circle); });
+  return description;
 }
 
-bool CallBuchungskreise(HostContext& context, const std::string& origin) {
-  bool returned = false;
-  reportingFailures(context, {moduleName, "CallBuchungskreise"}, [&] {
-    context.dlgBuchungskreise().Show(origin, administration);
-    returned = true;
-  });
-  return returned;
+std::optional<std::int32_t> LookupBuchungskreis(const BookingCircleList& list, Reporter& reporter,
+                                                const std::string& description) {
+  std::optional<std::int32_t> circle;
+  reportingFailures(reporter, {generalModule, "LookupBuchungskreis"},
+                    [&] { circle = list.Buchungskreis(description); });
+  return circle;
 }
 
-bool isListedCircle(HostContext& context, std::int32_t circle) {
-  return find(context.Buchungskreise(), circle_column::Buchungskreis, circle) != -1;
-}
-
-}  // namespace vexnumkr::basAllgemein
+}  // namespace basAllgemein
+}  // namespace vexnumkr

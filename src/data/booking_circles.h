@@ -2,10 +2,12 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
+#include <vector>
 
-#include "hosting/host_context.h"
-#include "platform/forms.h"
+#include "data/statement_source.h"
+#include "platform/reporter.h"
 
 namespace vexnumkr {
 
@@ -13,24 +15,56 @@ namespace vexnumkr {
 inline constexpr const char* alleBuchungskreise = "Alle Buchungskreise";
 inline constexpr const char* aktiveBuchungskreise = "Aktive Buchungskreise";
 
+struct BookingCircle {
+  std::int32_t Buchungskreis = 0;
+  std::string Beschreibung;
+
+  friend bool operator==(const BookingCircle&, const BookingCircle&) = default;
+};
+
+/// A range of booking circles in the order in which the database returned them. Before it was read
+/// for the first time, and after it was released, whatever uses it: error 91.
+class BookingCircleList {
+ public:
+  using Circles = std::vector<BookingCircle>;
+
+  void create() { circles_.emplace(); }
+  void release() { circles_.reset(); }
+  bool exists() const { return circles_.has_value(); }
+
+  void append(BookingCircle circle) { content().push_back(std::move(circle)); }
+
+  std::size_t size() const { return content().size(); }
+  Circles::const_iterator begin() const { return content().begin(); }
+  Circles::const_iterator end() const { return content().end(); }
+
+  bool contains(std::int32_t circle) const { return Beschreibung(circle).has_value(); }
+  /// The description of the first circle with that number.
+  std::optional<std::string> Beschreibung(std::int32_t circle) const;
+  friend bool operator==(const BookingCircleList&, const BookingCircleList&) = default;
+
+  /// The number of the first circle with that description.
+  std::optional<std::int32_t> Buchungskreis(const std::string& description) const;
+
+ private:
+  Circles& content();
+  const Circles& content() const;
+
+  std::optional<Circles> circles_;
+};
+
 namespace basAllgemein {
 
-/// Reads the booking circles of the origin into a new booking-circle list and, where a combo box is
-/// given, fills it anew: "Alle Buchungskreise", "Aktive Buchungskreise", then every description. A
-/// failure is reported; when the statement fails, combo box and list stay as they were.
-void RefreshCombo(HostContext& context, ComboBox* combo);
+/// Reads the booking circles of the origin into the list, which is made anew. A failure is
+/// reported; False when the statement failed, so that the list is what it was before.
+bool RefreshCombo(BookingCircleList& list, StatementSource& source, Reporter& reporter);
 
-/// Looks `value` up in the booking-circle list: with `column` 1 a number, which gives its
-/// description, with `column` 0 a description, which gives its number. -1 when the list does not
-/// have it, and after a failure, which is reported.
-Value LookupBuchungskreis(HostContext& context, std::int16_t column, const Value& value);
-
-/// Has the host's administration of booking circles shown for `origin`. False after a failure,
-/// which is reported; what the user did there makes no difference.
-bool CallBuchungskreise(HostContext& context, const std::string& origin);
-
-/// Whether the booking-circle list has that number. An empty list has none.
-bool isListedCircle(HostContext& context, std::int32_t circle);
+/// The description of a circle, or the number of a description: nothing when the list does not have
+/// it, and after a failure, which is reported.
+std::optional<std::string> LookupBuchungskreis(const BookingCircleList& list, Reporter& reporter,
+                                               std::int32_t circle);
+std::optional<std::int32_t> LookupBuchungskreis(const BookingCircleList& list, Reporter& reporter,
+                                                const std::string& description);
 
 }  // namespace basAllgemein
 }  // namespace vexnumkr

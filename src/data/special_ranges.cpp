@@ -1,11 +1,8 @@
 #include "data/special_ranges.h"
 
-#include "data/loading.h"
-#include "data/query.h"
+#include "data/range_rows.h"
 #include "data/range_table.h"
 #include "data/sql/statements.h"
-#include "data/table/columns.h"
-#include "hosting/reporting.h"
 
 namespace vexnumkr::basAllgemein {
 namespace {
@@ -22,67 +19,73 @@ SpecialRange specialRange(const Recordset& record) {
           record.Fields("NBezeichnung").toText(), record.Fields("Aktiviert").toBoolean()};
 }
 
-// `left` is the number of special ranges still to come, this one included.
-void add(HostContext& context, const SpecialRange& special, std::int64_t left) {
-  const XArray& table = context.XArray();
-  if (table.Find(table.LowerBound(1), column::NSchl, special.U_NSchl) != -1) return;
+RangeRow standardRange(XArray& table, const SpecialRange& special) {
   RangeRow range;
-  range.Gruppe = standardGroup;
-  range.NSchl = special.U_NSchl;
-  range.NBezeichnung = special.NBezeichnung;
+  range.Gruppe = table.text(standardGroup);
+  range.NSchl = table.text(special.U_NSchl);
+  range.NBezeichnung = table.text(special.NBezeichnung);
+  range.StartWert = range.AktuellerWert = range.EndWert = 0;
   range.Aktiviert = true;
   range.SortierIndex = GetNewIndex();
-  range.IstNSchlVon = special.NSchl;
-  range.Maske = "";
-  for (const std::string& user : context.colUser()) {
-    range.Benutzer = user;
-    AddDataGroup(context, range, false);
+  range.IstNSchlVon = table.text(special.NSchl);
+  range.Maske = Text();
+  return range;
+}
+
+// `left` is the number of special ranges still to come, this one included.
+void add(const RangeData& data, StatementSource& source, Reporter& reporter, Progress& progress,
+         const SpecialRange& special, std::int64_t left) {
+  if (data.table.findNumberKey(special.U_NSchl) != -1) return;
+  RangeRow range = standardRange(data.table, special);
+  for (const std::string& user : data.users) {
+    range.Benutzer = data.table.text(user);
+    AddDataGroup(data, source, reporter, range, false);
   }
-  const XArray& circles = context.Buchungskreise();
-  context.progress().expect(left * (circles.UpperBound(1) - circles.LowerBound(1) + 1));
-  for (std::int32_t j = circles.LowerBound(1); j <= circles.UpperBound(1); ++j)
-    AddDataBuchungskreis(context, alleBenutzer, circles.toLong(j, circle_column::Buchungskreis), "",
+  progress.expect(left * static_cast<std::int64_t>(data.circles.size()));
+  for (const BookingCircle& circle : data.circles)
+    AddDataBuchungskreis(data, source, reporter, progress, alleBenutzer, circle.Buchungskreis, "",
                          special.U_NSchl, true);
 }
 
 // At most `rows` rows go, as many as the table had before special ranges were added.
 void remove(XArray& table, const std::string& key, std::int32_t rows) {
-  std::int32_t row = table.LowerBound(1);
+  std::int32_t row = 0;
   for (std::int32_t removed = 0; removed < rows; ++removed) {
-    row = table.Find(row, column::NSchl, key);
+    row = table.findNumberKey(key, row);
     if (row == -1) return;
-    table.DeleteRows(row);
+    table.remove(row);
   }
 }
 
 }  // namespace
 
-bool CheckSonderkreise(HostContext& context) {
+bool CheckSonderkreise(StatementSource& source, Reporter& reporter) {
   bool any = false;
-  reportingFailures(context, {moduleName, "CheckSonderkreise"}, [&] {
-    const auto count = query(context.cmdSQL(), statement::specialRangeCount(context.Herkunft()));
+  reportingFailures(reporter, {generalModule, "CheckSonderkreise"}, [&] {
+    const auto count = source.query(statement::specialRangeCount(source.origin().Herkunft()));
     any = count->Fields("Anzahl").toLong() >= 1;
   });
   return any;
 }
 
-void RefreshSGroups(HostContext& context) {
-  reportingFailures(context, {moduleName, "RefreshSGroups"}, [&] {
-    const Work work(context.progress(), "Sonderkreise werden übernommen…");
-    XArray& table = context.XArray();
-    const std::int32_t rowsBefore = table.UpperBound(1) - table.LowerBound(1) + 1;
-    std::int32_t found = 0;
+void RefreshSGroups(const RangeData& data, StatementSource& source, Reporter& reporter,
+                    Progress& progress) {
+  reportingFailures(reporter, {generalModule, "RefreshSGroups"}, [&] {
+    const Work work(progress, "Sonderkreise werden übernommen…");
+    const std::int32_t rowsBefore = data.table.size();
+    std::int32_t left = 0;
     const auto records =
-        query(context.cmdSQL(), statement::specialRangesByKey(context.Herkunft()), found);
-    for (; !records->EndOfFile(); records->MoveNext(), --found) {
+        source.query(statement::specialRangesByKey(source.origin().Herkunft()), left);
+    for (; !records->EndOfFile(); records->MoveNext(), --left) {
       const SpecialRange special = specialRange(*records);
       if (special.Aktiviert)
-        add(context, special, found);
+        add(data, source, reporter, progress, special, left);
       else
-        remove(table, special.U_NSchl, rowsBefore);
+        remove(data.table, special.U_NSchl, rowsBefore);
     }
     records->Close();
-    context.progress().finish();
+    data.known.follow(data.table);
+    progress.finish();
   });
 }
 

@@ -1,12 +1,12 @@
 #include "hosting/start_up.h"
 
-#include "data/table/columns.h"
-#include "hosting/reporting.h"
-
 namespace vexnumkr::basAllgemein {
 namespace {
 
 constexpr std::int32_t noTimeout = 0;
+// On engines that lock what the dialog's own transaction has written, the working connection would
+// wait for it without end.
+constexpr std::int32_t workingTimeout = 30;
 
 void bindTextCommand(Command& command, Connection& connection) {
   command.ActiveConnection(connection);
@@ -15,7 +15,7 @@ void bindTextCommand(Command& command, Connection& connection) {
 }
 
 void openWorkingConnection(Connection& working, const Connection& host) {
-  working.CommandTimeout(noTimeout);
+  working.CommandTimeout(workingTimeout);
   working.ConnectionString(host.ConnectionString());
   working.ConnectionTimeout(noTimeout);
   working.CursorLocation(ado::useServer);
@@ -23,8 +23,8 @@ void openWorkingConnection(Connection& working, const Connection& host) {
   working.Open("", "", ado::unspecified);
 }
 
-std::unique_ptr<BookingCircleDialog> createBookingCircleDialog(const HostContext& context) {
-  auto component = context.host().CreateObject(component_name::bookingCircles);
+std::unique_ptr<BookingCircleDialog> createBookingCircleDialog(const Session& session) {
+  auto component = session.host().CreateObject(component_name::bookingCircles);
   auto* dialog = dynamic_cast<BookingCircleDialog*>(component.get());
   if (dialog == nullptr) throw Error::cannotCreateObject();
   static_cast<void>(component.release());
@@ -33,28 +33,30 @@ std::unique_ptr<BookingCircleDialog> createBookingCircleDialog(const HostContext
 
 }  // namespace
 
-void basInititialize(HostContext& context) {
-  reportingFailures(context, {moduleName, "basInititialize"}, [&] {
-    context.Conn().IsolationLevel(ado::isolated);
-    context.cmdSQL(context.Conn().createCommand());
-    bindTextCommand(context.cmdSQL(), context.Conn());
-    context.ConnWork(context.Conn().createConnection());
-    openWorkingConnection(context.ConnWork(), context.Conn());
-    context.XArray(std::make_unique<XArray>(XArray::withColumns(column::last)));
-    context.dlgBuchungskreise(createBookingCircleDialog(context));
-    context.dlgBuchungskreise().Connection(context.sharedConn());
-    context.dlgBuchungskreise().MultiSelect(false);
-    context.blnChanged(false);
+void basInititialize(Session& session) {
+  session.failures().forget();
+  session.data().known.clear();
+  reportingFailures(session.reporter(), {generalModule, "basInititialize"}, [&] {
+    session.Conn().IsolationLevel(ado::isolated);
+    session.source().cmdSQL(session.Conn().createCommand());
+    bindTextCommand(session.source().cmdSQL(), session.Conn());
+    session.source().ConnWork(session.Conn().createConnection());
+    openWorkingConnection(session.source().ConnWork(), session.Conn());
+    session.XArray().create();
+    session.dlgBuchungskreise(createBookingCircleDialog(session));
+    session.dlgBuchungskreise().Connection(session.sharedConn());
+    session.dlgBuchungskreise().MultiSelect(false);
+    session.blnChanged(false);
   });
 }
 
-void basTerminate(HostContext& context) {
-  ignoringFailures([&] { context.ConnWork().Close(); });
-  ignoringFailures([&] { context.ConnWork(nullptr); });
-  ignoringFailures([&] { context.cmdSQL(nullptr); });
-  ignoringFailures([&] { context.XArray(nullptr); });
-  ignoringFailures([&] { context.dlgBuchungskreise(nullptr); });
-  ignoringFailures([&] { context.Buchungskreise(nullptr); });
+void basTerminate(Session& session) {
+  ignoringFailures([&] { session.source().ConnWork().Close(); });
+  session.source().ConnWork(nullptr);
+  session.source().cmdSQL(nullptr);
+  session.XArray().release();
+  session.dlgBuchungskreise(nullptr);
+  session.Buchungskreise().release();
 }
 
 }  // namespace vexnumkr::basAllgemein

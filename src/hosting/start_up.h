@@ -1,7 +1,7 @@
 // The working objects of an open dialog.
 #pragma once
 
-#include "hosting/host_context.h"
+#include "hosting/session.h"
 
 namespace vexnumkr::basAllgemein {
 
@@ -9,10 +9,10 @@ namespace vexnumkr::basAllgemein {
 /// connection, the text command on it, the working connection, an empty range table, the host's
 /// booking-circle administration; the changed flag becomes False. A failure is reported and leaves
 /// out what would have followed.
-void basInititialize(HostContext& context);
+void basInititialize(Session& session);
 
 /// Releases them when the dialog unloads, each even when another one fails; failures are ignored.
 /// What the host handed over stays.
-void basTerminate(HostContext& context);
+void basTerminate(Session& session);
 
 }  // namespace vexnumkr::basAllgemein

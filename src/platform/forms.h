@@ -62,6 +62,7 @@ inline constexpr std::int16_t alt = 4;
 namespace msg_box {
 inline constexpr std::int32_t okOnly = 0;
 inline constexpr std::int32_t yesNoCancel = 3;
+inline constexpr std::int32_t yesNo = 4;
 inline constexpr std::int32_t question = 32;
 inline constexpr std::int32_t exclamation = 48;
 inline constexpr std::int32_t ok = 1;

@@ -1,38 +1,85 @@
-// Telling the user how far long work has come.
+// How far the component's long work has come.
 #pragma once
 
+#include <cstdint>
 #include <string>
+
+#include "platform/progress_display.h"
 
 namespace vexnumkr {
 
-/// Shows the progress of one piece of work at a time, once it has lasted for a while. No member
-/// fails: work goes on whether it is shown or not.
+/// Turns the steps of a piece of work into what a display shows: a position that only ever rises
+/// and is full when the last step is done.
 ///
-/// From the moment that work is shown to its end no input of the user reaches a dialog: not while
-/// the work goes on, and what was pressed and clicked meanwhile not afterwards either. Input ahead
-/// of work too short to be shown is kept.
-class ProgressDisplay {
+/// The display hears of every step until it is full, so that time passes for it however slowly the
+/// position rises. Steps outside of any work count for nothing.
+class Progress {
  public:
-  /// What Show tells of finished work.
-  static constexpr int full = 1000;
+  /// `display` is borrowed. Without one nobody is told of the work.
+  explicit Progress(ProgressDisplay* display) : display_(display) {}
+  Progress(const Progress&) = delete;
+  Progress& operator=(const Progress&) = delete;
 
-  virtual ~ProgressDisplay() = default;
-  /// Work begins. REQUIRES: none is going on.
-  virtual void Begin(const std::string& caption) noexcept = 0;
-  /// One more step is done, so many thousandths of the work by now; never fewer than Show said
-  /// before. Steps are many: what shows nothing new costs a look at the clock.
-  virtual void Show(int thousandths) noexcept = 0;
-  /// The work is done or has failed.
-  virtual void End() noexcept = 0;
-  /// Between these two the user is told or asked something: nothing is shown, and input goes where
-  /// it belongs. Calls do not nest; the time between them does not count as work.
-  virtual void Pause() noexcept = 0;
-  virtual void Resume() noexcept = 0;
+  bool isWorking() const { return working_; }
 
- protected:
-  ProgressDisplay() = default;
-  ProgressDisplay(const ProgressDisplay&) = default;
-  ProgressDisplay& operator=(const ProgressDisplay&) = default;
+  /// The work takes so many steps from here on: what is left of the bar stands for them. May be
+  /// said again as soon as more is known.
+  void expect(std::int64_t steps);
+  void advance(std::int64_t steps = 1) {
+    done_ += steps;
+    if (isShown_) show();
+  }
+  /// The work is done, also where it took fewer steps than expected.
+  void finish();
+
+ private:
+  friend class Work;
+  friend class WorkPause;
+
+  void begin(const std::string& caption);
+  void end();
+  void pause();
+  void resume();
+  void show();
+  int position() const;
+
+  ProgressDisplay* display_;
+  bool working_ = false;
+  bool paused_ = false;
+  int base_ = 0;            // the position when the steps were last told
+  int shown_ = 0;           // the position that the display shows
+  std::int64_t steps_ = 0;  // from base_ to full
+  std::int64_t done_ = 0;
+  bool isShown_ = false;  // whether there is more to show to a display
+};
+
+/// A piece of work, from its making to its end, by success or failure. REQUIRES: no other work is
+/// going on.
+class Work {
+ public:
+  Work(Progress& progress, const std::string& caption) : progress_(progress) {
+    progress_.begin(caption);
+  }
+  ~Work();
+  Work(const Work&) = delete;
+  Work& operator=(const Work&) = delete;
+
+ private:
+  Progress& progress_;
+};
+
+/// While one of these lives, the user is told or asked something in the middle of work. Without
+/// effect where no work is going on, and inside of another one.
+class WorkPause {
+ public:
+  explicit WorkPause(Progress& progress);
+  ~WorkPause();
+  WorkPause(const WorkPause&) = delete;
+  WorkPause& operator=(const WorkPause&) = delete;
+
+ private:
+  Progress& progress_;
+  bool pauses_;
 };
 
 }  // namespace vexnumkr

@@ -6,7 +6,7 @@
 #include <vexnumkr/host_components.h>
 
 #include "platform/forms.h"
-#include "platform/progress.h"
+#include "platform/progress_display.h"
 
 namespace vexnumkr {
 

@@ -38,17 +38,15 @@ class Scanner {
   }
 
   Extent tokenAt(std::size_t start) const {
-    if (is(Dialect::mariadb) && has(start, "/*")) return {TokenKind::directive, start + 2};
+    if (rules_.executableComments && has(start, "/*")) return {TokenKind::directive, start + 2};
     if (startsNumber(start)) return {TokenKind::number, numberEnd(start)};
-    if (is(Dialect::postgresql) && sql_[start] == '$') return dollarQuoted(start);
-    if (is(Dialect::postgresql) && (has(start, "e'") || has(start, "E'")))
-      return escapedText(start + 1);
+    if (rules_.dollarTexts && sql_[start] == '$') return dollarQuoted(start);
+    if (rules_.escapeTexts && (has(start, "e'") || has(start, "E'"))) return escapedText(start + 1);
     if (isWordCharacter(sql_[start])) return {TokenKind::word, wordEnd(start)};
     return quotedOrSymbol(start);
   }
 
  private:
-  bool is(Dialect dialect) const { return rules_.dialect == dialect; }
   char at(std::size_t i) const { return i < sql_.size() ? sql_[i] : '\0'; }
   bool has(std::size_t start, std::string_view text) const {
     return sql_.compare(start, text.size(), text) == 0;
@@ -60,31 +58,32 @@ class Scanner {
   }
 
   bool isSpace(char c) const {
-    return c == ' ' || (c >= '\t' && c <= '\r' && (c != '\v' || is(Dialect::mariadb)));
+    return c == ' ' || (c >= '\t' && c <= '\r' && (c != '\v' || rules_.verticalTabIsBlank));
   }
 
   // `start` itself where neither white space nor a comment begins.
   std::size_t blankEnd(std::size_t start) const {
     if (isSpace(sql_[start])) return start + 1;
-    if (is(Dialect::sqlite) && has(start, byteOrderMark)) return start + byteOrderMark.size();
+    if (rules_.byteOrderMarkIsBlank && has(start, byteOrderMark))
+      return start + byteOrderMark.size();
     if (startsLineComment(start)) return behind("\n", start);
     if (has(start, "/*") && !isDirective(start)) return blockCommentEnd(start);
     return start;
   }
 
   bool startsLineComment(std::size_t start) const {
-    if (!is(Dialect::mariadb)) return has(start, "--");
-    if (sql_[start] == '#') return true;
+    if (rules_.hashComments && sql_[start] == '#') return true;
     if (!has(start, "--")) return false;
-    return start + 2 == sql_.size() || sql_[start + 2] == ' ' || isControl(sql_[start + 2]);
+    return !rules_.dashesNeedBlank || start + 2 == sql_.size() || sql_[start + 2] == ' ' ||
+           isControl(sql_[start + 2]);
   }
 
   bool isDirective(std::size_t start) const {
-    return is(Dialect::mariadb) && (has(start, "/*!") || has(start, "/*M!"));
+    return rules_.executableComments && (has(start, "/*!") || has(start, "/*M!"));
   }
 
   std::size_t blockCommentEnd(std::size_t start) const {
-    if (!is(Dialect::postgresql)) return behind("*/", start + 2);
+    if (!rules_.nestedComments) return behind("*/", start + 2);
     int depth = 0;
     for (std::size_t i = start; i < sql_.size();) {
       if (has(i, "/*")) {
@@ -111,7 +110,7 @@ class Scanner {
   }
 
   std::size_t numberEnd(std::size_t start) const {
-    return is(Dialect::postgresql) ? strictNumberEnd(start) : looseNumberEnd(start);
+    return rules_.strictNumbers ? strictNumberEnd(start) : looseNumberEnd(start);
   }
 
   std::size_t looseNumberEnd(std::size_t start) const {
@@ -187,10 +186,10 @@ class Scanner {
         if (rules_.doubleQuotedTexts) return quoted(TokenKind::text, start, escapes);
         return quoted(TokenKind::quotedName, start, false);
       case '`':
-        if (is(Dialect::postgresql)) break;
+        if (!rules_.backquotedNames) break;
         return quoted(TokenKind::quotedName, start, false);
       case '[':
-        if (!is(Dialect::sqlite)) break;
+        if (!rules_.bracketedNames) break;
         return {TokenKind::quotedName, behind("]", start)};
       case ';':
         return {TokenKind::semicolon, start + 1};

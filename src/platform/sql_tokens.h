@@ -9,15 +9,25 @@
 
 namespace vexnumkr {
 
-enum class Dialect { sqlite, postgresql, mariadb };
-
-/// How an engine, in the mode that a connection has set, reads a statement.
+/// How an engine, in the mode that a connection has set, reads a statement. Without any of these it
+/// reads what all of SQL has in common: 'texts', "names", and comments of the forms -- and /* */.
 struct LexicalRules {
-  Dialect dialect = Dialect::sqlite;
   /// In texts, a backslash takes the meaning from the character behind it, quotes included.
   bool backslashEscapes = false;
-  /// Double quotes enclose texts, not names.
-  bool doubleQuotedTexts = false;
+  bool doubleQuotedTexts = false;   ///< Double quotes enclose texts, not names.
+  bool backquotedNames = false;     ///< `name`
+  bool bracketedNames = false;      ///< [name]
+  bool escapeTexts = false;         ///< E'text', in which backslashes escape.
+  bool dollarTexts = false;         ///< $tag$text$tag$
+  bool nestedComments = false;      ///< A /* inside a comment begins another one.
+  bool executableComments = false;  ///< What stands in /*! */ may be executed.
+  bool hashComments = false;        ///< # to the end of the line.
+  bool dashesNeedBlank = false;     ///< -- is a comment only where a blank or a control follows.
+  /// What follows the digits of a number is a token of its own, not a part of it.
+  bool strictNumbers = false;
+  bool verticalTabIsBlank = false;
+  bool byteOrderMarkIsBlank = false;
+  bool triggersHoldStatements = false;  ///< The body of a trigger is made of them.
 
   friend bool operator==(const LexicalRules&, const LexicalRules&) = default;
 };

@@ -17,7 +17,9 @@ bool isOneOf(const Token& token, std::span<const std::string_view> keywords) {
                      [&](std::string_view keyword) { return token.is(keyword); });
 }
 
-Error refused(const char* why) { return Error(refusedStatement, "VEXNummernkreise", why); }
+Error refused(const char* why) {
+  return Error(error_number::invalidArgument, "VEXNummernkreise", why);
+}
 
 // The body of a trigger holds statements of its own, each closed by a semicolon.
 bool createsTrigger(Tokens tokens) {
@@ -33,11 +35,11 @@ bool createsTrigger(Tokens tokens) {
   return skip("TRIGGER");
 }
 
-// The position of the semicolon that ends the first statement, or the end. A trigger of SQLite's
-// ends at the semicolon behind an END that follows a semicolon; a CASE closes with an END that does
-// not.
-std::size_t statementEnd(Tokens tokens, Dialect dialect) {
-  const bool isTrigger = dialect == Dialect::sqlite && createsTrigger(tokens);
+// The position of the semicolon that ends the first statement, or the end. Such a
+// trigger ends at the semicolon behind an END that follows a semicolon; a CASE closes with an END
+// that does not.
+std::size_t statementEnd(Tokens tokens, const LexicalRules& rules) {
+  const bool isTrigger = rules.triggersHoldStatements && createsTrigger(tokens);
   for (std::size_t i = 0; i < tokens.size(); ++i) {
     if (!isSemicolon(tokens[i])) continue;
     if (!isTrigger || (i >= 2 && tokens[i - 1].is("END") && isSemicolon(tokens[i - 2]))) return i;
@@ -84,7 +86,7 @@ Statement StatementGate::pass(std::string_view text, const LexicalRules& rules) 
   const auto first = std::find_if_not(tokens_.begin(), tokens_.end(), isSemicolon);
   const Tokens tokens = Tokens(tokens_).subspan(static_cast<std::size_t>(first - tokens_.begin()));
   if (tokens.empty()) throw refused("Die Anweisung ist leer.");
-  const std::size_t end = statementEnd(tokens, rules.dialect);
+  const std::size_t end = statementEnd(tokens, rules);
   if (!std::all_of(tokens.begin() + static_cast<std::ptrdiff_t>(end), tokens.end(), isSemicolon))
     throw refused("Es ist nur eine Anweisung erlaubt; hinter dem Semikolon steht eine weitere.");
   const char* const begin = tokens.front().text.data();

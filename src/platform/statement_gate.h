@@ -10,9 +10,6 @@
 
 namespace vexnumkr {
 
-/// The number of the error for a statement that is not let through.
-inline constexpr std::int32_t refusedStatement = 3001;
-
 /// One statement, without what stood before and behind it. It points into the text that was passed
 /// and into the gate, and is good until the next text passes.
 struct Statement {

@@ -83,9 +83,12 @@ class TreeGrid : public Control {
   virtual std::int32_t FindString(std::int32_t start, std::int16_t column,
                                   std::string_view text) const = 0;
 
-  /// Whether the cells of editable columns take entries just now. Assistive technology is told so;
-  /// nothing else depends on it. A new grid takes them.
+  /// Whether the cells of editable columns take entries just now. They look so, and assistive
+  /// technology is told; nothing else depends on it. A new grid takes them.
   virtual void AcceptsEntries(bool accepts) = 0;
+  /// Whether option buttons can be chosen just now. They look so, and assistive technology is told;
+  /// nothing else depends on it. In a new grid they can.
+  virtual void AcceptsChoices(bool accepts) = 0;
 
   /// Makes the item current and visible and opens the editor in its cell, the whole text selected.
   virtual void StartEdit(std::int32_t index, std::int16_t column) = 0;

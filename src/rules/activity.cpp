@@ -1,48 +1,58 @@
 #include "rules/activity.h"
 
 #include "data/range_table.h"
-#include "data/table/columns.h"
-#include "hosting/reporting.h"
-#include "rules/sort_orders.h"
 
 namespace vexnumkr::basAllgemein {
 namespace {
 
-void activateStandardRange(HostContext& context, const std::string& user, TextId key) {
-  XArray& table = context.XArray();
-  const std::int32_t row = FoundInXArray(context, user, 0, table.text(key));
-  table.set(row, column::Aktiviert, true);
-}
+// The rule for one user, over a table sorted for the tree.
+class UserCheck {
+ public:
+  UserCheck(XArray& table, const std::string& user, Reporter& reporter)
+      : table_(table), user_(user), reporter_(reporter) {}
 
-void checkUser(HostContext& context, const std::string& user) {
-  XArray& table = context.XArray();
-  sortRows(table, treeOrder);
-  const std::int32_t first = table.Find(table.LowerBound(1), column::Benutzer, user);
-  if (first == -1) return;
-  const TextId userId = table.at(first).toTextId(column::Benutzer);
-  TextId key = table.at(first).toTextId(column::NSchl);
-  bool seenActive = false;
-  const std::int32_t last = table.UpperBound(1);
-  for (std::int32_t i = first; i <= last; ++i) {
-    const TableRow row = table.at(i);
-    if (!row.equals(column::NSchl, key)) {
-      if (!seenActive) activateStandardRange(context, user, key);
-      key = row.toTextId(column::NSchl);
-      seenActive = false;
+  void run() {
+    const std::int32_t first = table_.findUser(user_);
+    if (first == -1) return;
+    const Text user = table_.at(first).Benutzer;
+    key_ = table_.at(first).NSchl;
+    const std::int32_t last = table_.size() - 1;
+    for (std::int32_t i = first; i <= last; ++i) {
+      const RangeRow& row = table_.at(i);
+      if (!(row.NSchl == key_)) startKey(row.NSchl);
+      if (row.Aktiviert) seenActive_ = true;
+      if (i == last) closeKey();
+      // Looked at last on purpose: the next user's first row closes this user's last key.
+      if (!(row.Benutzer == user)) return;
     }
-    if (row.toBoolean(column::Aktiviert)) seenActive = true;
-    if (i == last && !seenActive) activateStandardRange(context, user, key);
-    if (!row.equals(column::Benutzer, userId)) return;
   }
-}
+
+ private:
+  void startKey(Text key) {
+    closeKey();
+    key_ = key;
+    seenActive_ = false;
+  }
+
+  void closeKey() {
+    if (seenActive_) return;
+    table_.setAktiviert(FoundInXArray(table_, reporter_, user_, 0, key_.str()), true);
+  }
+
+  XArray& table_;
+  const std::string& user_;
+  Reporter& reporter_;
+  Text key_;
+  bool seenActive_ = false;
+};
 
 }  // namespace
 
-void CheckActivity(HostContext& context) {
-  reportingFailures(context, {moduleName, "CheckActivity"}, [&] {
-    for (const std::string& user : context.colUser())
-      if (user != alleBenutzer) checkUser(context, user);
-    sortRows(context.XArray(), treeOrder);
+void CheckActivity(XArray& table, const Users& users, Reporter& reporter) {
+  reportingFailures(reporter, {generalModule, "CheckActivity"}, [&] {
+    table.sort(RowOrder::tree);
+    for (const std::string& user : users)
+      if (user != alleBenutzer) UserCheck(table, user, reporter).run();
   });
 }
 

@@ -1,13 +1,12 @@
 #include "rules/mask_numbering.h"
 
 #include <algorithm>
-#include <optional>
 #include <unordered_map>
 #include <utility>
+#include <vector>
 
-#include "data/table/columns.h"
-#include "hosting/reporting.h"
-#include "rules/sort_orders.h"
+#include <vexnumkr/error.h>
+#include <vexnumkr/value.h>
 
 namespace vexnumkr {
 namespace {
@@ -41,47 +40,39 @@ std::string reversed(std::string text) {
   return text;
 }
 
-// The lowest and the highest number of a range.
-struct Bounds {
-  std::int32_t low = 0;
-  std::int32_t high = 0;
-};
-
-// Nothing for a mask without a character.
-std::optional<Bounds> boundsOf(std::string_view mask, std::string_view date) {
-  mask = trimBlanks(mask);
-  if (mask.empty()) return std::nullopt;
-  const MaskTexts texts = readMask(mask, date);
-  const std::int32_t low = textToLong(texts.low);
-  return Bounds{low, textToLong(texts.high)};
-}
-
 // Thousands of ranges share a few masks, so each mask is read once.
 class Masks {
  public:
-  Masks(const XArray& table, std::string date) : table_(table), date_(std::move(date)) {}
+  explicit Masks(std::string date) : date_(std::move(date)) {}
 
-  std::optional<Bounds> boundsAt(std::int32_t row) {
-    const TextId mask = table_.toTextId(row, column::Maske);
-    const auto known = read_.find(mask);
+  std::optional<MaskBounds> boundsOf(const Cell& mask) {
+    std::string text = mask.toText();
+    const auto known = read_.find(text);
     if (known != read_.end()) return known->second;
-    return read_.emplace(mask, boundsOf(table_.text(mask), date_)).first->second;
+    const auto bounds = maskBounds(text, date_);
+    return read_.emplace(std::move(text), bounds).first->second;
   }
 
  private:
-  const XArray& table_;
   std::string date_;
-  std::unordered_map<TextId, std::optional<Bounds>> read_;
+  std::unordered_map<std::string, std::optional<MaskBounds>> read_;
 };
 
-void numberRow(HostContext& context, Masks& masks, std::int32_t row) {
-  const auto bounds = masks.boundsAt(row);
-  if (!bounds) return;
-  XArray& table = context.XArray();
-  table.set(row, column::StartWert, bounds->low);
-  table.set(row, column::AktuellerWert, bounds->low);
-  table.set(row, column::EndWert, bounds->high);
-  context.blnChanged(true);
+// In the table's order; all of them, before anything is written.
+std::vector<std::optional<MaskBounds>> boundsOfAll(const XArray& table, const std::string& date) {
+  Masks masks(date);
+  std::vector<std::optional<MaskBounds>> bounds;
+  bounds.reserve(static_cast<std::size_t>(table.size()));
+  for (const RangeRow& row : table) {
+    try {
+      bounds.push_back(masks.boundsOf(row.Maske));
+    } catch (const Error& error) {
+      throw Error(error.number(), error.source(),
+                  error.description() + "\r\n(Belegart: " + row.NBezeichnung.str() +
+                      ", Buchungskreis: " + row.Gruppe.str() + ")");
+    }
+  }
+  return bounds;
 }
 
 }  // namespace
@@ -112,31 +103,29 @@ MaskTexts readMask(std::string_view mask, std::string_view date) {
   return {reversed(std::move(texts.low)), reversed(std::move(texts.high))};
 }
 
-namespace basAllgemein {
-
-bool StartAutoNum(HostContext& context) {
-  bool finished = false;
-  reportingFailures(context, {moduleName, "StartAutoNum"}, [&] {
-    const std::int32_t answer =
-        MsgBoxEx(context,
-                 "Diese Option startet eine automatische Nummernvergabe nach Maske.\r\n"
-                 "Alle bisherigen Nummern werden hiermit überschrieben!\r\n\r\n"
-                 "Möchten Sie trotzdem fortfahren?",
-                 msg_box::yesNoCancel + msg_box::question, "Abfrage");
-    if (answer != msg_box::yes) return;
-    const Work work(context.progress(), "Automatische Nummerierung…");
-    XArray& table = context.XArray();
-    sortRows(table, displayOrder);
-    context.progress().expect(table.UpperBound(1) - table.LowerBound(1) + 1);
-    Masks masks(table, context.strVerarbeitungsdatum());
-    for (std::int32_t row = table.LowerBound(1); row <= table.UpperBound(1); ++row) {
-      numberRow(context, masks, row);
-      context.progress().advance();
-    }
-    finished = true;
-  });
-  return finished;
+std::optional<MaskBounds> maskBounds(std::string_view mask, std::string_view date) {
+  mask = trimBlanks(mask);
+  if (mask.empty()) return std::nullopt;
+  const MaskTexts texts = readMask(mask, date);
+  const std::int32_t low = textToLong(texts.low);
+  return MaskBounds{low, textToLong(texts.high)};
 }
 
-}  // namespace basAllgemein
+bool numberFromMasks(XArray& table, const std::string& date, Progress& progress) {
+  table.sort(RowOrder::display);
+  progress.expect(table.size());
+  const auto bounds = boundsOfAll(table, date);
+  bool changed = false;
+  for (std::int32_t row = 0; row < table.size(); ++row) {
+    if (const auto& numbers = bounds[static_cast<std::size_t>(row)]) {
+      table.setValue(row, &RangeRow::StartWert, numbers->low);
+      table.setValue(row, &RangeRow::AktuellerWert, numbers->low);
+      table.setValue(row, &RangeRow::EndWert, numbers->high);
+      changed = true;
+    }
+    progress.advance();
+  }
+  return changed;
+}
+
 }  // namespace vexnumkr

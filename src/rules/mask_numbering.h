@@ -1,10 +1,13 @@
 // Numbering ranges from their masks.
 #pragma once
 
+#include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
-#include "hosting/host_context.h"
+#include "data/table/xarray.h"
+#include "platform/progress.h"
 
 namespace vexnumkr {
 
@@ -20,14 +23,22 @@ struct MaskTexts {
 /// from the right follows again. Letters count in both cases.
 MaskTexts readMask(std::string_view mask, std::string_view date);
 
-namespace basAllgemein {
+/// The numbers that a mask gives to a range.
+struct MaskBounds {
+  std::int32_t low = 0;
+  std::int32_t high = 0;
 
-/// Asks, and then gives every range with a mask the lowest number of its mask as start and current
-/// value and the highest as end value; sets the changed flag. The table is sorted for display
-/// afterwards. False when the user declined or a failure, which is reported, stopped it: a mask
-/// without digits (error 13) or with a number beyond 32 bits (6). The row that fails and those
-/// after it keep their values.
-bool StartAutoNum(HostContext& context);
+  friend bool operator==(const MaskBounds&, const MaskBounds&) = default;
+};
 
-}  // namespace basAllgemein
+/// Nothing for a mask that is empty but for blanks around it. Errors: 13 for a mask without digits,
+/// 6 for a number beyond 32 bits.
+std::optional<MaskBounds> maskBounds(std::string_view mask, std::string_view date);
+
+/// Gives every range with a mask, whoever's it is and active or not, the lowest number of its mask
+/// as start and current value and the highest as end value. The table is sorted for display
+/// afterwards. True when a row was written. Errors of maskBounds, with the range named behind their
+/// texts; no row is written then. One step of progress per row.
+bool numberFromMasks(XArray& table, const std::string& date, Progress& progress);
+
 }  // namespace vexnumkr

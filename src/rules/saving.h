@@ -4,30 +4,30 @@
 #include <cstdint>
 #include <string>
 
-#include "data/sql/statements.h"
-#include "hosting/host_context.h"
-#include "rules/validation.h"
+#include "data/statement_source.h"
+#include "data/table/xarray.h"
+#include "platform/progress.h"
 
 namespace vexnumkr::basAllgemein {
 
-/// Ends the dialog's transaction. Nothing changed, or the user answers No: rolled back, True. The
-/// user cancels, or the ranges are not valid: the transaction stays open, False. Otherwise the
-/// ranges and assignments of the origin are deleted, written anew in the order of display, and
-/// committed: True.
-///
-/// A failure on the way is reported; then everything is rolled back, a new transaction begins, and
-/// False is returned. The range table keeps the user's values. `askFirst` says whether the user is
-/// asked; `viewReset` is CheckValidity's.
-bool Save(HostContext& context, bool& viewReset, bool askFirst, GridRefill SyncDataWithControl);
+/// Deletes the ranges and assignments of the origin and writes those of the table anew, in its
+/// order: a range per common row, an assignment per active row. One step of progress per
+/// statement, and one that is left for the commit, which is the caller's. Errors: the database's,
+/// and 6 and 13 for a value that does not convert, before its row is written; the caller rolls
+/// back.
+void writeTable(const XArray& table, StatementSource& source, Progress& progress);
 
-/// Inserts a range; when that fails, for whatever reason, updates the stored one.
-void InsertIntoNummernkreise(HostContext& context, const statement::Range& range);
+/// Inserts a range; when that fails, for whatever reason, updates the stored one. Where there is
+/// none to update, the insert's failure is raised: the database refuses the range. Errors 6 and 13
+/// for a value that does not convert; nothing is sent then.
+void InsertIntoNummernkreise(StatementSource& source, const RangeRow& range);
 
-/// Raises the database's error. No error: an update that matches no row.
-void UpdateIntoNummernkreise(HostContext& context, const statement::Range& range);
+/// Raises the database's error. False when it has found no such range; a layer that cannot tell has
+/// found it.
+bool UpdateIntoNummernkreise(StatementSource& source, const RangeRow& range);
 
 /// Raises the database's error. `Benutzer` is mapped by ReplaceUser already.
-void InsertIntoNummernkreis_Zuordnung(HostContext& context, std::int32_t Buchungskreis,
+void InsertIntoNummernkreis_Zuordnung(StatementSource& source, std::int32_t Buchungskreis,
                                       const std::string& NSchl, const std::string& Benutzer);
 
 /// The name under which assignments of a user are stored: "ALL" for "Alle Benutzer".

@@ -6,13 +6,11 @@
 #include <optional>
 #include <vector>
 
-#include "data/table/text_pool.h"
-
 namespace vexnumkr {
 
 /// A number key in a booking circle: its ranges are the same range.
 struct RangeIdentity {
-  TextId key = emptyTextId;
+  std::uint32_t key = 0;  ///< the text's number in its pool
   std::int32_t circle = 0;
 
   friend bool operator==(const RangeIdentity&, const RangeIdentity&) = default;

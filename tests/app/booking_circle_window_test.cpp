@@ -1,12 +1,12 @@
 #include <gtest/gtest.h>
 
-#include <QtTest/QTest>
-#include <QtWidgets/QLabel>
-#include <QtWidgets/QLineEdit>
-#include <QtWidgets/QMessageBox>
-#include <QtWidgets/QPushButton>
-#include <QtWidgets/QStyledItemDelegate>
-#include <QtWidgets/QTreeWidget>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QStyledItemDelegate>
+#include <QTest>
+#include <QTreeWidget>
 #include <array>
 
 #include <vexnumkr/error.h>
@@ -127,8 +127,15 @@ TEST_F(CircleWindow, SaysWhatItDoesNotAccept) {
     windows_.expect("frmBuchungskreis", [&](QDialog& editor) {
       const auto& hint = child<QLabel>(editor, "lblHinweis");
       const auto& ok = child<QPushButton>(editor, "cmdOK");
+      EXPECT_EQ(hint.text(), QString()) << "nothing has been entered yet";
+      EXPECT_FALSE(ok.isEnabled());
+      EXPECT_TRUE(ok.icon().isNull());
+      typeInto(editor, "txtBeschreibung", QStringLiteral(" "));
       EXPECT_EQ(hint.text(), QStringLiteral("Die Beschreibung darf nicht leer sein."));
       EXPECT_FALSE(ok.isEnabled());
+      typeInto(editor, "txtBeschreibung", QString(75, QLatin1Char('x')));
+      EXPECT_EQ(hint.text(), QStringLiteral("Die Beschreibung darf höchstens 60 Zeichen haben, "
+                                            "nicht 75."));
       typeInto(editor, "txtBeschreibung", QStringLiteral("Werkstatt"));
       EXPECT_EQ(hint.text(), QStringLiteral("Der Buchungskreis 4 heißt schon so."));
       EXPECT_FALSE(ok.isEnabled());
@@ -200,10 +207,13 @@ TEST_F(CircleWindow, AsksBeforeItRemovesACircleWithActiveRanges) {
   });
 }
 
-TEST_F(CircleWindow, EnterDoesNotRemoveACircleWithActiveRanges) {
+TEST_F(CircleWindow, EnterAndEscapeDoNotRemoveACircleWithActiveRanges) {
   inWindow([&](QDialog& window) {
     choose(window, 3);
     windows_.expect("msgBox", [](QDialog& box) { QTest::keyClick(&box, Qt::Key_Return); });
+    click(window, "cmdEntfernen");
+    EXPECT_EQ(lines(window), sample_);
+    windows_.expect("msgBox", [](QDialog& box) { QTest::keyClick(&box, Qt::Key_Escape); });
     click(window, "cmdEntfernen");
     EXPECT_EQ(lines(window), sample_);
     windows_.expect("msgBox", [](QDialog& box) {
@@ -229,7 +239,8 @@ TEST_F(CircleWindow, RefusesEveryEntryThatTheFilterCouldNotTellApart) {
       {"", "Lager", "Die Nummer muss eine ganze Zahl ab 1 sein."},
       {"-1", "Lager", "Die Nummer muss eine ganze Zahl ab 1 sein."},
       {"1,5", "Lager", "Die Nummer muss eine ganze Zahl ab 1 sein."},
-      {"4294967297", "Lager", "Die Nummer muss eine ganze Zahl ab 1 sein."},
+      {"4294967297", "Lager", "Die Nummer darf höchstens 2147483647 sein."},
+      {"99999999999", "Lager", "Die Nummer darf höchstens 2147483647 sein."},
       {"1", "Lager", "Die Nummer 1 ist schon vergeben."}};
   inWindow([&](QDialog& window) {
     windows_.expect("frmBuchungskreis", [&](QDialog& editor) {

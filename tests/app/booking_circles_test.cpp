@@ -76,10 +76,16 @@ TEST(CircleNumbers, ArePlainPositiveNumbers) {
   EXPECT_EQ(circleNumber(" 7 "), 7);
   EXPECT_EQ(circleNumber("007"), 7);
   EXPECT_EQ(circleNumber("2147483647"), 2147483647);
-  for (const char* text : {"", " ", "0", "-1", "+1", "1.5", "1,0", "1.000", "1e3", "zwei",
-                           "2147483648", "99999999999999999999"}) {
+  for (const char* text : {"", " ", "0", "-1", "+1", "1.5", "1,0", "1.000", "1e3", "zwei", "000"}) {
     EXPECT_EQ(circleNumber(text), 0) << text;
     EXPECT_EQ(refusedNumber(text, present), "Die Nummer muss eine ganze Zahl ab 1 sein.") << text;
+  }
+}
+
+TEST(CircleNumbers, HaveAnUpperLimitThatIsNamed) {
+  for (const char* text : {"2147483648", "9999999999", " 99999999999999999999 "}) {
+    EXPECT_EQ(circleNumber(text), 0) << text;
+    EXPECT_EQ(refusedNumber(text, present), "Die Nummer darf höchstens 2147483647 sein.") << text;
   }
 }
 
@@ -108,6 +114,11 @@ TEST(CircleDescriptions, AreNotTheNamesOfTheFilter) {
     EXPECT_EQ(refusedDescription(name, 0, present), refusal);
     EXPECT_EQ(refusedDescription("  " + name + " ", 0, present), refusal);
   }
+  std::string longest;
+  for (int i = 0; i < 60; ++i) longest += "ü";
+  EXPECT_EQ(refusedDescription(longest, 0, present), "");
+  EXPECT_EQ(refusedDescription(longest + "x", 0, present),
+            "Die Beschreibung darf höchstens 60 Zeichen haben, nicht 61.");
   EXPECT_EQ(refusedDescription("Standard 2", 0, present), "");
 }
 

@@ -1,9 +1,11 @@
 #include "app/command_line.h"
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
-#include <QtCore/QFile>
-#include <QtCore/QTemporaryDir>
+#include <QFile>
+#include <QTemporaryDir>
 
 namespace vexnumkr::app {
 namespace {
@@ -188,6 +190,38 @@ TEST_F(ConnectionFile, MustBeThereAndHoldSomething) {
             0U);
   const std::string empty = file("\n", ownersOnly_);
   EXPECT_EQ(refusalOf(empty), "Die Verbindungsdatei " + empty + " ist leer.");
+}
+
+TEST_F(ConnectionFile, SaysInGermanThatItIsNotThere) {
+  EXPECT_EQ(refusalOf("/fehlt"),
+            "Die Verbindungsdatei /fehlt ist nicht zu lesen: Es gibt sie nicht.");
+}
+
+TEST_F(ConnectionFile, MustBelongToItsUser) {
+  const std::string name = file("Driver=QPSQL;PWD=geheim\n", ownersOnly_);
+  constexpr uid_t somebodyElse = 65534;
+  if (chown(name.c_str(), somebodyElse, static_cast<gid_t>(-1)) != 0)
+    GTEST_SKIP() << "only root can give a file away";
+  EXPECT_EQ(refusalOf(name), "Die Verbindungsdatei " + name +
+                                 " gehört einem anderen Benutzer; sie muss dem gehören, der sie "
+                                 "benutzt.");
+}
+
+TEST_F(ConnectionFile, MustBeARegularFile) {
+  const std::string pipe = folder_.filePath(QStringLiteral("rohr")).toStdString();
+  ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+  for (const std::string& name : {pipe, std::string("/dev/zero"), folder_.path().toStdString()})
+    EXPECT_EQ(refusalOf(name), "Die Verbindungsdatei " + name + " ist keine gewöhnliche Datei.");
+}
+
+TEST_F(ConnectionFile, IsNotReadEndlessly) {
+  const std::string name = file(std::string(64 * 1024, 'x').c_str(), ownersOnly_);
+  EXPECT_EQ(
+      read({"--connection-file", name, "--application", "1", "--user", "Becker"}).connection.size(),
+      64U * 1024);
+  file(std::string(64 * 1024 + 1, 'x').c_str(), ownersOnly_);
+  EXPECT_EQ(refusalOf(name),
+            "Die Verbindungsdatei " + name + " ist zu groß; mehr als 64 KiB werden nicht gelesen.");
 }
 
 TEST_F(ConnectionFile, ExcludesTheOtherOption) {

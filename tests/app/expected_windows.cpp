@@ -2,11 +2,11 @@
 
 #include <gtest/gtest.h>
 
-#include <QtCore/QEvent>
-#include <QtTest/QTest>
-#include <QtWidgets/QAbstractButton>
-#include <QtWidgets/QApplication>
-#include <QtWidgets/QLineEdit>
+#include <QAbstractButton>
+#include <QApplication>
+#include <QEvent>
+#include <QLineEdit>
+#include <QTest>
 
 namespace vexnumkr::test {
 

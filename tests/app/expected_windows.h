@@ -1,8 +1,8 @@
 // Plays the user in the modal windows that a test expects.
 #pragma once
 
-#include <QtCore/QObject>
-#include <QtWidgets/QDialog>
+#include <QDialog>
+#include <QObject>
 #include <deque>
 #include <functional>
 #include <set>

@@ -2,13 +2,13 @@
 // components behind it.
 #include <gtest/gtest.h>
 
-#include <QtGui/QIcon>
-#include <QtGui/QImage>
-#include <QtTest/QTest>
-#include <QtWidgets/QAbstractButton>
-#include <QtWidgets/QAbstractItemView>
-#include <QtWidgets/QComboBox>
-#include <QtWidgets/QMessageBox>
+#include <QAbstractButton>
+#include <QAbstractItemView>
+#include <QComboBox>
+#include <QIcon>
+#include <QImage>
+#include <QMessageBox>
+#include <QTest>
 
 #include <vexnumkr/component.h>
 

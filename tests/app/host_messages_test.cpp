@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include <QtWidgets/QMessageBox>
-#include <QtWidgets/QPushButton>
+#include <QMessageBox>
+#include <QPushButton>
 
 #include <vexnumkr/error.h>
 

@@ -1,10 +1,11 @@
 #include <gtest/gtest.h>
 
-#include <QtCore/QDir>
-#include <QtCore/QFile>
-#include <QtGui/QImage>
+#include <QDir>
+#include <QFile>
+#include <QImage>
 
-#include "app/connection_text.h"
+#include <vexnumkr/connection_string.h>
+
 #include "app/program.h"
 #include "app/sample_database.h"
 
@@ -35,7 +36,7 @@ class HostProgram : public testing::Test {
   }
 
   test::SampleDatabase database_;
-  const QString connection_ = QString::fromStdString(sqliteConnectionText(database_.file()));
+  const QString connection_ = QString::fromStdString(sqliteConnectionString(database_.file()));
 };
 
 TEST_F(HostProgram, PrintsItsHelpAndVersion) {

@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include <QtGui/QIcon>
-#include <QtGui/QImage>
+#include <QIcon>
+#include <QImage>
 
 #include <vexnumkr/error.h>
 

@@ -1,8 +1,8 @@
 // The host killed before, in and after a save: the database holds either all of it or nothing.
 #include <gtest/gtest.h>
 
-#include <QtCore/QFile>
-#include <QtCore/QTemporaryDir>
+#include <QFile>
+#include <QTemporaryDir>
 #include <algorithm>
 #include <memory>
 #include <ostream>

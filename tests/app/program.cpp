@@ -1,6 +1,6 @@
 #include "app/program.h"
 
-#include <QtCore/QProcess>
+#include <QProcess>
 
 namespace vexnumkr::test {
 

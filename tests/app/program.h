@@ -1,8 +1,8 @@
 // Runs a program and keeps what it printed.
 #pragma once
 
-#include <QtCore/QMap>
-#include <QtCore/QStringList>
+#include <QMap>
+#include <QStringList>
 #include <string>
 
 namespace vexnumkr::test {

@@ -2,15 +2,15 @@
 
 #include <gtest/gtest.h>
 
-#include <QtCore/QVariant>
-#include <QtSql/QSqlDatabase>
-#include <QtSql/QSqlError>
-#include <QtSql/QSqlQuery>
-#include <QtSql/QSqlRecord>
+#include <QSqlDatabase>
+#include <QSqlError>
+#include <QSqlQuery>
+#include <QSqlRecord>
+#include <QVariant>
 
 #include <vexnumkr/adapters.h>
+#include <vexnumkr/connection_string.h>
 
-#include "app/connection_text.h"
 #include "app/sample/create_sample.h"
 
 namespace vexnumkr::test {
@@ -58,7 +58,7 @@ std::string SampleDatabase::folder() const { return folder_.path().toStdString()
 std::string SampleDatabase::file() const { return folder() + "/firma.db"; }
 
 std::shared_ptr<Connection> SampleDatabase::connect() const {
-  return openQtSqlConnection(app::sqliteConnectionText(file()));
+  return openQtSqlConnection(sqliteConnectionString(file()));
 }
 
 void SampleDatabase::run(const std::string& statement) const { query(file(), statement); }

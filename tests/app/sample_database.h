@@ -1,7 +1,7 @@
 // A fresh sample database in a folder of its own, and a second look at what it holds.
 #pragma once
 
-#include <QtCore/QTemporaryDir>
+#include <QTemporaryDir>
 #include <memory>
 #include <string>
 #include <vector>

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include <QtCore/QFile>
+#include <QFile>
 #include <algorithm>
 #include <map>
 #include <set>

@@ -2,11 +2,12 @@
 
 #include <gtest/gtest.h>
 
-#include <QtCore/QFile>
-#include <QtCore/QFileInfo>
+#include <QFile>
+#include <QFileInfo>
 #include <csignal>
 
-#include "app/connection_text.h"
+#include <vexnumkr/connection_string.h>
+
 #include "app/sample_database.h"
 #include "app/schema/schema.h"
 
@@ -24,7 +25,7 @@ constexpr const char* series =
 }  // namespace
 
 void createLargeCompany(const std::string& file) {
-  for (const std::string& statement : app::rangeTableStatements()) rowsOf(file, statement);
+  for (const std::string& statement : app::rangeTableStatements("sqlite")) rowsOf(file, statement);
   for (const std::string statement :
        {"INSERT INTO Nummernkreise SELECT c, 'K' || k, 'Belegart ' || k, c * 1000 + 1, "
         "c * 1000 + 7, c * 1000 + 999, -(c < 25), k, '', (100 + c) || 'NNN' FROM circle, key",
@@ -67,7 +68,7 @@ void SavingHost::start(int killAt) {
   process_.setProcessChannelMode(QProcess::MergedChannels);
   process_.start(
       QStringLiteral(HOST_PROGRAM),
-      {QStringLiteral("--connection"), QString::fromStdString(app::sqliteConnectionText(file())),
+      {QStringLiteral("--connection"), QString::fromStdString(sqliteConnectionString(file())),
        QStringLiteral("--application"), QStringLiteral("2"), QStringLiteral("--user"),
        QStringLiteral("Anna"), QStringLiteral("--date"), QStringLiteral("20261121")});
 }

@@ -1,8 +1,8 @@
 // The stand-alone host as a program of its own, with a user who changes everything and saves.
 #pragma once
 
-#include <QtCore/QProcess>
-#include <QtCore/QTemporaryDir>
+#include <QProcess>
+#include <QTemporaryDir>
 #include <string>
 #include <vector>
 

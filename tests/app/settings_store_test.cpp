@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include <QtCore/QFile>
+#include <QFile>
 
 #include <vexnumkr/error.h>
 

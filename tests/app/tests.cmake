@@ -9,7 +9,7 @@ target_link_libraries(vexnumkr_test_app
   PRIVATE vexnumkr_options)
 
 vexnumkr_test(app/command_line_test LABEL unit LINKS vexnumkr_test_app)
-vexnumkr_test(app/connection_text_test LABEL unit LINKS vexnumkr_test_app)
+vexnumkr_test(app/process_list_test LABEL unit LINKS vexnumkr_test_app)
 vexnumkr_test(app/sample_test GUI LABEL unit LINKS vexnumkr_test_app)
 vexnumkr_test(app/settings_store_test GUI LABEL unit LINKS vexnumkr_test_app)
 vexnumkr_test(app/booking_circles_test GUI LABEL unit LINKS vexnumkr_test_app)
@@ -17,6 +17,10 @@ vexnumkr_test(app/booking_circle_window_test GUI LABEL gui LINKS vexnumkr_test_a
 vexnumkr_test(app/host_messages_test GUI LABEL gui LINKS vexnumkr_test_app)
 vexnumkr_test(app/host_texts_test GUI LABEL gui LINKS vexnumkr_test_app)
 vexnumkr_test(app/host_dialog_test GUI LABEL gui LINKS vexnumkr_test_app)
+
+vexnumkr_test(app/window_icon_test GUI LABEL unit LINKS vexnumkr_test_app)
+target_compile_definitions(window_icon_test PRIVATE
+  ICON_FOLDER="${PROJECT_SOURCE_DIR}/packaging/desktop")
 
 vexnumkr_test(app/host_program_test GUI LABEL gui LINKS vexnumkr_test_app TIMEOUT 300)
 target_compile_definitions(host_program_test PRIVATE
@@ -31,8 +35,3 @@ target_compile_definitions(killed_save_test PRIVATE
   FILE_OPERATIONS="$<TARGET_FILE:vexnumkr_file_operations>")
 add_dependencies(killed_save_test
   vexnumkr-host vexnumkr_button_presser vexnumkr_file_operations)
-
-add_test(NAME host_includes
-  COMMAND "${CMAKE_COMMAND}" "-DSOURCE_DIR=${PROJECT_SOURCE_DIR}"
-          -P "${CMAKE_CURRENT_LIST_DIR}/check_host_includes.cmake")
-set_tests_properties(host_includes PROPERTIES LABELS unit)

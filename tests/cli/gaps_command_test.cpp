@@ -1,8 +1,8 @@
 // "vexnumkr gaps" on every engine.
 #include <gtest/gtest.h>
 
-#include <QtCore/QFile>
-#include <QtCore/QTemporaryDir>
+#include <QFile>
+#include <QTemporaryDir>
 
 #include "cli/program_database.h"
 

@@ -1,7 +1,7 @@
 // Calls of the program, right and wrong, that need no database.
 #include <gtest/gtest.h>
 
-#include <QtCore/QFile>
+#include <QFile>
 #include <functional>
 
 #include "app/program.h"

@@ -1,9 +1,9 @@
 // "vexnumkr report" on every engine: its figures are read back from the page.
 #include <gtest/gtest.h>
 
-#include <QtCore/QFile>
-#include <QtCore/QRegularExpression>
-#include <QtCore/QTemporaryDir>
+#include <QFile>
+#include <QRegularExpression>
+#include <QTemporaryDir>
 
 #include "cli/program_database.h"
 

@@ -1,9 +1,9 @@
 // "vexnumkr export", "diff" and "import" on every engine.
 #include <gtest/gtest.h>
 
-#include <QtCore/QDir>
-#include <QtCore/QFile>
-#include <QtCore/QTemporaryDir>
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
 
 #include "cli/program_database.h"
 

@@ -2,6 +2,7 @@
 
 #include "adapters/automation/ado/statement_check.h"
 #include "contract/database_language.h"
+#include "engines/engine_list.h"
 
 namespace vexnumkr::automation {
 namespace {
@@ -41,12 +42,12 @@ TEST(AdoStatementCheck, DriversOfMariaDbAndMySqlHave) {
   for (const char* const connection : {mariaDb, "DRIVER={MySQL ODBC 8.0 Unicode Driver};UID=x"}) {
     ASSERT_TRUE(lexicalRulesOf(connection)) << connection;
     EXPECT_TRUE(lexicalRulesOf(connection)->backslashEscapes) << connection;
-    EXPECT_EQ(lexicalRulesOf(connection)->dialect, Dialect::mariadb) << connection;
+    EXPECT_EQ(lexicalRulesOf(connection), engines::mariadb.rules(engines::mariadb.usualMode));
   }
 }
 
 TEST(AdoStatementCheck, PostgreSqlIsKnownByItsDriver) {
-  EXPECT_EQ(lexicalRulesOf(postgreSql), (LexicalRules{.dialect = Dialect::postgresql}));
+  EXPECT_EQ(lexicalRulesOf(postgreSql), engines::postgresql.rules("on"));
 }
 
 TEST(AdoStatementCheck, ANamedDataSourceMayBeAnything) {

@@ -4,9 +4,9 @@
 #include <QSqlQuery>
 
 #include <vexnumkr/adapters.h>
+#include <vexnumkr/connection_string.h>
 
-#include "adapters/qtsql/connection_string.h"
-#include "adapters/qtsql/database_handle.h"
+#include "adapters/qtsql/session/database_handle.h"
 #include "contract/database_contract.h"
 #include "support/fresh_database.h"
 
@@ -36,14 +36,14 @@ class BorrowedDatabase : public TestDatabase {
   std::shared_ptr<Connection> connect() override {
     struct Borrowed {
       explicit Borrowed(const std::string& text)
-          : settings(qtsql::parseConnectionString(text)),
+          : settings(parseConnectionString(text)),
             host(qtsql::driverOf(settings.driver), settings),
             connection(borrow(host.get())) {}
       static std::shared_ptr<Connection> borrow(const QSqlDatabase& database) {
         prepareHost(database);
         return borrowQtSqlConnection(database);
       }
-      qtsql::ConnectionSettings settings;
+      ConnectionSettings settings;
       qtsql::DatabaseHandle host;
       std::shared_ptr<Connection> connection;
     };

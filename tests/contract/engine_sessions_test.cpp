@@ -6,9 +6,9 @@
 #include <thread>
 
 #include <vexnumkr/adapters.h>
+#include <vexnumkr/connection_string.h>
 
-#include "adapters/qtsql/connection_string.h"
-#include "adapters/qtsql/database_handle.h"
+#include "adapters/qtsql/session/database_handle.h"
 #include "contract/database_language.h"
 #include "support/fresh_database.h"
 
@@ -114,7 +114,7 @@ TEST_F(EngineSessions, BackslashesAreOrdinaryCharacters) {
 
 TEST_F(EngineSessions, ABorrowedDatabaseKeepsItsModeAndIsReadByIt) {
   if (!is("mariadb")) GTEST_SKIP() << "only MariaDB has such modes by default";
-  const auto settings = qtsql::parseConnectionString(database.connectionString());
+  const auto settings = parseConnectionString(database.connectionString());
   const qtsql::DatabaseHandle host(qtsql::driverOf(settings.driver), settings);
   const auto borrowed = borrowQtSqlConnection(host.get());
   EXPECT_TRUE(borrowed->BackslashEscapes());
@@ -130,7 +130,7 @@ TEST_F(EngineSessions, ABorrowedDatabaseKeepsItsModeAndIsReadByIt) {
 
 TEST_F(EngineSessions, WhatAHostChangesInItsModeHoldsFromTheNextTransaction) {
   if (!is("mariadb")) GTEST_SKIP() << "only MariaDB has such modes by default";
-  const auto settings = qtsql::parseConnectionString(database.connectionString());
+  const auto settings = parseConnectionString(database.connectionString());
   const qtsql::DatabaseHandle host(qtsql::driverOf(settings.driver), settings);
   const auto borrowed = borrowQtSqlConnection(host.get());
   QSqlQuery own(host.get());
@@ -154,7 +154,7 @@ TEST_F(EngineSessions, ARollBackTakesTheModeBackToo) {
 
 TEST_F(EngineSessions, EncodingsInWhichBackslashesHideAreRefused) {
   if (!is("mariadb")) GTEST_SKIP() << "only MariaDB's clients have such encodings";
-  const auto settings = qtsql::parseConnectionString(database.connectionString());
+  const auto settings = parseConnectionString(database.connectionString());
   const qtsql::DatabaseHandle host(qtsql::driverOf(settings.driver), settings);
   const auto borrowed = borrowQtSqlConnection(host.get());
   QSqlQuery own(host.get());
@@ -207,7 +207,7 @@ TEST_F(EngineSessions, UpdateFindsItsRecordByAnyUniqueKeyAndSaysSoWhereThereIsNo
 
 TEST_F(EngineSessions, UpdateToTheSameValueIsNoFailure) {
   run("INSERT INTO Kreise VALUES (1, 'a', -1)");
-  const auto settings = qtsql::parseConnectionString(database.connectionString());
+  const auto settings = parseConnectionString(database.connectionString());
   const qtsql::DatabaseHandle host(qtsql::driverOf(settings.driver), settings);
   for (const auto& connection : {conn, borrowQtSqlConnection(host.get())}) {
     const auto records = openWritable(*connection, "SELECT Wahr FROM Kreise");
@@ -220,7 +220,7 @@ TEST_F(EngineSessions, UpdateToTheSameValueIsNoFailure) {
 }
 
 TEST_F(EngineSessions, AHostsOwnTransactionIsNotTakenOver) {
-  const auto settings = qtsql::parseConnectionString(database.connectionString());
+  const auto settings = parseConnectionString(database.connectionString());
   const qtsql::DatabaseHandle host(qtsql::driverOf(settings.driver), settings);
   const auto borrowed = borrowQtSqlConnection(host.get());
   QSqlQuery own(host.get());
@@ -341,7 +341,7 @@ TEST_F(EngineSessions, AfterATextThatDoesNotFitNothingGoesOnBeforeTheRollBack) {
 }
 
 TEST_F(EngineSessions, AConnectionThatGoesRollsBackWhatAFailureHasEnded) {
-  const auto settings = qtsql::parseConnectionString(database.connectionString());
+  const auto settings = parseConnectionString(database.connectionString());
   const qtsql::DatabaseHandle host(qtsql::driverOf(settings.driver), settings);
   if (isSqlite()) GTEST_SKIP() << "every text fits";
   {

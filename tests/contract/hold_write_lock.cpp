@@ -1,7 +1,7 @@
 // Takes the write lock on a SQLite file, says "locked", and keeps it until its input ends.
-#include <QtCore/QCoreApplication>
-#include <QtSql/QSqlDatabase>
-#include <QtSql/QSqlQuery>
+#include <QCoreApplication>
+#include <QSqlDatabase>
+#include <QSqlQuery>
 #include <iostream>
 
 int main(int argc, char** argv) {

@@ -2,7 +2,7 @@
 // unnoticed.
 #include <gtest/gtest.h>
 
-#include <QtCore/QCoreApplication>
+#include <QCoreApplication>
 
 namespace {
 

@@ -1,6 +1,8 @@
-#include "adapters/qtsql/simple_select.h"
+#include "adapters/qtsql/records/simple_select.h"
 
 #include <gtest/gtest.h>
+
+#include "engines/engine_list.h"
 
 namespace vexnumkr::qtsql {
 namespace {
@@ -8,7 +10,7 @@ namespace {
 // The table and the text with "KEY" as a further column; empty for other selects.
 std::string withKey(std::string_view text) {
   StatementGate gate;
-  const auto select = parseSimpleSelect(gate.pass(text));
+  const auto select = parseSimpleSelect(gate.pass(text, engines::sqlite.rules("")));
   return select ? std::string(select->table) + ": " + select->withColumns("KEY") : std::string();
 }
 

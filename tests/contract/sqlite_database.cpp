@@ -1,8 +1,8 @@
 #include "contract/sqlite_database.h"
 
-#include <QtCore/QFile>
-#include <QtCore/QUuid>
-#include <QtSql/QSqlQuery>
+#include <QFile>
+#include <QSqlQuery>
+#include <QUuid>
 
 #include <vexnumkr/adapters.h>
 

@@ -3,9 +3,9 @@
 
 #include <gtest/gtest.h>
 
-#include <QtCore/QString>
-#include <QtCore/QTemporaryDir>
-#include <QtSql/QSqlDatabase>
+#include <QSqlDatabase>
+#include <QString>
+#include <QTemporaryDir>
 #include <functional>
 #include <memory>
 #include <string>

@@ -1,7 +1,7 @@
 // Opening and closing SQLite databases, and borrowing them.
 #include <gtest/gtest.h>
 
-#include <QtSql/QSqlQuery>
+#include <QSqlQuery>
 #include <filesystem>
 
 #include <vexnumkr/adapters.h>
@@ -25,7 +25,8 @@ TEST(SqliteOpening, AMissingFileIsTheEnginesErrorAndIsNotCreated) {
   const std::string missing = file.folder() + "/missing.db";
   const Error error = openingError("Driver=QSQLITE;Database=" + missing);
   EXPECT_EQ(error.number(), 14);
-  EXPECT_EQ(error.description(), "unable to open database file");
+  EXPECT_EQ(error.description(), "unable to open database file: " + missing);
+  EXPECT_EQ(error.source(), "SQLite");
   EXPECT_FALSE(exists(missing));
   EXPECT_EQ(openingError("Driver=QSQLITE;Database=" + file.folder() + "/no/such.db").number(), 14);
   EXPECT_EQ(openingError("Driver=QSQLITE;Database=" + file.folder()).number(), 14);
@@ -105,8 +106,8 @@ TEST(SqliteOpening, AnUnknownDriverIsAnError) {
   const Error error = openingError("Driver=QXYZ;Database=a");
   EXPECT_EQ(error.number(), 3706);
   EXPECT_EQ(error.description(),
-            "Der Datenbanktreiber \"QXYZ\" wird nicht unterstützt; möglich sind: QSQLITE, QPSQL, "
-            "QMYSQL, QMARIADB, QODBC.");
+            "Der Datenbanktreiber \"QXYZ\" wird nicht unterstützt; möglich sind: QPSQL, QMYSQL, "
+            "QMARIADB, QSQLITE, QODBC.");
 }
 
 TEST(SqliteOpening, AMalformedStringIsAnErrorOnOpening) {

@@ -45,7 +45,7 @@ vexnumkr_sqlite_test(sqlite_update_test engine)
 vexnumkr_sqlite_test(sqlite_locking_test engine)
 add_dependencies(sqlite_locking_test hold_write_lock)
 
-foreach(name connection_string eight_bit_text field_value simple_select)
+foreach(name eight_bit_text field_value opening_without_application simple_select)
   vexnumkr_test(contract/${name}_test LABEL unit
     SOURCES contract/database_language.cpp LINKS vexnumkr_qtsql)
 endforeach()

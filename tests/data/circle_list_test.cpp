@@ -1,14 +1,19 @@
 #include "data/booking_circles.h"
+#include "hosting/circle_administration.h"
 #include "support/core_session.h"
 
 namespace vexnumkr {
 namespace {
 
-using basAllgemein::LookupBuchungskreis;
 using test::errorBox;
 
 class CircleListTest : public test::CoreSession {
  protected:
+  template <class Wanted>
+  auto lookedUp(const Wanted& wanted) {
+    return basAllgemein::LookupBuchungskreis(session().Buchungskreise(), session().reporter(),
+                                             wanted);
+  }
   void SetUp() override {
     sql("INSERT INTO Nummernkreis_Buchungskreise VALUES (1, 'Nord', 'ORB')");
     sql("INSERT INTO Nummernkreis_Buchungskreise VALUES (2, 'Süd', 'ORB')");
@@ -19,9 +24,9 @@ class CircleListTest : public test::CoreSession {
 
 TEST_F(CircleListTest, HoldsTheCirclesOfTheOrigin) {
   start(1);
-  EXPECT_EQ(context().Buchungskreise().UpperBound(1), 1);
-  EXPECT_EQ(context().Buchungskreise().get(1, 0), Value(2));
-  EXPECT_EQ(context().Buchungskreise().get(1, 1), Value("Süd"));
+  const BookingCircleList& list = session().Buchungskreise();
+  EXPECT_EQ(BookingCircleList::Circles(list.begin(), list.end()),
+            (BookingCircleList::Circles{{1, "Nord"}, {2, "Süd"}}));
 }
 
 TEST_F(CircleListTest, AnUnknownApplicationAsksForTheEmptyOrigin) {
@@ -29,35 +34,35 @@ TEST_F(CircleListTest, AnUnknownApplicationAsksForTheEmptyOrigin) {
   EXPECT_EQ(script().takeStatements().back(),
             "conn: SELECT Buchungskreis, Beschreibung FROM Nummernkreis_Buchungskreise WHERE "
             "Herkunft=''");
-  EXPECT_EQ(LookupBuchungskreis(context(), 1, 4), Value("Ohne"));
+  EXPECT_EQ(lookedUp(4), "Ohne");
 }
 
 TEST_F(CircleListTest, IsLookedUpInBothDirections) {
   start(1);
-  EXPECT_EQ(LookupBuchungskreis(context(), 1, 2), Value("Süd"));
-  EXPECT_EQ(LookupBuchungskreis(context(), 0, "Nord"), Value(1));
-  EXPECT_EQ(LookupBuchungskreis(context(), 1, 3), Value(-1));
-  EXPECT_EQ(LookupBuchungskreis(context(), 0, "nord"), Value(-1));
+  EXPECT_EQ(lookedUp(2), "Süd");
+  EXPECT_EQ(lookedUp(std::string("Nord")), 1);
+  EXPECT_EQ(lookedUp(3), std::nullopt);
+  EXPECT_EQ(lookedUp(std::string("nord")), std::nullopt);
 }
 
 TEST_F(CircleListTest, AnEmptyListHasNothing) {
   sql("DELETE FROM Nummernkreis_Buchungskreise");
   start(1);
-  EXPECT_EQ(LookupBuchungskreis(context(), 1, 2), Value(-1));
+  EXPECT_EQ(lookedUp(2), std::nullopt);
 }
 
 TEST_F(CircleListTest, AFailedStatementIsReportedAndKeepsTheList) {
   start(1);
   script().failStatement(1);
-  basAllgemein::RefreshCombo(context(), nullptr);
+  RefreshCombo();
   EXPECT_EQ(boxes(),
             (std::vector{errorBox(4711, "basAllgemein", "RefreshCombo", "Absichtlicher Fehler")}));
-  EXPECT_EQ(LookupBuchungskreis(context(), 1, 2), Value("Süd"));
+  EXPECT_EQ(lookedUp(2), "Süd");
 }
 
 TEST_F(CircleListTest, TheAdministrationIsShownForTheOrigin) {
   start(1);
-  EXPECT_TRUE(basAllgemein::CallBuchungskreise(context(), "ORB"));
+  EXPECT_TRUE(basAllgemein::CallBuchungskreise(session(), "ORB"));
   using Shown = std::vector<std::pair<std::string, std::int32_t>>;
   EXPECT_EQ(host().circleDialog.shown, (Shown{{"ORB", 27}}));
   EXPECT_EQ(host().circleDialog.connection, hostConnection());
@@ -67,7 +72,7 @@ TEST_F(CircleListTest, TheAdministrationIsShownForTheOrigin) {
 TEST_F(CircleListTest, AnAdministrationThatFailsIsReported) {
   start(1);
   host().circleDialog.whenShown = [](Connection&) { throw Error(5, "host", "kaputt"); };
-  EXPECT_FALSE(basAllgemein::CallBuchungskreise(context(), "ORB"));
+  EXPECT_FALSE(basAllgemein::CallBuchungskreise(session(), "ORB"));
   EXPECT_EQ(boxes(), (std::vector{errorBox(5, "basAllgemein", "CallBuchungskreise", "kaputt")}));
 }
 

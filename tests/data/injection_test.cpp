@@ -1,8 +1,5 @@
 // Whatever stands in a value, nothing but its own row can change by it.
-#include "data/loading.h"
 #include "data/sql/statements.h"
-#include "rules/activity.h"
-#include "rules/saving.h"
 #include "support/core_session.h"
 
 namespace vexnumkr {
@@ -64,23 +61,25 @@ class InjectionTest : public test::CoreSession {
     return all;
   }
 
-  bool save() {
-    bool viewReset = false;
-    const auto refill = [](HostContext&, const std::string&, const std::string&) {};
-    return basAllgemein::Save(context(), viewReset, false, refill);
-  }
+  bool save() { return Save(false); }
 };
 
 TEST_F(InjectionTest, AValueThatIsSavedChangesNoOtherRow) {
   const Texts before = others();
-  for (const std::int32_t place : {3, 4, 10, 11}) {
+  const std::size_t key = 3;
+  const std::size_t description = 4;
+  const std::size_t sharedWith = 10;
+  const std::size_t mask = 11;
+  for (const std::size_t place : {key, description, sharedWith, mask}) {
     for (const std::string& attempt : attempts) {
       SCOPED_TRACE("column " + std::to_string(place) + ": " + attempt.substr(0, 60));
       start(1, {"Max"});
-      context().Conn().BeginTrans();
-      row({"Alle Benutzer", 1, "Nord", "RE", "Rechnung", 1, 2, 9, true, 50, "", ""});
-      table().set(0, place, attempt);
-      context().blnChanged(true);
+      session().Conn().BeginTrans();
+      std::vector<Value> cells{
+          "Alle Benutzer", 1, "Nord", "RE", "Rechnung", 1, 2, 9, true, 50, "", ""};
+      cells[place] = attempt;
+      row(cells);
+      session().blnChanged(true);
       const bool saved = save();
       const auto raised = boxes();
       EXPECT_EQ(raised.empty(), saved) << "a save that fails says so";
@@ -88,7 +87,7 @@ TEST_F(InjectionTest, AValueThatIsSavedChangesNoOtherRow) {
       const Texts own = select(
           "SELECT Buchungskreis FROM Nummernkreise WHERE NSchl NOT IN ('OPFER', 'LM', 'OPFER2')");
       EXPECT_EQ(own.size(), saved ? 1U : 0U) << "one range, or none of it";
-      if (!saved) context().Conn().RollbackTrans();
+      if (!saved) session().Conn().RollbackTrans();
       sql("DELETE FROM Nummernkreise WHERE Buchungskreis=1");
       sql("DELETE FROM Nummernkreis_Zuordnung WHERE Herkunft='ORB'");
       if (HasFailure()) return;
@@ -100,12 +99,12 @@ TEST_F(InjectionTest, ALongTextIsStoredAsAWholeOrReported) {
   const bool fits = !database().engine().ends_with("postgresql");
   const std::string text(70'000, 'x');
   start(1, {"Max"});
-  context().Conn().BeginTrans();
+  session().Conn().BeginTrans();
   row({"Alle Benutzer", 1, "Nord", "RE", text, 1, 2, 9, true, 50, "", text});
-  context().blnChanged(true);
+  session().blnChanged(true);
   EXPECT_EQ(save(), fits);
   EXPECT_EQ(boxes().size(), fits ? 0U : 1U);
-  if (!fits) context().Conn().RollbackTrans();
+  if (!fits) session().Conn().RollbackTrans();
   EXPECT_EQ(select("SELECT NBezeichnung, Maske FROM Nummernkreise WHERE Buchungskreis=1"),
             fits ? Texts{text + "|" + text} : Texts{});
 }
@@ -115,14 +114,14 @@ TEST_F(InjectionTest, AUserNameChangesNoOtherRow) {
   for (const std::string& attempt : attempts) {
     SCOPED_TRACE(attempt.substr(0, 60));
     start(1, {attempt});
-    basAllgemein::AktiviertDB(context(), 1, "RE", attempt);
-    context().Conn().BeginTrans();
+    AktiviertDB(1, "RE", attempt);
+    session().Conn().BeginTrans();
     row({attempt, 1, "Nord", "RE", "Rechnung", 1, 2, 9, true, 50, "", ""});
-    context().blnChanged(true);
+    session().blnChanged(true);
     const bool saved = save();
     boxes();
     EXPECT_EQ(others(), before);
-    if (!saved) context().Conn().RollbackTrans();
+    if (!saved) session().Conn().RollbackTrans();
     sql("DELETE FROM Nummernkreis_Zuordnung WHERE Herkunft='ORB'");
   }
 }
@@ -132,9 +131,9 @@ TEST_F(InjectionTest, ACaptionChangesNoOtherRow) {
   for (const std::string& attempt : attempts) {
     SCOPED_TRACE(attempt.substr(0, 60));
     start(1, {"Max"});
-    context().Conn().BeginTrans();
+    session().Conn().BeginTrans();
     row({"Alle Benutzer", 1, attempt, "RE", "Rechnung", 1, 2, 9, true, 50, "", ""});
-    context().blnChanged(true);
+    session().blnChanged(true);
     EXPECT_TRUE(save()) << "captions are not saved";
     EXPECT_EQ(others(), before);
   }
@@ -142,10 +141,10 @@ TEST_F(InjectionTest, ACaptionChangesNoOtherRow) {
 
 TEST_F(InjectionTest, AStatementThatAValueHasTurnedIntoAnotherIsRefusedBySaving) {
   start(1, {"Max"});
-  context().Conn().BeginTrans();
+  session().Conn().BeginTrans();
   row({"Alle Benutzer", 1, "Nord", "RE", "Rechnung", 1, 2, 9, true, 50, "", ""});
-  table().set(0, 11, "' || (SELECT strUserName_PK FROM tblUser) || '");
-  context().blnChanged(true);
+  table().setValue(0, &RangeRow::Maske, "' || (SELECT strUserName_PK FROM tblUser) || '");
+  session().blnChanged(true);
   script().takeStatements();
   EXPECT_FALSE(save());
   EXPECT_EQ(boxes(),
@@ -156,15 +155,15 @@ TEST_F(InjectionTest, AStatementThatAValueHasTurnedIntoAnotherIsRefusedBySaving)
   const Texts sent = script().takeStatements();
   ASSERT_EQ(sent.size(), 4U) << "two deletes, the roll-back and the new transaction";
   EXPECT_EQ((Texts{sent[2], sent[3]}), (Texts{"conn: ROLLBACK", "conn: BEGIN"}));
-  EXPECT_EQ(table().get(0, 11), Value("' || (SELECT strUserName_PK FROM tblUser) || '"));
+  EXPECT_EQ(table().at(0).Maske.toValue(), Value("' || (SELECT strUserName_PK FROM tblUser) || '"));
 }
 
 TEST_F(InjectionTest, TheHostsOwnStatementsGoThrough) {
   start(1);
   std::int32_t affected = 0;
-  context().sharedConn()->Execute("UPDATE tblUser SET strUserName_PK='Moritz'", affected);
+  session().sharedConn()->Execute("UPDATE tblUser SET strUserName_PK='Moritz'", affected);
   EXPECT_EQ(affected, 1);
-  EXPECT_THROW(context().Conn().Execute("DELETE FROM tblUser", affected), Error);
+  EXPECT_THROW(session().Conn().Execute("DELETE FROM tblUser", affected), Error);
   EXPECT_EQ(select("SELECT strUserName_PK FROM tblUser"), Texts{"Moritz"});
 }
 

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "rules/activity.h"
 #include "support/core_session.h"
 
 namespace vexnumkr {
@@ -43,7 +42,7 @@ class LoadingTest : public test::CoreSession {
   void assignment(const std::string& values) {
     sql("INSERT INTO Nummernkreis_Zuordnung VALUES (" + values + ")");
   }
-  void load() { basAllgemein::LoadItems(context(), basAllgemein::CheckActivity); }
+  void load() { LoadItems(); }
 };
 
 TEST_F(LoadingTest, SendsItsStatementsInOrder) {
@@ -71,7 +70,7 @@ TEST_F(LoadingTest, SpreadsEveryKeyOverEveryCircleOfTheOrigin) {
   load();
   EXPECT_EQ(rows(), (Texts{"Alle Benutzer|1|Nord|RE|Rechnung|10|12|99|True|50|AN|1N",
                            "Alle Benutzer|2|Süd|RE|Rechnung|0|0|0|False|50|AN|0"}));
-  EXPECT_EQ(table().get(1, 11), Value(0)) << "the mask of a spread row is the number 0";
+  EXPECT_EQ(table().at(1).Maske.toValue(), Value(0)) << "the mask of a spread row is the number 0";
 }
 
 TEST_F(LoadingTest, LeavesOutCirclesThatTheOriginDoesNotHave) {
@@ -96,7 +95,7 @@ TEST_F(LoadingTest, NullReadsAsNothingWhereItMay) {
   start(1);
   load();
   EXPECT_EQ(rows(), Texts{"Alle Benutzer|1|Nord|RE|Rechnung|10|12|99|False|0||"});
-  EXPECT_EQ(table().get(0, 11), Value(""));
+  EXPECT_EQ(table().at(0).Maske.toValue(), Value(""));
 }
 
 TEST_F(LoadingTest, NullEndsTheLoadingWhereItMayNot) {
@@ -150,9 +149,9 @@ TEST_F(LoadingTest, AnAssignmentCountsForExactlyItsUserCircleKeyAndOrigin) {
 TEST_F(LoadingTest, AUserNamedLikeTheCommonViewIsNotFoundAsAll) {
   assignment("1, 'RE', 'ALL', 'ORB'");
   start(1);
-  EXPECT_FALSE(basAllgemein::AktiviertDB(context(), 1, "RE", "Alle Benutzer"));
+  EXPECT_FALSE(AktiviertDB(1, "RE", "Alle Benutzer"));
   assignment("1, 'RE', 'Alle Benutzer', 'ORB'");
-  EXPECT_TRUE(basAllgemein::AktiviertDB(context(), 1, "RE", "Alle Benutzer"));
+  EXPECT_TRUE(AktiviertDB(1, "RE", "Alle Benutzer"));
 }
 
 TEST_F(LoadingTest, TheHostsKeysAreNotLoaded) {
@@ -199,9 +198,9 @@ TEST_F(LoadingTest, AFailedLookAtAnAssignmentReadsAsInactive) {
 
 TEST_F(LoadingTest, AnUnknownNumberOfAssignmentsCountsAsSome) {
   start(1);
-  EXPECT_FALSE(basAllgemein::AktiviertDB(context(), 1, "RE", "Max"));
-  context().cmdSQL(std::make_unique<CommandThatDoesNotCount>(context().Conn()));
-  EXPECT_TRUE(basAllgemein::AktiviertDB(context(), 1, "RE", "Max"));
+  EXPECT_FALSE(AktiviertDB(1, "RE", "Max"));
+  session().source().cmdSQL(std::make_unique<CommandThatDoesNotCount>(session().Conn()));
+  EXPECT_TRUE(AktiviertDB(1, "RE", "Max"));
 }
 
 TEST_F(LoadingTest, AQuoteInAKeyBreaksItsStatement) {
@@ -219,7 +218,7 @@ TEST_F(LoadingTest, AddsACircleWithTheValuesOfTheStandardRanges) {
   row({"Alle Benutzer", 0, "Standard", "RE", "Rechnung", 1, 2, 9, true, 50, "AN", "NN"});
   row({"Max", 0, "Standard", "RE", "Rechnung", 1, 2, 9, true, 50, "AN", "NN"});
   row({"Alle Benutzer", 0, "Standard", "AN", "Angebot", 3, 4, 8, true, 10, "", "N"});
-  basAllgemein::AddDataBuchungskreis(context(), "Alle Benutzer", 2, "", "RE", false);
+  AddDataBuchungskreis("Alle Benutzer", 2, "", "RE", false);
   EXPECT_EQ(rows().back(), "Alle Benutzer|2|Süd|RE|Rechnung|1|2|9|True|50|AN|NN");
   EXPECT_EQ(rows().size(), 4U);
 }
@@ -227,7 +226,7 @@ TEST_F(LoadingTest, AddsACircleWithTheValuesOfTheStandardRanges) {
 TEST_F(LoadingTest, ACircleThatIsNotListedIsAddedUnderItsNumberOfNothing) {
   start(1);
   row({"Alle Benutzer", 0, "Standard", "RE", "Rechnung", 1, 2, 9, true, 50, "", ""});
-  basAllgemein::AddDataBuchungskreis(context(), "Alle Benutzer", 5, "", "", true);
+  AddDataBuchungskreis("Alle Benutzer", 5, "", "", true);
   EXPECT_EQ(rows().back(), "Alle Benutzer|5|-1|RE|Rechnung|0|0|0|False|50||");
 }
 
@@ -239,7 +238,7 @@ TEST_F(LoadingTest, StoredValuesAreReadOnTheWorkingConnection) {
   std::int32_t start = 7;
   std::int32_t end = 7;
   std::int32_t current = 7;
-  basAllgemein::GetBuchungskreisData(context(), 2, "RE", start, end, current);
+  GetBuchungskreisData(2, "RE", start, end, current);
   EXPECT_EQ(start, 200);
   EXPECT_EQ(end, 299);
   EXPECT_EQ(current, 201);
@@ -255,7 +254,7 @@ TEST_F(LoadingTest, AFailedLookAtStoredValuesIsReported) {
   std::int32_t start = 7;
   std::int32_t end = 7;
   std::int32_t current = 7;
-  basAllgemein::GetBuchungskreisData(context(), 2, "RE", start, end, current);
+  GetBuchungskreisData(2, "RE", start, end, current);
   EXPECT_EQ(start, 0);
   EXPECT_EQ(boxes(), (std::vector{errorBox(4711, "basAllgemein", "GetBuchungskreisData",
                                            "Absichtlicher Fehler")}));

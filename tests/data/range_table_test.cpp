@@ -1,14 +1,10 @@
 #include "data/range_table.h"
 
-#include "data/booking_circles.h"
 #include "support/core_session.h"
 
 namespace vexnumkr {
 namespace {
 
-using basAllgemein::AddInXArray;
-using basAllgemein::DeleteInXArray;
-using basAllgemein::FoundInXArray;
 using test::errorBox;
 using Texts = std::vector<std::string>;
 
@@ -18,34 +14,26 @@ class RangeTableTest : public test::CoreSession {
     for (const auto& cells : list) row(cells);
   }
 
-  static basAllgemein::NewRange invoices() {
-    return {.Buchungskreis = 5,
-            .Gruppe = "Nord",
-            .NSchl = "RE",
-            .NBezeichnung = "Rechnung",
-            .StartWert = "1",
-            .AktuellerWert = "2",
-            .EndWert = "3",
-            .SortierIndex = 50,
-            .IstNSchlVon = "AN"};
+  RangeRow invoices(const char* user) {
+    return test::rowOf(table(),
+                       {user, 5, "Nord", "RE", "Rechnung", "1", "2", "3", false, 50, "AN"});
   }
 };
 
 TEST_F(RangeTableTest, NothingIsFoundInAnEmptyTable) {
   start(1, {"Max"});
-  EXPECT_EQ(FoundInXArray(context(), "Max", 5, "RE"), -1);
-  DeleteInXArray(context(), 5, "RE", true);
-  EXPECT_FALSE(context().blnChanged());
+  EXPECT_EQ(FoundInXArray("Max", 5, "RE"), -1);
+  EXPECT_FALSE(DeleteInXArray(5, "RE", true));
 }
 
 TEST_F(RangeTableTest, ARowWithoutKeyIsFoundBeforeTheOneWithTheKey) {
   start(1, {"Max"});
   ranges({{"Max", 5, "Nord", ""}, {"Max", 5, "Nord", "RE"}});
-  EXPECT_EQ(FoundInXArray(context(), "Max", 5, "RE"), 0);
+  EXPECT_EQ(FoundInXArray("Max", 5, "RE"), 0);
 }
 
 TEST_F(RangeTableTest, FindingWithoutATableIsReportedAndFindsNothing) {
-  EXPECT_EQ(FoundInXArray(context(), "Max", 5, "RE"), -1);
+  EXPECT_EQ(FoundInXArray("Max", 5, "RE"), -1);
   EXPECT_EQ(boxes(), (std::vector{errorBox(91, "basAllgemein", "FoundInXArray",
                                            "Objektvariable nicht festgelegt")}));
 }
@@ -53,22 +41,24 @@ TEST_F(RangeTableTest, FindingWithoutATableIsReportedAndFindsNothing) {
 TEST_F(RangeTableTest, AddsARowForEveryUserWhoLacksOne) {
   start(1, {"Anna", "Max"});
   ranges({{"Anna", 5, "Nord", "RE"}});
-  AddInXArray(context(), "Alle Benutzer", invoices(), false);
-  EXPECT_EQ(rows(), (Texts{"Anna|5|Nord|RE||||||||", "Max|5|Nord|RE|Rechnung|1|2|3|False|50|AN|"}));
-  EXPECT_EQ(table().get(1, 5), Value("1")) << "the values are stored as the texts handed over";
-  EXPECT_EQ(table().get(1, 11), Value());
-  EXPECT_FALSE(context().blnChanged());
+  AddInXArray(invoices("Alle Benutzer"), false);
+  EXPECT_EQ(rows(),
+            (Texts{"Anna|5|Nord|RE|||||False|0||", "Max|5|Nord|RE|Rechnung|1|2|3|False|50|AN|"}));
+  EXPECT_EQ(table().at(1).StartWert.toValue(), Value("1"))
+      << "the values are stored as the texts handed over";
+  EXPECT_EQ(table().at(1).Maske.toValue(), Value());
+  EXPECT_FALSE(session().blnChanged());
 }
 
 TEST_F(RangeTableTest, AddsTheCommonRowOnlyForAll) {
   start(1, {"Max"});
-  AddInXArray(context(), "Max", invoices(), true);
+  AddInXArray(invoices("Max"), true);
   EXPECT_EQ(activity(), (Texts{"Alle Benutzer 5 RE False", "Max 5 RE False"}));
 }
 
 TEST_F(RangeTableTest, AddsNothingForASingleUser) {
   start(1, {"Max"});
-  AddInXArray(context(), "Max", invoices(), false);
+  AddInXArray(invoices("Max"), false);
   EXPECT_EQ(rows(), Texts{});
 }
 
@@ -78,28 +68,18 @@ TEST_F(RangeTableTest, DeletesOneRowPerUserAndSaysSo) {
           {"Max", 5, "Nord", "RE"},
           {"Max", 5, "Nord", "RE"},
           {"Max", 6, "Süd", "RE"}});
-  DeleteInXArray(context(), 5, "RE", false);
-  EXPECT_TRUE(context().blnChanged());
-  EXPECT_EQ(rows(), (Texts{"Alle Benutzer|5|Nord|RE||||||||", "Max|5|Nord|RE||||||||",
-                           "Max|6|Süd|RE||||||||"}));
-  DeleteInXArray(context(), 5, "RE", true);
-  EXPECT_EQ(rows(), Texts{"Max|6|Süd|RE||||||||"});
+  EXPECT_TRUE(DeleteInXArray(5, "RE", false));
+  EXPECT_EQ(rows(), (Texts{"Alle Benutzer|5|Nord|RE|||||False|0||", "Max|5|Nord|RE|||||False|0||",
+                           "Max|6|Süd|RE|||||False|0||"}));
+  DeleteInXArray(5, "RE", true);
+  EXPECT_EQ(rows(), Texts{"Max|6|Süd|RE|||||False|0||"});
 }
 
 TEST_F(RangeTableTest, DeletingWhatIsNotThereChangesNothing) {
   start(1, {"Max"});
   ranges({{"Max", 5, "Nord", "RE"}});
-  DeleteInXArray(context(), 5, "AN", true);
-  EXPECT_FALSE(context().blnChanged());
+  EXPECT_FALSE(DeleteInXArray(5, "AN", true));
   EXPECT_EQ(rows().size(), 1U);
-}
-
-TEST_F(RangeTableTest, ACopyOfAnEmptyTableHasTheSameColumns) {
-  start(1);
-  XArray target = XArray::withColumns(2);
-  basAllgemein::CopyXArrayDB(context(), table(), target);
-  EXPECT_EQ(target.UpperBound(1), -1);
-  EXPECT_EQ(target.UpperBound(2), 11);
 }
 
 TEST_F(RangeTableTest, NewKeysComeLast) {
@@ -110,17 +90,18 @@ TEST_F(RangeTableTest, NewKeysComeLast) {
 TEST_F(RangeTableTest, AValueReachesEveryUsersRow) {
   start(1, {"Anna", "Max"});
   ranges({{"Max", 5, "Nord", "RE"}, {"Alle Benutzer", 5, "Nord", "RE"}, {"Max", 6, "Süd", "RE"}});
-  basAllgemein::SetValueAll(context(), "RE", 5, 7, "99");
-  EXPECT_EQ(rows(), (Texts{"Max|5|Nord|RE||||99||||", "Alle Benutzer|5|Nord|RE||||99||||",
-                           "Max|6|Süd|RE||||||||"}));
+  SetValueAll("RE", 5, &RangeRow::EndWert, "99");
+  EXPECT_EQ(rows(),
+            (Texts{"Max|5|Nord|RE||||99|False|0||", "Alle Benutzer|5|Nord|RE||||99|False|0||",
+                   "Max|6|Süd|RE|||||False|0||"}));
 }
 
 TEST_F(RangeTableTest, AValueOfOneUserIsFoundByCaptionAndKey) {
   start(1, {"Max"});
   ranges({{"Max", 5, "Nord", "RE"}, {"Max", 6, "Süd", "RE"}});
-  basAllgemein::SetValue(context(), "RE", "Süd", "Max", 8, true);
-  basAllgemein::SetValue(context(), "RE", "West", "Max", 8, true);
-  EXPECT_EQ(activity(), (Texts{"Max 5 RE ", "Max 6 RE True"}));
+  SetValue("RE", "Süd", "Max", true);
+  SetValue("RE", "West", "Max", true);
+  EXPECT_EQ(activity(), (Texts{"Max 5 RE False", "Max 6 RE True"}));
 }
 
 class RefreshInXArrayTest : public RangeTableTest {
@@ -135,8 +116,8 @@ class RefreshInXArrayTest : public RangeTableTest {
   }
 
   void refresh() {
-    basAllgemein::RefreshCombo(context(), nullptr);
-    basAllgemein::RefreshInXArray(context());
+    RefreshCombo();
+    RefreshInXArray();
   }
 };
 
@@ -144,7 +125,7 @@ TEST_F(RefreshInXArrayTest, AnUnchangedListChangesNothing) {
   const Texts before = rows();
   refresh();
   EXPECT_EQ(rows(), before);
-  EXPECT_FALSE(context().blnChanged());
+  EXPECT_FALSE(session().blnChanged());
 }
 
 TEST_F(RefreshInXArrayTest, ANewCircleGetsTheCommonStandardRangesInDisplayOrder) {
@@ -154,8 +135,8 @@ TEST_F(RefreshInXArrayTest, ANewCircleGetsTheCommonStandardRangesInDisplayOrder)
   ASSERT_EQ(all.size(), 6U);
   EXPECT_EQ(all[4], "Alle Benutzer|2|Süd|AN|Angebot|0|0|0|False|10||");
   EXPECT_EQ(all[5], "Alle Benutzer|2|Süd|RE|Rechnung|0|0|0|False|50||");
-  EXPECT_EQ(table().get(5, 11), Value("")) << "the mask is an empty text";
-  EXPECT_FALSE(context().blnChanged());
+  EXPECT_EQ(table().at(5).Maske.toValue(), Value("")) << "the mask is an empty text";
+  EXPECT_FALSE(session().blnChanged());
 }
 
 TEST_F(RefreshInXArrayTest, ANewCircleThatTheOtherOriginHasTooTakesItsStoredValues) {
@@ -183,20 +164,20 @@ TEST_F(RefreshInXArrayTest, ARenamedCircleIsRenamedInAllItsRows) {
   refresh();
   EXPECT_EQ(rows()[2], "Alle Benutzer|1|Nordost|RE|Rechnung|10|11|19|True|50||1N");
   EXPECT_EQ(rows()[3], "Max|1|Nordost|RE|Rechnung|10|11|19|True|50||1N");
-  EXPECT_FALSE(context().blnChanged());
+  EXPECT_FALSE(session().blnChanged());
 }
 
 TEST_F(RefreshInXArrayTest, ACircleThatIsGoneLosesItsRowsOfEveryUser) {
   sql("DELETE FROM Nummernkreis_Buchungskreise");
   refresh();
   EXPECT_EQ(activity(), (Texts{"Alle Benutzer 0 RE True", "Alle Benutzer 0 AN True"}));
-  EXPECT_TRUE(context().blnChanged());
+  EXPECT_TRUE(session().blnChanged());
 }
 
 TEST_F(RefreshInXArrayTest, RowsOfUsersAloneStayWhenTheirCircleIsGone) {
   row({"Max", 7, "Weg", "RE"});
   refresh();
-  EXPECT_EQ(activity().back(), "Max 7 RE ");
+  EXPECT_EQ(activity().back(), "Max 7 RE False");
 }
 
 }  // namespace

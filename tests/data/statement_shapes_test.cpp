@@ -15,28 +15,37 @@ class StatementShapesTest : public ::testing::Test {
     return shapes_.isOwn(text, backslashEscapes);
   }
   bool isOwnWithDescription(const std::string& description) {
-    statement::Range range;
-    range.NBezeichnung = description;
-    return isOwn(statement::insertRange(range));
+    return isOwn(statement::insertRange(range(description)));
+  }
+  RangeRow range(const std::string& description, const std::string& mask = "",
+                 const std::string& sharedWith = "") {
+    RangeRow row;
+    row.NBezeichnung = texts_.add(description);
+    row.IstNSchlVon = texts_.add(sharedWith);
+    row.Maske = texts_.add(mask);
+    return row;
   }
 
  private:
+  TextPool texts_;
   StatementShapes shapes_;
 };
 
 TEST_F(StatementShapesTest, EveryStatementOfTheComponentIsItsOwnWhateverItsValues) {
-  for (const char* value :
-       {"", "ORB", "größer", "a;b", "-- x", "/* y */", "\"", "a''b", "1", "\n"}) {
+  for (const char* value : {"", "ORB", "größer", "a;b", "-- x", "/* y */", "\"", "1", "\n", "\\"}) {
     for (const std::int32_t number : {0, 7, -7, -2147483647 - 1}) {
-      const statement::Range range{number, value,       value,  number, number,
-                                   number, number == 7, number, value,  value};
+      RangeRow row = range(value, value, value);
+      row.NSchl = row.NBezeichnung;
+      row.Buchungskreis = row.SortierIndex = number;
+      row.StartWert = row.AktuellerWert = row.EndWert = number;
+      row.Aktiviert = number == 7;
       for (const std::string& text :
            {statement::users(), statement::ranges(), statement::bookingCircles(value),
             statement::assignment(number, value, value, value), statement::specialRangeCount(value),
             statement::specialRangesByKey(value), statement::specialRangesByDescription(value),
             statement::otherOriginsOfCircle(number, value), statement::storedRange(value, number),
             statement::deleteRanges(value), statement::deleteAssignments(value),
-            statement::insertRange(range), statement::updateRange(range),
+            statement::insertRange(row), statement::updateRange(row),
             statement::insertAssignment(number, value, value, value)})
         EXPECT_TRUE(isOwn(text)) << text;
     }
@@ -62,6 +71,16 @@ TEST_F(StatementShapesTest, AValueThatGivesItsStatementAnotherShapeIsRefused) {
     EXPECT_FALSE(isOwnWithDescription(value)) << value;
 }
 
+// Each value alone leaves its statement in shape; the two quotes between them make one text of
+// both.
+TEST_F(StatementShapesTest, TwoValuesDoNotRunIntoOne) {
+  RangeRow row = range("Rechnung", "x'");
+  row.NSchl = range(" WHERE Buchungskreis=5 AND NSchl='D").NBezeichnung;
+  EXPECT_FALSE(isOwn(statement::updateRange(row)));
+  EXPECT_FALSE(isOwnWithDescription("NN''NN"));
+  EXPECT_FALSE(isOwnWithDescription("''"));
+}
+
 TEST_F(StatementShapesTest, ASecondStatementIsRefusedAlsoBeforeAnOpenLiteral) {
   EXPECT_FALSE(isOwnWithDescription("x'); DELETE FROM tblUser; SELECT ('', '"));
 }
@@ -71,30 +90,22 @@ TEST_F(StatementShapesTest, AnOpenLiteralIsLeftToTheEngineToRefuse) {
 }
 
 TEST_F(StatementShapesTest, ABackslashBeforeTheQuoteIsRefusedWhereItHidesIt) {
-  statement::Range range;
-  range.NBezeichnung = "x\\";
-  range.Maske = ", 0, 0, 0, 0, 0, '', '') -- ";
-  const std::string text = statement::insertRange(range);
+  const std::string hidden = ", 0, 0, 0, 0, 0, '', '') -- ";
+  const std::string text = statement::insertRange(range("x\\", hidden));
   EXPECT_TRUE(isOwn(text, false));
   EXPECT_FALSE(isOwn(text, true));
-  range.NBezeichnung = "x\\\\";
-  EXPECT_TRUE(isOwn(statement::insertRange(range), true));
+  EXPECT_FALSE(isOwn(statement::insertRange(range("x\\\\", hidden)), true))
+      << "nor one that is escaped itself: what is stored would not be what was typed";
 }
 
 TEST_F(StatementShapesTest, NothingHidesBetweenTheLiterals) {
-  statement::Range range;
-  range.NBezeichnung = "x' /*! evil ";
-  range.Maske = " */, 1, 2, 3, -1, 5, '', 'z";
-  EXPECT_FALSE(isOwn(statement::insertRange(range)));
-  range.NBezeichnung = "x'\n, 1, 2, 3, -1, 5, '', 'z') -- ";
-  EXPECT_FALSE(isOwn(statement::insertRange(range)));
+  const std::string mask = " */, 1, 2, 3, -1, 5, '', 'z";
+  EXPECT_FALSE(isOwn(statement::insertRange(range("x' /*! evil ", mask))));
+  EXPECT_FALSE(isOwn(statement::insertRange(range("x'\n, 1, 2, 3, -1, 5, '', 'z') -- ", mask))));
 }
 
 TEST_F(StatementShapesTest, AnOpenLiteralHasToBeOpenForEveryEngine) {
-  statement::Range range;
-  range.IstNSchlVon = "x' || $$";
-  range.Maske = "$$ || ', ";
-  EXPECT_FALSE(isOwn(statement::insertRange(range)));
+  EXPECT_FALSE(isOwn(statement::insertRange(range("", "$$ || ', ", "x' || $$"))));
   for (const char* value :
        {"x' || E", "x' #", "x' `", "x' || \"", "x' [", "x' /* ", "x' 1e", "a' \\"})
     EXPECT_FALSE(isOwnWithDescription(value)) << value;

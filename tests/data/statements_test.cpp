@@ -5,6 +5,9 @@
 
 #include <limits>
 
+#include "support/error_of.h"
+#include "support/row_of.h"
+
 namespace vexnumkr::statement {
 namespace {
 
@@ -59,23 +62,33 @@ TEST(StatementsTest, Deletes) {
   EXPECT_EQ(deleteAssignments("ORB"), "DELETE FROM Nummernkreis_Zuordnung WHERE Herkunft='ORB'");
 }
 
-const Range range{1,    "RE", "Rechnung", -5,     7, std::numeric_limits<std::int32_t>::min(),
-                  true, 50,   "AN",       "JJNNN"};
+class RangeStatementsTest : public ::testing::Test {
+ protected:
+  XArray table_ = XArray::created();
+  RangeRow range_ =
+      test::rowOf(table_, {"Alle Benutzer", 1, "Nord", "RE", "Rechnung", -5, " 7 ",
+                           std::numeric_limits<std::int32_t>::min(), true, 50, "AN", "JJNNN"});
+};
 
-TEST(StatementsTest, InsertRange) {
-  EXPECT_EQ(insertRange(range),
+TEST_F(RangeStatementsTest, Insert) {
+  EXPECT_EQ(insertRange(range_),
             "INSERT INTO Nummernkreise (Buchungskreis, NSchl, NBezeichnung, StartWert, "
             "AktuellerWert, EndWert, Aktiviert, SortierIndex, IstNSchlVon, Maske) VALUES (1, 'RE', "
             "'Rechnung', -5, 7, -2147483648, -1, 50, 'AN', 'JJNNN')");
 }
 
-TEST(StatementsTest, UpdateRange) {
-  Range inactive = range;
-  inactive.Aktiviert = false;
-  EXPECT_EQ(updateRange(inactive),
+TEST_F(RangeStatementsTest, Update) {
+  range_.Aktiviert = false;
+  EXPECT_EQ(updateRange(range_),
             "UPDATE Nummernkreise SET NBezeichnung='Rechnung', StartWert=-5, AktuellerWert=7, "
             "EndWert=-2147483648, Aktiviert=0, SortierIndex=50, IstNSchlVon='AN', Maske='JJNNN' "
             "WHERE Buchungskreis=1 AND NSchl='RE'");
+}
+
+TEST_F(RangeStatementsTest, AValueThatIsNoNumberIsError13) {
+  range_.EndWert = table_.text("zehn");
+  EXPECT_EQ(test::errorOf([this] { insertRange(range_); }), 13);
+  EXPECT_EQ(test::errorOf([this] { updateRange(range_); }), 13);
 }
 
 TEST(StatementsTest, InsertAssignmentHasNoBlankBeforeTheOrigin) {

@@ -19,22 +19,23 @@ TEST(TableMemoryTest, TheTableOfALargeCompanyTakesLittleMemory) {
   };
   constexpr std::int32_t wantedRows = 250'000;
   const std::size_t before = inUse();
-  XArray table = XArray::withColumns(11);
-  for (std::int32_t row = 0; row < wantedRows; ++row) {
-    const std::int32_t user = row / 2500;
-    const std::int32_t circle = row % 40;
-    const std::int32_t key = row % 2500 / 40;
-    table.AppendRows();
-    table.set(row, 0, "Benutzer " + std::to_string(user));
-    table.set(row, 1, circle);
-    table.set(row, 2, "Buchungskreis Nummer " + std::to_string(circle));
-    table.set(row, 3, "K" + std::to_string(key));
-    table.set(row, 4, "Bezeichnung der Belegart " + std::to_string(key));
-    for (std::int32_t value = 5; value <= 7; ++value) table.set(row, value, row * value);
-    table.set(row, 8, row % 2 == 0);
-    table.set(row, 9, key);
-    table.set(row, 10, "");
-    table.set(row, 11, "JJ" + std::to_string(circle) + "NNNN");
+  XArray table = XArray::created();
+  for (std::int32_t i = 0; i < wantedRows; ++i) {
+    const std::string user = std::to_string(i / 2500);
+    const std::string circle = std::to_string(i % 40);
+    const std::string key = std::to_string(i % 2500 / 40);
+    table.append({.Benutzer = table.text("Benutzer " + user),
+                  .Buchungskreis = i % 40,
+                  .Gruppe = table.text("Buchungskreis Nummer " + circle),
+                  .NSchl = table.text("K" + key),
+                  .NBezeichnung = table.text("Bezeichnung der Belegart " + key),
+                  .StartWert = i * 5,
+                  .AktuellerWert = i * 6,
+                  .EndWert = i * 7,
+                  .Aktiviert = i % 2 == 0,
+                  .SortierIndex = i % 2500 / 40,
+                  .IstNSchlVon = {},
+                  .Maske = table.text("JJ" + circle + "NNNN")});
   }
   ASSERT_EQ(table.findRange("Benutzer 99", 39, "K61"), 249'959);
   const std::size_t taken = inUse() - before;

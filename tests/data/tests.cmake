@@ -5,7 +5,7 @@ add_library(vexnumkr_core_session STATIC
 target_include_directories(vexnumkr_core_session
   PUBLIC "${PROJECT_SOURCE_DIR}/tests" "${CMAKE_BINARY_DIR}/src/app/generated")
 target_link_libraries(vexnumkr_core_session
-  PUBLIC vexnumkr_rules vexnumkr_fresh_database vexnumkr_scripted_connection Qt6::Core GTest::gtest
+  PUBLIC vexnumkr_hosting vexnumkr_fresh_database vexnumkr_scripted_connection Qt6::Core GTest::gtest
   PRIVATE vexnumkr_options)
 
 # vexnumkr_core_test(FOLDER/NAME LABEL): a test on a CoreSession.

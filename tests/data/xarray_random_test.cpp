@@ -5,27 +5,41 @@
 #include <algorithm>
 #include <array>
 #include <random>
+#include <tuple>
 #include <vector>
 
 #include "data/table/xarray.h"
+#include "support/row_of.h"
 
 namespace vexnumkr {
 namespace {
 
-constexpr std::int32_t lastColumn = 4;
-using Row = std::array<Value, lastColumn + 1>;
+struct Row {
+  std::string user;
+  std::int32_t circle = 0;
+  std::string caption;
+  std::string key;
+  std::int32_t place = 0;
+  Value end;
+  bool active = false;
+
+  friend bool operator==(const Row&, const Row&) = default;
+};
+
+Row plainRow(const RangeRow& row) {
+  return {row.Benutzer.str(), row.Buchungskreis,     row.Gruppe.str(), row.NSchl.str(),
+          row.SortierIndex,   row.EndWert.toValue(), row.Aktiviert};
+}
 
 // The rules, written as plainly as possible.
 class PlainTable {
  public:
   std::vector<Row> rows;
 
-  std::int32_t findRange(const std::string& user, std::int32_t circle,
-                         const std::string& key) const {
-    for (std::size_t i = 0; i < rows.size(); ++i)
-      if (rows[i][1] == Value(circle) && rows[i][0] == Value(user) &&
-          (rows[i][3] == Value(key) || rows[i][3] == Value("") || rows[i][3].isEmpty()))
-        return static_cast<std::int32_t>(i);
+  template <class Fits>
+  std::int32_t first(std::size_t from, Fits fits) const {
+    for (std::size_t i = from; i < rows.size(); ++i)
+      if (fits(rows[i])) return static_cast<std::int32_t>(i);
     return -1;
   }
 
@@ -33,32 +47,19 @@ class PlainTable {
                                       const std::string& key) const {
     std::vector<std::int32_t> found;
     for (std::size_t i = 0; i < rows.size(); ++i)
-      if (rows[i][1] == Value(circle) && rows[i][0] == Value(user) && rows[i][3] == Value(key))
+      if (rows[i].circle == circle && rows[i].user == user && rows[i].key == key)
         found.push_back(static_cast<std::int32_t>(i));
     return found;
   }
 
-  std::int32_t find(std::size_t start, std::size_t column, const Value& value) const {
-    for (std::size_t i = start; i < rows.size(); ++i)
-      if (rows[i][column] == value) return static_cast<std::int32_t>(i);
-    return -1;
-  }
-
-  void sort(const std::vector<SortKey>& keys) {
-    std::stable_sort(rows.begin(), rows.end(), [&keys](const Row& a, const Row& b) {
-      for (const SortKey& key : keys) {
-        const auto column = static_cast<std::size_t>(key.column);
-        if (key.comparison == Comparison::Number) {
-          const auto x = a[column].toLong();
-          const auto y = b[column].toLong();
-          if (x != y) return key.ascending ? x < y : x > y;
-        } else {
-          const auto x = a[column].toText();
-          const auto y = b[column].toText();
-          if (x != y) return key.ascending ? x < y : x > y;
-        }
-      }
-      return false;
+  void sort(RowOrder order) {
+    std::stable_sort(rows.begin(), rows.end(), [order](const Row& a, const Row& b) {
+      if (order == RowOrder::display)
+        return std::tie(a.user, a.place, a.key, a.circle) <
+               std::tie(b.user, b.place, b.key, b.circle);
+      if (order == RowOrder::tree)
+        return std::tie(a.user, a.key, a.circle) < std::tie(b.user, b.key, b.circle);
+      return std::tie(a.circle, a.key) < std::tie(b.circle, b.key);
     });
   }
 };
@@ -73,7 +74,7 @@ class Pair {
       compareSearches();
       if (::testing::Test::HasFailure()) return;
     }
-    compareCells();
+    compareRows();
   }
 
  private:
@@ -82,48 +83,48 @@ class Pair {
   std::string user() { return std::array{"Anna", "Max", "Alle Benutzer", ""}[pick(4)]; }
   std::int32_t circle() { return static_cast<std::int32_t>(pick(4)) - 1; }
   std::string key() { return std::array{"RE", "AN", "re", "", "LS"}[pick(5)]; }
-
-  Value cell(std::int32_t column) {
-    if (pick(12) == 0) return Value();
-    if (column == 1) return pick(15) == 0 ? Value("1") : Value(circle());
-    if (column == 0) return user();
-    if (column == 3) return pick(15) == 0 ? Value(7) : Value(key());
-    return Value(static_cast<std::int32_t>(pick(3)));
-  }
+  std::string caption() { return std::array{"Nord", "Süd", ""}[pick(3)]; }
+  Value value() { return std::array<Value, 4>{"1.000", "", Value(), 7}[pick(4)]; }
+  std::int32_t anyRow() { return static_cast<std::int32_t>(pick(plain_.rows.size())); }
+  Row& plain(std::int32_t row) { return plain_.rows[static_cast<std::size_t>(row)]; }
 
   void append() {
-    table_.AppendRows();
-    plain_.rows.emplace_back();
-    const auto last = plain_.rows.size() - 1;
-    for (std::int32_t c = 0; c <= lastColumn; ++c) write(last, c, cell(c));
+    const Row row{user(), circle(), caption(), key(), circle(), Value(3), pick(2) == 0};
+    table_.append(test::rowOf(
+        table_, {row.user, row.circle, row.caption, row.key, "", 1, 1, 3, row.active, row.place}));
+    plain_.rows.push_back(row);
   }
 
-  void write(std::size_t row, std::int32_t column, const Value& value) {
-    table_.set(static_cast<std::int32_t>(row), column, value);
-    plain_.rows[row][static_cast<std::size_t>(column)] = value;
+  void appendAgain() {
+    const std::int32_t row = anyRow();
+    table_.append(table_.at(row));
+    plain_.rows.push_back(Row(plain(row)));
   }
 
   void remove() {
-    const auto first = pick(plain_.rows.size());
-    const auto count = 1 + pick(std::min<std::size_t>(3, plain_.rows.size() - first));
-    table_.DeleteRows(static_cast<std::int32_t>(first), static_cast<std::int32_t>(count));
-    plain_.rows.erase(plain_.rows.begin() + first, plain_.rows.begin() + first + count);
+    const std::int32_t row = anyRow();
+    table_.remove(row);
+    plain_.rows.erase(plain_.rows.begin() + row);
+  }
+
+  void write() {
+    const std::int32_t row = anyRow();
+    table_.setValue(row, &RangeRow::EndWert, plain(row).end = value());
+    table_.setGruppe(row, plain(row).caption = caption());
+    table_.setAktiviert(row, plain(row).active = pick(2) == 0);
   }
 
   void sort() {
-    std::vector<SortKey> keys;
-    for (const std::int32_t column : {0, 3, 1}) {
-      if (pick(3) == 0) continue;
-      const auto comparison = column == 1 ? Comparison::Number : Comparison::Text;
-      keys.push_back({column, pick(5) != 0, comparison});
-    }
-    table_.QuickSort(0, table_.UpperBound(1), keys);
-    plain_.sort(keys);
+    const RowOrder order =
+        std::array{RowOrder::display, RowOrder::tree, RowOrder::circleAndKey}[pick(3)];
+    table_.sort(order);
+    plain_.sort(order);
   }
 
   void copy() {
-    XArray snapshot = XArray::withColumns(0);
+    XArray snapshot;
     snapshot.copyFrom(table_);
+    if (pick(2) == 0) table_.release();
     table_.copyFrom(snapshot);
   }
 
@@ -133,9 +134,10 @@ class Pair {
       append();
     } else if (what < 12) {
       remove();
+    } else if (what < 16) {
+      write();
     } else if (what < 17) {
-      const auto column = static_cast<std::int32_t>(pick(lastColumn + 1));
-      write(pick(plain_.rows.size()), column, cell(column));
+      appendAgain();
     } else if (what < 19) {
       sort();
     } else {
@@ -144,31 +146,39 @@ class Pair {
   }
 
   void compareSearches() {
-    ASSERT_EQ(table_.UpperBound(1) + 1, static_cast<std::int32_t>(plain_.rows.size()));
-    for (int i = 0; i < 3; ++i) {
-      const auto u = user();
-      const auto c = circle();
-      const auto k = key();
-      ASSERT_EQ(table_.findRange(u, c, k), plain_.findRange(u, c, k)) << u << c << k;
-      ASSERT_EQ(table_.rangeRows(u, c, k), plain_.rangeRows(u, c, k)) << u << c << k;
-    }
-    const auto start = pick(plain_.rows.size() + 1);
-    for (const std::int32_t column : {0, 1, 3}) {
-      const Value value = column == 1 ? Value(circle()) : column == 0 ? user() : key();
-      ASSERT_EQ(table_.Find(static_cast<std::int32_t>(start), column, value),
-                plain_.find(start, static_cast<std::size_t>(column), value));
-    }
+    ASSERT_EQ(table_.size(), static_cast<std::int32_t>(plain_.rows.size()));
+    const auto u = user();
+    const auto c = circle();
+    const auto k = key();
+    const auto n = caption();
+    ASSERT_EQ(table_.findRange(u, c, k), plain_.first(0,
+                                                      [&](const Row& row) {
+                                                        return row.user == u && row.circle == c &&
+                                                               (row.key == k || row.key.empty());
+                                                      }))
+        << u << c << k;
+    ASSERT_EQ(table_.rangeRows(u, c, k), plain_.rangeRows(u, c, k)) << u << c << k;
+    ASSERT_EQ(table_.findUser(u), plain_.first(0, [&](const Row& row) { return row.user == u; }));
+    ASSERT_EQ(table_.findCaption(u, n, k), plain_.first(0, [&](const Row& row) {
+      return row.user == u && row.caption == n && row.key == k;
+    }));
+    const auto from = pick(plain_.rows.size() + 1);
+    const auto start = static_cast<std::int32_t>(from);
+    ASSERT_EQ(table_.findCircle(c, start),
+              plain_.first(from, [&](const Row& row) { return row.circle == c; }));
+    ASSERT_EQ(table_.findNumberKey(k, start),
+              plain_.first(from, [&](const Row& row) { return row.key == k; }));
   }
 
-  void compareCells() {
-    for (std::size_t row = 0; row < plain_.rows.size(); ++row)
-      for (std::int32_t column = 0; column <= lastColumn; ++column)
-        ASSERT_EQ(table_.get(static_cast<std::int32_t>(row), column),
-                  plain_.rows[row][static_cast<std::size_t>(column)]);
+  void compareRows() {
+    std::vector<Row> rows;
+    for (const RangeRow& row : table_) rows.push_back(plainRow(row));
+    ASSERT_EQ(rows, plain_.rows);
+    for (std::int32_t i = 0; i < table_.size(); ++i) ASSERT_EQ(plainRow(table_.at(i)), plain(i));
   }
 
   std::mt19937 random_;
-  XArray table_ = XArray::withColumns(lastColumn);
+  XArray table_ = XArray::created();
   PlainTable plain_;
 };
 

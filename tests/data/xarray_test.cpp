@@ -2,227 +2,197 @@
 
 #include <gtest/gtest.h>
 
-#include <array>
-
 #include <vexnumkr/error.h>
 
 #include "support/error_of.h"
+#include "support/row_of.h"
 
 namespace vexnumkr {
 namespace {
 
 using test::errorOf;
+using test::rowOf;
+using Texts = std::vector<std::string>;
 
-XArray tableOf(const std::vector<std::vector<Value>>& rows, std::int32_t lastColumn) {
-  XArray table = XArray::withColumns(lastColumn);
-  for (const auto& cells : rows) {
-    table.AppendRows();
-    for (std::size_t c = 0; c < cells.size(); ++c)
-      table.set(table.UpperBound(1), static_cast<std::int32_t>(c), cells[c]);
-  }
+XArray tableOf(const std::vector<std::vector<Value>>& rows) {
+  XArray table = XArray::created();
+  for (const auto& cells : rows) table.append(rowOf(table, cells));
   return table;
 }
 
-std::vector<std::string> column(const XArray& table, std::int32_t number) {
-  std::vector<std::string> texts;
-  for (std::int32_t row = table.LowerBound(1); row <= table.UpperBound(1); ++row)
-    texts.push_back(table.toText(row, number));
+// User, circle and key of each row.
+Texts keys(const XArray& table) {
+  Texts texts;
+  for (const RangeRow& row : table)
+    texts.push_back(row.Benutzer.str() + " " + std::to_string(row.Buchungskreis) + " " +
+                    row.NSchl.str());
   return texts;
 }
 
-using Texts = std::vector<std::string>;
-
-TEST(XArrayTest, IsCreatedEmptyWithItsColumns) {
-  const XArray table = XArray::withColumns(11);
-  EXPECT_EQ(table.LowerBound(1), 0);
-  EXPECT_EQ(table.UpperBound(1), -1);
-  EXPECT_EQ(table.LowerBound(2), 0);
-  EXPECT_EQ(table.UpperBound(2), 11);
-  EXPECT_EQ(errorOf([&] { table.UpperBound(3); }), 9);
+TEST(XArrayTest, IsCreatedWithoutRows) {
+  const XArray table = XArray::created();
+  EXPECT_EQ(table.size(), 0);
+  EXPECT_TRUE(table.empty());
+  EXPECT_EQ(table.begin(), table.end());
+  EXPECT_EQ(table.findRange("Max", 1, "RE"), -1);
 }
 
-TEST(XArrayTest, ReDimSetsTheBoundsOfBothDimensions) {
+TEST(XArrayTest, WhatWasNotCreatedIsError91) {
   XArray table;
-  table.ReDim(1, 3, 2, 4);
-  EXPECT_EQ(table.LowerBound(1), 1);
-  EXPECT_EQ(table.UpperBound(1), 3);
-  EXPECT_EQ(table.LowerBound(2), 2);
-  EXPECT_EQ(table.UpperBound(2), 4);
-  table.set(3, 4, "x");
-  EXPECT_EQ(table.get(3, 4), Value("x"));
-  EXPECT_EQ(table.Find(1, 4, "x"), 3);
+  EXPECT_FALSE(table.exists());
+  EXPECT_EQ(errorOf([&] { table.size(); }), 91);
+  EXPECT_EQ(errorOf([&] { table.begin(); }), 91);
+  EXPECT_EQ(errorOf([&] { table.append({}); }), 91);
+  EXPECT_EQ(errorOf([&] { table.findRange("Max", 1, "RE"); }), 91);
+  EXPECT_EQ(errorOf([&] { table.sort(RowOrder::tree); }), 91);
+  table.create();
+  table.append({});
+  EXPECT_EQ(table.size(), 1);
+  table.release();
+  EXPECT_EQ(errorOf([&] { table.at(0); }), 91);
 }
 
-TEST(XArrayTest, CellsKeepWhatTheyAreGiven) {
-  XArray table = XArray::withColumns(3);
-  table.AppendRows();
-  EXPECT_EQ(table.get(0, 0), Value());
-  for (const Value& value :
-       {Value(-5), Value(true), Value("Text"), Value(""), Value(Null{}), Value()}) {
-    table.set(0, 2, value);
-    EXPECT_EQ(table.get(0, 2), value);
+TEST(XArrayTest, RowsThatDoNotExistAreError9) {
+  XArray table = tableOf({{"Max", 1, "Nord", "RE"}});
+  EXPECT_EQ(errorOf([&] { table.at(-1); }), 9);
+  EXPECT_EQ(errorOf([&] { table.at(1); }), 9);
+  EXPECT_EQ(errorOf([&] { table.remove(1); }), 9);
+  EXPECT_EQ(errorOf([&] { table.setAktiviert(-1, true); }), 9);
+  EXPECT_EQ(errorOf([&] { table.setValue(1, &RangeRow::Maske, "N"); }), 9);
+  EXPECT_EQ(keys(table), Texts{"Max 1 RE"});
+}
+
+TEST(XArrayTest, ValuesStayAsTheyWereTyped) {
+  XArray table = tableOf({{"Max", 1, "Nord", "RE"}});
+  EXPECT_EQ(table.at(0).StartWert.toValue(), Value()) << "nothing yet";
+  EXPECT_EQ(table.at(0).StartWert.toLong(), 0);
+  for (const Value& value : {Value(-5), Value("1.000"), Value(""), Value(0), Value()}) {
+    table.setValue(0, &RangeRow::StartWert, value);
+    EXPECT_EQ(table.at(0).StartWert.toValue(), value);
   }
+  table.setValue(0, &RangeRow::StartWert, "1.000");
+  EXPECT_EQ(table.at(0).StartWert.toLong(), 1000);
+  table.setValue(0, &RangeRow::StartWert, "zehn");
+  EXPECT_EQ(errorOf([&] { table.at(0).StartWert.toLong(); }), 13);
+  table.setValue(0, &RangeRow::StartWert, std::numeric_limits<std::int32_t>::min());
+  EXPECT_EQ(table.at(0).StartWert.toLong(), std::numeric_limits<std::int32_t>::min());
 }
 
-TEST(XArrayTest, RowsAndColumnsThatDoNotExistAreError9) {
-  XArray table = tableOf({{"a"}}, 1);
-  EXPECT_EQ(errorOf([&] { table.get(-1, 0); }), 9);
-  EXPECT_EQ(errorOf([&] { table.get(1, 0); }), 9);
-  EXPECT_EQ(errorOf([&] { table.get(0, 2); }), 9);
-  EXPECT_EQ(errorOf([&] { table.set(-1, 0, true); }), 9);
-  EXPECT_EQ(errorOf([&] { table.DeleteRows(1); }), 9);
-  EXPECT_EQ(errorOf([&] { table.DeleteRows(0, 2); }), 9);
-  EXPECT_EQ(errorOf([&] { table.Find(-1, 0, "a"); }), 9);
-  EXPECT_EQ(column(table, 0), Texts{"a"});
+TEST(XArrayTest, ARowShowsItsColumnsInOrder) {
+  const XArray table =
+      tableOf({{"Max", 1, "Nord", "RE", "Rechnung", 10, "11", 99, true, 50, "AN", ""}, {"Eva"}});
+  const auto full = table.at(0).columns();
+  const std::array<Value, 12> expected{"Max", 1,  "Nord", "RE", "Rechnung", 10,
+                                       "11",  99, true,   50,   "AN",       ""};
+  EXPECT_EQ(full, expected);
+  EXPECT_EQ(table.at(1).columns()[11], Value()) << "a mask that was never set";
 }
 
-TEST(XArrayTest, ARowReadsItsCells) {
-  XArray table;
-  table.ReDim(1, 2, 2, 5);
-  table.set(2, 2, "Anna");
-  table.set(2, 3, 7);
-  table.set(2, 4, Null{});
-  const TableRow row = table.at(2);
-  EXPECT_EQ(row.get(2), Value("Anna"));
-  EXPECT_EQ(row.toLong(3), 7);
-  EXPECT_TRUE(row.isNull(4));
-  EXPECT_EQ(row.toTextId(2), table.textId("Anna"));
-  EXPECT_TRUE(row.equals(2, *table.textId("Anna")));
-  EXPECT_FALSE(row.equals(3, row.toTextId(3))) << "a number is no text";
-  EXPECT_TRUE(row.equals(5, emptyTextId)) << "a cell that was never set";
-  EXPECT_EQ(table.textId("Berta"), std::nullopt);
+TEST(XArrayTest, LaterRowsMoveUpWhenOneGoes) {
+  XArray table = tableOf({{"A", 1}, {"B", 2}, {"C", 3}, {"D", 4}});
+  table.remove(1);
+  EXPECT_EQ(keys(table), (Texts{"A 1 ", "C 3 ", "D 4 "}));
+  EXPECT_EQ(table.at(1).Benutzer, "C");
+  table.remove(2);
+  table.append(rowOf(table, {"E", 5}));
+  EXPECT_EQ(keys(table), (Texts{"A 1 ", "C 3 ", "E 5 "}));
+  for (int i = 0; i < 3; ++i) table.remove(0);
+  EXPECT_TRUE(table.empty());
 }
 
-TEST(XArrayTest, ARowHasTheBoundsOfItsTable) {
-  XArray table;
-  table.ReDim(1, 2, 2, 5);
-  EXPECT_EQ(errorOf([&] { table.at(0); }), 9);
-  EXPECT_EQ(errorOf([&] { table.at(3); }), 9);
-  EXPECT_EQ(errorOf([&] { table.at(1).get(1); }), 9);
-  EXPECT_EQ(errorOf([&] { table.at(1).get(6); }), 9);
+TEST(XArrayTest, ARowCanBeReadWhileOthersAreAppended) {
+  XArray table = tableOf({{"A", 1}});
+  const RangeRow& first = table.at(0);
+  for (int i = 0; i < 1000; ++i) table.append(first);
+  EXPECT_EQ(first.Benutzer, "A");
+  EXPECT_EQ(table.size(), 1001);
 }
 
-TEST(XArrayTest, LaterRowsMoveUpWhenRowsAreRemoved) {
-  XArray table = tableOf({{"a"}, {"b"}, {"c"}, {"d"}}, 0);
-  table.DeleteRows(1, 2);
-  EXPECT_EQ(column(table, 0), (Texts{"a", "d"}));
-  table.AppendRows();
-  table.set(2, 0, "e");
-  EXPECT_EQ(column(table, 0), (Texts{"a", "d", "e"}));
-  table.DeleteRows(0, 3);
-  EXPECT_EQ(table.UpperBound(1), -1);
-}
-
-TEST(XArrayTest, FindsTheFirstEqualCellFromARowOn) {
-  const XArray table = tableOf({{"a", 1}, {"b", 2}, {"a", 2}, {Value(), Null{}}}, 1);
-  EXPECT_EQ(table.Find(0, 0, "a"), 0);
-  EXPECT_EQ(table.Find(1, 0, "a"), 2);
-  EXPECT_EQ(table.Find(3, 0, "a"), -1);
-  EXPECT_EQ(table.Find(4, 0, "a"), -1);
-  EXPECT_EQ(table.Find(0, 1, 2), 1);
-  EXPECT_EQ(table.Find(0, 1, "2"), -1) << "a text is no number";
-  EXPECT_EQ(table.Find(0, 0, "A"), -1) << "case counts";
-  EXPECT_EQ(table.Find(0, 0, "never seen"), -1);
-}
-
-TEST(XArrayTest, SortsTextsByCodePointAndNumbersByValue) {
-  XArray table = tableOf({{"b", 10}, {"B", 9}, {"ä", -1}, {"a", 10}, {"b", 9}}, 1);
-  const std::array byText{SortKey{0, true, Comparison::Text}, SortKey{1, true, Comparison::Number}};
-  table.QuickSort(0, 4, byText);
-  EXPECT_EQ(column(table, 0), (Texts{"B", "a", "b", "b", "ä"}));
-  EXPECT_EQ(column(table, 1), (Texts{"9", "10", "9", "10", "-1"}));
-  const std::array byNumber{SortKey{1, false, Comparison::Number}};
-  table.QuickSort(0, 4, byNumber);
-  EXPECT_EQ(column(table, 1), (Texts{"10", "10", "9", "9", "-1"}));
-  EXPECT_EQ(column(table, 0), (Texts{"a", "b", "B", "b", "ä"})) << "equal keys keep their order";
-}
-
-TEST(XArrayTest, SortsPartOfItsRows) {
-  XArray table = tableOf({{"d"}, {"c"}, {"b"}, {"a"}}, 0);
-  const std::array keys{SortKey{0, true, Comparison::Text}};
-  table.QuickSort(1, 2, keys);
-  EXPECT_EQ(column(table, 0), (Texts{"d", "b", "c", "a"}));
-}
-
-TEST(XArrayTest, SortsAgainAfterAKeyWasWritten) {
-  XArray table = tableOf({{"a"}, {"b"}}, 0);
-  const std::array keys{SortKey{0, true, Comparison::Text}};
-  table.QuickSort(0, 1, keys);
-  table.set(0, 0, "c");
-  table.QuickSort(0, 1, keys);
-  EXPECT_EQ(column(table, 0), (Texts{"b", "c"}));
-  table.AppendRows();
-  table.set(2, 0, "a");
-  table.QuickSort(0, 2, keys);
-  EXPECT_EQ(column(table, 0), (Texts{"a", "b", "c"}));
-}
-
-TEST(XArrayTest, ASortThatFailsMovesNothing) {
-  XArray table = tableOf({{"2"}, {"1"}, {"x"}}, 0);
-  const std::array numbers{SortKey{0, true, Comparison::Number}};
-  EXPECT_EQ(errorOf([&] { table.QuickSort(0, 2, numbers); }), 13);
-  EXPECT_EQ(column(table, 0), (Texts{"2", "1", "x"}));
-  table.set(2, 0, Null{});
-  EXPECT_EQ(errorOf([&] { table.QuickSort(0, 2, numbers); }), 94);
-}
-
-TEST(XArrayTest, SortsNumbersAsTextsWhereTextsAreCompared) {
-  XArray table = tableOf({{9}, {"10"}, {true}, {Value()}}, 0);
-  const std::array keys{SortKey{0, true, Comparison::Text}};
-  table.QuickSort(0, 3, keys);
-  EXPECT_EQ(column(table, 0), (Texts{"", "10", "9", "Wahr"}));
-  EXPECT_EQ(table.Find(0, 0, 9), 2);
-  EXPECT_EQ(table.Find(0, 0, "9"), -1) << "the number 9 is no text, sorted or not";
-}
-
-TEST(XArrayTest, FindsRangesByUserCircleAndKey) {
-  XArray table = tableOf({{"Max", 5, "", "RE"}, {"Max", 4, "", "RE"}, {"Anna", 5, "", "RE"}}, 11);
-  EXPECT_EQ(table.findRange("Max", 5, "RE"), 0);
-  EXPECT_EQ(table.findRange("Anna", 5, "RE"), 2);
-  EXPECT_EQ(table.findRange("Anna", 4, "RE"), -1);
-  EXPECT_EQ(table.findRange("max", 5, "RE"), -1);
-  EXPECT_EQ(table.findRange("Max", 5, "RE "), -1);
-}
-
-TEST(XArrayTest, ARowWithoutKeyStandsForEveryKey) {
-  XArray table = tableOf({{"Max", 5, "", "AN"}, {"Max", 5}, {"Max", 5, "", "RE"}}, 11);
+TEST(XArrayTest, ARowWithoutKeyStandsForAllKeys) {
+  const XArray table = tableOf({{"Max", 6, "", "RE"}, {"Max", 5, "", ""}, {"Max", 5, "", "RE"}});
   EXPECT_EQ(table.findRange("Max", 5, "RE"), 1);
-  EXPECT_EQ(table.findRange("Max", 5, "AN"), 0);
-  EXPECT_EQ(table.findRange("Max", 5, "XX"), 1);
-  table.set(1, 3, "LS");
-  EXPECT_EQ(table.findRange("Max", 5, "RE"), 2);
-  table.set(0, 3, "");
-  EXPECT_EQ(table.findRange("Max", 5, "RE"), 0);
+  EXPECT_EQ(table.findRange("Max", 5, "never heard of"), 1);
+  EXPECT_EQ(table.findRange("Max", 6, "RE"), 0);
+  EXPECT_EQ(table.findRange("Max", 6, "re"), -1) << "texts are compared exactly";
+  EXPECT_EQ(table.findRange("max", 6, "RE"), -1);
+  EXPECT_EQ(table.rangeRows("Max", 5, "RE"), std::vector<std::int32_t>{2});
 }
 
-TEST(XArrayTest, FindsTheFirstRowWithSeveralTexts) {
-  using TextCell = std::pair<std::int32_t, std::string_view>;
-  const XArray table = tableOf({{"Max", 1, "Nord"}, {"Max", 2, "Süd"}, {"Eva", 2, "Süd"}}, 3);
-  const std::array wanted{TextCell{0, "Max"}, TextCell{2, "Süd"}};
-  EXPECT_EQ(table.FindRow(wanted), 1);
-  const std::array missing{TextCell{0, "Eva"}, TextCell{2, "Nord"}};
-  EXPECT_EQ(table.FindRow(missing), -1);
+TEST(XArrayTest, TheFirstOfSeveralIsFoundWhateverWasRemovedBefore) {
+  XArray table = tableOf({{"Max", 5, "", "RE"}, {"Max", 5, "", "RE"}, {"Max", 5, "", "RE"}});
+  EXPECT_EQ(table.rangeRows("Max", 5, "RE"), (std::vector<std::int32_t>{0, 1, 2}));
+  table.remove(0);
+  EXPECT_EQ(table.findRange("Max", 5, "RE"), 0);
+  EXPECT_EQ(table.rangeRows("Max", 5, "RE"), (std::vector<std::int32_t>{0, 1}));
+  table.remove(0);
+  table.remove(0);
+  EXPECT_EQ(table.findRange("Max", 5, "RE"), -1);
+}
+
+TEST(XArrayTest, SearchesGoOnFromARow) {
+  const XArray table = tableOf({{"A", 1, "", "RE"}, {"B", 2, "", "AN"}, {"C", 1, "", "RE"}});
+  EXPECT_EQ(table.findCircle(1), 0);
+  EXPECT_EQ(table.findCircle(1, 1), 2);
+  EXPECT_EQ(table.findCircle(1, 3), -1) << "behind the last row there is nothing";
+  EXPECT_EQ(table.findNumberKey("RE", 1), 2);
+  EXPECT_EQ(table.findNumberKey("XX"), -1);
+}
+
+TEST(XArrayTest, ARowIsFoundByItsCaption) {
+  const XArray table = tableOf({{"Max", 5, "Nord", "RE"}, {"Max", 6, "Süd", "RE"}});
+  EXPECT_EQ(table.findCaption("Max", "Süd", "RE"), 1);
+  EXPECT_EQ(table.findCaption("Max", "West", "RE"), -1);
+}
+
+TEST(XArrayTest, SortsByItsOrders) {
+  XArray table = tableOf({{"Max", 10, "", "RE", "", 0, 0, 0, true, 1},
+                          {"Max", 9, "", "RE", "", 0, 0, 0, true, 2},
+                          {"Anna", 9, "", "re", "", 0, 0, 0, true, -3},
+                          {"Max", -1, "", "AN", "", 0, 0, 0, true, 2}});
+  table.sort(RowOrder::display);
+  EXPECT_EQ(keys(table), (Texts{"Anna 9 re", "Max 10 RE", "Max -1 AN", "Max 9 RE"}));
+  table.sort(RowOrder::tree);
+  EXPECT_EQ(keys(table), (Texts{"Anna 9 re", "Max -1 AN", "Max 9 RE", "Max 10 RE"}));
+  table.sort(RowOrder::circleAndKey);
+  EXPECT_EQ(keys(table), (Texts{"Max -1 AN", "Max 9 RE", "Anna 9 re", "Max 10 RE"}));
+  EXPECT_EQ(table.findUser("Max"), 0);
+  table.sort(RowOrder::tree);
+  EXPECT_EQ(table.findUser("Max"), 1);
+  EXPECT_EQ(table.findUser("Eva"), -1);
+}
+
+TEST(XArrayTest, EqualRowsKeepTheirOrder) {
+  XArray table = XArray::created();
+  for (const char* caption : {"c", "a", "b"}) table.append(rowOf(table, {"Max", 1, caption, "RE"}));
+  table.sort(RowOrder::display);
+  std::string captions;
+  for (const RangeRow& row : table) captions += row.Gruppe.str();
+  EXPECT_EQ(captions, "cab");
+}
+
+TEST(XArrayTest, KeysTooWideToBeJoinedAreSortedAllTheSame) {
+  constexpr std::int32_t low = std::numeric_limits<std::int32_t>::min();
+  constexpr std::int32_t high = std::numeric_limits<std::int32_t>::max();
+  XArray table = tableOf({{"B", high, "", "RE", "", 0, 0, 0, true, high},
+                          {"A", low, "", "RE", "", 0, 0, 0, true, high},
+                          {"A", high, "", "RE", "", 0, 0, 0, true, low},
+                          {"A", low, "", "AN", "", 0, 0, 0, true, low}});
+  table.sort(RowOrder::display);
+  EXPECT_EQ(keys(table),
+            (Texts{"A -2147483648 AN", "A 2147483647 RE", "A -2147483648 RE", "B 2147483647 RE"}));
 }
 
 TEST(XArrayTest, ASnapshotStaysAsItWas) {
-  XArray table = tableOf({{"a", 1}, {"b", 2}, {"c", 3}}, 1);
-  table.DeleteRows(1);
-  XArray snapshot = XArray::withColumns(1);
+  XArray table = tableOf({{"Max", 1, "Nord", "RE"}, {"Max", 2, "Süd", "RE"}});
+  table.remove(0);
+  XArray snapshot;
   snapshot.copyFrom(table);
-  table.set(0, 0, "z");
-  table.DeleteRows(1);
-  snapshot.set(1, 0, "y");
-  EXPECT_EQ(column(snapshot, 0), (Texts{"a", "y"}));
-  EXPECT_EQ(column(snapshot, 1), (Texts{"1", "3"}));
-  EXPECT_EQ(column(table, 0), Texts{"z"});
-}
-
-TEST(XArrayTest, ASnapshotOfAnEmptyTableHasItsColumns) {
-  const XArray table = XArray::withColumns(11);
-  XArray snapshot = XArray::withColumns(1);
-  snapshot.copyFrom(table);
-  EXPECT_EQ(snapshot.UpperBound(1), -1);
-  EXPECT_EQ(snapshot.UpperBound(2), 11);
+  table.setGruppe(0, "West");
+  table.append(rowOf(table, {"Eva", 3, "", "AN"}));
+  EXPECT_EQ(keys(snapshot), Texts{"Max 2 RE"});
+  EXPECT_EQ(snapshot.at(0).Gruppe, "Süd");
+  table.release();
+  EXPECT_EQ(snapshot.at(0).Benutzer, "Max") << "its texts are its own too";
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
-#include "app/connection_text.h"
+#include <vexnumkr/connection_string.h>
+
 #include "app/program.h"
 #include "app/sample_database.h"
 
@@ -14,7 +15,7 @@ ProgramRun runExample(const QStringList& arguments) {
 TEST(EmbedExample, ShowsTheDialogAndLeavesTheDatabaseAsItWas) {
   const SampleDatabase database;
   const auto before = database.rows("SELECT * FROM Nummernkreise");
-  const QString connection = QString::fromStdString(app::sqliteConnectionText(database.file()));
+  const QString connection = QString::fromStdString(sqliteConnectionString(database.file()));
   const ProgramRun run =
       runExample({connection, QStringLiteral("Becker"), QStringLiteral("--demo")});
   EXPECT_EQ(run.exitCode, 0) << run.errors;

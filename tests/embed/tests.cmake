@@ -3,3 +3,11 @@ vexnumkr_test(embed/embed_example_test GUI LABEL gui LINKS vexnumkr_test_app)
 target_compile_definitions(embed_example_test PRIVATE
   EMBED_EXAMPLE="$<TARGET_FILE:vexnumkr-embed-example>")
 add_dependencies(embed_example_test vexnumkr-embed-example)
+
+# The example of a host without Qt, with what presses buttons loaded into it.
+vexnumkr_test(embed/run_time_example_test GUI LABEL gui LINKS vexnumkr_test_app)
+target_compile_definitions(run_time_example_test PRIVATE
+  RUN_TIME_EXAMPLE="$<TARGET_FILE:vexnumkr-run-time-example>"
+  VEXNUMKR_LIBRARY="$<TARGET_FILE:vexnumkr>"
+  PLUGIN_FOLDER="${CMAKE_BINARY_DIR}/tests/plugins" PROJECT_VERSION="${PROJECT_VERSION}")
+add_dependencies(run_time_example_test vexnumkr-run-time-example vexnumkr vexnumkr_button_presser)

@@ -12,8 +12,6 @@ target_link_libraries(vexnumkr_test_screen_reader
   PUBLIC Qt6::Gui
   PRIVATE vexnumkr_options Qt6::GuiPrivate)
 
-foreach(group grid forms dialog)
-  if(EXISTS "${CMAKE_CURRENT_LIST_DIR}/${group}_tests.cmake")
-    include("${CMAKE_CURRENT_LIST_DIR}/${group}_tests.cmake")
-  endif()
+foreach(group qt grid forms dialog)
+  include("${CMAKE_CURRENT_LIST_DIR}/${group}/tests.cmake")
 endforeach()

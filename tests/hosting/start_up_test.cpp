@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
-#include "data/booking_circles.h"
 #include "data/sql/statements.h"
 #include "hosting/call_log.h"
+#include "hosting/circle_administration.h"
 #include "support/core_session.h"
 
 namespace vexnumkr {
@@ -49,103 +49,99 @@ const Lines& startUpCalls() {
 // Steps on a host that does nothing but note them.
 class LoggedStartUpTest : public testing::Test {
  protected:
-  LoggedStartUpTest() { context_.Conn(std::make_shared<test::LoggedConnection>(log_, "conn")); }
+  LoggedStartUpTest() { session_.Conn(std::make_shared<test::LoggedConnection>(log_, "conn")); }
   void TearDown() override { EXPECT_EQ(forms_.takeBoxes(), std::vector<test::Box>{}); }
 
-  std::int32_t rowCount() const {
-    return context_.XArray().UpperBound(1) - context_.XArray().LowerBound(1) + 1;
-  }
+  std::int32_t rowCount() { return session_.XArray().size(); }
 
   test::CallLog log_;
   test::LoggedHost host_{log_};
   test::RecordingForms forms_;
   const test::FixedClock clock_{"20240315"};
-  HostContext context_{Services{forms_, host_, clock_}};
+  Session session_{Services{forms_, host_, clock_}};
 };
 
 TEST_F(LoggedStartUpTest, BuildsTheWorkingObjectsInOrder) {
-  context_.blnChanged(true);
-  basInititialize(context_);
+  session_.blnChanged(true);
+  basInititialize(session_);
   EXPECT_EQ(log_.take(), startUpCalls());
   EXPECT_EQ(rowCount(), 0);
-  EXPECT_EQ(context_.XArray().LowerBound(1), 0);
-  EXPECT_EQ(context_.XArray().LowerBound(2), 0);
-  EXPECT_EQ(context_.XArray().UpperBound(2), 11);
-  EXPECT_FALSE(context_.blnChanged());
-  EXPECT_FALSE(exists([this] { context_.Buchungskreise(); })) << "filled by the dialog's combo box";
+  EXPECT_TRUE(session_.XArray().empty());
+  EXPECT_FALSE(session_.blnChanged());
+  EXPECT_FALSE(session_.Buchungskreise().exists()) << "filled by the dialog's combo box";
 }
 
 TEST_F(LoggedStartUpTest, AFailingStepIsReportedAndLeavesOutTheRest) {
   const Lines& all = startUpCalls();
   const auto tableStep = std::find(all.begin(), all.end(), "host.CreateObject vxtComDlg.WWSDialog");
   for (auto failing = all.begin(); failing != all.end(); ++failing) {
-    context_.blnChanged(true);
+    session_.blnChanged(true);
     log_.failing = *failing;
-    basInititialize(context_);
+    basInititialize(session_);
     EXPECT_EQ(forms_.takeBoxes(), std::vector{errorBox(4711, "basAllgemein", "basInititialize",
                                                        "Absichtlicher Fehler")})
         << *failing;
     EXPECT_EQ(log_.take(), Lines(all.begin(), failing + 1));
-    EXPECT_EQ(exists([this] { context_.XArray(); }), failing >= tableStep) << *failing;
-    EXPECT_EQ(exists([this] { context_.dlgBuchungskreise(); }), failing > tableStep) << *failing;
-    EXPECT_TRUE(context_.blnChanged()) << *failing;
-    basTerminate(context_);
+    EXPECT_EQ(session_.XArray().exists(), failing >= tableStep) << *failing;
+    EXPECT_EQ(exists([this] { session_.dlgBuchungskreise(); }), failing > tableStep) << *failing;
+    EXPECT_TRUE(session_.blnChanged()) << *failing;
+    basTerminate(session_);
     log_.take();
   }
 }
 
 TEST_F(LoggedStartUpTest, WithoutAConnectionNothingIsBuilt) {
-  context_.Conn(nullptr);
+  session_.Conn(nullptr);
   log_.take();
-  basInititialize(context_);
+  basInititialize(session_);
   EXPECT_EQ(forms_.takeBoxes(), std::vector{errorBox(91, "basAllgemein", "basInititialize",
                                                      "Objektvariable nicht festgelegt")});
   EXPECT_EQ(log_.take(), Lines{});
 }
 
 TEST_F(LoggedStartUpTest, ReleasesTheWorkingObjectsInOrder) {
-  basInititialize(context_);
-  context_.Buchungskreise(std::make_unique<XArray>(XArray::withColumns(1)));
+  basInititialize(session_);
+  session_.Buchungskreise().create();
   log_.take();
-  basTerminate(context_);
+  basTerminate(session_);
   EXPECT_EQ(log_.take(), (Lines{"work.Close", "~work", "~cmd", "~dialog"}));
-  EXPECT_FALSE(exists([this] { context_.ConnWork(); }));
-  EXPECT_FALSE(exists([this] { context_.cmdSQL(); }));
-  EXPECT_FALSE(exists([this] { context_.XArray(); }));
-  EXPECT_FALSE(exists([this] { context_.dlgBuchungskreise(); }));
-  EXPECT_FALSE(exists([this] { context_.Buchungskreise(); }));
+  EXPECT_FALSE(exists([this] { session_.source().ConnWork(); }));
+  EXPECT_FALSE(exists([this] { session_.source().cmdSQL(); }));
+  EXPECT_FALSE(session_.XArray().exists());
+  EXPECT_FALSE(exists([this] { session_.dlgBuchungskreise(); }));
+  EXPECT_FALSE(session_.Buchungskreise().exists());
 }
 
 TEST_F(LoggedStartUpTest, AConnectionThatDoesNotCloseIsReleasedWithTheRestAndSilently) {
-  basInititialize(context_);
+  basInititialize(session_);
   log_.take();
   log_.failing = "work.Close";
-  basTerminate(context_);
+  basTerminate(session_);
   EXPECT_EQ(log_.take(), (Lines{"work.Close", "~work", "~cmd", "~dialog"}));
-  EXPECT_FALSE(exists([this] { context_.XArray(); }));
+  EXPECT_FALSE(session_.XArray().exists());
 }
 
 TEST_F(LoggedStartUpTest, ReleasingNothingIsSilent) {
-  basTerminate(context_);
-  basTerminate(context_);
+  basTerminate(session_);
+  basTerminate(session_);
   EXPECT_EQ(log_.take(), Lines{});
 }
 
 TEST_F(LoggedStartUpTest, WhatTheHostHandedOverOutlivesTheDialog) {
-  context_.LngApplication(1);
-  context_.strUser("Max");
-  context_.strVerarbeitungsdatum("20240315");
-  context_.createColUser();
-  context_.colUser().emplace_back(alleBenutzer);
-  basInititialize(context_);
-  context_.blnChanged(true);
-  basTerminate(context_);
-  EXPECT_EQ(test::nameOf(*context_.sharedConn()), "conn");
-  EXPECT_EQ(context_.LngApplication(), 1);
-  EXPECT_EQ(context_.strUser(), "Max");
-  EXPECT_EQ(context_.strVerarbeitungsdatum(), "20240315");
-  EXPECT_EQ(context_.colUser(), Lines{alleBenutzer});
-  EXPECT_TRUE(context_.blnChanged());
+  session_.LngApplication(1);
+  session_.strUser("Max");
+  session_.strVerarbeitungsdatum("20240315");
+  session_.createColUser();
+  session_.colUser().emplace_back(alleBenutzer);
+  basInititialize(session_);
+  session_.blnChanged(true);
+  basTerminate(session_);
+  EXPECT_EQ(test::nameOf(*session_.sharedConn()), "conn");
+  EXPECT_EQ(session_.LngApplication(), 1);
+  EXPECT_EQ(session_.strUser(), "Max");
+  EXPECT_EQ(session_.strVerarbeitungsdatum(), "20240315");
+  EXPECT_EQ(session_.colUser(), Lines{alleBenutzer});
+  EXPECT_TRUE(session_.blnChanged());
   EXPECT_EQ(std::count(log_.lines.begin(), log_.lines.end(), "~conn"), 0);
   EXPECT_EQ(std::count(log_.lines.begin(), log_.lines.end(), "conn.Close"), 0);
 }
@@ -157,24 +153,24 @@ TEST_F(StartUpTest, ReopeningIsFresh) {
   sql("INSERT INTO Nummernkreis_Buchungskreise VALUES (1, 'Nord', 'ORB')");
   start(1, {"Max"});
   row({"Max", 1, "Nord", "RE"});
-  context().blnChanged(true);
-  basTerminate(context());
+  session().blnChanged(true);
+  basTerminate(session());
   start(1, {"Max"});
   EXPECT_EQ(rows(), Lines{});
-  EXPECT_FALSE(context().blnChanged());
+  EXPECT_FALSE(session().blnChanged());
   std::int32_t affected = 0;
-  EXPECT_TRUE(context().ConnWork().Execute(statement::users(), affected)->EndOfFile());
-  EXPECT_EQ(context().ConnWork().ConnectionString(), context().Conn().ConnectionString());
-  EXPECT_EQ(context().ConnWork().IsolationLevel(), ado::isolated);
-  EXPECT_EQ(context().Conn().IsolationLevel(), ado::isolated);
+  EXPECT_TRUE(session().source().ConnWork().Execute(statement::users(), affected)->EndOfFile());
+  EXPECT_EQ(session().source().ConnWork().ConnectionString(), session().Conn().ConnectionString());
+  EXPECT_EQ(session().source().ConnWork().IsolationLevel(), ado::isolated);
+  EXPECT_EQ(session().Conn().IsolationLevel(), ado::isolated);
 }
 
 TEST_F(StartUpTest, TheCommandRunsOnTheHostsConnection) {
   start(1);
   script().takeStatements();
   std::int32_t affected = 0;
-  context().cmdSQL().CommandText(statement::users());
-  context().cmdSQL().Execute(affected);
+  session().source().cmdSQL().CommandText(statement::users());
+  session().source().cmdSQL().Execute(affected);
   EXPECT_EQ(script().takeStatements(), Lines{"conn: " + statement::users()});
 }
 
@@ -184,7 +180,7 @@ TEST_F(StartUpTest, WithoutWorkingConnectionLaterProceduresReportTheirOwnFailure
   EXPECT_EQ(boxes(),
             std::vector{errorBox(4711, "basAllgemein", "basInititialize", "Absichtlicher Fehler")})
       << "the booking circles are still read, on the host's connection";
-  EXPECT_FALSE(basAllgemein::CallBuchungskreise(context(), "ORB"));
+  EXPECT_FALSE(basAllgemein::CallBuchungskreise(session(), "ORB"));
   EXPECT_EQ(boxes(), std::vector{errorBox(91, "basAllgemein", "CallBuchungskreise",
                                           "Objektvariable nicht festgelegt")});
 }
@@ -196,7 +192,7 @@ TEST_F(StartUpTest, AHostWithoutCircleAdministrationFailsOnlyThere) {
             std::vector{errorBox(429, "basAllgemein", "basInititialize",
                                  "Objekterstellung durch ActiveX-Komponente nicht möglich")});
   EXPECT_EQ(rows(), Lines{}) << "the table is there";
-  EXPECT_FALSE(basAllgemein::CallBuchungskreise(context(), "ORC"));
+  EXPECT_FALSE(basAllgemein::CallBuchungskreise(session(), "ORC"));
   EXPECT_EQ(boxes(), std::vector{errorBox(91, "basAllgemein", "CallBuchungskreise",
                                           "Objektvariable nicht festgelegt")});
 }

@@ -4,19 +4,19 @@
 //
 // It works the stand-alone host's dialogs over its sample company, without a display, and always
 // makes the same pictures, up to the fonts that the system has.
-#include <QtCore/QDir>
-#include <QtCore/QTemporaryDir>
-#include <QtWidgets/QApplication>
+#include <QApplication>
+#include <QDir>
+#include <QTemporaryDir>
 #include <cstdlib>
 #include <iostream>
 #include <sstream>
 
 #include <vexnumkr/adapters.h>
 #include <vexnumkr/component.h>
+#include <vexnumkr/connection_string.h>
 #include <vexnumkr/error.h>
 
 #include "app/components/offered_components.h"
-#include "app/connection_text.h"
 #include "app/sample/create_sample.h"
 #include "manual/manual_tour.h"
 
@@ -30,8 +30,8 @@ template <class Tour>
 bool tour(const std::string& database, std::int32_t application, const std::string& folder) {
   StandAloneHost host;
   const auto component = createVXNummernkreise(host);
-  if (!component->Init(openQtSqlConnection(sqliteConnectionText(database)), application, "Hoffmann",
-                       date)) {
+  if (!component->Init(openQtSqlConnection(sqliteConnectionString(database)), application,
+                       "Hoffmann", date)) {
     return false;
   }
   std::ostringstream narration;
@@ -67,8 +67,8 @@ int main(int argc, char** argv) {
   QApplication::setCursorFlashTime(0);
   try {
     return vexnumkr::app::makePictures(argv[1]);
-  } catch (const vexnumkr::Error& error) {
-    std::cerr << error.description() << '\n';
+  } catch (const std::exception& error) {
+    std::cerr << error.what() << '\n';
     return EXIT_FAILURE;
   }
 }

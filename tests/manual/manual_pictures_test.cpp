@@ -1,9 +1,9 @@
 // The program that makes the manual's pictures makes all of them, and none that nobody shows.
 #include <gtest/gtest.h>
 
-#include <QtCore/QDir>
-#include <QtCore/QTemporaryDir>
-#include <QtGui/QImage>
+#include <QDir>
+#include <QImage>
+#include <QTemporaryDir>
 
 #include "app/program.h"
 

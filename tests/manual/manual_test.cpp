@@ -7,12 +7,12 @@
 
 #include "app/components/booking_circles.h"
 #include "data/loading.h"
-#include "data/table/columns.h"
 #include "dialogs/main/cell_editing.h"
-#include "hosting/reporting.h"
+#include "hosting/boxes.h"
 #include "manual/source_texts.h"
 #include "rules/activity.h"
 #include "rules/mask_numbering.h"
+#include "rules/stored_changes.h"
 #include "rules/validation.h"
 #include "support/core_session.h"
 
@@ -89,7 +89,7 @@ std::set<std::string> shownTexts() {
       for (const std::string& line : linesOf(literal))
         if (isSentence(line)) texts.insert(line);
   }
-  for (const char* file : {"platform/error.cpp", "hosting/reporting.cpp"}) {
+  for (const char* file : {"platform/error.cpp", "platform/reporter.cpp"}) {
     for (const std::string& literal : test::literalsBelow(source / file))
       if (isDescription(literal)) texts.insert(literal);
   }
@@ -105,11 +105,10 @@ class ManualMessages : public test::CoreSession {
     row({alleBenutzer, circle, caption, key, name, from, current, to, true, 1, sharedWith, ""});
   }
   void validate() {
-    bool viewReset = false;
-    EXPECT_FALSE(basAllgemein::CheckValidity(
-        context(), viewReset, [](HostContext&, const std::string&, const std::string&) {}));
-    table().DeleteRows(0);
-    while (table().UpperBound(1) >= 0) table().DeleteRows(0);
+    const Validity validity = basAllgemein::CheckValidity(table(), session().reporter());
+    ASSERT_TRUE(validity.defect);
+    session().boxes().MsgBoxEx(defectMessage(table(), *validity.defect), msg_box::okOnly, "Info");
+    table().create();
   }
 
   void raiseValidationMessages() {
@@ -126,19 +125,62 @@ class ManualMessages : public test::CoreSession {
     validate();
   }
   /// Special ranges stand behind all others.
-  void sortedLast() { table().set(1, column::SortierIndex, 99999999); }
+  void sortedLast() {
+    change(1, [](RangeRow& row) { row.SortierIndex = 99999999; });
+  }
+
+  void save(std::int32_t application) {
+    start(application);
+    range("RE", "Rechnung", 1, "Zentrale Ulm", 1, 1, 9);
+    session().Conn().BeginTrans();
+    session().blnChanged(true);
+    EXPECT_FALSE(Save(false));
+    session().Conn().RollbackTrans();
+  }
+  void raiseSavingMessages() {
+    save(3);
+    sql("CREATE TRIGGER t BEFORE INSERT ON Nummernkreise BEGIN SELECT RAISE(IGNORE); END");
+    save(2);
+    sql("DROP TRIGGER t");
+    script().afterwards = [this](const std::string& entry) {
+      if (!entry.starts_with("work: SELECT NSchl")) return;
+      sql("INSERT INTO Nummernkreise VALUES (1, 'RE', 'Rechnung', 1, 2, 9, -1, 1, '', '')");
+      script().afterwards = nullptr;
+    };
+    save(2);
+    script().failStatement(1);
+    RefreshCombo();
+    session().blnChanged(true);
+    EXPECT_FALSE(Save(false));
+  }
+  // Of what the component itself says; the deliberate failure is the test's.
+  void addOwnTexts(std::set<std::string>& lines) {
+    for (const Box& box : boxes()) {
+      const bool isFailure = box.title.rfind("Fehler", 0) == 0;
+      if (isFailure && box.prompt.find(test::deliberateErrorText) == std::string::npos)
+        lines.insert(box.prompt.substr(box.prompt.find(": ") + 2));
+      if (!isFailure) addLines(lines, box.prompt);
+    }
+  }
 
   std::set<std::string> raised() {
+    std::set<std::string> lines;
+    raiseSavingMessages();
+    addOwnTexts(lines);
     start(2);
     raiseValidationMessages();
-    basAllgemein::CheckValue(context(), "viel");
-    reportingFailures(context(), {"basAllgemein", "Save"},
+    for (const char* entry : {"viel", "3.000.000.000"})
+      basAllgemein::CheckValue(session().boxes(), session().reporter(), entry);
+    reportingFailures(session().reporter(), {"basAllgemein", "Save"},
                       [] { throw Error(5, "QSQLITE", "database is locked"); });
-    std::set<std::string> lines;
     for (const Box& box : boxes()) {
       addLines(lines, box.prompt);
       if (box.title.rfind("Fehler", 0) == 0) lines.insert(box.title);
     }
+    addLines(
+        lines,
+        conflictQuestion(
+            {{{1, "RE"}, "Rechnung", "Zentrale Ulm", {1, 260117, 9, ""}, {1, 260118, 9, ""}}}));
     const std::vector<app::BookingCircle> present = {{3, "Onlinehandel"}, {4, "Werkstatt"}};
     for (const char* number : {"0", "3"}) lines.insert(app::refusedNumber(number, present));
     for (const char* description : {"", "Werkstatt", "Standard"})

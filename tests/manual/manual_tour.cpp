@@ -1,11 +1,11 @@
 #include "manual/manual_tour.h"
 
-#include <QtCore/QDir>
-#include <QtGui/QKeyEvent>
-#include <QtGui/QPainter>
-#include <QtGui/QPixmap>
-#include <QtWidgets/QAbstractItemView>
-#include <QtWidgets/QApplication>
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QDir>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QPixmap>
 
 #include <vexnumkr/error.h>
 

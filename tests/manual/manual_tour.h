@@ -1,8 +1,8 @@
 // The tours that make the pictures of the users' manual.
 #pragma once
 
-#include <QtCore/QRect>
-#include <QtCore/QString>
+#include <QRect>
+#include <QString>
 #include <iosfwd>
 #include <string>
 

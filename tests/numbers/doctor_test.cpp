@@ -1,7 +1,7 @@
 // The doctor on databases that are set up well, and in each way badly.
 #include <gtest/gtest.h>
 
-#include <QtCore/QDate>
+#include <QDate>
 
 #include <vexnumkr/number_doctor.h>
 

@@ -4,7 +4,7 @@
 // 2,000.
 #include <gtest/gtest.h>
 
-#include <QtCore/QProcess>
+#include <QProcess>
 #include <algorithm>
 #include <memory>
 #include <random>

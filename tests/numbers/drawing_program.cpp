@@ -1,6 +1,6 @@
 // Draws numbers like one of many hosts: drawing_program USER KEY COUNT, the database in
 // VEXNUMKR_CONNECTION. Each number is a line on standard output, written when it is committed.
-#include <QtCore/QCoreApplication>
+#include <QCoreApplication>
 #include <cstdio>
 #include <cstdlib>
 

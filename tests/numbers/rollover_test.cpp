@@ -4,10 +4,6 @@
 #include <vexnumkr/adapters.h>
 #include <vexnumkr/number_rollover.h>
 
-#include "data/loading.h"
-#include "rules/activity.h"
-#include "rules/mask_numbering.h"
-#include "rules/saving.h"
 #include "support/core_session.h"
 
 namespace vexnumkr::test {
@@ -57,14 +53,12 @@ class RolloverTest : public CoreSession {
   }
   void pressTheButtonAndSave() {
     start(2, {"Anna"});
-    basAllgemein::LoadItems(context(), basAllgemein::CheckActivity);
-    context().Conn().BeginTrans();
+    LoadItems();
+    session().Conn().BeginTrans();
     forms().answer(yes);
-    EXPECT_TRUE(basAllgemein::StartAutoNum(context()));
+    EXPECT_TRUE(StartAutoNum());
     EXPECT_EQ(boxes().size(), 1U);
-    bool viewReset = false;
-    EXPECT_TRUE(basAllgemein::Save(context(), viewReset, false,
-                                   [](HostContext&, const std::string&, const std::string&) {}));
+    EXPECT_TRUE(Save(false));
   }
 };
 

@@ -31,6 +31,12 @@ vexnumkr_numbers_test(draw_processes_test fault TIMEOUT 900)
 target_compile_definitions(draw_processes_test
   PRIVATE DRAWING_PROGRAM="$<TARGET_FILE:drawing_program>")
 add_dependencies(draw_processes_test drawing_program)
+vexnumkr_test(numbers/drawing_hosts_test LABEL fault TIMEOUT 300
+  SOURCES contract/qt_main.cpp LINKS vexnumkr_core_session)
+target_compile_definitions(drawing_hosts_test
+  PRIVATE DRAWING_PROGRAM="$<TARGET_FILE:drawing_program>")
+add_dependencies(drawing_hosts_test drawing_program)
+vexnumkr_on_every_engine(drawing_hosts_test)
 vexnumkr_test(numbers/gaps_test LABEL unit LINKS vexnumkr_numbers)
 vexnumkr_test(numbers/check_test LABEL unit LINKS vexnumkr_numbers)
 vexnumkr_test(numbers/rollover_test LABEL unit

@@ -3,6 +3,7 @@
 
 #include <string>
 
+#include "engines/engine_list.h"
 #include "platform/sql_tokens.h"
 
 namespace vexnumkr {
@@ -10,11 +11,12 @@ namespace {
 
 using Texts = std::vector<std::string>;
 
-constexpr LexicalRules sqlite{.dialect = Dialect::sqlite};
-constexpr LexicalRules postgresql{.dialect = Dialect::postgresql};
-constexpr LexicalRules mariadb{.dialect = Dialect::mariadb};
-constexpr LexicalRules mariadbByDefault{
-    .dialect = Dialect::mariadb, .backslashEscapes = true, .doubleQuotedTexts = true};
+const LexicalRules sqlite = engines::sqlite.rules("");
+const LexicalRules postgresql = engines::postgresql.rules("on");
+const LexicalRules postgresqlWithEscapes = engines::postgresql.rules("off");
+const LexicalRules mariadb =
+    engines::mariadb.rules("ANSI_QUOTES,NO_BACKSLASH_ESCAPES utf8mb4 utf8mb4");
+const LexicalRules mariadbByDefault = engines::mariadb.rules(engines::mariadb.usualMode);
 
 Texts tokensOf(std::string_view sql, const LexicalRules& rules) {
   std::vector<Token> tokens;
@@ -39,8 +41,7 @@ TEST(SqlDialects, ABackslashMayHideAQuote) {
   EXPECT_EQ(tokensOf("'\\\\' ; x'", mariadbByDefault), (Texts{"'\\\\'", ";", "x", "'"}));
   EXPECT_EQ(tokensOf("\"\\\" ; x\"", mariadbByDefault), Texts{"\"\\\" ; x\""});
   EXPECT_EQ(tokensOf("`\\` ; x", mariadbByDefault), (Texts{"`\\`", ";", "x"}));
-  EXPECT_EQ(tokensOf("'\\' ; x'", {.dialect = Dialect::postgresql, .backslashEscapes = true}),
-            Texts{"'\\' ; x'"});
+  EXPECT_EQ(tokensOf("'\\' ; x'", postgresqlWithEscapes), Texts{"'\\' ; x'"});
 }
 
 TEST(SqlDialects, DoubleQuotesEncloseNamesOrTexts) {

@@ -5,7 +5,6 @@
 namespace vexnumkr {
 namespace {
 
-using basAllgemein::CheckActivity;
 using test::errorBox;
 using Texts = std::vector<std::string>;
 
@@ -27,7 +26,7 @@ TEST_F(ActivityTest, WhereNothingIsActiveTheStandardRangeIsSwitchedOn) {
   range("Max", 1, "RE", false);
   range("Max", 0, "AN", false);
   range("Max", 2, "AN", false);
-  CheckActivity(context());
+  CheckActivity();
   EXPECT_EQ(activity(),
             (Texts{"Max 0 AN True", "Max 2 AN False", "Max 0 RE True", "Max 1 RE False"}));
 }
@@ -37,7 +36,7 @@ TEST_F(ActivityTest, AUserWithAnActiveCircleIsLeftAlone) {
   range("Max", 0, "RE", false);
   range("Max", 1, "RE", true);
   range("Max", 2, "RE", true);
-  CheckActivity(context());
+  CheckActivity();
   EXPECT_EQ(activity(), (Texts{"Max 0 RE False", "Max 1 RE True", "Max 2 RE True"}));
 }
 
@@ -47,7 +46,7 @@ TEST_F(ActivityTest, EveryUserIsCheckedAlone) {
   range("Anna", 1, "AN", true);
   range("Max", 0, "RE", false);
   range("Max", 1, "RE", false);
-  CheckActivity(context());
+  CheckActivity();
   EXPECT_EQ(activity(),
             (Texts{"Anna 0 AN False", "Anna 1 AN True", "Max 0 RE True", "Max 1 RE False"}));
 }
@@ -57,7 +56,7 @@ TEST_F(ActivityTest, CommonRowsAreNeverSwitchedOn) {
   range("Alle Benutzer", 0, "RE", false);
   range("Alle Benutzer", 1, "RE", false);
   range("Max", 0, "RE", false);
-  CheckActivity(context());
+  CheckActivity();
   EXPECT_EQ(activity(),
             (Texts{"Alle Benutzer 0 RE False", "Alle Benutzer 1 RE False", "Max 0 RE True"}));
 }
@@ -65,7 +64,7 @@ TEST_F(ActivityTest, CommonRowsAreNeverSwitchedOn) {
 TEST_F(ActivityTest, UsersWhoAreNotListedAreLeftAlone) {
   start(1, {"Anna"});
   range("Gast", 0, "RE", false);
-  CheckActivity(context());
+  CheckActivity();
   EXPECT_EQ(activity(), Texts{"Gast 0 RE False"});
 }
 
@@ -73,13 +72,13 @@ TEST_F(ActivityTest, AUserWithoutRowsIsSkipped) {
   start(1, {"Anna", "Eva", "Max"});
   range("Anna", 0, "RE", false);
   range("Max", 0, "RE", false);
-  CheckActivity(context());
+  CheckActivity();
   EXPECT_EQ(activity(), (Texts{"Anna 0 RE True", "Max 0 RE True"}));
 }
 
 TEST_F(ActivityTest, AnEmptyTableStaysEmpty) {
   start(1, {"Max"});
-  CheckActivity(context());
+  CheckActivity();
   EXPECT_EQ(activity(), Texts{});
 }
 
@@ -87,7 +86,7 @@ TEST_F(ActivityTest, TheFollowingUsersFirstRowClosesTheLastKey) {
   start(1, {"Anna", "Max"});
   range("Anna", 0, "RE", false);
   range("Max", 0, "VK", true);
-  CheckActivity(context());
+  CheckActivity();
   EXPECT_EQ(activity(), (Texts{"Anna 0 RE True", "Max 0 VK True"}));
 }
 
@@ -96,7 +95,7 @@ TEST_F(ActivityTest, TheFollowingUsersFirstRowCountsWhereItCarriesTheSameKey) {
   range("Anna", 0, "RE", false);
   range("Max", 0, "RE", true);
   range("Max", 1, "RE", false);
-  CheckActivity(context());
+  CheckActivity();
   EXPECT_EQ(activity(), (Texts{"Anna 0 RE False", "Max 0 RE True", "Max 1 RE False"}))
       << "Anna's key is not closed";
 }
@@ -106,7 +105,7 @@ TEST_F(ActivityTest, WithTheSameKeyAndNothingActiveTheKeyIsNotClosedEither) {
   range("Anna", 0, "RE", false);
   range("Max", 0, "RE", false);
   range("Max", 1, "RE", true);
-  CheckActivity(context());
+  CheckActivity();
   EXPECT_EQ(activity(), (Texts{"Anna 0 RE False", "Max 0 RE False", "Max 1 RE True"}));
 }
 
@@ -114,7 +113,7 @@ TEST_F(ActivityTest, TheLastRowOfTheTableClosesAKeyOfTheUserBefore) {
   start(1, {"Anna"});
   range("Anna", 0, "RE", false);
   range("Max", 1, "RE", false);
-  CheckActivity(context());
+  CheckActivity();
   EXPECT_EQ(activity(), (Texts{"Anna 0 RE True", "Max 1 RE False"}))
       << "the row is the following user's first and the table's last at once";
 }
@@ -123,7 +122,7 @@ TEST_F(ActivityTest, AnotherUsersKeyInTheLastRowIsLookedForUnderThisUser) {
   start(1, {"Anna"});
   range("Anna", 0, "AN", true);
   range("Max", 1, "RE", false);
-  CheckActivity(context());
+  CheckActivity();
   noStandardRow();
   EXPECT_EQ(activity(), (Texts{"Anna 0 AN True", "Max 1 RE False"}));
 }
@@ -134,7 +133,7 @@ TEST_F(ActivityTest, AKeyWithoutStandardRowIsReportedAndEndsTheRoutine) {
   range("Anna", 1, "RE", false);
   range("Anna", 0, "VK", false);
   range("Max", 0, "ZZ", false);
-  CheckActivity(context());
+  CheckActivity();
   noStandardRow();
   EXPECT_EQ(activity(),
             (Texts{"Anna 0 AN True", "Anna 1 RE False", "Anna 0 VK False", "Max 0 ZZ False"}))
@@ -146,7 +145,7 @@ TEST_F(ActivityTest, AStandardRowWithoutKeyStandsForEveryKey) {
   range("Max", 0, "", true);
   range("Max", 1, "RE", false);
   range("Max", 0, "RE", false);
-  CheckActivity(context());
+  CheckActivity();
   EXPECT_EQ(activity(), (Texts{"Max 0  True", "Max 0 RE False", "Max 1 RE False"}))
       << "it is found first, so it is the row that is switched on";
 }
@@ -155,7 +154,7 @@ TEST_F(ActivityTest, UsersAreCheckedInTheOrderOfTheList) {
   start(1, {"Max", "Anna"});
   range("Anna", 0, "RE", false);
   range("Max", 1, "VK", false);
-  CheckActivity(context());
+  CheckActivity();
   noStandardRow();
   EXPECT_EQ(activity(), (Texts{"Anna 0 RE False", "Max 1 VK False"})) << "Max comes first";
 }
@@ -168,7 +167,7 @@ TEST_F(ActivityTest, LeavesTheTableSortedByUserKeyAndCircle) {
   range("Alle Benutzer", 3, "RE", true);
   range("Max", 0, "AN", true);
   range("max", 0, "AN", true);
-  CheckActivity(context());
+  CheckActivity();
   EXPECT_EQ(activity(), (Texts{"Alle Benutzer 3 RE True", "Max 0 AN True", "Max 9 RE True",
                                "Max 10 RE True", "Max 0 re True", "max 0 AN True"}));
 }
@@ -178,7 +177,7 @@ TEST_F(ActivityTest, SortsAlsoWhereThereAreNoUsers) {
   range("Alle Benutzer", 1, "RE", false);
   range("Alle Benutzer", 0, "RE", false);
   range("Alle Benutzer", 0, "AN", false);
-  CheckActivity(context());
+  CheckActivity();
   EXPECT_EQ(activity(), (Texts{"Alle Benutzer 0 AN False", "Alle Benutzer 0 RE False",
                                "Alle Benutzer 1 RE False"}));
 }
@@ -186,25 +185,15 @@ TEST_F(ActivityTest, SortsAlsoWhereThereAreNoUsers) {
 TEST_F(ActivityTest, TheChangedFlagIsNotTouched) {
   start(1, {"Max"});
   range("Max", 0, "RE", false);
-  CheckActivity(context());
-  EXPECT_FALSE(context().blnChanged());
-  context().blnChanged(true);
-  CheckActivity(context());
-  EXPECT_TRUE(context().blnChanged());
-}
-
-TEST_F(ActivityTest, AFlagThatIsNoneEndsTheRoutine) {
-  start(1, {"Anna", "Max"});
-  range("Anna", 0, "RE", "vielleicht");
-  range("Max", 0, "RE", false);
-  CheckActivity(context());
-  EXPECT_EQ(boxes(),
-            std::vector{errorBox(13, "basAllgemein", "CheckActivity", "Typen unverträglich")});
-  EXPECT_EQ(activity(), (Texts{"Anna 0 RE vielleicht", "Max 0 RE False"}));
+  CheckActivity();
+  EXPECT_FALSE(session().blnChanged());
+  session().blnChanged(true);
+  CheckActivity();
+  EXPECT_TRUE(session().blnChanged());
 }
 
 TEST_F(ActivityTest, WithoutUserListItIsReported) {
-  CheckActivity(context());
+  CheckActivity();
   EXPECT_EQ(boxes(), std::vector{errorBox(91, "basAllgemein", "CheckActivity",
                                           "Objektvariable nicht festgelegt")});
 }

@@ -1,13 +1,7 @@
 // Loading, editing and saving over a host whose components are missing or fail.
 #include <gtest/gtest.h>
 
-#include "data/booking_circles.h"
-#include "data/loading.h"
-#include "data/range_table.h"
-#include "data/table/columns.h"
-#include "rules/activity.h"
-#include "rules/mask_numbering.h"
-#include "rules/saving.h"
+#include "hosting/circle_administration.h"
 #include "support/core_session.h"
 
 namespace vexnumkr {
@@ -64,13 +58,11 @@ class BrokenHostTest : public test::CoreSession {
   }
   /// Loads, raises a current value and saves.
   bool loadEditAndSave() {
-    basAllgemein::LoadItems(context(), basAllgemein::CheckActivity);
-    context().Conn().BeginTrans();
-    basAllgemein::SetValueAll(context(), "RE", 1, column::AktuellerWert, 160);
-    context().blnChanged(true);
-    bool viewReset = false;
-    return basAllgemein::Save(context(), viewReset, true,
-                              [](HostContext&, const std::string&, const std::string&) {});
+    LoadItems();
+    session().Conn().BeginTrans();
+    SetValueAll("RE", 1, &RangeRow::AktuellerWert, 160);
+    session().blnChanged(true);
+    return Save(true);
   }
   Lines stored() {
     return select("SELECT Buchungskreis, AktuellerWert FROM Nummernkreise ORDER BY Buchungskreis");
@@ -101,7 +93,7 @@ TEST_P(BrokenCircleAdministration, LeavesTheRestAlone) {
   company();
   start(1, {"Max"});
   EXPECT_EQ(boxes(), report(broke.atStart, "basInititialize"));
-  EXPECT_EQ(basAllgemein::CallBuchungskreise(context(), "ORB"), broke.atShow == 0);
+  EXPECT_EQ(basAllgemein::CallBuchungskreise(session(), "ORB"), broke.atShow == 0);
   EXPECT_EQ(boxes(), report(broke.atShow, "CallBuchungskreise"));
   forms().answer(msg_box::yes);
   EXPECT_TRUE(loadEditAndSave());
@@ -149,7 +141,7 @@ TEST_P(BrokenFacility, DoesNotHideAFailureAndLeavesTheRestAlone) {
   company();
   start(1, {"Max"});
   script().failStatement(1);
-  basAllgemein::RefreshCombo(context(), nullptr);
+  RefreshCombo();
   const Box failure = errorBox(4711, "basAllgemein", "RefreshCombo", test::deliberateErrorText);
   EXPECT_EQ(boxes(), broke.standardReport ? Boxes{failure} : Boxes{});
   EXPECT_EQ(facility.reported, broke.standardReport ? 0 : 1);
@@ -178,7 +170,7 @@ TEST_F(BrokenHostTest, WhatCannotBeAskedIsNotDone) {
   host().messages = &facility;
   company();
   start(1, {"Max"});
-  EXPECT_FALSE(basAllgemein::StartAutoNum(context()));
+  EXPECT_FALSE(StartAutoNum());
   EXPECT_TRUE(loadEditAndSave()) << "not agreed to: discarded, and the dialog closes";
   EXPECT_EQ(stored(), untouched);
 }

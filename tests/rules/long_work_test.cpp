@@ -2,12 +2,6 @@
 // numbering, saving.
 #include <algorithm>
 
-#include "data/booking_circles.h"
-#include "data/loading.h"
-#include "data/range_table.h"
-#include "data/special_ranges.h"
-#include "rules/activity.h"
-#include "rules/mask_numbering.h"
 #include "rules/saving_session.h"
 
 namespace vexnumkr {
@@ -57,7 +51,7 @@ class LongWorkTest : public test::SavingSession {
     sql("INSERT INTO Nummernkreise VALUES (" + std::to_string(circle) + ", '" + key +
         "', 'Belegart', 1, 1, 9, " + (active ? "-1" : "0") + ", 1, '', '')");
   }
-  void load() { basAllgemein::LoadItems(context(), basAllgemein::CheckActivity); }
+  void load() { LoadItems(); }
 
  private:
   int statements_ = 0;
@@ -141,7 +135,7 @@ TEST_F(LongWorkTest, SpecialRangesCountTheCirclesThatTheyAreAddedTo) {
         "', 'RE', 'Proforma', -1, 'ORB')");
   start(1, {"Anna"});
   log();
-  const auto marks = marksOf([&] { basAllgemein::RefreshSGroups(context()); });
+  const auto marks = marksOf([&] { RefreshSGroups(); });
   EXPECT_EQ(statements(), 1 + 2 * 4);
   ASSERT_EQ(marks.size(), 8U);
   for (std::size_t i = 0; i < marks.size(); ++i) {
@@ -156,7 +150,7 @@ TEST_F(LongWorkTest, SpecialRangesThatAreInPlaceAreDoneAtOnce) {
   sql("INSERT INTO Nummernkreis_Sonderkreise VALUES ('P1', 'RE', 'Proforma', 0, 'ORB')");
   start(1);
   log();
-  basAllgemein::RefreshSGroups(context());
+  RefreshSGroups();
   EXPECT_EQ(log(), (Texts{"begin Sonderkreise werden übernommen…", "1000", "end"}));
 }
 
@@ -166,9 +160,9 @@ TEST_F(LongWorkTest, NewCirclesCountTheRowsThatTheyGet) {
   start(1, {"Anna"});
   load();
   sql("INSERT INTO Nummernkreis_Buchungskreise VALUES (2, 'Zwei', 'ORB'), (3, 'Drei', 'ORB')");
-  basAllgemein::RefreshCombo(context(), nullptr);
+  RefreshCombo();
   log();
-  const auto marks = marksOf([&] { basAllgemein::RefreshInXArray(context()); });
+  const auto marks = marksOf([&] { RefreshInXArray(); });
   EXPECT_EQ(statements(), 2 * 3);
   ASSERT_EQ(marks.size(), 6U);
   for (std::size_t i = 0; i < marks.size(); ++i) {
@@ -184,9 +178,9 @@ TEST_F(LongWorkTest, MissingCirclesCountTheRowsThatTheyLose) {
   start(1, {"Anna"});
   load();
   sql("DELETE FROM Nummernkreis_Buchungskreise WHERE Buchungskreis > 1");
-  basAllgemein::RefreshCombo(context(), nullptr);
+  RefreshCombo();
   log();
-  basAllgemein::RefreshInXArray(context());
+  RefreshInXArray();
   EXPECT_EQ(log(),
             (Texts{"begin Nummernkreise werden übernommen…", "250", "500", "750", "1000", "end"}));
 }
@@ -196,7 +190,7 @@ TEST_F(LongWorkTest, NumberingCountsTheRows) {
   for (int i = 0; i < 8; ++i) range(alleBenutzer, i, "RE", 1);
   log();
   forms().answer(msg_box::yes);
-  EXPECT_TRUE(basAllgemein::StartAutoNum(context()));
+  EXPECT_TRUE(StartAutoNum());
   boxes();
   EXPECT_EQ(log(), (Texts{"begin Automatische Nummerierung…", "125", "250", "375", "500", "625",
                           "750", "875", "1000", "end"}));
@@ -205,10 +199,10 @@ TEST_F(LongWorkTest, NumberingCountsTheRows) {
 TEST_F(LongWorkTest, NumberingThatFailsEndsItsProgress) {
   start(1);
   for (int i = 0; i < 4; ++i) range(alleBenutzer, i, "RE", 1);
-  table().set(2, 11, "xyz");
+  table().setValue(2, &RangeRow::Maske, "xyz");
   log();
   forms().answer(msg_box::yes);
-  EXPECT_FALSE(basAllgemein::StartAutoNum(context()));
+  EXPECT_FALSE(StartAutoNum());
   EXPECT_EQ(boxes().size(), 2U);
   EXPECT_EQ(log(), (Texts{"begin Automatische Nummerierung…", "250", "500", "end"}));
 }
@@ -218,7 +212,7 @@ TEST_F(LongWorkTest, DecliningIsNoWork) {
   log();
   pointers();
   forms().answer(msg_box::no);
-  EXPECT_FALSE(basAllgemein::StartAutoNum(context()));
+  EXPECT_FALSE(StartAutoNum());
   boxes();
   EXPECT_EQ(log(), Texts{});
   EXPECT_EQ(pointers(), Pointers{});
@@ -270,11 +264,11 @@ TEST_F(LongWorkTest, AFailedCommitEndsItsProgressShortOfTheEnd) {
 TEST_F(LongWorkTest, SavingThatIsRefusedIsNoWork) {
   company();
   editedTable();
-  table().set(4, 7, 0);
+  table().setValue(4, &RangeRow::EndWert, 0);
   log();
   pointers();
   EXPECT_FALSE(save());
-  EXPECT_EQ(boxes().size(), 1U);
+  EXPECT_TRUE(takeDefect());
   EXPECT_EQ(log(), Texts{});
   EXPECT_EQ(pointers(), Pointers{});
 }

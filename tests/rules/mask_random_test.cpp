@@ -4,7 +4,6 @@
 #include <random>
 #include <variant>
 
-#include "rules/mask_numbering.h"
 #include "support/core_session.h"
 
 namespace vexnumkr {
@@ -152,16 +151,18 @@ class MaskRandomTest : public test::CoreSession {
   }
 
   std::string number(const std::string& mask, const std::string& date) {
-    context().strVerarbeitungsdatum(date);
-    for (const std::int32_t column : {5, 6, 7}) table().set(0, column, -1);
-    table().set(0, 11, mask);
+    session().strVerarbeitungsdatum(date);
+    for (const ValueColumn column :
+         {&RangeRow::StartWert, &RangeRow::AktuellerWert, &RangeRow::EndWert})
+      table().setValue(0, column, -1);
+    table().setValue(0, &RangeRow::Maske, mask);
     forms().answer(msg_box::yes);
-    const bool finished = basAllgemein::StartAutoNum(context());
+    const bool finished = StartAutoNum();
     const auto raised = boxes();
     EXPECT_EQ(raised.size(), finished ? 1U : 2U);
-    const std::int32_t low = table().toLong(0, 5);
-    const std::int32_t high = table().toLong(0, 7);
-    EXPECT_EQ(table().toLong(0, 6), low);
+    const std::int32_t low = table().at(0).StartWert.toLong();
+    const std::int32_t high = table().at(0).EndWert.toLong();
+    EXPECT_EQ(table().at(0).AktuellerWert.toLong(), low);
     if (low == -1 && high == -1) return finished ? "untouched" : raised.back().title;
     EXPECT_TRUE(finished) << "a row whose mask fails keeps its values";
     return described(Values{low, high});

@@ -1,7 +1,6 @@
 // Saves that the database engine itself cannot complete: whatever it fails on, and whether it has
 // rolled back by then or not, everything is as before, and once the cause is gone the save works.
 #include "rules/saving_session.h"
-#include "rules/sort_orders.h"
 
 namespace vexnumkr {
 namespace {
@@ -28,7 +27,7 @@ class SavingEngineTest : public test::SavingSession {
   }
   /// `failed` begins the last statement before the roll-back.
   void failsToSave(std::int32_t number, const std::string& description, const std::string& failed) {
-    sortRows(table(), displayOrder);
+    table().sort(RowOrder::display);
     const Texts values = rows();
     EXPECT_FALSE(save());
     EXPECT_EQ(boxes(), std::vector{errorBox(number, "basAllgemein", "Save", description)});
@@ -41,7 +40,7 @@ class SavingEngineTest : public test::SavingSession {
     EXPECT_EQ(fromEnd(1), "conn: BEGIN");
     EXPECT_EQ(stored(), before_);
     EXPECT_EQ(rows(), values);
-    EXPECT_TRUE(context().blnChanged());
+    EXPECT_TRUE(session().blnChanged());
   }
   void saves() {
     EXPECT_TRUE(save());
@@ -54,7 +53,7 @@ class SavingEngineTest : public test::SavingSession {
 };
 
 TEST_F(SavingEngineTest, AFullDatabase) {
-  table().set(3, 4, std::string(200'000, 'x'));
+  change(3, [this](RangeRow& row) { row.NBezeichnung = table().text(std::string(200'000, 'x')); });
   onHostConnection("PRAGMA max_page_count = 1");  // no more than there are
   failsToSave(13, "database or disk is full", "UPDATE Nummernkreise SET");
   onHostConnection("PRAGMA max_page_count = 100000");
@@ -87,7 +86,7 @@ TEST_F(SavingEngineTest, AConditionThatTheCommitChecks) {
 
 TEST_F(SavingEngineTest, ATableThatIsGone) {
   sql("ALTER TABLE Nummernkreis_Zuordnung RENAME TO Weg");
-  sortRows(table(), displayOrder);
+  table().sort(RowOrder::display);
   EXPECT_FALSE(save());
   EXPECT_EQ(boxes(), std::vector{errorBox(1, "basAllgemein", "Save",
                                           "no such table: Nummernkreis_Zuordnung")});

@@ -2,7 +2,6 @@
 #include <vexnumkr/adapters.h>
 
 #include "rules/saving_session.h"
-#include "rules/sort_orders.h"
 
 namespace vexnumkr {
 namespace {
@@ -20,7 +19,7 @@ class SavingLockedTest : public test::SavingSession {
     company();
     before = stored();
     editedTable();
-    sortRows(table(), displayOrder);
+    table().sort(RowOrder::display);
   }
   bool isServer() { return !database().engine().ends_with("sqlite"); }
   /// On the connection that saves, outside of its transaction and unrecorded.
@@ -52,7 +51,7 @@ TEST_F(SavingLockedTest, ARangeThatSomebodyElseIsInserting) {
   other->RollbackTrans();
   EXPECT_EQ(stored(), before);
   EXPECT_EQ(rows(), values);
-  EXPECT_TRUE(context().blnChanged());
+  EXPECT_TRUE(session().blnChanged());
   EXPECT_TRUE(save());
   EXPECT_EQ(storedRanges().size(), 8U);
   EXPECT_EQ(storedAssignments().size(), 8U);
@@ -62,9 +61,7 @@ TEST_F(SavingLockedTest, ARangeThatSomebodyElseIsInserting) {
 TEST_F(SavingLockedTest, AKeyThatIsTooLongForItsColumn) {
   if (!isServer()) GTEST_SKIP() << "every text fits";
   const auto setKey = [&](const std::string& key) {
-    std::int32_t unused = 0;
-    while (table().get(unused, 1) != Value(2)) ++unused;
-    table().set(unused, 3, key);
+    change(table().findCircle(2), [&](RangeRow& row) { row.NSchl = table().text(key); });
   };
   setKey(std::string(30, 'k'));
   EXPECT_FALSE(save());

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "data/sql/statements.h"
 #include "rules/saving.h"
 #include "support/core_session.h"
 
@@ -25,15 +26,15 @@ class SavingSession : public CoreSession {
   void editedTable();
 
   bool save(bool askFirst = false);
-  /// What went over the connections since the last call.
-  Texts sent() { return script().takeStatements(); }
+  /// What went over the connections since the last call, but for what only reads.
+  Texts sent();
+  /// All of it.
+  Texts sentAndRead() { return script().takeStatements(); }
 
   Texts storedRanges();
   Texts storedAssignments();
   /// Both.
   Texts stored();
-
-  bool viewReset = false;
 
  private:
   void sql(const Texts& statements);
@@ -74,9 +75,20 @@ inline void SavingSession::sql(const Texts& statements) {
   connection.CommitTrans();
 }
 
+inline Texts SavingSession::sent() {
+  Texts all = sentAndRead();
+  std::erase_if(all, [](const std::string& line) { return line.find(": SELECT ") == 4; });
+  return all;
+}
+
+// As a dialog that has loaded everything.
 inline void SavingSession::open() {
-  context().Conn().BeginTrans();
-  context().blnChanged(true);
+  std::int32_t found = 0;
+  const auto records = realConnection(*hostConnection()).Execute(statement::ranges(), found);
+  for (; !records->EndOfFile(); records->MoveNext())
+    session().data().known.read(*rangeIdOf(*records));
+  session().Conn().BeginTrans();
+  session().blnChanged(true);
   sent();
 }
 
@@ -98,10 +110,7 @@ inline void SavingSession::editedTable() {
   range(alleBenutzer, 8, "RE", 300, true);
 }
 
-inline bool SavingSession::save(bool askFirst) {
-  return basAllgemein::Save(context(), viewReset, askFirst,
-                            [](HostContext&, const std::string&, const std::string&) {});
-}
+inline bool SavingSession::save(bool askFirst) { return Save(askFirst); }
 
 inline Texts SavingSession::storedRanges() {
   return select(

@@ -1,6 +1,7 @@
 #include "rules/saving.h"
 
 #include "hosting/call_log.h"
+#include "hosting/host_facility.h"
 #include "rules/saving_session.h"
 
 namespace vexnumkr {
@@ -26,12 +27,12 @@ class SavingTest : public test::SavingSession {
   // Something that only the open transaction holds.
   void changeInTransaction() {
     std::int32_t affected = 0;
-    context().Conn().Execute("DELETE FROM Nummernkreis_Zuordnung WHERE Herkunft='ORC'", affected);
+    session().Conn().Execute("DELETE FROM Nummernkreis_Zuordnung WHERE Herkunft='ORC'", affected);
     sent();
   }
   bool transactionIsOpen() {
     try {
-      context().Conn().RollbackTrans();
+      session().Conn().RollbackTrans();
       return true;
     } catch (const Error&) {
       return false;
@@ -46,7 +47,7 @@ TEST_F(SavingTest, WithoutChangesTheTransactionIsRolledBackSilently) {
     else
       open();
     const Texts before = stored();
-    context().blnChanged(false);
+    session().blnChanged(false);
     changeInTransaction();
     EXPECT_TRUE(save(askFirst));
     EXPECT_EQ(sent(), Texts{"conn: ROLLBACK"});
@@ -60,7 +61,7 @@ TEST_F(SavingTest, CancelLeavesTheTransactionOpen) {
   editedTable();
   EXPECT_FALSE(save(true, msg_box::cancel));
   EXPECT_EQ(sent(), Texts{});
-  EXPECT_TRUE(context().blnChanged());
+  EXPECT_TRUE(session().blnChanged());
   EXPECT_TRUE(transactionIsOpen());
 }
 
@@ -78,7 +79,7 @@ TEST_F(SavingTest, NoRollsBack) {
 TEST_F(SavingTest, NoIsNotHeldUpByARangeThatIsNotValid) {
   company();
   range(alleBenutzer, 1, "RE", 100);
-  table().set(0, 7, 0);
+  table().setValue(0, &RangeRow::EndWert, 0);
   EXPECT_TRUE(save(true, msg_box::no));
 }
 
@@ -97,17 +98,25 @@ TEST_F(SavingTest, WhoeverCannotBeAskedHasNotAgreed) {
   EXPECT_EQ(stored(), before);
 }
 
+TEST_F(SavingTest, WhoeverCouldNotBeAskedKeepsTheDialog) {
+  company();
+  editedTable();
+  test::HostFacility facility;
+  host().messages = facility.Messages();
+  facility.failing = "Show";
+  EXPECT_FALSE(SavingSession::save(true));
+  EXPECT_EQ(sentAndRead(), Texts{});
+  EXPECT_TRUE(session().blnChanged());
+  EXPECT_TRUE(transactionIsOpen());
+}
+
 TEST_F(SavingTest, AnInvalidRangeIsNotSavedAndNoStatementSent) {
   company();
   range(alleBenutzer, 1, "RE", 100);
-  table().set(0, 7, 100);
+  table().setValue(0, &RangeRow::EndWert, 100);
   EXPECT_FALSE(save());
-  EXPECT_EQ(boxes(), (Boxes{{"Info",
-                             "Der Endwert muss größer sein als der Startwert.\r\n"
-                             "(Belegart: Belegart RE, Buchungskreis: Gruppe)",
-                             0}}));
+  EXPECT_EQ(takeDefect(), (RangeDefect{BrokenRule::EndNotAboveStart, 0, 0}));
   EXPECT_EQ(sent(), Texts{});
-  EXPECT_TRUE(viewReset) << "the dialog showed something else";
   EXPECT_TRUE(transactionIsOpen());
 }
 
@@ -121,9 +130,15 @@ TEST_F(SavingTest, SendsItsStatementsInOrder) {
   const std::string assign =
       "conn: INSERT INTO Nummernkreis_Zuordnung (Buchungskreis, NSchl, Benutzer, Herkunft) "
       "VALUES (";
+  const std::string read =
+      "SELECT NSchl, NBezeichnung, Buchungskreis, StartWert, AktuellerWert, EndWert, Aktiviert, "
+      "SortierIndex, IstNSchlVon, Maske FROM Nummernkreise WHERE NSchl <> 'LM' AND NSchl <> 'AF' "
+      "ORDER BY SortierIndex";
   EXPECT_EQ(
-      sent(),
-      (Texts{"conn: DELETE FROM Nummernkreise WHERE NOT EXISTS (SELECT * FROM "
+      sentAndRead(),
+      (Texts{"work: " + read,
+             "conn: " + read,
+             "conn: DELETE FROM Nummernkreise WHERE NOT EXISTS (SELECT * FROM "
              "Nummernkreis_Buchungskreise WHERE Nummernkreise.Buchungskreis = "
              "Nummernkreis_Buchungskreise.Buchungskreis AND Herkunft='ORC') AND NSchl <> 'LM' AND "
              "NSchl <> 'AF' AND (Buchungskreis <> 0 OR (IstNSchlVon <> '' AND IstNSchlVon IS NOT "
@@ -143,8 +158,12 @@ TEST_F(SavingTest, SendsItsStatementsInOrder) {
              "Maske='NN' WHERE Buchungskreis=8 AND NSchl='RE'",
              assign + "8, 'RE', 'ALL','ORB')",
              insert + "0, 'SO', 'Belegart SO', 400, 405, 409, -1, 10, 'RE', 'NN')",
-             assign + "0, 'SO', 'ALL','ORB')", assign + "0, 'RE', 'Anna','ORB')",
-             assign + "1, 'RE', 'Max','ORB')", "conn: COMMIT"}));
+             assign + "0, 'SO', 'ALL','ORB')",
+             assign + "0, 'RE', 'Anna','ORB')",
+             assign + "1, 'RE', 'Max','ORB')",
+             "conn: " + read,
+             "conn: SELECT COUNT(*) AS Anzahl FROM Nummernkreis_Zuordnung WHERE Herkunft='ORB'",
+             "conn: COMMIT"}));
   EXPECT_FALSE(transactionIsOpen()) << "none is begun after the commit";
 }
 
@@ -174,15 +193,19 @@ TEST_F(SavingTest, TheOtherApplicationSparesTheFirstOnesCircles) {
   EXPECT_EQ(storedAssignments(), (Texts{"1|RE|ALL|ORB", "1|RE|Weg|ORB", "7|RE|ALL|ORC"}));
 }
 
-TEST_F(SavingTest, WithoutOriginBothOriginsAreEmpty) {
-  company(3);
-  range(alleBenutzer, 1, "RE", 100);
-  EXPECT_TRUE(save());
-  const Texts statements = sent();
-  ASSERT_EQ(statements.size(), 5U);
-  EXPECT_NE(statements[0].find("AND Herkunft='') AND"), std::string::npos) << statements[0];
-  EXPECT_EQ(statements[1], "conn: DELETE FROM Nummernkreis_Zuordnung WHERE Herkunft=''");
-  EXPECT_TRUE(statements[3].ends_with("VALUES (1, 'RE', 'ALL','')")) << statements[3];
+TEST_F(SavingTest, WithoutOriginNothingIsWritten) {
+  for (const std::int32_t application : {0, 3, -1}) {
+    company(application);
+    range(alleBenutzer, 1, "RE", 100);
+    const Texts before = stored();
+    EXPECT_FALSE(save());
+    EXPECT_EQ(boxes(), Boxes{errorBox(5, "basAllgemein", "Save",
+                                      "Die Anwendung " + std::to_string(application) +
+                                          " hat keine eigenen Nummernkreise.")});
+    EXPECT_EQ(sentAndRead(), (Texts{"conn: ROLLBACK", "conn: BEGIN"}));
+    EXPECT_EQ(stored(), before);
+    session().Conn().RollbackTrans();
+  }
 }
 
 TEST_F(SavingTest, AnEmptyTableDeletesAndCommits) {
@@ -226,24 +249,39 @@ TEST_F(SavingTest, ValuesAreConvertedWhereTheyAreWritten) {
   EXPECT_EQ(storedAssignments()[1], "2|RE|Max|ORB");
 }
 
-TEST_F(SavingTest, AnUpdateThatMatchesNothingIsNoFailure) {
+TEST_F(SavingTest, AnUpdateTellsWhetherItHasFoundItsRange) {
   company();
-  statement::Range range;
+  RangeRow range;
   range.Buchungskreis = 77;
-  basAllgemein::UpdateIntoNummernkreise(context(), range);
-  EXPECT_EQ(sent().size(), 1U);
+  EXPECT_FALSE(basAllgemein::UpdateIntoNummernkreise(source(), range));
+  range.Buchungskreis = 0;
+  range.NSchl = table().text("RE");
+  EXPECT_TRUE(basAllgemein::UpdateIntoNummernkreise(source(), range));
+  EXPECT_TRUE(basAllgemein::UpdateIntoNummernkreise(source(), range)) << "it is so already";
 }
 
-TEST_F(SavingTest, AnInsertThatFailsForWhateverReasonIsAnUpdate) {
+// The fifth statement is the insert: two readings and two deletions come before.
+TEST_F(SavingTest, AnInsertThatFailsIsAnUpdateWhereTheRangeIsStored) {
   company();
-  range(alleBenutzer, 2, "RE", 100);
-  script().failStatement(3);
+  range(alleBenutzer, 0, "RE", 100);
+  script().failStatement(5);
   EXPECT_TRUE(save());
   const Texts statements = sent();
   ASSERT_EQ(statements.size(), 6U);
   EXPECT_TRUE(statements[2].ends_with("!failed"));
   EXPECT_TRUE(statements[3].starts_with("conn: UPDATE Nummernkreise SET"));
   EXPECT_EQ(statements[5], "conn: COMMIT");
+}
+
+TEST_F(SavingTest, AnInsertThatFailsWhereNothingIsStoredFailsTheSave) {
+  company();
+  const Texts before = stored();
+  range(alleBenutzer, 2, "RE", 100);
+  script().failStatement(5);
+  EXPECT_FALSE(save());
+  EXPECT_EQ(boxes(), Boxes{errorBox(4711, "basAllgemein", "Save", "Absichtlicher Fehler")})
+      << "the insert's failure";
+  EXPECT_EQ(stored(), before);
 }
 
 std::string raised(const std::function<void()>& call) {
@@ -259,15 +297,15 @@ TEST_F(SavingTest, TheStatementRoutinesPassTheirErrorOn) {
   company();
   const char* error = "4711|ScriptedConnection|Absichtlicher Fehler";
   script().failStatement(1);
-  EXPECT_EQ(raised([this] { basAllgemein::UpdateIntoNummernkreise(context(), {}); }), error);
+  EXPECT_EQ(raised([this] { basAllgemein::UpdateIntoNummernkreise(source(), {}); }), error);
   script().failStatement(1);
   EXPECT_EQ(
-      raised([this] { basAllgemein::InsertIntoNummernkreis_Zuordnung(context(), 1, "RE", "Max"); }),
+      raised([this] { basAllgemein::InsertIntoNummernkreis_Zuordnung(source(), 1, "RE", "Max"); }),
       error);
-  statement::Range stored;
-  stored.NSchl = "RE";
+  RangeRow stored;
+  stored.NSchl = table().text("RE");
   script().failStatement(2);
-  EXPECT_EQ(raised([&] { basAllgemein::InsertIntoNummernkreise(context(), stored); }), error)
+  EXPECT_EQ(raised([&] { basAllgemein::InsertIntoNummernkreise(source(), stored); }), error)
       << "the range is stored already, so its insert has failed before";
   EXPECT_EQ(boxes(), Boxes{}) << "they report nothing themselves";
 }
@@ -277,11 +315,11 @@ class TransactionFailureTest : public SavingTest {
  protected:
   void SetUp() override {
     company();
-    context().Conn(std::make_shared<test::LoggedConnection>(log_, "conn"));
+    session().Conn(std::make_shared<test::LoggedConnection>(log_, "conn"));
     log_.take();
   }
   void TearDown() override {
-    context().Conn(hostConnection());
+    session().Conn(hostConnection());
     SavingTest::TearDown();
   }
   static Box failure() { return errorBox(4711, "basAllgemein", "Save", "Absichtlicher Fehler"); }
@@ -290,7 +328,7 @@ class TransactionFailureTest : public SavingTest {
 };
 
 TEST_F(TransactionFailureTest, ARollBackThatFailsWithoutChangesKeepsTheDialogOpen) {
-  context().blnChanged(false);
+  session().blnChanged(false);
   log_.failing = "conn.RollbackTrans";
   EXPECT_FALSE(save());
   EXPECT_EQ(boxes(), Boxes{failure()});

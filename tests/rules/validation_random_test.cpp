@@ -10,7 +10,7 @@
 #include <vexnumkr/error.h>
 
 #include "rules/range_check.h"
-#include "rules/sort_orders.h"
+#include "support/row_of.h"
 
 namespace vexnumkr {
 namespace {
@@ -24,29 +24,24 @@ std::string described(BrokenRule rule, std::int32_t row, std::int32_t other) {
 
 class TwoLoops {
  public:
-  explicit TwoLoops(const XArray& table) : table_(table) {}
+  explicit TwoLoops(const XArray& table) : rows_(table.begin(), table.end()) {}
 
   std::string run() {
-    const std::int32_t first = table_.LowerBound(1);
-    const std::int32_t last = table_.UpperBound(1);
-    for (std::int32_t i = first; i <= last; ++i) {
+    const auto count = static_cast<std::int32_t>(rows_.size());
+    for (std::int32_t i = 0; i < count; ++i) {
       if (!(isCommon(i) && isActive(i))) continue;
       if (breaksRule1(i)) return described(BrokenRule::EndNotAboveStart, i, i);
       if (breaksRule2(i)) return described(BrokenRule::CurrentOutsideRange, i, i);
-      for (std::int32_t j = first; j <= last; ++j) {
-        const std::string sequenceOfJ = sequenceKey(j);
-        const std::string sequenceOfI = sequenceKey(i);
-        if (!(isActive(j) && isCommon(j) && sequenceOfJ == sequenceOfI &&
-              (text(j, column::NSchl) != text(i, column::NSchl) ||
-               number(j, column::Buchungskreis) != number(i, column::Buchungskreis))))
+      for (std::int32_t j = 0; j < count; ++j) {
+        if (!(isActive(j) && isCommon(j) && sequenceKey(j) == sequenceKey(i) &&
+              (key(j) != key(i) || row(j).Buchungskreis != row(i).Buchungskreis)))
           continue;
         if (breaksRule1(j)) return described(BrokenRule::EndNotAboveStart, j, j);
         if (breaksRule2(j)) return described(BrokenRule::CurrentOutsideRange, j, j);
         const bool below = start(j) < start(i) && end(j) < start(i);
         const bool above = start(j) > end(i) && end(j) > end(i);
         if (below || above) continue;
-        if (text(j, column::NSchl) == text(i, column::NSchl))
-          return described(BrokenRule::OverlapsOtherCircle, j, i);
+        if (key(j) == key(i)) return described(BrokenRule::OverlapsOtherCircle, j, i);
         return described(BrokenRule::OverlapsOtherKey, j, i);
       }
     }
@@ -54,28 +49,21 @@ class TwoLoops {
   }
 
  private:
-  std::string text(std::int32_t row, std::int32_t c) const { return table_.get(row, c).toText(); }
-  std::int32_t number(std::int32_t row, std::int32_t c) const {
-    return table_.get(row, c).toLong();
-  }
-  std::int32_t start(std::int32_t row) const { return number(row, column::StartWert); }
-  std::int32_t current(std::int32_t row) const { return number(row, column::AktuellerWert); }
-  std::int32_t end(std::int32_t row) const { return number(row, column::EndWert); }
-  bool isCommon(std::int32_t row) const {
-    return table_.get(row, column::Benutzer) == Value("Alle Benutzer");
-  }
-  bool isActive(std::int32_t row) const { return table_.get(row, column::Aktiviert).toBoolean(); }
-  bool breaksRule1(std::int32_t row) const { return end(row) <= start(row); }
-  bool breaksRule2(std::int32_t row) const {
-    return current(row) < start(row) || current(row) > end(row);
-  }
-  std::string sequenceKey(std::int32_t row) const {
-    const Value shared = table_.get(row, column::IstNSchlVon);
-    if (!shared.isNull() && !shared.toText().empty()) return shared.toText();
-    return text(row, column::NSchl);
+  const RangeRow& row(std::int32_t i) const { return rows_[static_cast<std::size_t>(i)]; }
+  std::string key(std::int32_t i) const { return row(i).NSchl.str(); }
+  std::int32_t start(std::int32_t i) const { return row(i).StartWert.toValue().toLong(); }
+  std::int32_t current(std::int32_t i) const { return row(i).AktuellerWert.toValue().toLong(); }
+  std::int32_t end(std::int32_t i) const { return row(i).EndWert.toValue().toLong(); }
+  bool isCommon(std::int32_t i) const { return row(i).Benutzer.str() == "Alle Benutzer"; }
+  bool isActive(std::int32_t i) const { return row(i).Aktiviert; }
+  bool breaksRule1(std::int32_t i) const { return end(i) <= start(i); }
+  bool breaksRule2(std::int32_t i) const { return current(i) < start(i) || current(i) > end(i); }
+  std::string sequenceKey(std::int32_t i) const {
+    const std::string shared = row(i).IstNSchlVon.str();
+    return shared.empty() ? key(i) : shared;
   }
 
-  const XArray& table_;
+  std::vector<RangeRow> rows_;
 };
 
 template <class Check>
@@ -95,6 +83,15 @@ std::string checked(const XArray& table) {
 }
 
 using Row = std::vector<Value>;
+
+// Where the columns stand in a Row.
+namespace place {
+constexpr std::size_t Buchungskreis = 1;
+constexpr std::size_t StartWert = 5;
+constexpr std::size_t AktuellerWert = 6;
+constexpr std::size_t EndWert = 7;
+constexpr std::size_t Aktiviert = 8;
+}  // namespace place
 
 class RandomTable {
  public:
@@ -120,7 +117,7 @@ class RandomTable {
   std::int32_t integer(std::size_t limit) { return static_cast<std::int32_t>(below(limit)); }
 
   Row goodRow(std::int32_t place) {
-    const Value user = oneOutOf(8) ? oneOf({"Max", "alle benutzer", Empty{}}) : "Alle Benutzer";
+    const Value user = oneOutOf(8) ? oneOf({"Max", "alle benutzer", ""}) : "Alle Benutzer";
     const std::int32_t end = place + 1 + integer(9);
     return {user,
             integer(3),
@@ -132,34 +129,34 @@ class RandomTable {
             end,
             !oneOutOf(6),
             integer(2),
-            sharing_ ? oneOf({"A", "S", "S"}) : oneOf({"", "", Null{}, Empty{}, "A", "B"}),
+            sharing_ ? oneOf({"A", "S", "S"}) : oneOf({"", "", "A", "B"}),
             ""};
   }
 
-  Value badNumber() { return oneOf({"x", "", Null{}, "99999999999", "1.5"}); }
+  Value badNumber() { return oneOf({"x", "", "99999999999", "1.5"}); }
 
   void spoil(std::vector<Row>& rows) {
     Row& row = rows[below(rows.size())];
-    const auto cell = [&row](std::int32_t c) -> Value& { return row[static_cast<std::size_t>(c)]; };
+    const auto cell = [&row](std::size_t c) -> Value& { return row[c]; };
     switch (below(14)) {
       case 0:
-        cell(column::EndWert) = cell(column::StartWert);
+        cell(place::EndWert) = cell(place::StartWert);
         break;
       case 1:
-        cell(column::AktuellerWert) = oneOutOf(2) ? -5 : 500;
+        cell(place::AktuellerWert) = oneOutOf(2) ? -5 : 500;
         break;
       case 2:
-        cell(column::EndWert) =
-            cell(column::EndWert).isLong() ? cell(column::EndWert).asLong() + 25 : 900;
+        cell(place::EndWert) =
+            cell(place::EndWert).isLong() ? cell(place::EndWert).asLong() + 25 : 900;
         break;
       case 3:
-        cell(column::StartWert) = integer(100);
+        cell(place::StartWert) = integer(100);
         break;
       case 4:
-        cell(static_cast<std::int32_t>(column::StartWert + integer(3))) = badNumber();
+        cell(place::StartWert + below(3)) = badNumber();
         break;
       case 5:
-        cell(column::Aktiviert) = oneOf({"x", Null{}, "", "Wahr", "falsch", "2", 0, Empty{}});
+        cell(place::Aktiviert) = oneOutOf(2);
         break;
       case 6: {  // the same range once more
         const Row again = row;
@@ -167,30 +164,26 @@ class RandomTable {
         break;
       }
       case 7:  // a text that is a number
-        cell(column::StartWert) = cell(column::StartWert).isLong()
-                                      ? Value(" " + cell(column::StartWert).toText() + ",4 ")
-                                      : Value("1.000");
+        cell(place::StartWert) = cell(place::StartWert).isLong()
+                                     ? Value(" " + cell(place::StartWert).toText() + ",4 ")
+                                     : Value("1.000");
         break;
       case 8:
-        cell(column::Buchungskreis) = oneOf({"1", " 2 ", 0, Empty{}});
+        cell(place::Buchungskreis) = integer(2);
         break;
       default: {  // moved onto the numbers of another one
         const Row& other = rows[below(rows.size())];
-        for (const std::int32_t c : {column::StartWert, column::AktuellerWert, column::EndWert})
-          cell(c) = other[static_cast<std::size_t>(c)];
+        for (const std::size_t c : {place::StartWert, place::AktuellerWert, place::EndWert})
+          cell(c) = other[c];
         break;
       }
     }
   }
 
   static XArray tableOf(const std::vector<Row>& rows) {
-    XArray table = XArray::withColumns(column::Maske);
-    for (const Row& row : rows) {
-      table.AppendRows();
-      for (std::size_t c = 0; c < row.size(); ++c)
-        table.set(table.UpperBound(1), static_cast<std::int32_t>(c), row[c]);
-    }
-    sortRows(table, displayOrder);
+    XArray table = XArray::created();
+    for (const Row& row : rows) table.append(test::rowOf(table, row));
+    table.sort(RowOrder::display);
     return table;
   }
 
@@ -200,14 +193,10 @@ class RandomTable {
 
 std::string dump(const XArray& table) {
   std::string text;
-  for (std::int32_t row = table.LowerBound(1); row <= table.UpperBound(1); ++row) {
-    text += '\n' + std::to_string(row) + ":";
-    for (std::int32_t c = 0; c <= table.UpperBound(2); ++c) {
-      const Value value = table.get(row, c);
-      text += ' ' + (value.isNull()   ? "NULL"
-                     : value.isText() ? "'" + value.asText() + "'"
-                                      : value.toText());
-    }
+  for (const RangeRow& row : table) {
+    text += "\n";
+    for (const Value& value : row.columns())
+      text += ' ' + (value.isText() ? "'" + value.asText() + "'" : value.toText());
   }
   return text;
 }
@@ -228,7 +217,7 @@ TEST(ValidationRandomTest, FindsTheDefectThatTheTwoLoopsFind) {
     ++kinds[kindOf(expected)];
   }
   for (const char* kind : {"passed", "Endwert ", "Aktueller Wert ", "Buchungskreise ",
-                           "Belegarten ", "Fehler 6", "Fehler 13", "Fehler 94"})
+                           "Belegarten ", "Fehler 6", "Fehler 13"})
     EXPECT_GT(kinds[kind], 40) << kind << ", seeds from " << first;
 }
 

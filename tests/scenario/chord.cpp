@@ -2,6 +2,8 @@
 
 #include <array>
 
+#include "adapters/qt/text.h"
+
 namespace vexnumkr::scenario {
 namespace {
 
@@ -70,7 +72,7 @@ Chord pressedWith(Chord chord, Qt::KeyboardModifiers modifiers) {
 }  // namespace
 
 std::optional<Chord> readChord(std::string_view name) {
-  QString rest = QString::fromUtf8(name.data(), static_cast<qsizetype>(name.size())).toLower();
+  QString rest = toQt(name).toLower();
   Qt::KeyboardModifiers modifiers;
   for (qsizetype plus = rest.indexOf(u'+'); plus > 0; plus = rest.indexOf(u'+')) {
     const Qt::KeyboardModifier modifier = modifierOf(rest.left(plus));

@@ -1,7 +1,7 @@
 // Names of keys.
 #pragma once
 
-#include <QtCore/QString>
+#include <QString>
 #include <optional>
 #include <string_view>
 

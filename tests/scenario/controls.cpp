@@ -1,6 +1,6 @@
 #include "scenario/controls.h"
 
-#include <QtCore/QVariant>
+#include <QVariant>
 #include <algorithm>
 
 namespace vexnumkr::scenario {

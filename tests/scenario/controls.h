@@ -1,7 +1,7 @@
 // The controls of a form, by name.
 #pragma once
 
-#include <QtWidgets/QWidget>
+#include <QWidget>
 #include <string>
 #include <vector>
 

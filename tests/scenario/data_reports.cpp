@@ -1,33 +1,32 @@
 // Commands that print what the component and its database hold.
+#include <array>
+#include <span>
+
 #include "data/table/xarray.h"
 #include "scenario/stage.h"
 
 namespace vexnumkr::scenario {
 namespace {
 
-std::string printedRow(const XArray& table, std::int32_t row) {
+std::string printedRow(std::int32_t row, std::span<const Value> columns) {
   std::vector<std::string> cells = {"row " + std::to_string(row)};
-  for (std::int32_t column = table.LowerBound(2); column <= table.UpperBound(2); ++column)
-    cells.push_back(printedValue(table.get(row, column)));
+  for (const Value& column : columns) cells.push_back(printedValue(column));
   return joined(cells);
 }
 
-void printRows(Stage& stage, const XArray& table) {
-  for (std::int32_t row = table.LowerBound(1); row <= table.UpperBound(1); ++row)
-    stage.print(printedRow(table, row));
-}
-
 void table(Stage& stage, const Command&) {
-  const HostContext& context = stage.session.context();
-  const XArray& ranges = context.XArray();
-  const std::int32_t rows = ranges.UpperBound(1) - ranges.LowerBound(1) + 1;
-  stage.print("table: rows=" + std::to_string(rows) +
-              " changed=" + printedFlag(context.blnChanged()));
-  printRows(stage, ranges);
+  auto& session = stage.session.core();
+  const XArray& ranges = session.XArray();
+  stage.print("table: rows=" + std::to_string(ranges.size()) +
+              " changed=" + printedFlag(session.blnChanged()));
+  std::int32_t row = 0;
+  for (const RangeRow& range : ranges) stage.print(printedRow(row++, range.columns()));
 }
 
 void circles(Stage& stage, const Command&) {
-  printRows(stage, stage.session.context().Buchungskreise());
+  std::int32_t row = 0;
+  for (const BookingCircle& circle : stage.session.core().Buchungskreise())
+    stage.print(printedRow(row++, std::array<Value, 2>{circle.Buchungskreis, circle.Beschreibung}));
 }
 
 void database(Stage& stage, const Command&) {

@@ -1,14 +1,13 @@
 #include "scenario/database.h"
 
-#include <QtCore/QFile>
-#include <QtCore/QString>
+#include <QFile>
+#include <QString>
 
+#include <vexnumkr/connection_string.h>
 #include <vexnumkr/error.h>
 
-#include "adapters/qtsql/connection_string.h"
-#include "adapters/qtsql/session.h"
+#include "adapters/qtsql/session/session.h"
 #include "app/components/settings_store.h"
-#include "app/connection_text.h"
 #include "app/sql.h"
 #include "scenario/schema.h"
 #include "scenario/transcript.h"
@@ -23,28 +22,16 @@ void provideFile(const std::string& file) {
   QFile(QString::fromStdString(file)).open(QIODevice::ReadWrite);
 }
 
-std::unique_ptr<qtsql::Session> open(const qtsql::ConnectionSettings& settings) {
-  const qtsql::Driver& driver = qtsql::driverOf(settings.driver);
+std::unique_ptr<qtsql::Session> open(const ConnectionSettings& settings) {
+  const qtsql::Driver driver = qtsql::driverOf(settings.driver);
   if (driver.name == sqliteDriver) provideFile(settings.database);
   return std::make_unique<qtsql::Session>(driver, settings);
 }
 
 // The file of a SQLite database, by whatever driver it is reached.
-std::string fileOf(const qtsql::ConnectionSettings& settings) {
+std::string fileOf(const ConnectionSettings& settings) {
   if (qtsql::driverOf(settings.driver).name == sqliteDriver) return settings.database;
-  return app::ConnectionText(settings.database).value("Database");
-}
-
-app::SchemaEngine schemaOf(const qtsql::Session& session) {
-  switch (session.engine().dialect) {
-    case Dialect::postgresql:
-      return app::SchemaEngine::postgresql;
-    case Dialect::mariadb:
-      return app::SchemaEngine::mariadb;
-    case Dialect::sqlite:
-      break;
-  }
-  return app::SchemaEngine::sqlite;
+  return connectionValue(settings.database, "Database", ConnectionSyntax::odbc);
 }
 
 std::string printedField(const QVariant& field) {
@@ -79,10 +66,10 @@ void attach(qtsql::Session& session, const std::string& file) {
 }  // namespace
 
 ScenarioDatabase::ScenarioDatabase(const std::string& connectionString) {
-  const qtsql::ConnectionSettings settings = qtsql::parseConnectionString(connectionString);
+  const ConnectionSettings settings = parseConnectionString(connectionString);
   main_ = open(settings);
-  if (schemaOf(*main_) != app::SchemaEngine::sqlite) return;
-  qtsql::ConnectionSettings beside;
+  if (main_->engine().name != "sqlite") return;
+  ConnectionSettings beside;
   beside.driver = sqliteDriver;
   beside.database = app::settingsFile(fileOf(settings));
   settings_ = open(beside);
@@ -99,7 +86,7 @@ void ScenarioDatabase::createTables() {
   for (const TableDefinition& table : tableDefinitions()) {
     qtsql::Session& session = sessionOf(table.name);
     drop(session, table.name);
-    session.execute(createStatement(table, schemaOf(session)));
+    session.execute(createStatement(table, session.engine().name));
   }
   for (const std::string& statement : indexStatements()) main_->execute(statement);
 }
@@ -118,7 +105,7 @@ const std::vector<std::string>& ScenarioDatabase::tableNames() {
 // NULL comes first, as it does by itself everywhere else.
 std::vector<PrintedRow> ScenarioDatabase::rows(const std::string& table) const {
   qtsql::Session& session = sessionOf(table);
-  const bool isPostgresql = schemaOf(session) == app::SchemaEngine::postgresql;
+  const bool isPostgresql = session.engine().name == "postgresql";
   for (const TableDefinition& definition : tableDefinitions()) {
     if (definition.name != table) continue;
     std::string order;

@@ -1,7 +1,7 @@
 #include "scenario/grid_access.h"
 
-#include <QtWidgets/QHeaderView>
-#include <QtWidgets/QLineEdit>
+#include <QHeaderView>
+#include <QLineEdit>
 
 #include "scenario/failure.h"
 

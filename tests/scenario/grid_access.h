@@ -1,7 +1,7 @@
 // The tree grid of a dialog, for looking at it and for knowing where to click.
 #pragma once
 
-#include <QtCore/QPoint>
+#include <QPoint>
 #include <cstdint>
 #include <string>
 

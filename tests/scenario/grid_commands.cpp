@@ -1,11 +1,11 @@
 // Commands on the tree grid: what a user does to it and what it shows.
-#include <QtGui/QHelpEvent>
-#include <QtGui/QTextDocument>
-#include <QtWidgets/QApplication>
-#include <QtWidgets/QLineEdit>
-#include <QtWidgets/QToolTip>
+#include <QApplication>
+#include <QHelpEvent>
+#include <QLineEdit>
+#include <QToolTip>
 #include <cstdio>
 
+#include "adapters/qt/tool_tips.h"
 #include "scenario/grid_access.h"
 #include "scenario/input.h"
 #include "scenario/stage.h"
@@ -99,16 +99,12 @@ void hideToolTips() {
     if (window->inherits("QTipLabel")) window->hide();
 }
 
-// The text that a shown tip stands for. Tips that look like mark-up are shown as escaped mark-up.
-std::string plainToolTip() {
+// The text that the shown tip stands for.
+std::string shownToolTip() {
   if (!QToolTip::isVisible()) return {};
-  QString text = QToolTip::text();
-  if (Qt::mightBeRichText(text)) {
-    QTextDocument document;
-    document.setHtml(text);
-    text = document.toPlainText();
-  }
-  return text.replace(QLatin1Char('\n'), QLatin1String("\r\n")).toStdString();
+  return toolTipText(QToolTip::text())
+      .replace(QLatin1Char('\n'), QLatin1String("\r\n"))
+      .toStdString();
 }
 
 void cellToolTip(Stage& stage, const Command& command) {
@@ -118,7 +114,7 @@ void cellToolTip(Stage& stage, const Command& command) {
   hideToolTips();
   QHelpEvent wanted(QEvent::ToolTip, centre, viewport.mapToGlobal(centre));
   QApplication::sendEvent(&viewport, &wanted);
-  stage.print("tooltip: " + printedText(plainToolTip()));
+  stage.print("tooltip: " + printedText(shownToolTip()));
   hideToolTips();
 }
 

@@ -1,7 +1,7 @@
 #include "scenario/idle_pump.h"
 
-#include <QtCore/QCoreApplication>
-#include <QtCore/QTimerEvent>
+#include <QCoreApplication>
+#include <QTimerEvent>
 #include <utility>
 
 namespace vexnumkr::scenario {

@@ -1,7 +1,7 @@
 // Knowing when an application has nothing left to do.
 #pragma once
 
-#include <QtCore/QObject>
+#include <QObject>
 #include <functional>
 
 namespace vexnumkr::scenario {

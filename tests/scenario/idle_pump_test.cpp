@@ -2,9 +2,9 @@
 
 #include <gtest/gtest.h>
 
-#include <QtCore/QCoreApplication>
-#include <QtCore/QEventLoop>
-#include <QtCore/QTimer>
+#include <QCoreApplication>
+#include <QEventLoop>
+#include <QTimer>
 
 namespace vexnumkr::scenario {
 namespace {

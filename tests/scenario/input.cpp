@@ -1,9 +1,9 @@
 #include "scenario/input.h"
 
-#include <QtGui/QGuiApplication>
-#include <QtGui/QWindow>
-#include <QtTest/QTest>
-#include <QtWidgets/QWidget>
+#include <QGuiApplication>
+#include <QTest>
+#include <QWidget>
+#include <QWindow>
 
 #include "scenario/failure.h"
 

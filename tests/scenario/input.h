@@ -1,10 +1,9 @@
 // What a user does with mouse and keyboard, as the window system reports it.
 #pragma once
 
-#include <QtCore/qnamespace.h>
-
-#include <QtCore/QPoint>
-#include <QtCore/QString>
+#include <QPoint>
+#include <QString>
+#include <Qt>
 
 #include "scenario/chord.h"
 

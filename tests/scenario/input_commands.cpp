@@ -1,14 +1,14 @@
 // Commands that do what a user does to the controls and windows of a dialog.
-#include <QtCore/QPointer>
-#include <QtGui/QWindow>
-#include <QtWidgets/QAbstractItemView>
-#include <QtWidgets/QComboBox>
-#include <QtWidgets/QLayout>
-#include <QtWidgets/QListWidget>
-#include <QtWidgets/QPushButton>
-#include <QtWidgets/QRadioButton>
-#include <QtWidgets/QStyleOptionButton>
-#include <QtWidgets/QStyleOptionViewItem>
+#include <QAbstractItemView>
+#include <QComboBox>
+#include <QLayout>
+#include <QListWidget>
+#include <QPointer>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QStyleOptionButton>
+#include <QStyleOptionViewItem>
+#include <QWindow>
 
 #include "scenario/controls.h"
 #include "scenario/input.h"

@@ -1,7 +1,7 @@
 #include "scenario/interpreter.h"
 
-#include <QtWidgets/QAbstractButton>
-#include <QtWidgets/QMessageBox>
+#include <QAbstractButton>
+#include <QMessageBox>
 #include <exception>
 #include <utility>
 

@@ -1,8 +1,8 @@
 // vexnumkr-scenario: runs a scenario file against the component with its real dialogs and prints
 // what happens. See docs/scenarios.md.
-#include <QtCore/QTimer>
-#include <QtGui/QStyleHints>
-#include <QtWidgets/QApplication>
+#include <QApplication>
+#include <QStyleHints>
+#include <QTimer>
 #include <chrono>
 #include <cstdlib>
 #include <fstream>

@@ -49,13 +49,12 @@ std::string withCollation(std::string definition, const std::string& collation) 
 
 }  // namespace
 
-std::string createStatement(const TableDefinition& table, app::SchemaEngine engine) {
+std::string createStatement(const TableDefinition& table, std::string_view engine) {
   std::string definition = table.definition;
   std::string options;
-  if (engine != app::SchemaEngine::sqlite) definition = withUniqueRangeKey(definition);
-  if (engine == app::SchemaEngine::postgresql)
-    definition = withCollation(definition, " COLLATE \"C\"");
-  if (engine == app::SchemaEngine::mariadb)
+  if (engine != "sqlite") definition = withUniqueRangeKey(definition);
+  if (engine == "postgresql") definition = withCollation(definition, " COLLATE \"C\"");
+  if (engine == "mariadb")
     options = " ENGINE = InnoDB CHARACTER SET utf8mb4 COLLATE utf8mb4_nopad_bin";
   return std::string("CREATE TABLE ") + table.name + " (" + definition + ")" + options;
 }

@@ -2,9 +2,8 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
-
-#include "app/schema/schema.h"
 
 namespace vexnumkr::scenario {
 
@@ -23,7 +22,7 @@ inline constexpr const char* settingsTable = "Einstellungen";
 const std::vector<TableDefinition>& tableDefinitions();
 
 /// The statement that makes `table` on that engine. Texts are compared by code points on each.
-std::string createStatement(const TableDefinition& table, app::SchemaEngine engine);
+std::string createStatement(const TableDefinition& table, std::string_view engine);
 
 /// Statements to run on the database when its tables are there.
 const std::vector<std::string>& indexStatements();

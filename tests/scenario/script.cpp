@@ -1,6 +1,6 @@
 #include "scenario/script.h"
 
-#include <QtCore/QStringDecoder>
+#include <QStringDecoder>
 #include <charconv>
 
 #include "scenario/command_forms.h"

@@ -30,6 +30,6 @@ QtComponent& Session::component() {
   return *component_;
 }
 
-HostContext& Session::context() { return component().context(); }
+vexnumkr::Session& Session::core() { return component().session(); }
 
 }  // namespace vexnumkr::scenario

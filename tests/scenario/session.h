@@ -41,7 +41,7 @@ class Session {
 
   /// Errors: CannotDo when there is no component.
   QtComponent& component();
-  HostContext& context();
+  vexnumkr::Session& core();
 
  private:
   SessionData data_;

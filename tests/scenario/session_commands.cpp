@@ -22,8 +22,7 @@ void init(Stage& stage, const Command&) {
   stage.session.createComponent();
   stage.print("init: " + printedFlag(stage.session.init()));
   std::vector<std::string> users;
-  for (const std::string& name : stage.session.context().colUser())
-    users.push_back(printedText(name));
+  for (const std::string& name : stage.session.core().colUser()) users.push_back(printedText(name));
   stage.print("users: " + joined(users));
 }
 

@@ -1,10 +1,10 @@
 #include "scenario/windows.h"
 
-#include <QtCore/QEvent>
-#include <QtGui/QWindow>
-#include <QtWidgets/QApplication>
-#include <QtWidgets/QDialog>
-#include <QtWidgets/QMessageBox>
+#include <QApplication>
+#include <QDialog>
+#include <QEvent>
+#include <QMessageBox>
+#include <QWindow>
 #include <algorithm>
 #include <utility>
 

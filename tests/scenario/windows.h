@@ -1,8 +1,8 @@
 // The windows that the component has open.
 #pragma once
 
-#include <QtCore/QObject>
-#include <QtCore/QPointer>
+#include <QObject>
+#include <QPointer>
 #include <functional>
 #include <string>
 #include <vector>

@@ -48,8 +48,8 @@ class LostServerTest : public test::SavingSession {
   }
 
   std::unique_ptr<Command> newCommand() {
-    auto command = context().Conn().createCommand();
-    command->ActiveConnection(context().Conn());
+    auto command = session().Conn().createCommand();
+    command->ActiveConnection(session().Conn());
     return command;
   }
   /// The save fails with boxes and leaves the values of the user alone.
@@ -63,12 +63,12 @@ class LostServerTest : public test::SavingSession {
       EXPECT_EQ(box.buttons, 48);
     }
     EXPECT_EQ(rows().size(), values.size());
-    EXPECT_TRUE(context().blnChanged());
+    EXPECT_TRUE(session().blnChanged());
   }
   /// Nothing of the failed saves is stored; the next one stores everything.
   void expectSavingAgainWorks() {
     EXPECT_EQ(stored(), before);
-    context().cmdSQL(newCommand());
+    session().source().cmdSQL(newCommand());
     EXPECT_TRUE(save());
     EXPECT_EQ(boxes().size(), 0U);
     EXPECT_NE(stored(), before);
@@ -112,7 +112,7 @@ TEST_F(LostServerTest, ItIsAwayForSeveralAttempts) {
 TEST_F(LostServerTest, ItIsKilledAtEveryStageOfASave) {
   for (const int statement : {1, 2, 3, 7, 12}) {
     SCOPED_TRACE("statement " + std::to_string(statement));
-    context().cmdSQL(
+    session().source().cmdSQL(
         std::make_unique<InterruptedCommand>(newCommand(), statement, [] { server().kill(); }));
     expectFailure();
     server().start();
@@ -132,7 +132,7 @@ TEST_F(LostServerTest, WhatWasCommittedSurvivesItsKilling) {
 
 TEST_F(LostServerTest, CancellingNeedsNoServer) {
   server().kill();
-  EXPECT_NO_THROW(context().Conn().RollbackTrans());
+  EXPECT_NO_THROW(session().Conn().RollbackTrans());
   server().start();
   EXPECT_EQ(stored(), before);
 }
@@ -141,14 +141,12 @@ TEST_F(LostServerTest, TheWorkingConnectionComesBackToo) {
   server().stop();
   server().start();
   std::int32_t start = 1, current = 1, end = 1;
-  const auto fetch = [&] {
-    basAllgemein::GetBuchungskreisData(context(), 7, "RE", start, end, current);
-  };
+  const auto fetch = [&] { GetBuchungskreisData(7, "RE", start, end, current); };
   fetch();
   EXPECT_EQ(boxes().size(), 1U);
   fetch();
   EXPECT_EQ(boxes().size(), 0U);
-  context().Conn().RollbackTrans();
+  session().Conn().RollbackTrans();
 }
 
 }  // namespace vexnumkr

@@ -47,8 +47,8 @@ class RightsTest : public test::SavingSession {
     }
   }
   ~RightsTest() override {
-    basAllgemein::basTerminate(context());
-    context().Conn(nullptr);
+    basAllgemein::basTerminate(session());
+    session().Conn(nullptr);
     if (database().engine() == "mariadb") {
       database().administer("DROP USER " + user_);
     } else {
@@ -71,19 +71,19 @@ class RightsTest : public test::SavingSession {
 
 TEST_F(RightsTest, TheyAreEnoughToLoadAndSave) {
   company();
-  basAllgemein::basTerminate(context());
+  basAllgemein::basTerminate(session());
   const auto connection = open();
-  context().Conn(connection);
-  basAllgemein::basInititialize(context());
-  basAllgemein::RefreshCombo(context(), nullptr);
-  basAllgemein::LoadItems(context(), basAllgemein::CheckActivity);
-  basAllgemein::RefreshSGroups(context());
+  session().Conn(connection);
+  basAllgemein::basInititialize(session());
+  RefreshCombo();
+  LoadItems();
+  RefreshSGroups();
   EXPECT_FALSE(rows().empty());
   EXPECT_EQ(boxes().size(), 0U);
-  while (!rows().empty()) table().DeleteRows(0);
-  context().Conn().BeginTrans();
+  table().create();
+  session().Conn().BeginTrans();
   editedTable();
-  context().blnChanged(true);
+  session().blnChanged(true);
   EXPECT_TRUE(save());
   EXPECT_TRUE(boxes().empty());
 }

@@ -5,7 +5,7 @@
 //   TEST_F(LoadingTest, ...) {
 //     sql("INSERT INTO ...");
 //     start(1, {"Anna", "Max"});
-//     basAllgemein::LoadItems(context(), basAllgemein::CheckActivity);
+//     LoadItems();
 //     EXPECT_EQ(rows(), ...);
 //   }
 //
@@ -15,17 +15,21 @@
 #include <gtest/gtest.h>
 
 #include <QCoreApplication>
+#include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include <vexnumkr/database.h>
 
-#include "hosting/host_context.h"
+#include "hosting/saving.h"
+#include "hosting/session.h"
 #include "support/fresh_database.h"
 #include "support/plain_host.h"
 #include "support/recording_forms.h"
 #include "support/recording_progress.h"
+#include "support/row_of.h"
 #include "support/scripted_connection.h"
 
 namespace vexnumkr::test {
@@ -49,11 +53,45 @@ class CoreSession : public ::testing::Test {
   std::vector<std::string> rows();
   /// The range table, user, booking circle, key and activity of each row: "Max 1 RE True".
   std::vector<std::string> activity();
-  /// Appends a row; cells in column order, the rest stays empty.
+  /// Appends a row; cells in column order, the rest stays as in a new row.
   void row(const std::vector<Value>& cells);
+  /// Writes what the component itself never writes into a row that is there.
+  void change(std::int32_t row, const std::function<void(RangeRow&)>& write);
 
-  HostContext& context() { return context_; }
-  XArray& table() { return context_.XArray(); }
+  // The component's procedures, at work on this session.
+
+  /// With the activity rule, as the dialog has it.
+  void LoadItems();
+  bool AktiviertDB(std::int32_t circle, const std::string& key, const std::string& user);
+  void AddDataBuchungskreis(const std::string& user, std::int32_t circle,
+                            const std::string& caption, const std::string& key, bool fromDatabase);
+  void GetBuchungskreisData(std::int32_t circle, const std::string& key, std::int32_t& start,
+                            std::int32_t& end, std::int32_t& current);
+  bool CheckSonderkreise();
+  void RefreshSGroups();
+  bool RefreshCombo();
+  /// Sets the changed flag, as the dialog does, when rows went.
+  void RefreshInXArray();
+  std::int32_t FoundInXArray(const std::string& user, std::int32_t circle, const std::string& key);
+  void AddInXArray(const RangeRow& range, bool allUsers);
+  bool DeleteInXArray(std::int32_t circle, const std::string& key, bool allUsers);
+  void SetValueAll(const std::string& key, std::int32_t circle, ValueColumn column,
+                   const Value& value);
+  void SetValue(const std::string& key, const std::string& caption, const std::string& user,
+                bool active);
+  void CheckActivity();
+  bool StartAutoNum();
+  /// Shows no defect but keeps it: see takeDefect.
+  bool Save(bool askFirst);
+  /// The broken rule that saving has shown since the last call.
+  std::optional<RangeDefect> takeDefect() { return std::exchange(display_.defect, std::nullopt); }
+
+  /// How often saving had changed rows shown, since the last call.
+  int takeShownChanges() { return std::exchange(display_.changes, 0); }
+
+  Session& session() { return session_; }
+  StatementSource& source() { return session_.source(); }
+  XArray& table() { return session_.XArray(); }
   ConnectionScript& script() { return script_; }
   RecordingForms& forms() { return forms_; }
   RecordingProgress& progress() { return progress_; }
@@ -72,7 +110,15 @@ class CoreSession : public ::testing::Test {
   RecordingProgress progress_;
   PlainHost host_;
   FixedClock clock_{"20260315"};
-  HostContext context_{Services{forms_, host_, clock_, &progress_}};
+  Session session_{Services{forms_, host_, clock_, &progress_}};
+
+  struct KeepingDisplay final : RangeDisplay {
+    void showDefect(const RangeDefect& found) override { defect = found; }
+    void showChanges() override { ++changes; }
+    std::optional<RangeDefect> defect;
+    int changes = 0;
+  };
+  KeepingDisplay display_;
 };
 
 /// A cell as the texts above show it.

@@ -6,7 +6,7 @@
 #include <QHelpEvent>
 #include <QLineEdit>
 #include <QTest>
-#include <QTextDocument>
+#include <QTimer>
 #include <QToolTip>
 #include <QWindow>
 #include <chrono>
@@ -15,8 +15,9 @@
 
 #include <vexnumkr/adapters.h>
 
+#include "adapters/qt/tool_tips.h"
 #include "adapters/qtforms/qt_forms_toolkit.h"
-#include "data/table/columns.h"
+#include "app/schema/schema.h"
 #include "scenario/controls.h"
 #include "scenario/input.h"
 #include "scenario/transcript.h"
@@ -46,14 +47,6 @@ void calmApplication() {
 void hideToolTips() {
   for (QWidget* window : QApplication::topLevelWidgets())
     if (window->inherits("QTipLabel")) window->hide();
-}
-
-// Tips that look like mark-up are shown as escaped mark-up.
-std::string plainText(const QString& toolTip) {
-  if (!Qt::mightBeRichText(toolTip)) return toolTip.toStdString();
-  QTextDocument document;
-  document.setHtml(toolTip);
-  return document.toPlainText().toStdString();
 }
 
 }  // namespace
@@ -94,6 +87,14 @@ void DialogSession::show(std::function<void()> steps) {
   watchdog_.begin(0, "the dialog to be closed");
   user_.expectDialog("frmNummernkreise", std::move(steps));
   component_.ShowDialog();
+  watchdog_.end();
+}
+
+void DialogSession::showToTheEnd(std::function<void()> steps) {
+  watchdog_.begin(0, "the application to end");
+  user_.expectDialogToTheEnd("frmNummernkreise", std::move(steps));
+  QTimer::singleShot(0, &user_, [this] { component_.ShowDialog(); });
+  QCoreApplication::exec();
   watchdog_.end();
 }
 
@@ -224,19 +225,22 @@ std::string DialogSession::toolTip(std::int32_t item, std::int32_t column) const
   hideToolTips();
   QHelpEvent wanted(QEvent::ToolTip, centre, viewport.mapToGlobal(centre));
   QApplication::sendEvent(&viewport, &wanted);
-  const std::string text = QToolTip::isVisible() ? plainText(QToolTip::text()) : std::string();
+  const std::string text =
+      QToolTip::isVisible() ? toolTipText(QToolTip::text()).toStdString() : std::string();
   hideToolTips();
   return text;
 }
 
 std::string DialogSession::range(const std::string& user, std::int32_t circle,
                                  const std::string& key) {
-  const XArray& table = context().XArray();
-  const std::int32_t row = table.findRange(user, circle, key);
-  if (row < 0) return "none";
-  std::string line = cellText(table.get(row, column::StartWert));
-  for (const auto each : {column::AktuellerWert, column::EndWert, column::Maske, column::Aktiviert})
-    line += "|" + cellText(table.get(row, each));
+  const XArray& table = session().XArray();
+  const std::int32_t found = table.findRange(user, circle, key);
+  if (found < 0) return "none";
+  const RangeRow& row = table.at(found);
+  std::string line = cellText(row.StartWert.toValue());
+  for (const Value& each : {row.AktuellerWert.toValue(), row.EndWert.toValue(), row.Maske.toValue(),
+                            Value(row.Aktiviert)})
+    line += "|" + cellText(each);
   return line;
 }
 

@@ -63,13 +63,15 @@ class DialogSession : public ::testing::Test {
   bool init(std::int32_t application, const std::string& date = "20240315");
   /// Shows the dialog; `steps` run when it is up, and close it.
   void show(std::function<void()> steps);
+  /// Shows the dialog in a running application, which ends when `steps` are over.
+  void showToTheEnd(std::function<void()> steps);
   /// Shows the dialog over the small company of that application; it is cancelled in the end unless
   /// `steps` have closed it.
   void inCompany(std::int32_t application, const std::function<void()>& steps);
   QtComponent& component() { return component_; }
   /// For the component no time passes, unless a test says that every look at its clock takes some.
   void everyLookTakes(std::chrono::milliseconds time) { lookTakes_ = time; }
-  HostContext& context() { return component_.context(); }
+  Session& session() { return component_.session(); }
   ConnectionScript& script() { return script_; }
   FormsFaults& faults() { return faults_; }
   DialogHost& host() { return host_; }
@@ -135,7 +137,7 @@ class DialogSession : public ::testing::Test {
 
   // What the component holds.
 
-  bool changed() { return context().blnChanged(); }
+  bool changed() { return session().blnChanged(); }
   /// "Start|Aktuell|Ende|Maske|Aktiviert" of a row of the range table, or "none".
   std::string range(const std::string& user, std::int32_t circle, const std::string& key);
 

@@ -140,6 +140,7 @@ class FaultyGrid final : public Faulty<TreeGrid> {
     checked("ColWidth=").ColWidth(column, width);
   }
   void AcceptsEntries(bool accepts) override { checked("AcceptsEntries").AcceptsEntries(accepts); }
+  void AcceptsChoices(bool accepts) override { checked("AcceptsChoices").AcceptsChoices(accepts); }
   void BeginUpdate() override { checked("BeginUpdate").BeginUpdate(); }
   void EndUpdate() override { checked("EndUpdate").EndUpdate(); }
   void Events(TreeGridEvents* events) override { checked("Events=").Events(events); }

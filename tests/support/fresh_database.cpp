@@ -9,8 +9,9 @@
 #include <fstream>
 #include <stdexcept>
 
-#include "adapters/qtsql/connection_string.h"
-#include "adapters/qtsql/database_handle.h"
+#include <vexnumkr/connection_string.h>
+
+#include "adapters/qtsql/session/database_handle.h"
 
 namespace vexnumkr::test {
 namespace {
@@ -62,20 +63,17 @@ FreshDatabase::~FreshDatabase() {
 
 bool FreshDatabase::isOnServer() const { return isPostgresql() || engine_ == "mariadb"; }
 
-app::SchemaEngine FreshDatabase::schema() const {
-  if (isPostgresql()) return app::SchemaEngine::postgresql;
-  return isOnServer() ? app::SchemaEngine::mariadb : app::SchemaEngine::sqlite;
-}
+std::string FreshDatabase::schema() const { return engine_.substr(engine_.find('-') + 1); }
 
 std::string FreshDatabase::connectionString(const std::string& user,
                                             const std::string& password) const {
-  qtsql::ConnectionSettings settings = qtsql::parseConnectionString(compose(user, name_));
+  ConnectionSettings settings = parseConnectionString(compose(user, name_));
   settings.password = password;
-  return qtsql::composeConnectionString(settings);
+  return composeConnectionString(settings);
 }
 
 std::string FreshDatabase::compose(const std::string& user, const std::string& database) const {
-  qtsql::ConnectionSettings settings;
+  ConnectionSettings settings;
   settings.user = user;
   settings.database = database;
   if (engine_ == "sqlite") {
@@ -96,12 +94,12 @@ std::string FreshDatabase::compose(const std::string& user, const std::string& d
   } else {
     throw std::runtime_error("no engine is called " + engine_);
   }
-  return qtsql::composeConnectionString(settings);
+  return composeConnectionString(settings);
 }
 
 void FreshDatabase::administer(const std::string& statement) const {
   const bool onPostgresql = isPostgresql();
-  qtsql::ConnectionSettings settings;
+  ConnectionSettings settings;
   settings.driver = onPostgresql ? "QPSQL" : "QMYSQL";
   settings.server = serverFolder(engine_) + (onPostgresql ? "" : "/socket");
   settings.database = onPostgresql ? "postgres" : "mysql";

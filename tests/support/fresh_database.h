@@ -9,8 +9,6 @@
 #include <memory>
 #include <string>
 
-#include "app/schema/schema.h"
-
 namespace vexnumkr::test {
 
 /// The name of the engine asked for.
@@ -30,8 +28,8 @@ class FreshDatabase {
   /// The same for another user of the server.
   std::string connectionString(const std::string& user, const std::string& password) const;
   const std::string& engine() const { return engine_; }
-  /// Whose definitions make the host's tables here.
-  app::SchemaEngine schema() const;
+  /// The name of the engine whose definitions make the host's tables here.
+  std::string schema() const;
 
   /// Runs a statement on the server as its administrator, outside this database.
   void administer(const std::string& statement) const;

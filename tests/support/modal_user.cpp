@@ -45,7 +45,11 @@ ModalUser::~ModalUser() {
 }
 
 void ModalUser::expectDialog(const std::string& name, std::function<void()> act) {
-  expected_.push_back({name, std::move(act)});
+  expected_.push_back({name, std::move(act), false});
+}
+
+void ModalUser::expectDialogToTheEnd(const std::string& name, std::function<void()> act) {
+  expected_.push_back({name, std::move(act), true});
 }
 
 QDialog* ModalUser::front() const { return dialogs_.empty() ? nullptr : dialogs_.back().data(); }
@@ -89,6 +93,7 @@ void ModalUser::actIn(QDialog& dialog) {
     expected_.pop_front();
     waitUntilActive(dialog);
     guarded(expected.act);
+    if (expected.endsApplication) return QCoreApplication::exit();
     if (dialog.isVisible()) ADD_FAILURE() << name << " has been left open";
   }
   if (dialog.isVisible()) dialog.findChild<QPushButton*>(QStringLiteral("cmdCancel"))->click();

@@ -30,6 +30,8 @@ class ModalUser : public QObject {
 
   /// `act` runs when the next dialog is up and active; it has that name, and `act` closes it.
   void expectDialog(const std::string& name, std::function<void()> act);
+  /// The same, but `act` leaves it open and the application ends.
+  void expectDialogToTheEnd(const std::string& name, std::function<void()> act);
   /// Answers the next question: "ok", "yes", "no" or "cancel".
   void answer(const std::string& button) { answers_.push_back(button); }
   /// Runs when the next box is up, before it is answered.
@@ -50,6 +52,7 @@ class ModalUser : public QObject {
   struct Expected {
     std::string name;
     std::function<void()> act;
+    bool endsApplication;
   };
 
   void opened(QDialog& window);

@@ -3,8 +3,8 @@
 
 #include <gtest/gtest.h>
 
-#include <QtCore/QCoreApplication>
-#include <QtCore/QProcess>
+#include <QCoreApplication>
+#include <QProcess>
 #include <string>
 
 namespace vexnumkr::test {

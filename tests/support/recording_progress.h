@@ -6,7 +6,7 @@
 #include <utility>
 #include <vector>
 
-#include "platform/progress.h"
+#include "platform/progress_display.h"
 
 namespace vexnumkr::test {
 

@@ -54,12 +54,16 @@ class ScriptedConnection : public Connection {
                              [&] { return real_->Execute(text, recordsAffected); });
   }
 
+  void RequireTransactions(const std::vector<std::string>& tables) override {
+    real_->RequireTransactions(tables);
+  }
   void BeginTrans() override {
     script_.transaction(label_ + ": BEGIN", [&] { real_->BeginTrans(); });
   }
   void CommitTrans() override {
     script_.commit(label_ + ": COMMIT", [&] { real_->CommitTrans(); });
   }
+  void LockTable(const std::string& table) override { real_->LockTable(table); }
   void RollbackTrans() override {
     script_.transaction(label_ + ": ROLLBACK", [&] { real_->RollbackTrans(); });
   }

@@ -13,6 +13,8 @@
 #pragma once
 
 #include <cstdint>
+#include <exception>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -73,6 +75,9 @@ class ConnectionScript {
   }
   bool connectFails() const { return connectFails_; }
 
+  /// What others do in between: runs behind every entry that has succeeded, which it is given.
+  std::function<void(const std::string& entry)> afterwards;
+
   /// Raises the failure on purpose.
   [[noreturn]] static void failOnPurpose();
 
@@ -85,12 +90,24 @@ class ConnectionScript {
     record_.push_back(entry);
     try {
       if (failsOnPurpose) failOnPurpose();
+      const AtExit report{[&] {
+        if (afterwards) afterwards(entry);
+      }};
       return operation();
     } catch (...) {
       if (place < record_.size()) record_[place] += " !failed";
       throw;
     }
   }
+
+  // Runs its function at the end of a block that no exception has ended.
+  struct AtExit {
+    std::function<void()> run;
+    int exceptions = std::uncaught_exceptions();
+    ~AtExit() {
+      if (std::uncaught_exceptions() == exceptions) run();
+    }
+  };
 
   std::vector<std::string> record_;
   std::optional<int> statementsUntilFailure_;

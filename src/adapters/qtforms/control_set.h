@@ -5,8 +5,8 @@
 #include <string_view>
 #include <vector>
 
-#include "adapters/qtforms/pending_edits.h"
-#include "adapters/qtforms/tool_tips.h"
+#include "adapters/qt/tool_tips.h"
+#include "adapters/qtforms/controls/pending_edits.h"
 #include "platform/forms.h"
 
 class QPushButton;

@@ -6,7 +6,7 @@
 #include <QScopedValueRollback>
 #include <QWidget>
 
-#include "adapters/qtgrid/key_codes.h"
+#include "adapters/qt/key_codes.h"
 
 namespace vexnumkr::qtforms {
 

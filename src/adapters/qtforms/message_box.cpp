@@ -2,12 +2,16 @@
 
 #include <QCloseEvent>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScreen>
+#include <algorithm>
 #include <vector>
 
+#include "adapters/qt/fonts.h"
+#include "adapters/qt/text.h"
 #include "adapters/qtforms/modal_owner.h"
-#include "adapters/qtforms/text.h"
 #include "platform/forms.h"
 
 namespace vexnumkr::qtforms {
@@ -17,6 +21,7 @@ constexpr std::int32_t buttonBits = 0x0F;
 constexpr std::int32_t iconBits = 0xF0;
 constexpr std::int32_t defaultBits = 0x300;
 constexpr std::int32_t secondButtonDefault = 0x100;
+constexpr int longestLine = 75;  // in characters of the usual width
 
 struct Choice {
   std::int32_t code;
@@ -78,6 +83,7 @@ class Box final : public QMessageBox {
     setProperty("prompt", toQt(prompt));
     // The host's application goes on when the last box is closed.
     setAttribute(Qt::WA_QuitOnClose, false);
+    setFont(owner != nullptr ? owner->font() : formFont({"Tahoma"}));
     setTextFormat(Qt::PlainText);
     setText(toQtLines(prompt));
     setWindowTitle(toQt(title));
@@ -97,6 +103,11 @@ class Box final : public QMessageBox {
   }
 
  protected:
+  void showEvent(QShowEvent* event) override {
+    letLinesStand();
+    QMessageBox::showEvent(event);
+  }
+
   void keyPressEvent(QKeyEvent* event) override {
     if (event->matches(QKeySequence::Cancel) && !closable()) {
       event->accept();
@@ -118,6 +129,18 @@ class Box final : public QMessageBox {
     QPushButton* button;
     std::int32_t code;
   };
+
+  // Left to itself the box breaks lines that have room, often ahead of their last word.
+  void letLinesStand() {
+    auto* label = findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
+    if (label == nullptr) return;
+    int widest = 0;
+    for (const QString& line : text().split(QLatin1Char('\n'))) {
+      widest = std::max(widest, fontMetrics().horizontalAdvance(line) + 1);
+    }
+    label->setMinimumWidth(std::min({widest, longestLine * fontMetrics().averageCharWidth(),
+                                     screen()->availableGeometry().width() / 2}));
+  }
 
   void add(const Choice& choice) {
     QPushButton* button = addButton(choice.caption, choice.role);

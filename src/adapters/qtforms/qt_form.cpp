@@ -6,18 +6,24 @@
 #include <QKeyEvent>
 #include <QPixmap>
 #include <QPushButton>
+#include <QScreen>
+#include <QScrollArea>
 
-#include "adapters/qtforms/fonts.h"
-#include "adapters/qtforms/guarded.h"
+#include "adapters/qt/fonts.h"
+#include "adapters/qt/guarded.h"
+#include "adapters/qt/scroll_bar.h"
+#include "adapters/qt/text.h"
+#include "adapters/qt/units.h"
 #include "adapters/qtforms/modal_owner.h"
-#include "adapters/qtforms/text.h"
-#include "adapters/qtforms/units.h"
 
 namespace vexnumkr::qtforms {
 namespace {
 
 constexpr std::int16_t closedByButton = 0;
 constexpr std::int16_t closedByCode = 1;
+
+// About what the window system puts around a window.
+constexpr QSize windowFrame{16, 40};
 
 Qt::WindowFlags windowFlagsOf(const FormDescription& description) {
   const Qt::WindowFlags dialog = Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
@@ -32,11 +38,13 @@ QtForm::QtForm(const FormDescription& description, FormEvents& events)
     : QDialog(nullptr, windowFlagsOf(description)),
       name_(description.name),
       events_(events),
-      keys_(*this, [this](std::int16_t keyCode, std::int16_t shift) {
-        guarded("Form_KeyDown", [&] { events_.Form_KeyDown(keyCode, shift); });
-      }) {
+      keys_(*this,
+            [this](std::int16_t keyCode, std::int16_t shift) {
+              guarded("Form_KeyDown", [&] { events_.Form_KeyDown(keyCode, shift); });
+            }),
+      content_(new QWidget(this)) {
   setUpWindow(description);
-  controls_ = std::make_unique<ControlSet>(description.controls, *this);
+  controls_ = std::make_unique<ControlSet>(description.controls, *content_);
 }
 
 void QtForm::setUpWindow(const FormDescription& description) {
@@ -56,13 +64,14 @@ void QtForm::setUpWindow(const FormDescription& description) {
   } else {
     setFixedSize(knownSize_);
   }
+  content_->resize(knownSize_);
 }
 
 std::string QtForm::Name() const { return name_; }
 
-std::int32_t QtForm::ScaleWidth() const { return toTwips(width()); }
+std::int32_t QtForm::ScaleWidth() const { return toTwips(content_->width()); }
 
-std::int32_t QtForm::ScaleHeight() const { return toTwips(height()); }
+std::int32_t QtForm::ScaleHeight() const { return toTwips(content_->height()); }
 
 void QtForm::Icon(const PictureData& picture) {
   QPixmap pixmap;
@@ -87,7 +96,8 @@ void QtForm::ShowModal() {
   const ModalOwner owner;
   open(owner.window());
   if (state_ == State::Open) loop_.exec(QEventLoop::DialogExec);
-  if (state_ == State::Open) {  // the application ends
+  if (state_ == State::Open) pressCancel();  // the application ends
+  if (state_ == State::Open) {
     guarded("Form_Unload", [this] { events_.Form_Unload(); });
     finish();
   }
@@ -98,11 +108,49 @@ void QtForm::open(QWidget* owner) {
   state_ = State::Open;
   if (owner != nullptr) setParent(owner, windowFlags());
   QCoreApplication::instance()->installEventFilter(&keys_);
+  const QSize designed = content_->size();
+  fitScreen(owner != nullptr ? *owner->screen() : *screen());
   QWidget* first = controls_->firstFocus();
   if (focusWidget() == nullptr && first != nullptr) first->setFocus(Qt::OtherFocusReason);
   show();
   activateWindow();
   guarded("Form_Shown", [this] { events_.Form_Shown(); });
+  // Handlers lay out nothing before they know that the form is shown.
+  if (content_->size() != designed) guarded("Form_Resize", [this] { events_.Form_Resize(); });
+}
+
+void QtForm::fitScreen(const QScreen& screen) {
+  const QSize room = screen.availableGeometry().size() - windowFrame;
+  const QSize least = minimumSize();
+  if (least.boundedTo(room) == least) return resize(size().boundedTo(room));
+  scrollContent(least);
+  const bool fixed = least == maximumSize();
+  const QSize fitting = withScrollBars(least, room);
+  fixed ? setFixedSize(fitting) : setMinimumSize(fitting);
+  resize(size().boundedTo(room));
+}
+
+// A bar takes its room beside the content, where there is any.
+QSize QtForm::withScrollBars(const QSize& content, const QSize& room) const {
+  const QSize bars(area_->verticalScrollBar()->sizeHint().width(),
+                   area_->horizontalScrollBar()->sizeHint().height());
+  QSize wanted = content;
+  if (content.height() > room.height()) wanted.rwidth() += bars.width();
+  if (content.width() > room.width()) wanted.rheight() += bars.height();
+  return wanted.boundedTo(room);
+}
+
+void QtForm::scrollContent(const QSize& least) {
+  area_ = new QScrollArea(this);
+  area_->setFrameShape(QFrame::NoFrame);
+  area_->setFocusPolicy(Qt::NoFocus);
+  area_->setVerticalScrollBar(new ScrollBar(Qt::Vertical));
+  area_->setHorizontalScrollBar(new ScrollBar(Qt::Horizontal));
+  area_->setWidgetResizable(true);
+  content_->setMinimumSize(least);
+  area_->setWidget(content_);
+  area_->setGeometry(rect());
+  area_->show();
 }
 
 void QtForm::Unload() { tryUnload(closedByCode); }
@@ -137,8 +185,13 @@ void QtForm::closeEvent(QCloseEvent* event) {
 
 void QtForm::resizeEvent(QResizeEvent* event) {
   QDialog::resizeEvent(event);
-  if (size() == knownSize_) return;
-  knownSize_ = size();
+  if (area_ != nullptr) {
+    area_->resize(size());
+  } else {
+    content_->resize(size());
+  }
+  if (content_->size() == knownSize_) return;
+  knownSize_ = content_->size();
   if (state_ == State::Open) guarded("Form_Resize", [this] { events_.Form_Resize(); });
 }
 
@@ -147,9 +200,17 @@ void QtForm::keyPressEvent(QKeyEvent* event) {
     QDialog::keyPressEvent(event);
     return;
   }
+  event->accept();
+  if (controls_->edits().areOpen()) {
+    controls_->edits().settle(false);
+  } else {
+    pressCancel();
+  }
+}
+
+void QtForm::pressCancel() {
   QPushButton* cancel = controls_->cancelButton();
   if (cancel != nullptr && cancel->isVisible() && cancel->isEnabled()) cancel->click();
-  event->accept();
 }
 
 }  // namespace vexnumkr::qtforms

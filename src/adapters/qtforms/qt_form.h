@@ -10,6 +10,9 @@
 #include "adapters/qtforms/form_keys.h"
 #include "platform/forms.h"
 
+class QScreen;
+class QScrollArea;
+
 namespace vexnumkr::qtforms {
 
 /// The window of a form and its life: made, loading, open, closed. It is shown once.
@@ -17,6 +20,11 @@ namespace vexnumkr::qtforms {
 /// While the close of the window is being decided, or a modal window stands above it, a further
 /// wish to close it is ignored; so is one before ShowModal and after the close. Unload during
 /// Form_Load closes the form before it is ever seen.
+///
+/// Escape drops the text of an open edit, wherever the focus is; without one it presses the cancel
+/// button. An application that ends while the form is open presses that too, and then closes it.
+///
+/// A form that is larger than its screen is shown smaller and scrolls.
 class QtForm final : public QDialog, public Form {
  public:
   /// `events` is borrowed and outlives this.
@@ -46,15 +54,21 @@ class QtForm final : public QDialog, public Form {
 
   void setUpWindow(const FormDescription& description);
   void open(QWidget* owner);
+  void fitScreen(const QScreen& screen);
+  void scrollContent(const QSize& least);
+  QSize withScrollBars(const QSize& content, const QSize& room) const;
   void tryUnload(std::int16_t mode);
   void finish();
+  void pressCancel();
 
   std::string name_;
   FormEvents& events_;
   FormKeys keys_;
+  QWidget* const content_;       // holds the controls; owned by this widget, as every child
+  QScrollArea* area_ = nullptr;  // around the content, where the screen is too small; likewise
   std::unique_ptr<ControlSet> controls_;
   QEventLoop loop_;
-  QSize knownSize_;
+  QSize knownSize_;  // of the content
   State state_ = State::Made;
   bool unloading_ = false;
 };

@@ -3,8 +3,8 @@
 #include <QCoreApplication>
 #include <QEventLoop>
 
+#include "adapters/qt/fonts.h"
 #include "adapters/qtforms/busy_pointer.h"
-#include "adapters/qtforms/fonts.h"
 #include "adapters/qtforms/message_box.h"
 #include "adapters/qtforms/qt_form.h"
 

@@ -1,6 +1,6 @@
 #include "app/components/booking_circle_administration.h"
 
-#include <QtWidgets/QApplication>
+#include <QApplication>
 #include <utility>
 
 #include <vexnumkr/error.h>

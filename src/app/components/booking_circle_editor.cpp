@@ -1,20 +1,17 @@
 #include "app/components/booking_circle_editor.h"
 
-#include <QtWidgets/QDialogButtonBox>
-#include <QtWidgets/QFormLayout>
-#include <QtWidgets/QLabel>
-#include <QtWidgets/QLineEdit>
-#include <QtWidgets/QPushButton>
-#include <QtWidgets/QVBoxLayout>
+#include <QDialogButtonBox>
+#include <QFormLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QVBoxLayout>
 
 #include <vexnumkr/value.h>
 
 namespace vexnumkr::app {
 
 namespace {
-
-constexpr int longestNumber = 10;
-constexpr int longestDescription = 60;
 
 QString numberText(std::int32_t number) {
   return number == 0 ? QString() : QString::number(number);
@@ -47,10 +44,8 @@ void BookingCircleEditor::build(const QString& title) {
 
   number_ = new QLineEdit(this);
   number_->setObjectName(QStringLiteral("txtNummer"));
-  number_->setMaxLength(longestNumber);
   description_ = new QLineEdit(this);
   description_->setObjectName(QStringLiteral("txtBeschreibung"));
-  description_->setMaxLength(longestDescription);
   description_->setMinimumWidth(description_->fontMetrics().averageCharWidth() * 36);
   hint_ = new QLabel(this);
   hint_->setObjectName(QStringLiteral("lblHinweis"));
@@ -65,8 +60,10 @@ void BookingCircleEditor::build(const QString& title) {
   ok_ = buttons->button(QDialogButtonBox::Ok);
   ok_->setObjectName(QStringLiteral("cmdOK"));
   ok_->setText(QStringLiteral("OK"));
-  buttons->button(QDialogButtonBox::Cancel)->setObjectName(QStringLiteral("cmdCancel"));
-  buttons->button(QDialogButtonBox::Cancel)->setText(QStringLiteral("Abbrechen"));
+  QPushButton* cancel = buttons->button(QDialogButtonBox::Cancel);
+  cancel->setObjectName(QStringLiteral("cmdCancel"));
+  cancel->setText(QStringLiteral("Abbrechen"));
+  for (QPushButton* each : {ok_, cancel}) each->setIcon({});  // as everywhere in the dialogs
 
   auto* layout = new QVBoxLayout(this);
   layout->addLayout(fields);
@@ -92,7 +89,9 @@ QString BookingCircleEditor::refusal() const {
 
 void BookingCircleEditor::check() {
   const QString refused = refusal();
-  hint_->setText(refused);
+  // Nobody is told off for what he has not come to yet.
+  const bool untouched = isNew_ && !number_->isModified() && !description_->isModified();
+  hint_->setText(untouched ? QString() : refused);
   ok_->setEnabled(refused.isEmpty());
 }
 

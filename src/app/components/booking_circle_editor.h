@@ -1,7 +1,7 @@
 // Entering the number and the description of a booking circle.
 #pragma once
 
-#include <QtWidgets/QDialog>
+#include <QDialog>
 #include <vector>
 
 #include "app/components/booking_circles.h"
@@ -12,8 +12,8 @@ class QPushButton;
 
 namespace vexnumkr::app {
 
-/// Asks for one booking circle. OK is offered only while the entries are acceptable; until then the
-/// dialog says why they are not.
+/// Asks for one booking circle. OK is offered only while the entries are acceptable; once
+/// something has been entered, the dialog says why they are not.
 class BookingCircleEditor : public QDialog {
   Q_OBJECT
 

@@ -1,13 +1,15 @@
 #include "app/components/booking_circle_window.h"
 
-#include <QtGui/QShortcut>
-#include <QtWidgets/QHBoxLayout>
-#include <QtWidgets/QHeaderView>
-#include <QtWidgets/QLabel>
-#include <QtWidgets/QPushButton>
-#include <QtWidgets/QStyledItemDelegate>
-#include <QtWidgets/QTreeWidget>
-#include <QtWidgets/QVBoxLayout>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QScreen>
+#include <QShortcut>
+#include <QStyledItemDelegate>
+#include <QTreeWidget>
+#include <QVBoxLayout>
 #include <algorithm>
 #include <utility>
 
@@ -21,9 +23,9 @@ namespace vexnumkr::app {
 namespace {
 
 constexpr int lineMargins = 8;
-constexpr std::int32_t yesNoQuestion = 4 + 32 + 256;  // "Nein" is the default
+// About what the window system puts around a window.
+constexpr QSize windowFrame{16, 40};
 constexpr std::int32_t exclamation = 48;
-constexpr std::int32_t yes = 6;
 
 enum Column { numberColumn, descriptionColumn, activeColumn };
 
@@ -104,7 +106,8 @@ void BookingCircleWindow::build(bool multiSelect) {
   layout->addWidget(label);
   layout->addLayout(row);
   layout->addWidget(hint_);
-  resize(fontMetrics().averageCharWidth() * 100, fontMetrics().lineSpacing() * 24);
+  const QSize wanted(fontMetrics().averageCharWidth() * 100, fontMetrics().lineSpacing() * 24);
+  resize(wanted.boundedTo(screen()->availableGeometry().size() - windowFrame));
   list_->setFocus();
 }
 
@@ -215,7 +218,28 @@ bool BookingCircleWindow::confirmRemoval(std::int32_t number) {
           "Soll er trotzdem entfernt werden?")
           .arg(QString::number(number), QString::fromStdString(listed(number).description),
                joined(active));
-  return showMessageBox(prompt.toStdString(), yesNoQuestion, "Buchungskreis entfernen") == yes;
+  return confirm(QStringLiteral("Buchungskreis entfernen"), prompt);
+}
+
+// A box of its own: in those of the component a question with these answers has no way out.
+bool BookingCircleWindow::confirm(const QString& title, const QString& prompt) {
+  QMessageBox box(QMessageBox::Question, title, prompt, QMessageBox::NoButton, this);
+  box.setObjectName(QStringLiteral("msgBox"));
+  box.setFont(font());
+  box.setTextFormat(Qt::PlainText);
+  const auto answer = [&](const char* name, const QString& caption, QMessageBox::ButtonRole role,
+                          Qt::Key key) {
+    QPushButton* made = box.addButton(caption, role);
+    made->setObjectName(QLatin1String(name));
+    made->setShortcut(QKeySequence(Qt::ALT | key));
+    return made;
+  };
+  const QPushButton* yes = answer("yes", QStringLiteral("Ja"), QMessageBox::YesRole, Qt::Key_J);
+  QPushButton* no = answer("no", QStringLiteral("Nein"), QMessageBox::NoRole, Qt::Key_N);
+  box.setDefaultButton(no);
+  box.setEscapeButton(no);
+  box.exec();
+  return box.clickedButton() == yes;
 }
 
 void BookingCircleWindow::removeCircles() {

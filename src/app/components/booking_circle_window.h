@@ -1,7 +1,7 @@
 // The window of the booking-circle administration.
 #pragma once
 
-#include <QtWidgets/QDialog>
+#include <QDialog>
 #include <functional>
 #include <string>
 #include <vector>
@@ -41,6 +41,8 @@ class BookingCircleWindow : public QDialog {
   void renameCircle();
   void removeCircles();
   bool confirmRemoval(std::int32_t number);
+  /// Whether the user says yes; Enter, Escape and the close button say no.
+  bool confirm(const QString& title, const QString& prompt);
   /// Runs `change`, then reads the list again and makes `current` the current line.
   void apply(const std::function<void()>& change, std::int32_t current);
 

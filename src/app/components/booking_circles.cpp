@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
 #include <limits>
 #include <string_view>
 #include <utility>
@@ -16,6 +17,17 @@ constexpr std::array<std::string_view, 3> reservedDescriptions = {
     "Alle Buchungskreise", "Aktive Buchungskreise", "Standard"};
 
 constexpr std::int32_t highestNumber = std::numeric_limits<std::int32_t>::max();
+constexpr std::ptrdiff_t longestDescription = 60;
+
+bool isDigits(std::string_view text) {
+  return !text.empty() &&
+         std::all_of(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; });
+}
+
+// In UTF-8 every character has one byte that continues none.
+std::ptrdiff_t characters(std::string_view text) {
+  return std::count_if(text.begin(), text.end(), [](char c) { return (c & 0xC0) != 0x80; });
+}
 
 }  // namespace
 
@@ -64,17 +76,20 @@ std::vector<std::string> BookingCircles::activeKeys(std::int32_t number) const {
 }
 
 std::int32_t circleNumber(const std::string& text) {
-  std::int64_t result = 0;
-  for (const char c : trimBlanks(text)) {
-    if (c < '0' || c > '9') return 0;
-    result = result * 10 + (c - '0');
-    if (result > highestNumber) return 0;
-  }
-  return static_cast<std::int32_t>(result);
+  const std::string_view digits = trimBlanks(text);
+  const char* const end = digits.data() + digits.size();
+  std::int32_t result = 0;
+  const auto [stop, error] = std::from_chars(digits.data(), end, result);
+  return error == std::errc() && stop == end && result > 0 ? result : 0;
 }
 
 std::string refusedNumber(const std::string& text, const std::vector<BookingCircle>& present) {
   const std::int32_t number = circleNumber(text);
+  const std::string_view entered = trimBlanks(text);
+  const bool isZero = entered.find_first_not_of('0') == std::string_view::npos;
+  if (number == 0 && isDigits(entered) && !isZero) {
+    return "Die Nummer darf höchstens " + std::to_string(highestNumber) + " sein.";
+  }
   if (number == 0) return "Die Nummer muss eine ganze Zahl ab 1 sein.";
   const bool taken = std::any_of(present.begin(), present.end(), [&](const BookingCircle& circle) {
     return circle.number == number;
@@ -86,6 +101,10 @@ std::string refusedDescription(const std::string& description, std::int32_t numb
                                const std::vector<BookingCircle>& present) {
   const std::string_view entered = trimBlanks(description);
   if (entered.empty()) return "Die Beschreibung darf nicht leer sein.";
+  if (characters(entered) > longestDescription) {
+    return "Die Beschreibung darf höchstens " + std::to_string(longestDescription) +
+           " Zeichen haben, nicht " + std::to_string(characters(entered)) + ".";
+  }
   if (std::find(reservedDescriptions.begin(), reservedDescriptions.end(), entered) !=
       reservedDescriptions.end()) {
     return "\"" + std::string(entered) +

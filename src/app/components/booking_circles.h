@@ -43,8 +43,9 @@ std::int32_t circleNumber(const std::string& text);
 std::string refusedNumber(const std::string& text, const std::vector<BookingCircle>& present);
 
 /// Why `description` cannot be that of the booking circle `number` (0 for a new one) beside
-/// `present`, as a text for the user (German), or empty when it can: it must not be empty, nor a
-/// name that the filter of the booking circles uses itself, nor that of another one.
+/// `present`, as a text for the user (German), or empty when it can: it must not be empty,
+/// longer than 60 characters, a name that the filter of the booking circles uses itself, or that of
+/// another one.
 std::string refusedDescription(const std::string& description, std::int32_t number,
                                const std::vector<BookingCircle>& present);
 

@@ -1,6 +1,6 @@
 #include "app/components/offered_components.h"
 
-#include <QtCore/QString>
+#include <QString>
 
 #include <vexnumkr/error.h>
 

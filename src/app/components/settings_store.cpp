@@ -1,13 +1,14 @@
 #include "app/components/settings_store.h"
 
-#include <QtCore/QDir>
-#include <QtCore/QFileInfo>
-#include <QtCore/QString>
+#include <QDir>
+#include <QFileInfo>
+#include <QString>
 #include <optional>
 
+#include <vexnumkr/connection_string.h>
+#include <vexnumkr/engines.h>
 #include <vexnumkr/error.h>
 
-#include "app/connection_text.h"
 #include "app/files.h"
 #include "app/schema/schema.h"
 #include "app/sql.h"
@@ -27,21 +28,13 @@ bool sameName(const std::string& a, const std::string& b) {
   return QString::fromStdString(a).compare(QString::fromStdString(b), Qt::CaseInsensitive) == 0;
 }
 
-/// Whether an ODBC driver is one for SQLite: "{SQLite3}", or the path of its library.
-bool namesSqlite(const std::string& driver) {
-  return QString::fromStdString(driver).contains(QLatin1String("sqlite"), Qt::CaseInsensitive);
-}
-
 /// The settings file that belongs to a connection, or empty where its database holds the settings.
 std::string ownFile(const std::string& connectionText) {
-  const ConnectionText connection(connectionText);
-  std::string database = connection.value("Database");
-  bool isSqlite = sameName(connection.value("Driver"), "QSQLITE");
-  if (sameName(connection.value("Driver"), "QODBC")) {
-    const ConnectionText odbc(database);
-    isSqlite = namesSqlite(odbc.value("DRIVER"));
-    database = odbc.value("Database");
-  }
+  const std::string driver = connectionValue(connectionText, "Driver");
+  std::string database = connectionValue(connectionText, "Database");
+  if (sameName(driver, "QODBC"))
+    database = connectionValue(database, "Database", ConnectionSyntax::odbc);
+  const bool isSqlite = engineNamedIn(connectionText) == "sqlite";
   return isSqlite && isFileName(database) ? settingsFile(database) : std::string();
 }
 
@@ -81,7 +74,7 @@ bool exists(const std::string& file) { return QFileInfo::exists(QString::fromStd
 
 std::unique_ptr<Connection> openFile(Connection& host, const std::string& file) {
   auto connection = host.createConnection();
-  connection->ConnectionString(sqliteConnectionText(file));
+  connection->ConnectionString(sqliteConnectionString(file));
   connection->Open("", "", ado::unspecified);
   return connection;
 }
@@ -116,8 +109,8 @@ Connection& TableSettings::prepared() {
   }
   Connection& place = file_.empty() ? *host_ : *own_;
   if (!hasTable(place)) {
-    const SchemaEngine engine = schemaEngineOf(place);
-    for (const std::string& statement : settingsTableStatements(engine)) execute(place, statement);
+    for (const std::string& statement : settingsTableStatements(engineOf(place)))
+      execute(place, statement);
   }
   return place;
 }

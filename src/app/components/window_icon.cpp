@@ -1,10 +1,10 @@
 #include "app/components/window_icon.h"
 
-#include <QtCore/QBuffer>
-#include <QtGui/QIcon>
-#include <QtGui/QImage>
-#include <QtGui/QPainter>
-#include <QtGui/QPainterPath>
+#include <QBuffer>
+#include <QIcon>
+#include <QImage>
+#include <QPainter>
+#include <QPainterPath>
 #include <array>
 #include <string_view>
 

@@ -1,13 +1,14 @@
 #include "app/sample/create_sample.h"
 
-#include <QtCore/QFile>
-#include <QtCore/QString>
+#include <QFile>
+#include <QString>
 #include <set>
 
 #include <vexnumkr/adapters.h>
+#include <vexnumkr/connection_string.h>
+#include <vexnumkr/engines.h>
 #include <vexnumkr/error.h>
 
-#include "app/connection_text.h"
 #include "app/files.h"
 #include "app/sample/scaled_company.h"
 #include "app/schema/schema.h"
@@ -127,9 +128,9 @@ void drop(Connection& connection, const std::vector<std::string>& tables) {
 }
 
 /// Servers keep the settings in the same database; SQLite's are in a file of their own.
-std::vector<std::string> tableStatements(SchemaEngine engine) {
+std::vector<std::string> tableStatements(const std::string& engine) {
   std::vector<std::string> statements = rangeTableStatements(engine);
-  if (engine != SchemaEngine::sqlite) {
+  if (engine != "sqlite") {
     for (const std::string& statement : settingsTableStatements(engine))
       statements.push_back(statement);
   }
@@ -153,7 +154,7 @@ std::string summary(const std::string& file, const SampleCompany& company) {
 void writeSample(Connection& connection, const SampleCompany& company) {
   std::vector<std::string> made;
   try {
-    for (const std::string& statement : tableStatements(schemaEngineOf(connection))) {
+    for (const std::string& statement : tableStatements(engineOf(connection))) {
       execute(connection, statement);
       if (const std::string table = tableMadeBy(statement); !table.empty()) made.push_back(table);
     }
@@ -168,7 +169,7 @@ std::string createSampleFile(const std::string& file, int scale) {
   makeNewFile(file);
   const SampleCompany company = sampleCompany(scale);
   try {
-    const auto connection = openQtSqlConnection(sqliteConnectionText(file));
+    const auto connection = openQtSqlConnection(sqliteConnectionString(file));
     writeSample(*connection, company);
     connection->Close();
   } catch (const Error&) {
@@ -183,7 +184,7 @@ std::string createSampleTables(const std::string& connectionText, int scale) {
   const auto connection = openQtSqlConnection(connectionText);
   writeSample(*connection, company);
   connection->Close();
-  return summary(ConnectionText(connectionText).value("Driver"), company);
+  return summary(connectionValue(connectionText, "Driver"), company);
 }
 
 }  // namespace vexnumkr::app

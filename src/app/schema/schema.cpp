@@ -6,7 +6,6 @@
 #include <vexnumkr/error.h>
 
 #include "app/schema/schema_texts.h"
-#include "app/sql.h"
 
 namespace vexnumkr::app {
 
@@ -34,43 +33,20 @@ std::vector<std::string> statements(std::string_view script) {
   return result;
 }
 
-const schema_text::Scripts& scriptsOf(SchemaEngine engine) {
-  switch (engine) {
-    case SchemaEngine::postgresql:
-      return schema_text::postgresql;
-    case SchemaEngine::mariadb:
-      return schema_text::mariadb;
-    case SchemaEngine::sqlite:
-      break;
-  }
-  return schema_text::sqlite;
-}
-
-// Empty where the engine has no such function, as SQLite.
-std::string serverVersion(Connection& connection) {
-  try {
-    std::string version;
-    forEachRow(connection, "SELECT version() AS Fassung",
-               [&](const Recordset& row) { version = textField(row, "Fassung"); });
-    return version;
-  } catch (const Error&) {
-    return {};
-  }
+const schema_text::Scripts& scriptsOf(std::string_view engine) {
+  for (const schema_text::Scripts& scripts : schema_text::all)
+    if (scripts.engine == engine) return scripts;
+  throw Error(error_number::unknownDriver, "vexnumkr-host",
+              "Für das Datenbanksystem " + std::string(engine) + " gibt es keine Tabellen.");
 }
 
 }  // namespace
 
-SchemaEngine schemaEngineOf(Connection& connection) {
-  const std::string version = serverVersion(connection);
-  if (version.starts_with("PostgreSQL")) return SchemaEngine::postgresql;
-  return version.empty() ? SchemaEngine::sqlite : SchemaEngine::mariadb;
-}
-
-std::vector<std::string> rangeTableStatements(SchemaEngine engine) {
+std::vector<std::string> rangeTableStatements(std::string_view engine) {
   return statements(scriptsOf(engine).ranges);
 }
 
-std::vector<std::string> settingsTableStatements(SchemaEngine engine) {
+std::vector<std::string> settingsTableStatements(std::string_view engine) {
   return statements(scriptsOf(engine).settings);
 }
 

@@ -5,23 +5,16 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
-
-namespace vexnumkr {
-class Connection;
-}
 
 namespace vexnumkr::app {
 
-enum class SchemaEngine { sqlite, postgresql, mariadb };
+/// The statements that make the tables of the number ranges on the engine of that name (engines.h),
+/// in the order to run them. Error: 3706 for any other name.
+std::vector<std::string> rangeTableStatements(std::string_view engine);
 
-/// The engine that an open connection reaches, by whatever driver.
-SchemaEngine schemaEngineOf(Connection& connection);
-
-/// The statements that make the tables of the number ranges, in the order to run them.
-std::vector<std::string> rangeTableStatements(SchemaEngine engine = SchemaEngine::sqlite);
-
-/// The statements that make the settings table.
-std::vector<std::string> settingsTableStatements(SchemaEngine engine = SchemaEngine::sqlite);
+/// The statements that make the settings table. Error as above.
+std::vector<std::string> settingsTableStatements(std::string_view engine);
 
 }  // namespace vexnumkr::app

@@ -1,10 +1,10 @@
 #include "app/tour/guided_tour.h"
 
-#include <QtCore/QDir>
-#include <QtCore/QTimer>
-#include <QtGui/QPixmap>
-#include <QtWidgets/QApplication>
-#include <QtWidgets/QMessageBox>
+#include <QApplication>
+#include <QDir>
+#include <QMessageBox>
+#include <QPixmap>
+#include <QTimer>
 #include <ostream>
 #include <utility>
 

@@ -1,8 +1,8 @@
 // The guided tour through the dialogs.
 #pragma once
 
-#include <QtCore/QElapsedTimer>
-#include <QtCore/QObject>
+#include <QElapsedTimer>
+#include <QObject>
 #include <deque>
 #include <functional>
 #include <iosfwd>

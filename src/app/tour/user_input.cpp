@@ -1,10 +1,10 @@
 #include "app/tour/user_input.h"
 
-#include <QtCore/QCoreApplication>
-#include <QtGui/QKeyEvent>
-#include <QtWidgets/QAbstractButton>
-#include <QtWidgets/QAbstractItemView>
-#include <QtWidgets/QComboBox>
+#include <QAbstractButton>
+#include <QAbstractItemView>
+#include <QComboBox>
+#include <QCoreApplication>
+#include <QKeyEvent>
 
 #include <vexnumkr/error.h>
 

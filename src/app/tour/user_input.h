@@ -1,7 +1,7 @@
 // What a user does with mouse and keyboard, for programs that work dialogs.
 #pragma once
 
-#include <QtCore/Qt>
+#include <Qt>
 
 class QWidget;
 

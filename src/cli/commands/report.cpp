@@ -1,12 +1,13 @@
-#include <QtCore/QDir>
-#include <QtCore/QProcess>
-#include <QtCore/QStandardPaths>
-#include <QtCore/QTemporaryDir>
-#include <QtCore/QUrl>
+#include <QDir>
+#include <QProcess>
+#include <QStandardPaths>
+#include <QTemporaryDir>
+#include <QUrl>
 #include <fstream>
 #include <memory>
 
-#include "app/connection_text.h"
+#include <vexnumkr/connection_string.h>
+
 #include "cli/commands/commands.h"
 #include "cli/exit_status.h"
 #include "cli/report/report_page.h"
@@ -22,10 +23,11 @@ struct ReportOptions {
 
 // "PostgreSQL" says less than which database it is; a path is as good.
 std::string databaseName(const Session& session) {
-  const app::ConnectionText text(session.connectionText());
-  std::string name = text.value("Database");
-  if (const std::string server = text.value("Server"); !server.empty()) name += " auf " + server;
-  return app::withoutPassword(name, session.connectionText());
+  const std::string& text = session.connectionText();
+  std::string name = connectionValue(text, "Database");
+  if (const std::string server = connectionValue(text, "Server"); !server.empty())
+    name += " auf " + server;
+  return withoutPasswords(name, text);
 }
 
 void writePage(const std::string& file, const numbers::Company& company,

@@ -13,7 +13,7 @@ class Guard {
  public:
   void check(const std::string& text, const Connection& connection) {
     if (shapes_.isOwn(text, connection.BackslashEscapes())) return;
-    throw Error(refusedStatement, "VEXNummernkreise",
+    throw Error(error_number::invalidArgument, "VEXNummernkreise",
                 "Die Anweisung wurde nicht ausgeführt, weil ein Wert sie verändert. Bitte prüfen "
                 "Sie die Eingaben auf Hochkommas.");
   }
@@ -41,9 +41,13 @@ class GuardedConnection final : public Connection {
   }
   void Close() override { real_->Close(); }
   bool BackslashEscapes() const override { return real_->BackslashEscapes(); }
+  void RequireTransactions(const std::vector<std::string>& tables) override {
+    real_->RequireTransactions(tables);
+  }
   void BeginTrans() override { real_->BeginTrans(); }
   void CommitTrans() override { real_->CommitTrans(); }
   void RollbackTrans() override { real_->RollbackTrans(); }
+  void LockTable(const std::string& table) override { real_->LockTable(table); }
 
   std::unique_ptr<Recordset> Execute(const std::string& text,
                                      std::int32_t& recordsAffected) override {

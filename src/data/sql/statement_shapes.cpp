@@ -39,7 +39,18 @@ std::vector<std::string> ownStatements() {
           statement::deleteAssignments(""),
           statement::insertRange({}),
           statement::updateRange({}),
+          statement::assignmentCount(""),
           statement::insertAssignment(0, "", "", "")};
+}
+
+// Between its quotes a text may hold none, doubled or not, and no backslash that has a meaning.
+bool valuesStayInside(const std::vector<Token>& tokens, bool backslashEscapes) {
+  return std::ranges::all_of(tokens, [backslashEscapes](const Token& token) {
+    if (token.kind != TokenKind::text) return true;
+    const std::string_view value = token.text.substr(1, token.text.size() - 2);
+    return value.find('\'') == std::string_view::npos &&
+           (!backslashEscapes || value.find('\\') == std::string_view::npos);
+  });
 }
 
 bool endsInsideLiteral(const std::vector<Token>& tokens) {
@@ -87,6 +98,7 @@ StatementShapes::StatementShapes() {
 bool StatementShapes::isOwn(std::string_view text, bool backslashEscapes) {
   takeApart(text, backslashEscapes);
   if (endsInsideLiteral(tokens_)) return isOpenForAll(text, tokens_);
+  if (!valuesStayInside(tokens_, backslashEscapes)) return false;
   return shapes_.contains(shapeOf(text));
 }
 

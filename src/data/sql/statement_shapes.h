@@ -23,9 +23,11 @@ class StatementShapes {
   StatementShapes& operator=(const StatementShapes&) = delete;
 
   /// Whether `text` is one of the component's statements, whatever the values in it, for an engine
-  /// that reads backslashes in texts as said. A single statement whose last literal is not closed,
-  /// in whatever way engines read it, counts as one: none executes it, and the engine's own message
-  /// says best what is wrong.
+  /// that reads backslashes in texts as said. A value must not end its quotes and begin them again:
+  /// two quotes in a row inside a text, which may be two values run into one, make it another
+  /// statement, and so does a backslash where it has a meaning. A single statement whose last
+  /// literal is not closed, in whatever way engines read it, counts as one: none executes it, and
+  /// the engine's own message says best what is wrong.
   bool isOwn(std::string_view text, bool backslashEscapes = false);
 
  private:

@@ -28,6 +28,11 @@ std::string specialRanges(const std::string& Herkunft, std::string_view order) {
 
 }  // namespace
 
+std::vector<std::string> writtenTables() {
+  return {"Nummernkreise", "Nummernkreis_Buchungskreise", "Nummernkreis_Zuordnung",
+          "Nummernkreis_Sonderkreise"};
+}
+
 std::string users() { return "SELECT strUserName_PK FROM tblUser ORDER BY strUserName_PK"; }
 
 std::string ranges() {
@@ -87,54 +92,59 @@ std::string deleteAssignments(const std::string& Herkunft) {
   return join({"DELETE FROM Nummernkreis_Zuordnung WHERE Herkunft='", Herkunft, "'"});
 }
 
-std::string insertRange(const Range& range) {
+std::string insertRange(const RangeRow& range) {
   return join(
       {"INSERT INTO Nummernkreise (Buchungskreis, NSchl, NBezeichnung, StartWert, "
        "AktuellerWert, EndWert, Aktiviert, SortierIndex, IstNSchlVon, Maske) VALUES (",
        number(range.Buchungskreis),
        ", '",
-       range.NSchl,
+       range.NSchl.str(),
        "', '",
-       range.NBezeichnung,
+       range.NBezeichnung.str(),
        "', ",
-       number(range.StartWert),
+       number(range.StartWert.toLong()),
        ", ",
-       number(range.AktuellerWert),
+       number(range.AktuellerWert.toLong()),
        ", ",
-       number(range.EndWert),
+       number(range.EndWert.toLong()),
        ", ",
        flag(range.Aktiviert),
        ", ",
        number(range.SortierIndex),
        ", '",
-       range.IstNSchlVon,
+       range.IstNSchlVon.str(),
        "', '",
-       range.Maske,
+       range.Maske.toText(),
        "')"});
 }
 
-std::string updateRange(const Range& range) {
+std::string updateRange(const RangeRow& range) {
   return join({"UPDATE Nummernkreise SET NBezeichnung='",
-               range.NBezeichnung,
+               range.NBezeichnung.str(),
                "', StartWert=",
-               number(range.StartWert),
+               number(range.StartWert.toLong()),
                ", AktuellerWert=",
-               number(range.AktuellerWert),
+               number(range.AktuellerWert.toLong()),
                ", EndWert=",
-               number(range.EndWert),
+               number(range.EndWert.toLong()),
                ", Aktiviert=",
                flag(range.Aktiviert),
                ", SortierIndex=",
                number(range.SortierIndex),
                ", IstNSchlVon='",
-               range.IstNSchlVon,
+               range.IstNSchlVon.str(),
                "', Maske='",
-               range.Maske,
+               range.Maske.toText(),
                "' WHERE Buchungskreis=",
                number(range.Buchungskreis),
                " AND NSchl='",
-               range.NSchl,
+               range.NSchl.str(),
                "'"});
+}
+
+std::string assignmentCount(const std::string& Herkunft) {
+  return join(
+      {"SELECT COUNT(*) AS Anzahl FROM Nummernkreis_Zuordnung WHERE Herkunft='", Herkunft, "'"});
 }
 
 std::string insertAssignment(std::int32_t Buchungskreis, const std::string& NSchl,

@@ -20,22 +20,14 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
+
+#include "data/table/range_row.h"
 
 namespace vexnumkr::statement {
 
-/// The values of one range as they are written.
-struct Range {
-  std::int32_t Buchungskreis = 0;
-  std::string NSchl;
-  std::string NBezeichnung;
-  std::int32_t StartWert = 0;
-  std::int32_t AktuellerWert = 0;
-  std::int32_t EndWert = 0;
-  bool Aktiviert = false;
-  std::int32_t SortierIndex = 0;
-  std::string IstNSchlVon;
-  std::string Maske;
-};
+/// The tables that a save may change.
+std::vector<std::string> writtenTables();
 
 std::string users();
 std::string ranges();
@@ -54,8 +46,11 @@ std::string storedRange(const std::string& NSchl, std::int32_t Buchungskreis);
 /// `andereHerkunft`, the host's keys, and the standard ranges that are no special ranges.
 std::string deleteRanges(const std::string& andereHerkunft);
 std::string deleteAssignments(const std::string& Herkunft);
-std::string insertRange(const Range& range);
-std::string updateRange(const Range& range);
+/// Of the row's values the numbers are converted; errors 6 and 13 where one is none.
+std::string insertRange(const RangeRow& range);
+std::string updateRange(const RangeRow& range);
+/// How many assignments of an origin are stored.
+std::string assignmentCount(const std::string& Herkunft);
 /// `Benutzer` as it is stored: "ALL" for everybody.
 std::string insertAssignment(std::int32_t Buchungskreis, const std::string& NSchl,
                              const std::string& Benutzer, const std::string& Herkunft);

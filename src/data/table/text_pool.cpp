@@ -2,20 +2,23 @@
 
 namespace vexnumkr {
 
-TextPool::TextPool() { add(""); }
-
-TextId TextPool::add(std::string_view text) {
-  if (const auto known = find(text)) return *known;
-  const auto id = static_cast<TextId>(texts_.size());
-  texts_.emplace_back(text);
-  ids_.emplace(texts_.back(), id);
-  return id;
+const std::string& Text::str() const {
+  static const std::string nothing;
+  return entry_ == nullptr ? nothing : entry_->text;
 }
 
-std::optional<TextId> TextPool::find(std::string_view text) const {
-  const auto found = ids_.find(text);
-  if (found == ids_.end()) return std::nullopt;
-  return found->second;
+Text TextPool::add(std::string_view text) {
+  if (text.empty()) return {};
+  if (const PooledText* known = find(text)) return Text(*known);
+  const auto id = static_cast<std::uint32_t>(texts_.size() + 1);
+  const PooledText& entry = texts_.emplace_back(PooledText{std::string(text), id});
+  entries_.emplace(entry.text, &entry);
+  return Text(entry);
+}
+
+const PooledText* TextPool::find(std::string_view text) const {
+  const auto found = entries_.find(text);
+  return found == entries_.end() ? nullptr : found->second;
 }
 
 }  // namespace vexnumkr

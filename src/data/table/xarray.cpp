@@ -1,224 +1,127 @@
 #include "data/table/xarray.h"
 
 #include <algorithm>
-#include <array>
 
 #include <vexnumkr/error.h>
 
 namespace vexnumkr {
-namespace {
 
-constexpr std::array<std::size_t, 3> keyColumns{0, 1, 3};  // what RangeIndex looks rows up by
-
-bool isKeyColumn(std::size_t column) {
-  return std::find(keyColumns.begin(), keyColumns.end(), column) != keyColumns.end();
-}
-
-}  // namespace
-
-XArray::XArray() : texts_(std::make_shared<TextPool>()) {}
-
-XArray XArray::withColumns(std::int32_t lastColumn) {
+XArray XArray::created() {
   XArray table;
-  table.ReDim(0, 0, 0, lastColumn);
-  table.DeleteRows(0);
+  table.create();
   return table;
 }
 
-void XArray::ReDim(std::int32_t rowLow, std::int32_t rowHigh, std::int32_t columnLow,
-                   std::int32_t columnHigh) {
-  if (rowHigh < rowLow - 1 || columnHigh < columnLow - 1) throw Error::subscriptOutOfRange();
-  rowLow_ = rowLow;
-  columnLow_ = columnLow;
-  rows_ = RowStore(static_cast<std::size_t>(columnHigh - columnLow + 1));
-  rows_.append(static_cast<std::size_t>(rowHigh - rowLow + 1));
-  live_.reset(rows_.rows());
-  index_.clear();
-  forgetOrder();
+void XArray::create() { content_ = std::make_unique<Content>(); }
+
+void XArray::release() { content_.reset(); }
+
+XArray::Content& XArray::content() const {
+  if (content_ == nullptr) throw Error::objectNotSet();
+  return *content_;
 }
 
-std::int32_t XArray::LowerBound(std::int32_t dimension) const {
-  if (dimension == 1) return rowLow_;
-  if (dimension == 2) return columnLow_;
-  throw Error::subscriptOutOfRange();
+std::int32_t XArray::size() const { return static_cast<std::int32_t>(content().live.count()); }
+
+XArray::Iterator XArray::begin() const {
+  const Content& own = content();
+  return {own.rows.begin(), own.live, 0, own.rows.size()};
 }
 
-std::int32_t XArray::UpperBound(std::int32_t dimension) const {
-  if (dimension == 1) return rowLow_ + static_cast<std::int32_t>(live_.count()) - 1;
-  if (dimension == 2) return columnLow_ + static_cast<std::int32_t>(rows_.columns()) - 1;
-  throw Error::subscriptOutOfRange();
-}
-
-void XArray::DeleteRows(std::int32_t row, std::int32_t count) {
-  if (count < 0 || row < rowLow_ || row > UpperBound(1) - count + 1)
-    throw Error::subscriptOutOfRange();
-  for (std::int32_t i = 0; i < count; ++i) live_.remove(slotOf(row));
-  if (live_.count() == 0) compact();
-}
-
-void XArray::AppendRows(std::int32_t count) {
-  if (count < 0) throw Error::subscriptOutOfRange();
-  if (!live_.allLive()) compact();
-  rows_.append(static_cast<std::size_t>(count));
-  live_.append(static_cast<std::size_t>(count));
-  forgetOrder();
-}
-
-// Stores the remaining rows without the removed ones between them.
-void XArray::compact() {
-  std::vector<std::uint32_t> slots;
-  slots.reserve(live_.count());
-  for (std::size_t slot = 0; slot < rows_.rows(); ++slot)
-    if (live_.isLive(slot)) slots.push_back(static_cast<std::uint32_t>(slot));
-  rows_ = rows_.select(slots);
-  live_.reset(rows_.rows());
-  index_.clear();
+XArray::Iterator XArray::end() const {
+  const Content& own = content();
+  return {own.rows.end(), own.live, own.rows.size(), own.rows.size()};
 }
 
 std::size_t XArray::slotOf(std::int32_t row) const {
-  if (row < rowLow_ || row > UpperBound(1)) throw Error::subscriptOutOfRange();
-  return live_.slotAt(static_cast<std::size_t>(row - rowLow_));
-}
-
-std::size_t XArray::columnOffset(std::int32_t column) const {
-  if (column < columnLow_ || column > UpperBound(2)) throw Error::subscriptOutOfRange();
-  return static_cast<std::size_t>(column - columnLow_);
+  if (row < 0 || row >= size()) throw Error::subscriptOutOfRange();
+  return content().live.slotAt(static_cast<std::size_t>(row));
 }
 
 std::int32_t XArray::rowOf(std::size_t slot) const {
-  return rowLow_ + static_cast<std::int32_t>(live_.positionOf(slot));
+  return static_cast<std::int32_t>(content().live.positionOf(slot));
 }
 
-TableRow XArray::at(std::int32_t row) const {
-  return {rows_.row(slotOf(row)), rows_.columns(), columnLow_, *texts_};
+const RangeRow& XArray::at(std::int32_t row) const { return content().rows[slotOf(row)]; }
+
+RangeRow& XArray::rowAt(std::int32_t row) { return content().rows[slotOf(row)]; }
+
+std::optional<Text> XArray::knownText(std::string_view text) const {
+  static_cast<void>(content());  // a table that is not there has no rows to be searched
+  if (text.empty()) return Text();
+  const PooledText* entry = texts_->find(text);
+  return entry == nullptr ? std::nullopt : std::optional(Text(*entry));
 }
 
-Cell XArray::cellOf(const Value& value) {
-  if (value.isText()) return Cell::ofText(texts_->add(value.asText()));
-  if (value.isLong()) return Cell::ofLong(value.asLong());
-  if (value.isBoolean()) return {Cell::Kind::Boolean, value.asBoolean() ? 1U : 0U};
-  if (value.isNull()) return {Cell::Kind::Null, 0};
-  return {};
+// Takes the rows as they stand now; whatever knew their places has to learn them anew.
+void XArray::Content::place(std::deque<RangeRow> moved) {
+  rows = std::move(moved);
+  live.reset(rows.size());
+  finder.reset();
 }
 
-void XArray::set(std::int32_t row, std::int32_t column, const Value& value) {
-  const std::size_t slot = slotOf(row);
-  const std::size_t offset = columnOffset(column);
-  const Cell content = cellOf(value);
-  Cell& target = rows_.row(slot)[offset];
-  if (target == content) return;
-  const bool indexed = isKeyColumn(offset) && slot < index_.indexedRows();
-  if (indexed) index_.unlink(rows_, slot);
-  target = content;
-  if (indexed) index_.link(rows_, slot);
-  const auto sortsBy = [column](const SortKey& key) { return key.column == column; };
-  if (std::any_of(order_.begin(), order_.end(), sortsBy)) forgetOrder();
+// Stores the remaining rows without the removed ones between them.
+void XArray::Content::compact() {
+  if (live.allLive()) return;
+  std::deque<RangeRow> remaining;
+  for (std::size_t slot = 0; slot < rows.size(); ++slot)
+    if (live.isLive(slot)) remaining.push_back(rows[slot]);
+  place(std::move(remaining));
 }
 
-std::int32_t XArray::FindRow(
-    std::span<const std::pair<std::int32_t, std::string_view>> cells) const {
-  std::vector<std::pair<std::size_t, Cell>> wanted;
-  for (const auto& [column, text] : cells) {
-    const auto known = texts_->find(text);
-    if (!known) return -1;
-    wanted.emplace_back(columnOffset(column), Cell::ofText(*known));
+void XArray::append(const RangeRow& row) {
+  Content& own = content();
+  const RangeRow kept = row;  // it may be a row of this table, which compacting moves
+  own.compact();
+  own.rows.push_back(kept);
+  own.live.append(1);
+  own.order = RowOrder::none;
+}
+
+void XArray::remove(std::int32_t row) { content().live.remove(slotOf(row)); }
+
+void XArray::setValue(std::int32_t row, ValueColumn column, const Value& value) {
+  Cell& cell = rowAt(row).*column;
+  if (value.isText())
+    cell = text(value.asText());
+  else if (value.isEmpty())
+    cell = Cell();
+  else
+    cell = value.toLong();
+}
+
+void XArray::setGruppe(std::int32_t row, std::string_view caption) {
+  rowAt(row).Gruppe = text(caption);
+}
+
+void XArray::setAktiviert(std::int32_t row, bool active) { rowAt(row).Aktiviert = active; }
+
+void XArray::sort(RowOrder order) {
+  Content& own = content();
+  if (own.order == order) return;
+  own.compact();
+  const auto positions = sortedPositions(own.rows, order);
+  if (!std::is_sorted(positions.begin(), positions.end())) {
+    std::deque<RangeRow> sorted;
+    for (const std::uint32_t position : positions) sorted.push_back(own.rows[position]);
+    own.place(std::move(sorted));
   }
-  for (std::size_t slot = 0; slot < rows_.rows(); ++slot) {
-    const Cell* row = rows_.row(slot);
-    const auto matches = [row](const auto& each) { return row[each.first] == each.second; };
-    if (live_.isLive(slot) && std::all_of(wanted.begin(), wanted.end(), matches))
-      return rowOf(slot);
-  }
-  return -1;
+  own.order = order;
 }
 
-std::int32_t XArray::Find(std::int32_t startRow, std::int32_t column, const Value& value) const {
-  const std::size_t offset = columnOffset(column);
-  if (startRow < rowLow_) throw Error::subscriptOutOfRange();
-  if (startRow > UpperBound(1)) return -1;
-  Cell wanted;
-  if (value.isText()) {
-    const auto known = texts_->find(value.asText());
-    if (!known) return -1;
-    wanted = Cell::ofText(*known);
-    if (!order_.empty() && order_[0] == SortKey{column, true, Comparison::Text})
-      return findSorted(startRow, offset, *known);
-  } else if (value.isLong()) {
-    wanted = Cell::ofLong(value.asLong());
-  } else if (value.isBoolean()) {
-    wanted = {Cell::Kind::Boolean, value.asBoolean() ? 1U : 0U};
-  } else {
-    return -1;  // nothing equals nothing, or Null
-  }
-  for (std::size_t slot = slotOf(startRow); slot < rows_.rows(); ++slot)
-    if (live_.isLive(slot) && rows_.row(slot)[offset] == wanted) return rowOf(slot);
-  return -1;
-}
-
-// In a table sorted by that column's texts: the first row from `startRow` on that holds `text`.
-std::int32_t XArray::findSorted(std::int32_t startRow, std::size_t column, TextId text) const {
-  const std::string& wanted = texts_->text(text);
-  const auto isBefore = [&](std::int32_t row) {
-    const Cell& content = rows_.row(slotOf(row))[column];
-    return content.isText() ? texts_->text(content.textId()) < wanted
-                            : toText(row, columnLow_ + static_cast<std::int32_t>(column)) < wanted;
-  };
-  std::int32_t low = startRow;
-  std::int32_t high = UpperBound(1) + 1;
-  while (low < high) {
-    const std::int32_t middle = low + (high - low) / 2;
-    if (isBefore(middle))
-      low = middle + 1;
-    else
-      high = middle;
-  }
-  // Numbers and empty cells sort among the texts that they convert to, and are no match themselves.
-  for (; low <= UpperBound(1); ++low) {
-    const Cell& content = rows_.row(slotOf(low))[column];
-    if (content == Cell::ofText(text)) return low;
-    if (content.isText()) return -1;
-  }
-  return -1;
-}
-
-void XArray::QuickSort(std::int32_t rowLow, std::int32_t rowHigh, std::span<const SortKey> keys) {
-  for (const SortKey& key : keys) columnOffset(key.column);
-  if (rowHigh < rowLow) return;
-  const bool whole = rowLow == rowLow_ && rowHigh == UpperBound(1);
-  if (whole && !order_.empty() &&
-      std::equal(keys.begin(), keys.end(), order_.begin(), order_.end()))
-    return;
-  if (!live_.allLive()) compact();
-  const std::size_t first = slotOf(rowLow);
-  const std::size_t last = slotOf(rowHigh) + 1;
-  std::vector<SortKey> offsetKeys(keys.begin(), keys.end());
-  for (SortKey& key : offsetKeys) key.column -= columnLow_;
-  const auto sorted = sortedSlots(rows_, *texts_, first, last, offsetKeys);
-  if (!std::is_sorted(sorted.begin(), sorted.end())) {
-    std::vector<std::uint32_t> slots(rows_.rows());
-    for (std::size_t slot = 0; slot < slots.size(); ++slot)
-      slots[slot] =
-          slot >= first && slot < last ? sorted[slot - first] : static_cast<std::uint32_t>(slot);
-    rows_ = rows_.select(slots);
-    index_.clear();
-    forgetOrder();
-  }
-  if (whole) order_.assign(keys.begin(), keys.end());
-}
-
-RangeIndex& XArray::index() const {
-  index_.extend(rows_);
-  return index_;
+RowFinder& XArray::finder() const {
+  Content& own = content();
+  if (!own.finder) own.finder.emplace(own.rows, own.live);
+  return *own.finder;
 }
 
 std::int32_t XArray::findRange(std::string_view user, std::int32_t circle,
                                std::string_view numberKey) const {
-  if (rows_.columns() <= keyColumns[2]) throw Error::subscriptOutOfRange();
-  const auto userId = texts_->find(user);
-  if (!userId) return -1;
-  auto found = index().first(rows_, live_, {*userId, circle, emptyTextId});
-  if (const auto keyId = texts_->find(numberKey)) {
-    const auto exact = index().first(rows_, live_, {*userId, circle, *keyId});
+  const auto userText = knownText(user);
+  if (!userText) return -1;
+  auto found = finder().first({userText->id(), circle, 0});
+  if (const auto key = knownText(numberKey); key && !key->empty()) {
+    const auto exact = finder().first({userText->id(), circle, key->id()});
     if (exact && (!found || *exact < *found)) found = exact;
   }
   return found ? rowOf(*found) : -1;
@@ -227,27 +130,72 @@ std::int32_t XArray::findRange(std::string_view user, std::int32_t circle,
 std::vector<std::int32_t> XArray::rangeRows(std::string_view user, std::int32_t circle,
                                             std::string_view numberKey) const {
   std::vector<std::int32_t> rows;
-  if (rows_.columns() <= keyColumns[2]) throw Error::subscriptOutOfRange();
-  const auto userId = texts_->find(user);
-  const auto keyId = texts_->find(numberKey);
-  if (!userId || !keyId) return rows;
-  for (const std::size_t slot : index().all(rows_, live_, {*userId, circle, *keyId})) {
-    // A cell that was never set has no number key, so it holds no empty one either.
-    if (rows_.row(slot)[keyColumns[2]].isText()) rows.push_back(rowOf(slot));
-  }
+  const auto userText = knownText(user);
+  const auto key = knownText(numberKey);
+  if (!userText || !key) return rows;
+  for (const std::size_t slot : finder().all({userText->id(), circle, key->id()}))
+    rows.push_back(rowOf(slot));
   return rows;
+}
+
+template <class Fits>
+std::int32_t XArray::findIf(std::int32_t from, const Fits& fits) const {
+  const Content& own = content();
+  if (from >= size()) return -1;
+  for (std::size_t slot = slotOf(from); slot < own.rows.size(); ++slot)
+    if (own.live.isLive(slot) && fits(own.rows[slot])) return rowOf(slot);
+  return -1;
+}
+
+// The rules walk user after user over a table that is sorted by them.
+std::int32_t XArray::findUser(std::string_view user) const {
+  const auto wanted = knownText(user);
+  if (!wanted) return -1;
+  const auto is = [&wanted](const RangeRow& row) { return row.Benutzer == *wanted; };
+  const RowOrder order = content().order;
+  if (order != RowOrder::display && order != RowOrder::tree) return findIf(0, is);
+  std::int32_t low = 0;
+  std::int32_t high = size();
+  while (low < high) {
+    const std::int32_t middle = low + (high - low) / 2;
+    if (at(middle).Benutzer.str() < user)
+      low = middle + 1;
+    else
+      high = middle;
+  }
+  return low < size() && is(at(low)) ? low : -1;
+}
+
+std::int32_t XArray::findCircle(std::int32_t circle, std::int32_t from) const {
+  return findIf(from, [circle](const RangeRow& row) { return row.Buchungskreis == circle; });
+}
+
+std::int32_t XArray::findNumberKey(std::string_view numberKey, std::int32_t from) const {
+  const auto wanted = knownText(numberKey);
+  if (!wanted) return -1;
+  return findIf(from, [&wanted](const RangeRow& row) { return row.NSchl == *wanted; });
+}
+
+std::int32_t XArray::findCaption(std::string_view user, std::string_view caption,
+                                 std::string_view numberKey) const {
+  const auto wantedUser = knownText(user);
+  const auto wantedCaption = knownText(caption);
+  const auto wantedKey = knownText(numberKey);
+  if (!wantedUser || !wantedCaption || !wantedKey) return -1;
+  return findIf(0, [&](const RangeRow& row) {
+    return row.NSchl == *wantedKey && row.Benutzer == *wantedUser && row.Gruppe == *wantedCaption;
+  });
 }
 
 void XArray::copyFrom(const XArray& source) {
   if (&source == this) return;
-  RowStore rows = source.rows_.copy();
+  const Content& other = source.content();
+  auto copy = std::make_unique<Content>();
+  copy->rows = other.rows;
+  copy->live = other.live;
+  copy->order = other.order;
   texts_ = source.texts_;
-  rows_ = std::move(rows);
-  live_ = source.live_;
-  rowLow_ = source.rowLow_;
-  columnLow_ = source.columnLow_;
-  order_ = source.order_;
-  index_.clear();
+  content_ = std::move(copy);
 }
 
 }  // namespace vexnumkr

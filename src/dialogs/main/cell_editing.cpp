@@ -1,7 +1,7 @@
 #include "dialogs/main/cell_editing.h"
 
-#include "dialogs/main/tree.h"
-#include "hosting/reporting.h"
+#include "data/table/common_names.h"
+#include "dialogs/main/grid_columns.h"
 
 namespace vexnumkr {
 namespace {
@@ -36,6 +36,16 @@ EditorMove backward(const TreeGrid& grid, std::int32_t index, std::int16_t colum
   return {true, index, static_cast<std::int16_t>(column - 1)};
 }
 
+// REQUIRES: the text is a number.
+bool fitsItsCell(const std::string& text) {
+  try {
+    static_cast<void>(textToLong(text));
+    return true;
+  } catch (const Error&) {  // it is too large
+    return false;
+  }
+}
+
 }  // namespace
 
 EditorMove editorMove(const TreeGrid& grid, std::int16_t key, std::int16_t shift,
@@ -68,11 +78,10 @@ std::string maskToolTip(const std::string& date) {
 
 namespace basAllgemein {
 
-void CellEditing(HostContext& context, std::int32_t index, std::int16_t column,
+void CellEditing(TreeGrid& grid, Reporter& reporter, std::int32_t index, std::int16_t column,
                  const std::string& user, bool allowed) {
-  reportingFailures(context, {moduleName, "CellEditing"}, [&] {
+  reportingFailures(reporter, {generalModule, "CellEditing"}, [&] {
     if (user != alleBenutzer || !allowed) return;
-    TreeGrid& grid = context.sftNummernkreise();
     if (index < 0 || index >= grid.ListCount()) return;
     grid.ListIndex(index);
     grid.Selected(index, true);
@@ -82,12 +91,15 @@ void CellEditing(HostContext& context, std::int32_t index, std::int16_t column,
   });
 }
 
-bool CheckValue(HostContext& context, const std::string& text) {
+bool CheckValue(Boxes& boxes, Reporter& reporter, const std::string& text) {
   bool numeric = true;
-  reportingFailures(context, {moduleName, "CheckValue"}, [&] {
-    if (isNumber(text)) return;
-    MsgBoxEx(context, "Bitte geben Sie einen numerischen Wert ein.", msg_box::okOnly, "Info");
+  reportingFailures(reporter, {generalModule, "CheckValue"}, [&] {
+    if (isNumber(text) && fitsItsCell(text)) return;
     numeric = false;
+    boxes.MsgBoxEx(isNumber(text)
+                       ? "Bitte geben Sie eine Zahl zwischen -2147483648 und 2147483647 ein."
+                       : "Bitte geben Sie einen numerischen Wert ein.",
+                   msg_box::okOnly, "Info");
   });
   return numeric;
 }

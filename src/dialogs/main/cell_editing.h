@@ -4,7 +4,8 @@
 #include <cstdint>
 #include <string>
 
-#include "hosting/host_context.h"
+#include "hosting/boxes.h"
+#include "platform/tree_grid.h"
 
 namespace vexnumkr {
 
@@ -29,12 +30,12 @@ namespace basAllgemein {
 /// Makes the item current and opens the editor in its cell, in the common view and for the columns
 /// "Start" to "Maske" only. Does nothing unless `allowed`, and for an item outside the list.
 /// Failures are reported.
-void CellEditing(HostContext& context, std::int32_t index, std::int16_t column,
+void CellEditing(TreeGrid& grid, Reporter& reporter, std::int32_t index, std::int16_t column,
                  const std::string& user, bool allowed);
 
-/// Whether an entry is a number; if it is not, the user is told. True after a failure, which is
-/// reported.
-bool CheckValue(HostContext& context, const std::string& text);
+/// Whether an entry is a number of 32 bits, when rounded; if it is not, the user is told. True
+/// after a failure, which is reported.
+bool CheckValue(Boxes& boxes, Reporter& reporter, const std::string& text);
 
 }  // namespace basAllgemein
 }  // namespace vexnumkr

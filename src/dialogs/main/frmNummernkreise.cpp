@@ -1,18 +1,17 @@
 #include "dialogs/main/frmNummernkreise.h"
 
-#include "data/booking_circles.h"
+#include "data/circle_changes.h"
 #include "data/loading.h"
-#include "data/range_table.h"
 #include "data/special_ranges.h"
+#include "data/sql/statements.h"
 #include "dialogs/main/refresh_font.h"
-#include "dialogs/main/tree.h"
 #include "dialogs/side/frmOptionen.h"
 #include "dialogs/side/frmSonderkreise.h"
-#include "hosting/reporting.h"
+#include "hosting/circle_administration.h"
+#include "hosting/renumbering.h"
 #include "hosting/start_up.h"
 #include "rules/activity.h"
-#include "rules/mask_numbering.h"
-#include "rules/saving.h"
+#include "rules/validation.h"
 
 namespace vexnumkr {
 namespace {
@@ -26,12 +25,25 @@ std::int32_t entryWithText(ComboBox& combo, const std::string& text, std::int32_
   return otherwise;
 }
 
+// Opens the editor on the value of `range` in the grid: found by the key's description, from there
+// by the circle's caption, from there by the value itself.
+void editValue(TreeGrid& grid, const RangeRow& range, ValueColumn value) {
+  const std::int16_t column = gridColumnOf(value);
+  std::int32_t item = grid.FindString(0, grid_column::Beschreibung, range.NBezeichnung.str());
+  if (item < 0) return;
+  item = grid.FindString(item, grid_column::Beschreibung, range.Gruppe.str());
+  if (item < 0) return;
+  item = grid.FindString(item, column, (range.*value).toText());
+  grid.StartEdit(item, column);
+}
+
 }  // namespace
 
-frmNummernkreise::frmNummernkreise(HostContext& context)
-    : context_(context),
-      form_(context.forms().createForm(mainDialogDescription(), *this)),
+frmNummernkreise::frmNummernkreise(Session& session)
+    : session_(session),
+      form_(session.forms().createForm(mainDialogDescription(), *this)),
       sftNummernkreise_(form_->control<TreeGrid>("sftNummernkreise")),
+      tree_(session, sftNummernkreise_),
       cboBuchungskreis_(form_->control<ComboBox>("cboBuchungskreis")),
       cboUser_(form_->control<ComboBox>("cboUser")) {
   connectControls();
@@ -55,12 +67,13 @@ void frmNummernkreise::connectControls() {
 }
 
 void frmNummernkreise::RefreshFont(const std::string& fontName) {
-  basAllgemein::RefreshFont(context_, *form_, fontName);
+  basAllgemein::RefreshFont(session_, *form_, fontName);
 }
 
 void frmNummernkreise::Show() { form_->ShowModal(); }
 
 void frmNummernkreise::Form_Load() {
+  const UserAction opening(session_.failures());
   takeIcon();
   reporting("Form_Load", [&] {
     layout_.emplace(*form_);
@@ -70,37 +83,45 @@ void frmNummernkreise::Form_Load() {
     fillUserCombo();
     ShowUserCombo();
     CreateToolTips();
-    context_.forms().DoEvents();
-    basAllgemein::LoadItems(context_, basAllgemein::CheckActivity);
-    basAllgemein::RefreshSGroups(context_);
+    session_.forms().DoEvents();
+    loadRanges();
     cboUser_.ListIndex(0);
-    context_.Conn().BeginTrans();
+    // Where a failed save could not be taken back, there is no transaction and so no saving.
+    session_.Conn().RequireTransactions(statement::writtenTables());
+    session_.Conn().BeginTrans();
   });
+}
+
+void frmNummernkreise::loadRanges() {
+  const RangeData data = session_.data();
+  if (basAllgemein::LoadItems(data, session_.source(), session_.reporter(), session_.progress()))
+    basAllgemein::CheckActivity(data.table, data.users, session_.reporter());
+  basAllgemein::RefreshSGroups(data, session_.source(), session_.reporter(), session_.progress());
 }
 
 // What is asked of the database ahead of the ranges; a slow server keeps the pointer busy.
 void frmNummernkreise::prepare() {
-  const Work work(context_.progress(), "Nummernkreise werden geladen…");
-  basAllgemein::basInititialize(context_);
+  const Work work(session_.progress(), "Nummernkreise werden geladen…");
+  basAllgemein::basInititialize(session_);
   sftNummernkreise_.CellButtonPicture(form_->control<PictureHolder>("UglyButtons").Picture());
   applyApplicationStyle();
-  context_.sftNummernkreise(&sftNummernkreise_);
   storePictures();
-  form_->control<Button>("cmdSonderkreise").Visible(basAllgemein::CheckSonderkreise(context_));
-  basAllgemein::RefreshCombo(context_, &cboBuchungskreis_);
+  form_->control<Button>("cmdSonderkreise")
+      .Visible(basAllgemein::CheckSonderkreise(session_.source(), session_.reporter()));
+  RefreshCombo();
 }
 
 // A host that cannot deliver the icon is told of; the dialog does without.
 void frmNummernkreise::takeIcon() {
   reporting("Form_Load", [&] {
-    if (HostTexts* texts = context_.host().Texts()) form_->Icon(texts->Picture(windowIcon));
+    if (HostTexts* texts = session_.host().Texts()) form_->Icon(texts->Picture(windowIcon));
   });
 }
 
 void frmNummernkreise::applyApplicationStyle() {
-  if (context_.LngApplication() == 1) {
+  if (session_.LngApplication() == 1) {
     sftNummernkreise_.DisplayStyle(3);
-  } else if (context_.LngApplication() == 2) {
+  } else if (session_.LngApplication() == 2) {
     sftNummernkreise_.DisplayStyle(1);
     form_->control<Button>("cmdOptionen").Visible(true);
   }
@@ -110,15 +131,15 @@ void frmNummernkreise::storePictures() {
   const auto picture = [this](const char* name) {
     return form_->control<PictureHolder>(name).Picture();
   };
-  context_.pictures({.Checked = picture("Checked"),
-                     .Unchecked = picture("Unchecked"),
-                     .ValueFalse = picture("ValueFalse"),
-                     .ValueTrue = picture("ValueTrue"),
-                     .NotFound = picture("NotFound")});
+  tree_.pictures({.Checked = picture("Checked"),
+                  .Unchecked = picture("Unchecked"),
+                  .ValueFalse = picture("ValueFalse"),
+                  .ValueTrue = picture("ValueTrue"),
+                  .NotFound = picture("NotFound")});
 }
 
 void frmNummernkreise::fillUserCombo() {
-  for (const std::string& user : context_.colUser()) cboUser_.AddItem(user);
+  for (const std::string& user : session_.colUser()) cboUser_.AddItem(user);
 }
 
 void frmNummernkreise::Form_Shown() { shown_ = true; }
@@ -129,36 +150,53 @@ void frmNummernkreise::Form_Resize() {
   });
 }
 
-void frmNummernkreise::rebuildGrid() {
-  basAllgemein::SyncDataWithControl(context_, cboBuchungskreis_.Text(), cboUser_.Text());
+void frmNummernkreise::rebuildGrid() { tree_.SyncDataWithControl(shownView()); }
+
+// Where the circles could not be read, the filter stays as it was, as the list does.
+void frmNummernkreise::RefreshCombo() {
+  if (!basAllgemein::RefreshCombo(session_.Buchungskreise(), session_.source(),
+                                  session_.reporter()))
+    return;
+  reportingFailures(session_.reporter(), {generalModule, "RefreshCombo"}, [&] {
+    cboBuchungskreis_.Clear();
+    cboBuchungskreis_.AddItem(alleBuchungskreise);
+    cboBuchungskreis_.AddItem(aktiveBuchungskreise);
+    for (const BookingCircle& circle : session_.Buchungskreise())
+      cboBuchungskreis_.AddItem(circle.Beschreibung);
+  });
 }
 
 void frmNummernkreise::cboBuchungskreis_Click() {
   onInput("cboBuchungskreis_Click", [&] {
-    context_.strFilterBuchungskreis(cboBuchungskreis_.Text());
+    view_.filter = cboBuchungskreis_.Text();
     if (!suppressComboEvents_) rebuildGrid();
   });
 }
 
 void frmNummernkreise::cboUser_Click() {
   onInput("cboUser_Click", [&] {
-    context_.strFilterUser(cboUser_.Text());
+    view_.user = cboUser_.Text();
     if (!suppressComboEvents_) rebuildGrid();
   });
 }
 
 void frmNummernkreise::cmdAuto_Click() {
   onInput("cmdAuto_Click", [&] {
-    if (basAllgemein::StartAutoNum(context_)) rebuildGrid();
+    if (basAllgemein::StartAutoNum(session_)) rebuildGrid();
   });
 }
 
 void frmNummernkreise::cmdBuchungskreise_Click() {
   onInput("cmdBuchungskreise_Click", [&] {
-    if (!basAllgemein::CallBuchungskreise(context_, context_.Herkunft())) return;
+    const BookingCircleList before = session_.Buchungskreise();
+    if (!basAllgemein::CallBuchungskreise(session_, session_.Herkunft())) return;
     refillFilter();
-    basAllgemein::RefreshInXArray(context_);
-    basAllgemein::CheckActivity(context_);
+    if (session_.Buchungskreise() != before) session_.blnChanged(true);
+    const RangeData data = session_.data();
+    if (basAllgemein::RefreshInXArray(data, session_.source(), session_.reporter(),
+                                      session_.progress()))
+      session_.blnChanged(true);
+    basAllgemein::CheckActivity(data.table, data.users, session_.reporter());
     rebuildGrid();
     ShowUserCombo();
   });
@@ -167,26 +205,27 @@ void frmNummernkreise::cmdBuchungskreise_Click() {
 // The entry that was shown stays shown where the new list has it; the filter is never empty.
 void frmNummernkreise::refillFilter() {
   const std::string shown = cboBuchungskreis_.Text();
-  basAllgemein::RefreshCombo(context_, &cboBuchungskreis_);
+  RefreshCombo();
   cboBuchungskreis_.SelectSilently(entryWithText(cboBuchungskreis_, shown, 0));
-  context_.strFilterBuchungskreis(cboBuchungskreis_.Text());
+  view_.filter = cboBuchungskreis_.Text();
 }
 
 void frmNummernkreise::cmdSonderkreise_Click() {
   onInput("cmdSonderkreise_Click", [&] {
     {
-      frmSonderkreise dialog(context_);
-      if (context_.Herkunft() == "ORB")
-        basAllgemein::RefreshFont(context_, dialog.form(), hostFont);
+      frmSonderkreise dialog(session_);
+      if (session_.Herkunft() == "ORB")
+        basAllgemein::RefreshFont(session_, dialog.form(), hostFont);
       dialog.Show();
     }
-    basAllgemein::RefreshSGroups(context_);
+    basAllgemein::RefreshSGroups(session_.data(), session_.source(), session_.reporter(),
+                                 session_.progress());
     rebuildGrid();
   });
 }
 
 void frmNummernkreise::cmdOptionen_Click() {
-  onInput("cmdOptionen_Click", [&] { frmOptionen(context_).Show(); });
+  onInput("cmdOptionen_Click", [&] { frmOptionen(session_).Show(); });
 }
 
 void frmNummernkreise::cmdOK_Click() {
@@ -225,17 +264,32 @@ void frmNummernkreise::selectUser(std::int32_t step) {
 }
 
 void frmNummernkreise::Form_QueryUnload(bool& Cancel, std::int16_t /*UnloadMode*/) {
-  bool viewReset = false;
+  const UserAction closing(session_.failures());
+  viewReset_ = false;
   reporting("Form_QueryUnload", [&] {
     if (closeMode_ == NotClosing) closeMode_ = ByCloseButton;
     const auto save = [&](bool askFirst) {
-      if (!basAllgemein::Save(context_, viewReset, askFirst, basAllgemein::SyncDataWithControl))
-        Cancel = true;
+      if (!basAllgemein::Save(session_, *this, askFirst)) Cancel = true;
     };
-    if (closeMode_ == ByOK) save(context_.Herkunft() == "ORB");
-    if (closeMode_ == ByCancel) context_.Conn().RollbackTrans();
+    if (closeMode_ == ByOK) save(session_.Herkunft() == "ORB");
+    if (closeMode_ == ByCancel) session_.Conn().RollbackTrans();
     if (closeMode_ == ByCloseButton) save(true);
-    if (viewReset) resetFilters();
+    if (viewReset_) resetFilters();
+  });
+  // A refused closing is forgotten, so that the close button asks as it always does.
+  if (Cancel) closeMode_ = NotClosing;
+}
+
+// Says which rule is broken and opens the editor on the offending value, in a grid that shows all.
+void frmNummernkreise::showDefect(const RangeDefect& defect) {
+  session_.boxes().MsgBoxEx(defectMessage(session_.XArray(), defect), msg_box::okOnly, "Info");
+  if (!view_.showsEverything()) {
+    tree_.SyncDataWithControl({alleBuchungskreise, alleBenutzer});
+    viewReset_ = true;
+  }
+  ignoringFailures([&] {
+    editValue(sftNummernkreise_, session_.XArray().at(offendingRow(defect)),
+              offendingValue(defect.rule));
   });
 }
 
@@ -249,18 +303,18 @@ void frmNummernkreise::resetFilters() {
 
 void frmNummernkreise::Form_Unload() {
   reporting("Form_Unload", [&] {
-    basAllgemein::basTerminate(context_);
-    context_.sftNummernkreise(nullptr);
-    context_.pictures({});
+    basAllgemein::basTerminate(session_);
+    tree_.pictures({});
   });
 }
 
 void frmNummernkreise::ShowUserCombo() {
   reporting("ShowUserCombo", [&] {
     const bool circlesExist = cboBuchungskreis_.ListCount() > filterEntries;
+    // Before the list goes, too: nobody could leave a user's view without it.
+    if (shown_ && cboUser_.ListIndex() != 0) cboUser_.ListIndex(0);
     form_->control<Label>("lblUser").Visible(circlesExist);
     cboUser_.Visible(circlesExist);
-    if (circlesExist && shown_ && cboUser_.ListIndex() != 0) cboUser_.ListIndex(0);
   });
 }
 
@@ -279,8 +333,8 @@ void frmNummernkreise::CreateToolTips() {
   });
 }
 
-std::unique_ptr<MainDialog> createMainDialog(HostContext& context) {
-  return std::make_unique<frmNummernkreise>(context);
+std::unique_ptr<MainDialog> createMainDialog(Session& session) {
+  return std::make_unique<frmNummernkreise>(session);
 }
 
 }  // namespace vexnumkr

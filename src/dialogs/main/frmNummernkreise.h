@@ -8,9 +8,10 @@
 #include <utility>
 
 #include "dialogs/main/layout.h"
-#include "hosting/component.h"
-#include "hosting/host_context.h"
-#include "hosting/reporting.h"
+#include "dialogs/main/tree.h"
+#include "hosting/nummernkreise.h"
+#include "hosting/saving.h"
+#include "hosting/session.h"
 #include "platform/forms.h"
 #include "platform/tree_grid.h"
 
@@ -23,9 +24,12 @@ namespace vexnumkr {
 /// Every handler reports its failures under its own name and leaves the dialog open. A cell being
 /// edited is left, its text kept, before another control does its work; where the entry is refused,
 /// nothing else happens.
-class frmNummernkreise final : public MainDialog, private FormEvents, private TreeGridEvents {
+class frmNummernkreise final : public MainDialog,
+                               private FormEvents,
+                               private TreeGridEvents,
+                               private RangeDisplay {
  public:
-  explicit frmNummernkreise(HostContext& context);
+  explicit frmNummernkreise(Session& session);
   ~frmNummernkreise() override;
 
   void RefreshFont(const std::string& fontName) override;
@@ -59,19 +63,25 @@ class frmNummernkreise final : public MainDialog, private FormEvents, private Tr
   void AfterEdit(std::int32_t index, std::int16_t column, bool& cancel, std::string& text) override;
   void ToolTipText(std::int16_t column, std::string& text) override;
 
+  void showDefect(const RangeDefect& defect) override;
+  void showChanges() override { rebuildGrid(); }
+
   void ShowUserCombo();
   void CreateToolTips();
 
   template <class Body>
   void reporting(const char* procedure, Body&& body) {
-    reportingFailures(context_, {"frmNummernkreise", procedure}, std::forward<Body>(body));
+    reportingFailures(session_.reporter(), {"frmNummernkreise", procedure},
+                      std::forward<Body>(body));
   }
 
   /// For what the user does. In the middle of work, whose rows must not change under it, nothing is
   /// done; a box that tells of a failure of the work changes nothing about that.
   template <class Body>
   void onInput(const char* procedure, Body&& body) {
-    if (!context_.progress().isWorking()) reporting(procedure, std::forward<Body>(body));
+    if (session_.progress().isWorking()) return;
+    const UserAction action(session_.failures());
+    reporting(procedure, std::forward<Body>(body));
   }
 
   void connectControls();
@@ -80,26 +90,34 @@ class frmNummernkreise final : public MainDialog, private FormEvents, private Tr
   void applyApplicationStyle();
   void storePictures();
   void fillUserCombo();
+  void loadRanges();
+  View shownView() const { return {cboBuchungskreis_.Text(), cboUser_.Text()}; }
   void rebuildGrid();
+  void RefreshCombo();
   void refillFilter();
   void resetFilters();
   void selectUser(std::int32_t step);
+  std::string currentText(std::int32_t index, std::int16_t column);
   void storeValue(std::int32_t index, std::int16_t column, std::string& text);
-  void dragCurrentValue(std::int32_t index, std::int32_t circle, const std::string& key,
-                        const std::string& text);
+  void dragCurrentValue(std::int32_t index, const std::string& text);
+  void writeValue(std::int32_t index, std::int16_t column, const std::string& text);
+  void showInStandardItem(std::int32_t index, std::int16_t column, const std::string& text);
 
-  HostContext& context_;
+  Session& session_;
   std::unique_ptr<Form> form_;
   TreeGrid& sftNummernkreise_;
+  Tree tree_;
   ComboBox& cboBuchungskreis_;
   ComboBox& cboUser_;
   std::optional<MainDialogLayout> layout_;
   std::int32_t closeMode_ = NotClosing;
+  View view_;               // the filters as they were last chosen
+  bool viewReset_ = false;  // whether saving has made the grid show everything
   bool suppressComboEvents_ = false;
   bool shown_ = false;
 };
 
 /// Makes the main dialog for a component.
-std::unique_ptr<MainDialog> createMainDialog(HostContext& context);
+std::unique_ptr<MainDialog> createMainDialog(Session& session);
 
 }  // namespace vexnumkr

@@ -2,10 +2,8 @@
 #include <limits>
 
 #include "data/range_table.h"
-#include "data/table/columns.h"
 #include "dialogs/main/cell_editing.h"
 #include "dialogs/main/frmNummernkreise.h"
-#include "dialogs/main/tree.h"
 
 namespace vexnumkr {
 namespace {
@@ -26,9 +24,10 @@ void frmNummernkreise::ItemClick(std::int32_t index, std::int16_t column, GridAr
   onInput("sftNummernkreise_ItemClick", [&] {
     if (button != leftButton) return;
     if (area == GridArea::Picture && !isGroup(sftNummernkreise_, index))
-      basAllgemein::CheckBoxHandling(context_, index, cboUser_.Text(), cboBuchungskreis_.Text());
+      tree_.CheckBoxHandling(index, shownView());
     if (area == GridArea::Cell)
-      basAllgemein::CellEditing(context_, index, column, cboUser_.Text(), true);
+      basAllgemein::CellEditing(sftNummernkreise_, session_.reporter(), index, column,
+                                cboUser_.Text(), true);
   });
 }
 
@@ -38,9 +37,10 @@ void frmNummernkreise::KeyDown(std::int16_t key) {
     const std::int32_t index = currentItem(sftNummernkreise_);
     if (index < 0 || isGroup(sftNummernkreise_, index)) return;
     if (key == key_code::space)
-      basAllgemein::CheckBoxHandling(context_, index, cboUser_.Text(), cboBuchungskreis_.Text());
+      tree_.CheckBoxHandling(index, shownView());
     else
-      basAllgemein::CellEditing(context_, index, grid_column::Start, cboUser_.Text(), true);
+      basAllgemein::CellEditing(sftNummernkreise_, session_.reporter(), index, grid_column::Start,
+                                cboUser_.Text(), true);
   });
 }
 
@@ -51,53 +51,76 @@ void frmNummernkreise::CEKeyDown(std::int16_t& key, std::int16_t shift, std::int
     if (!move.moves) return;
     key = 0;
     const bool ended = sftNummernkreise_.EndEdit(true);
-    basAllgemein::CellEditing(context_, move.index, move.column, cboUser_.Text(), ended);
+    basAllgemein::CellEditing(sftNummernkreise_, session_.reporter(), move.index, move.column,
+                              cboUser_.Text(), ended);
   });
 }
 
 void frmNummernkreise::AfterEdit(std::int32_t index, std::int16_t column, bool& cancel,
                                  std::string& text) {
-  cancel = context_.progress().isWorking();
+  cancel = session_.progress().isWorking();
   onInput("sftNummernkreise_AfterEdit", [&] {
     const bool numeric = column >= grid_column::Start && column < grid_column::Maske;
-    if (numeric && (!basAllgemein::CheckValue(context_, text) || text.empty())) {
+    if (numeric &&
+        (!basAllgemein::CheckValue(session_.boxes(), session_.reporter(), text) || text.empty())) {
       cancel = true;
       return;
     }
-    if (text != sftNummernkreise_.List(index, column)) context_.blnChanged(true);
+    if (text != currentText(index, column)) session_.blnChanged(true);
     storeValue(index, column, text);
+    if (isGroup(sftNummernkreise_, index)) text.clear();
   });
+}
+
+// What a cell holds before the entry; those of a group stand for its standard range.
+std::string frmNummernkreise::currentText(std::int32_t index, std::int16_t column) {
+  if (!isGroup(sftNummernkreise_, index)) return sftNummernkreise_.List(index, column);
+  const XArray& table = session_.XArray();
+  const std::int32_t row =
+      table.findRange(alleBenutzer, 0, sftNummernkreise_.List(index, grid_column::NSchl));
+  return (table.at(row).*valueShownIn(column)).toText();
 }
 
 // Writes an entry into the range table, for every user.
 void frmNummernkreise::storeValue(std::int32_t index, std::int16_t column, std::string& text) {
-  using basAllgemein::SetValueAll;
-  const std::string key = sftNummernkreise_.List(index, grid_column::NSchl);
-  const std::int32_t circle = textToLong(sftNummernkreise_.List(index, grid_column::Buchungskreis));
-  if (column == grid_column::Start) {
-    SetValueAll(context_, key, circle, column::StartWert, text);
-    dragCurrentValue(index, circle, key, text);
-  } else if (column == grid_column::Aktuell) {
-    SetValueAll(context_, key, circle, column::AktuellerWert, text);
-  } else if (column == grid_column::Ende) {
-    SetValueAll(context_, key, circle, column::EndWert, text);
-  } else if (column == grid_column::Maske) {
-    if (text.empty()) text = " ";
-    SetValueAll(context_, key, circle, column::Maske, trimBlanks(text));
-  }
+  if (column < grid_column::Start || column > grid_column::Maske) return;
+  const bool isMask = column == grid_column::Maske;
+  // A blank keeps the cell from being empty.
+  if (isMask && text.empty()) text = " ";
+  writeValue(index, column, isMask ? std::string(trimBlanks(text)) : text);
+  showInStandardItem(index, column, text);
+  if (column == grid_column::Start) dragCurrentValue(index, text);
 }
 
 // Raising the start raises a current value that it passes; lowering it changes nothing else.
-void frmNummernkreise::dragCurrentValue(std::int32_t index, std::int32_t circle,
-                                        const std::string& key, const std::string& text) {
-  const std::string current = sftNummernkreise_.List(index, grid_column::Aktuell);
-  if (textToLong(current) >= textToLong(text)) return;
-  sftNummernkreise_.List(index, grid_column::Aktuell, text);
-  basAllgemein::SetValueAll(context_, key, circle, column::AktuellerWert, text);
+void frmNummernkreise::dragCurrentValue(std::int32_t index, const std::string& text) {
+  if (textToLong(currentText(index, grid_column::Aktuell)) >= textToLong(text)) return;
+  if (!isGroup(sftNummernkreise_, index)) sftNummernkreise_.List(index, grid_column::Aktuell, text);
+  writeValue(index, grid_column::Aktuell, text);
+  showInStandardItem(index, grid_column::Aktuell, text);
+}
+
+// An entry into a group's cell shows in the item of its standard range, where there is one.
+void frmNummernkreise::showInStandardItem(std::int32_t index, std::int16_t column,
+                                          const std::string& text) {
+  if (!isGroup(sftNummernkreise_, index)) return;
+  for (std::int32_t item = index + 1;
+       item < sftNummernkreise_.ListCount() && isRange(sftNummernkreise_, item); ++item)
+    if (sftNummernkreise_.List(item, grid_column::Buchungskreis) == "0")
+      sftNummernkreise_.List(item, column, text);
+}
+
+void frmNummernkreise::writeValue(std::int32_t index, std::int16_t column,
+                                  const std::string& text) {
+  const RangeData data = session_.data();
+  basAllgemein::SetValueAll(data.table, data.users, session_.reporter(),
+                            sftNummernkreise_.List(index, grid_column::NSchl),
+                            textToLong(sftNummernkreise_.List(index, grid_column::Buchungskreis)),
+                            valueShownIn(column), text);
 }
 
 void frmNummernkreise::ToolTipText(std::int16_t column, std::string& text) {
-  if (column == grid_column::Maske) text = maskToolTip(context_.strVerarbeitungsdatum());
+  if (column == grid_column::Maske) text = maskToolTip(session_.strVerarbeitungsdatum());
 }
 
 }  // namespace vexnumkr

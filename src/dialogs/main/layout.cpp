@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-#include "dialogs/main/tree.h"
+#include "dialogs/main/grid_columns.h"
 #include "platform/descriptions.h"
 
 namespace vexnumkr {

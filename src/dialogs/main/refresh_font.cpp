@@ -1,12 +1,12 @@
 #include "dialogs/main/refresh_font.h"
 
-#include "hosting/reporting.h"
+#include "platform/tree_grid.h"
 
 namespace vexnumkr::basAllgemein {
 namespace {
 
-bool hasNarrowCaption(const HostContext& context, const Control& control) {
-  return context.LngApplication() == 1 && control.Name() == "cmdBuchungskreise";
+bool hasNarrowCaption(const Session& session, const Control& control) {
+  return session.LngApplication() == 1 && control.Name() == "cmdBuchungskreise";
 }
 
 void switchFont(Control& control, const Font& font) {
@@ -20,12 +20,12 @@ void switchFont(Control& control, const Font& font) {
 
 }  // namespace
 
-void RefreshFont(HostContext& context, Form& form, const std::string& fontName) {
-  reportingFailures(context, {moduleName, "RefreshFont"}, [&] {
+void RefreshFont(Session& session, Form& form, const std::string& fontName) {
+  reportingFailures(session.reporter(), {generalModule, "RefreshFont"}, [&] {
     const Font font{fontName};
     form.SetFont(font);
     for (Control* control : form.Controls()) {
-      if (hasNarrowCaption(context, *control))
+      if (hasNarrowCaption(session, *control))
         control->SetFont({"Arial Narrow", 10, true});
       else
         switchFont(*control, font);

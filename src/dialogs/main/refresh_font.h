@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "hosting/host_context.h"
+#include "hosting/session.h"
 #include "platform/forms.h"
 
 namespace vexnumkr::basAllgemein {
@@ -11,6 +11,6 @@ namespace vexnumkr::basAllgemein {
 /// Gives the form and all its controls a font of that name; a tree grid's headers and editor too.
 /// For application 1, `cmdBuchungskreise` is set in bold "Arial Narrow" of 10 points instead.
 /// Failures are reported.
-void RefreshFont(HostContext& context, Form& form, const std::string& fontName);
+void RefreshFont(Session& session, Form& form, const std::string& fontName);
 
 }  // namespace vexnumkr::basAllgemein

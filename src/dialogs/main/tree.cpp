@@ -1,12 +1,9 @@
 #include "dialogs/main/tree.h"
 
-#include "data/booking_circles.h"
 #include "data/range_table.h"
-#include "data/table/columns.h"
-#include "hosting/reporting.h"
 #include "rules/activity.h"
 
-namespace vexnumkr::basAllgemein {
+namespace vexnumkr {
 namespace {
 
 constexpr GridColour paleGrey = 0xF0F0F0;
@@ -34,199 +31,180 @@ void styleGroup(TreeGrid& grid, std::int32_t index, std::int32_t application) {
   }
 }
 
-PictureHandle statePicture(const StatePictures& pictures, bool commonView, bool active) {
-  if (commonView) return active ? pictures.Checked : pictures.Unchecked;
-  return active ? pictures.ValueTrue : pictures.ValueFalse;
+// Errors 6 and 13 for what is no number.
+ShownValues shownValues(const RangeRow& range) {
+  return {range.StartWert.toLong(), range.AktuellerWert.toLong(), range.EndWert.toLong(),
+          range.Maske.toText()};
 }
 
-void addPlaceholder(HostContext& context) {
-  TreeGrid& grid = context.sftNummernkreise();
-  const std::int32_t index = grid.AddItem("");
-  grid.ItemLevel(index, 1);
-  grid.List(index, grid_column::Beschreibung, "keine Zuordnung vorhanden");
-  grid.List(index, grid_column::Type, groupType);
-  grid.ItemPicture(index, context.pictures().NotFound);
-}
-
-RangeItem rangeItemAt(const XArray& table, std::int32_t row) {
-  RangeItem range;
-  range.Gruppe = table.toText(row, column::Gruppe);
-  range.StartWert = table.toLong(row, column::StartWert);
-  range.EndWert = table.toLong(row, column::EndWert);
-  range.AktuellerWert = table.toLong(row, column::AktuellerWert);
-  range.Buchungskreis = table.toLong(row, column::Buchungskreis);
-  range.Aktiviert = table.toBoolean(row, column::Aktiviert);
-  range.NSchl = table.toText(row, column::NSchl);
-  range.NBezeichnung = table.toText(row, column::NBezeichnung);
-  range.SortierIndex = table.toLong(row, column::SortierIndex);
-  range.IstNSchlVon = table.toText(row, column::IstNSchlVon);
-  range.Maske = table.toText(row, column::Maske);
-  return range;
-}
-
-// What the grid is being built for.
-struct View {
-  const std::string& filter;
-  const std::string& user;
-
-  bool isCommon() const { return user == alleBenutzer; }
-  bool showsAllCircles() const { return filter == alleBuchungskreise; }
-  bool showsActiveCircles() const { return filter == aktiveBuchungskreise; }
-  bool showsOneCircle() const { return !showsAllCircles() && !showsActiveCircles(); }
-};
-
-bool userLacksRange(HostContext& context, const View& view, const std::string& key) {
-  const Value circle = LookupBuchungskreis(context, circle_column::Buchungskreis, view.filter);
-  return FoundInXArray(context, view.user, circle.toLong(), key) == -1;
-}
-
-void addKey(HostContext& context, const View& view, std::int32_t row) {
-  const XArray& table = context.XArray();
-  const std::string key = table.toText(row, column::NSchl);
-  AddGroup(context, key, table.toText(row, column::NBezeichnung), key,
-           table.toText(row, column::IstNSchlVon));
-  if (view.showsOneCircle() && !view.isCommon() && userLacksRange(context, view, key))
-    addPlaceholder(context);
-}
-
-bool isShown(const XArray& table, std::int32_t row, const View& view) {
+bool isShown(const RangeRow& range, const View& view) {
   if (view.showsAllCircles()) return true;
-  if (view.showsActiveCircles()) return table.toBoolean(row, column::Aktiviert);
-  return table.equals(row, column::Gruppe, view.filter);
-}
-
-void addItems(HostContext& context, const View& view) {
-  const XArray& table = context.XArray();
-  for (std::int32_t row = table.LowerBound(1); row <= table.UpperBound(1); ++row) {
-    if (!table.equals(row, column::Benutzer, view.user)) continue;
-    if (table.toLong(row, column::Buchungskreis) == 0) addKey(context, view, row);
-    if (isShown(table, row, view)) AddBuchungskreis(context, rangeItemAt(table, row), view.user);
-  }
-}
-
-std::int32_t circleOf(const TreeGrid& grid, std::int32_t index) {
-  return textToLong(grid.List(index, grid_column::Buchungskreis));
-}
-
-// Shows the item's new state and writes it into the range table.
-void setActive(HostContext& context, std::int32_t index, const std::string& user,
-               PictureHandle picture, bool active) {
-  TreeGrid& grid = context.sftNummernkreise();
-  grid.ItemPicture(index, picture);
-  SetValue(context, grid.List(index, grid_column::NSchl),
-           grid.List(index, grid_column::Beschreibung), user, column::Aktiviert, active);
-}
-
-void untick(HostContext& context, std::int32_t index, const std::string& user) {
-  const TreeGrid& grid = context.sftNummernkreise();
-  if (user == alleBenutzer)
-    DeleteInXArray(context, circleOf(grid, index), grid.List(index, grid_column::NSchl), false);
-  setActive(context, index, user, context.pictures().Unchecked, false);
-}
-
-NewRange rangeOf(const TreeGrid& grid, std::int32_t index) {
-  NewRange range;
-  range.Buchungskreis = circleOf(grid, index);
-  range.Gruppe = grid.List(index, grid_column::Beschreibung);
-  range.NSchl = grid.List(index, grid_column::NSchl);
-  range.NBezeichnung = grid.List(index, grid_column::NBezeichnung);
-  range.StartWert = grid.List(index, grid_column::Start);
-  range.AktuellerWert = grid.List(index, grid_column::Aktuell);
-  range.EndWert = grid.List(index, grid_column::Ende);
-  range.SortierIndex = textToLong(grid.List(index, grid_column::SortierIndex));
-  range.IstNSchlVon = grid.List(index, grid_column::IstNSchlVon);
-  return range;
-}
-
-void tick(HostContext& context, std::int32_t index, const std::string& user) {
-  if (user == alleBenutzer)
-    AddInXArray(context, user, rangeOf(context.sftNummernkreise(), index), false);
-  setActive(context, index, user, context.pictures().Checked, true);
-}
-
-void deselect(HostContext& context, std::int32_t index, const std::string& user) {
-  setActive(context, index, user, context.pictures().ValueFalse, false);
+  if (view.showsActiveCircles()) return range.Aktiviert;
+  return range.Gruppe == view.filter;
 }
 
 }  // namespace
 
-void SyncDataWithControl(HostContext& context, const std::string& filter, const std::string& user) {
-  reportingFailures(context, {moduleName, "SyncDataWithControl"}, [&] {
-    TreeGrid& grid = context.sftNummernkreise();
-    const GridUpdate update(grid);
-    const std::int32_t current = grid.ListIndex();
-    grid.Clear();
-    grid.AcceptsEntries(user == alleBenutzer);
-    addItems(context, View{filter, user});
-    grid.ListIndex(current);
+void Tree::SyncDataWithControl(const View& view) {
+  reporting("SyncDataWithControl", [&] {
+    const GridUpdate update(grid_);
+    const std::int32_t current = grid_.ListIndex();
+    grid_.Clear();
+    grid_.AcceptsEntries(view.isCommon());
+    grid_.AcceptsChoices(view.showsAllCircles());
+    addItems(view);
+    grid_.ListIndex(current);
   });
 }
 
-void AddGroup(HostContext& context, const std::string& NSchl, const std::string& NBezeichnung,
-              const std::string& NSchl2, const std::string& IstNSchlVon) {
-  reportingFailures(context, {moduleName, "AddGroup"}, [&] {
-    TreeGrid& grid = context.sftNummernkreise();
-    const std::int32_t index = grid.AddItem("");
-    styleGroup(grid, index, context.LngApplication());
-    grid.List(index, grid_column::Beschreibung, NBezeichnung + " (" + NSchl + ")");
-    grid.List(index, grid_column::Buchungskreis, 0);
-    grid.List(index, grid_column::NSchl, NSchl2);
-    grid.List(index, grid_column::Type, groupType);
-    grid.List(index, grid_column::IstNSchlVon, IstNSchlVon);
+void Tree::addItems(const View& view) {
+  for (const RangeRow& range : session_.XArray()) {
+    if (range.Benutzer != view.user) continue;
+    if (range.isStandard()) addKey(range, view);
+    if (isShown(range, view)) AddBuchungskreis(range, shownValues(range), view);
+  }
+}
+
+void Tree::addKey(const RangeRow& range, const View& view) {
+  AddGroup(range);
+  if (view.showsOneCircle() && !view.isCommon() && userLacksRange(view, range.NSchl.str()))
+    addPlaceholder();
+}
+
+bool Tree::userLacksRange(const View& view, const std::string& key) {
+  const auto circle = basAllgemein::LookupBuchungskreis(session_.Buchungskreise(),
+                                                        session_.reporter(), view.filter);
+  return basAllgemein::FoundInXArray(session_.XArray(), session_.reporter(), view.user,
+                                     circle.value_or(-1), key) == -1;
+}
+
+void Tree::addPlaceholder() {
+  const std::int32_t index = grid_.AddItem("");
+  grid_.ItemLevel(index, 1);
+  grid_.List(index, grid_column::Beschreibung, "keine Zuordnung vorhanden");
+  grid_.List(index, grid_column::Type, groupType);
+  grid_.ItemPicture(index, pictures_.NotFound);
+}
+
+// Adds a group item. Its look depends on the application.
+void Tree::AddGroup(const RangeRow& range) {
+  reporting("AddGroup", [&] {
+    const std::int32_t index = grid_.AddItem("");
+    styleGroup(grid_, index, session_.LngApplication());
+    grid_.List(index, grid_column::Beschreibung,
+               range.NBezeichnung.str() + " (" + range.NSchl.str() + ")");
+    grid_.List(index, grid_column::Buchungskreis, 0);
+    grid_.List(index, grid_column::NSchl, range.NSchl.str());
+    grid_.List(index, grid_column::Type, groupType);
+    grid_.List(index, grid_column::IstNSchlVon, range.IstNSchlVon.str());
   });
 }
 
-void AddBuchungskreis(HostContext& context, const RangeItem& range, const std::string& user) {
-  reportingFailures(context, {moduleName, "AddBuchungskreis"}, [&] {
-    TreeGrid& grid = context.sftNummernkreise();
-    const std::int32_t index = grid.AddItem("");
-    grid.ItemLevel(index, 1);
-    grid.List(index, grid_column::Beschreibung, range.Gruppe);
-    grid.List(index, grid_column::Start, range.StartWert);
-    grid.List(index, grid_column::Ende, range.EndWert);
-    grid.List(index, grid_column::Aktuell, range.AktuellerWert);
+PictureHandle Tree::statePicture(const View& view, bool active) const {
+  if (view.isCommon()) return active ? pictures_.Checked : pictures_.Unchecked;
+  return active ? pictures_.ValueTrue : pictures_.ValueFalse;
+}
+
+void Tree::AddBuchungskreis(const RangeRow& range, const ShownValues& values, const View& view) {
+  reporting("AddBuchungskreis", [&] {
+    const std::int32_t index = grid_.AddItem("");
+    grid_.ItemLevel(index, 1);
+    grid_.List(index, grid_column::Beschreibung, range.Gruppe.str());
+    grid_.List(index, grid_column::Start, values.StartWert);
+    grid_.List(index, grid_column::Ende, values.EndWert);
+    grid_.List(index, grid_column::Aktuell, values.AktuellerWert);
     // A blank keeps the cell from being empty.
-    grid.List(index, grid_column::Maske, trimBlanks(range.Maske).empty() ? " " : range.Maske);
-    grid.List(index, grid_column::Buchungskreis, range.Buchungskreis);
-    grid.List(index, grid_column::NSchl, range.NSchl);
-    grid.List(index, grid_column::NBezeichnung, range.NBezeichnung);
-    grid.List(index, grid_column::SortierIndex, range.SortierIndex);
-    grid.List(index, grid_column::Type, rangeType);
-    grid.List(index, grid_column::IstNSchlVon, range.IstNSchlVon);
-    grid.ItemPicture(index,
-                     statePicture(context.pictures(), user == alleBenutzer, range.Aktiviert));
+    grid_.List(index, grid_column::Maske, trimBlanks(values.Maske).empty() ? " " : values.Maske);
+    grid_.List(index, grid_column::Buchungskreis, range.Buchungskreis);
+    grid_.List(index, grid_column::NSchl, range.NSchl.str());
+    grid_.List(index, grid_column::NBezeichnung, range.NBezeichnung.str());
+    grid_.List(index, grid_column::SortierIndex, range.SortierIndex);
+    grid_.List(index, grid_column::Type, rangeType);
+    grid_.List(index, grid_column::IstNSchlVon, range.IstNSchlVon.str());
+    grid_.ItemPicture(index, statePicture(view, range.Aktiviert));
   });
 }
 
-void CheckBoxHandling(HostContext& context, std::int32_t index, const std::string& user,
-                      const std::string& filter) {
-  reportingFailures(context, {moduleName, "CheckBoxHandling"}, [&] {
-    const TreeGrid& grid = context.sftNummernkreise();
+void Tree::CheckBoxHandling(std::int32_t index, const View& view) {
+  reporting("CheckBoxHandling", [&] {
     // The standard range is always active for everybody.
-    if (user == alleBenutzer && circleOf(grid, index) == 0) return;
-    const PictureHandle picture = grid.ItemPicture(index);
-    if (picture == context.pictures().Checked) {
-      untick(context, index, user);
-    } else if (picture == context.pictures().Unchecked) {
-      tick(context, index, user);
-    } else if (picture == context.pictures().ValueFalse && filter == alleBuchungskreise) {
+    if (view.isCommon() && circleOf(index) == 0) return;
+    const PictureHandle picture = grid_.ItemPicture(index);
+    if (picture == pictures_.Checked) {
+      untick(index, view.user);
+    } else if (picture == pictures_.Unchecked) {
+      tick(index, view.user);
+    } else if (picture == pictures_.ValueFalse && view.showsAllCircles()) {
       // Under another filter the sibling that would have to be switched off may be out of sight.
-      SetRadioButton(context, index, user);
+      SetRadioButton(index, view.user);
     }
-    context.blnChanged(true);
-    CheckActivity(context);
+    session_.blnChanged(true);
+    const RangeData data = session_.data();
+    basAllgemein::CheckActivity(data.table, data.users, session_.reporter());
   });
 }
 
-void SetRadioButton(HostContext& context, std::int32_t index, const std::string& user) {
-  reportingFailures(context, {moduleName, "SetRadioButton"}, [&] {
-    const TreeGrid& grid = context.sftNummernkreise();
-    for (std::int32_t above = index - 1; above >= 0 && isRange(grid, above); --above)
-      deselect(context, above, user);
-    for (std::int32_t below = index + 1; below < grid.ListCount() && isRange(grid, below); ++below)
-      deselect(context, below, user);
-    setActive(context, index, user, context.pictures().ValueTrue, true);
+std::int32_t Tree::circleOf(std::int32_t index) const {
+  return textToLong(grid_.List(index, grid_column::Buchungskreis));
+}
+
+// Shows the item's new state and writes it into the range table.
+void Tree::setActive(std::int32_t index, const std::string& user, PictureHandle picture,
+                     bool active) {
+  grid_.ItemPicture(index, picture);
+  basAllgemein::SetValue(session_.XArray(), session_.reporter(),
+                         grid_.List(index, grid_column::NSchl),
+                         grid_.List(index, grid_column::Beschreibung), user, active);
+}
+
+void Tree::untick(std::int32_t index, const std::string& user) {
+  const RangeData data = session_.data();
+  if (user == alleBenutzer &&
+      basAllgemein::DeleteInXArray(data.table, data.users, session_.reporter(), circleOf(index),
+                                   grid_.List(index, grid_column::NSchl), false))
+    session_.blnChanged(true);
+  setActive(index, user, pictures_.Unchecked, false);
+}
+
+void Tree::tick(std::int32_t index, const std::string& user) {
+  const RangeData data = session_.data();
+  if (user == alleBenutzer)
+    basAllgemein::AddInXArray(data.table, data.users, session_.reporter(), rangeOf(index), false);
+  setActive(index, user, pictures_.Checked, true);
+}
+
+// The common range of an item, with the values as they are shown.
+RangeRow Tree::rangeOf(std::int32_t index) {
+  const auto text = [&](std::int16_t column) {
+    return session_.XArray().text(grid_.List(index, column));
+  };
+  RangeRow range;
+  range.Benutzer = session_.XArray().text(alleBenutzer);
+  range.Buchungskreis = circleOf(index);
+  range.Gruppe = text(grid_column::Beschreibung);
+  range.NSchl = text(grid_column::NSchl);
+  range.NBezeichnung = text(grid_column::NBezeichnung);
+  range.StartWert = text(grid_column::Start);
+  range.AktuellerWert = text(grid_column::Aktuell);
+  range.EndWert = text(grid_column::Ende);
+  range.SortierIndex = textToLong(grid_.List(index, grid_column::SortierIndex));
+  range.IstNSchlVon = text(grid_column::IstNSchlVon);
+  return range;
+}
+
+// Makes the item the user's only active range among the ranges of its group.
+void Tree::SetRadioButton(std::int32_t index, const std::string& user) {
+  reporting("SetRadioButton", [&] {
+    const auto deselect = [&](std::int32_t sibling) {
+      setActive(sibling, user, pictures_.ValueFalse, false);
+    };
+    for (std::int32_t above = index - 1; above >= 0 && isRange(grid_, above); --above)
+      deselect(above);
+    for (std::int32_t below = index + 1; below < grid_.ListCount() && isRange(grid_, below);
+         ++below)
+      deselect(below);
+    setActive(index, user, pictures_.ValueTrue, true);
   });
 }
 
-}  // namespace vexnumkr::basAllgemein
+}  // namespace vexnumkr

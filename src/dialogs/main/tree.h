@@ -1,86 +1,94 @@
 // The range table in the tree grid: one group item per number key, below it one item per range.
-//
-// The grid is only a view. It is rebuilt from the range table for a booking-circle filter and a
-// user, and what the user ticks is written into the range table at once. The item's picture is its
-// state: check boxes in the common view (any number of booking circles may be active for a key),
-// option buttons in a user's view (a user draws from exactly one range per key).
 #pragma once
 
 #include <cstdint>
 #include <string>
 
-#include "hosting/host_context.h"
+#include "dialogs/main/grid_columns.h"
+#include "hosting/session.h"
+#include "platform/tree_grid.h"
 
 namespace vexnumkr {
 
-/// The grid's columns. Those from Buchungskreis on are hidden and hold the row's identity.
-namespace grid_column {
-inline constexpr std::int16_t Beschreibung = 1;
-inline constexpr std::int16_t Start = 2;
-inline constexpr std::int16_t Aktuell = 3;
-inline constexpr std::int16_t Ende = 4;
-inline constexpr std::int16_t Maske = 5;
-inline constexpr std::int16_t Buchungskreis = 6;
-inline constexpr std::int16_t NSchl = 7;
-inline constexpr std::int16_t NBezeichnung = 8;
-inline constexpr std::int16_t SortierIndex = 9;
-inline constexpr std::int16_t Type = 10;
-inline constexpr std::int16_t IstNSchlVon = 11;
-}  // namespace grid_column
+/// The pictures that show a range's state in the grid.
+struct StatePictures {
+  PictureHandle Checked = noPicture;
+  PictureHandle Unchecked = noPicture;
+  PictureHandle ValueFalse = noPicture;
+  PictureHandle ValueTrue = noPicture;
+  PictureHandle NotFound = noPicture;
+};
 
-/// What the column Type says. A placeholder says "Group" too, so that whatever leaves group items
-/// alone leaves it alone.
-inline constexpr const char* groupType = "Group";
-inline constexpr const char* rangeType = "Pos";
+/// What the grid is built for: a booking-circle filter ("Alle Buchungskreise", "Aktive
+/// Buchungskreise" or a description) and a user ("Alle Benutzer" or a name).
+struct View {
+  std::string filter;
+  std::string user;
 
-/// What an item is by its column Type. Error 9 for one outside the list.
-inline bool isGroup(const TreeGrid& grid, std::int32_t index) {
-  return grid.List(index, grid_column::Type) == groupType;
-}
-inline bool isRange(const TreeGrid& grid, std::int32_t index) {
-  return grid.List(index, grid_column::Type) == rangeType;
-}
+  bool isCommon() const { return user == alleBenutzer; }
+  bool showsAllCircles() const { return filter == alleBuchungskreise; }
+  bool showsActiveCircles() const { return filter == aktiveBuchungskreise; }
+  bool showsOneCircle() const { return !showsAllCircles() && !showsActiveCircles(); }
+  bool showsEverything() const { return showsAllCircles() && isCommon(); }
+};
 
-namespace basAllgemein {
-
-/// Rebuilds the grid for a filter ("Alle Buchungskreise", "Aktive Buchungskreise" or a description)
-/// and a user ("Alle Benutzer" or a name). The same position is current afterwards. REQUIRES: each
-/// key's rows stand together in the range table, the standard range first. A failure is reported
-/// and leaves the items added until then.
-void SyncDataWithControl(HostContext& context, const std::string& filter, const std::string& user);
-
-/// Adds a group item. Its look depends on the application. Failures are reported.
-void AddGroup(HostContext& context, const std::string& NSchl, const std::string& NBezeichnung,
-              const std::string& NSchl2, const std::string& IstNSchlVon);
-
-/// A range as an item shows it.
-struct RangeItem {
-  std::string Gruppe;
+/// The values of a range as they are shown.
+struct ShownValues {
   std::int32_t StartWert = 0;
-  std::int32_t EndWert = 0;
   std::int32_t AktuellerWert = 0;
-  std::int32_t Buchungskreis = 0;
-  bool Aktiviert = false;
-  std::string NSchl;
-  std::string NBezeichnung;
-  std::int32_t SortierIndex = 0;
-  std::string IstNSchlVon;
+  std::int32_t EndWert = 0;
   std::string Maske;
 };
 
-/// Adds a range item with the picture of `user`'s view. Failures are reported.
-void AddBuchungskreis(HostContext& context, const RangeItem& range, const std::string& user);
+/// The grid is only a view. It is rebuilt from the range table for a filter and a user, and what
+/// the user ticks is written into the range table at once. The item's picture is its state: check
+/// boxes in the common view (any number of booking circles may be active for a key), option buttons
+/// in a user's view (a user draws from exactly one range per key).
+///
+/// Every procedure reports its failures under its own name.
+class Tree {
+ public:
+  /// Both are borrowed.
+  Tree(Session& session, TreeGrid& grid) : session_(session), grid_(grid) {}
 
-/// Toggles what a click on the item's picture toggles in that view: in the common view the range
-/// for everybody (not the standard range), in a user's view, while all booking circles are shown,
-/// the user's choice. Sets the changed flag and runs the activity rule, also where the click
-/// changed nothing. Failures are reported.
-void CheckBoxHandling(HostContext& context, std::int32_t index, const std::string& user,
-                      const std::string& filter);
+  TreeGrid& grid() { return grid_; }
+  void pictures(const StatePictures& pictures) { pictures_ = pictures; }
 
-/// Makes the item the user's only active range among the ranges of its group. Failures are
-/// reported.
-void SetRadioButton(HostContext& context, std::int32_t index, const std::string& user);
+  /// Rebuilds the grid. The same position is current afterwards. REQUIRES: each key's rows stand
+  /// together in the range table, the standard range first. A failure leaves the items added until
+  /// then.
+  void SyncDataWithControl(const View& view);
 
-}  // namespace basAllgemein
+  /// Toggles what a click on the item's picture toggles in that view: in the common view the range
+  /// for everybody (not the standard range), in a user's view, while all booking circles are shown,
+  /// the user's choice. Sets the changed flag and runs the activity rule, also where the click
+  /// changed nothing.
+  void CheckBoxHandling(std::int32_t index, const View& view);
+
+ private:
+  void AddGroup(const RangeRow& range);
+  void AddBuchungskreis(const RangeRow& range, const ShownValues& values, const View& view);
+  void SetRadioButton(std::int32_t index, const std::string& user);
+
+  void addItems(const View& view);
+  void addKey(const RangeRow& range, const View& view);
+  void addPlaceholder();
+  bool userLacksRange(const View& view, const std::string& key);
+  PictureHandle statePicture(const View& view, bool active) const;
+  std::int32_t circleOf(std::int32_t index) const;
+  RangeRow rangeOf(std::int32_t index);
+  void setActive(std::int32_t index, const std::string& user, PictureHandle picture, bool active);
+  void untick(std::int32_t index, const std::string& user);
+  void tick(std::int32_t index, const std::string& user);
+
+  template <class Body>
+  void reporting(const char* procedure, Body&& body) {
+    reportingFailures(session_.reporter(), {generalModule, procedure}, std::forward<Body>(body));
+  }
+
+  Session& session_;
+  TreeGrid& grid_;
+  StatePictures pictures_;
+};
+
 }  // namespace vexnumkr

@@ -1,7 +1,6 @@
 #include "dialogs/side/frmOptionen.h"
 
 #include "dialogs/side/option_pairs.h"
-#include "hosting/reporting.h"
 
 namespace vexnumkr {
 namespace {
@@ -13,8 +12,8 @@ constexpr const char* secondChoice = "1";
 
 }  // namespace
 
-frmOptionen::frmOptionen(HostContext& context)
-    : context_(context), form_(context.forms().createForm(optionsDialogDescription(), *this)) {
+frmOptionen::frmOptionen(Session& session)
+    : session_(session), form_(session.forms().createForm(optionsDialogDescription(), *this)) {
   for (const OptionPair& pair : optionPairs())
     form_->control<OptionButton>(pair.name, 0).Value(true);
   form_->control<Button>("cmdOK").OnClick([this] { cmdOK_Click(); });
@@ -26,9 +25,9 @@ frmOptionen::~frmOptionen() = default;
 void frmOptionen::Form_Load() {
   ignoringFailures([&] {
     // The settings store is the host's, and its statements are its own.
-    if (context_.sharedConn() == nullptr) throw Error::objectNotSet();
-    connection_ = context_.sharedConn()->createConnection();
-    connection_->ConnectionString(context_.Conn().ConnectionString());
+    if (session_.sharedConn() == nullptr) throw Error::objectNotSet();
+    connection_ = session_.sharedConn()->createConnection();
+    connection_->ConnectionString(session_.Conn().ConnectionString());
     connection_->Open("", "", ado::unspecified);
   });
   ignoringFailures([&] { createSettings(); });
@@ -39,7 +38,7 @@ void frmOptionen::Form_Load() {
 }
 
 void frmOptionen::createSettings() {
-  auto component = context_.host().CreateObject(component_name::settings);
+  auto component = session_.host().CreateObject(component_name::settings);
   auto* settings = dynamic_cast<SettingsStore*>(component.get());
   if (settings == nullptr) throw Error::cannotCreateObject();
   static_cast<void>(component.release());

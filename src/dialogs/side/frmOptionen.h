@@ -6,7 +6,7 @@
 
 #include <vexnumkr/host_components.h>
 
-#include "hosting/host_context.h"
+#include "hosting/session.h"
 #include "platform/forms.h"
 
 namespace vexnumkr {
@@ -16,7 +16,7 @@ namespace vexnumkr {
 /// without the component the choices show their defaults and OK writes nothing.
 class frmOptionen final : private FormEvents {
  public:
-  explicit frmOptionen(HostContext& context);
+  explicit frmOptionen(Session& session);
   ~frmOptionen() override;
 
   void Show() { form_->ShowModal(); }
@@ -33,7 +33,7 @@ class frmOptionen final : private FormEvents {
   void select(const std::string& pair, const std::string& value);
   void save(const std::string& pair, const std::string& key);
 
-  HostContext& context_;
+  Session& session_;
   std::unique_ptr<Form> form_;
   std::unique_ptr<Connection> connection_;
   std::unique_ptr<SettingsStore> settings_;  // after the connection that it uses

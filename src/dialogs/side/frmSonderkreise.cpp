@@ -1,7 +1,6 @@
 #include "dialogs/side/frmSonderkreise.h"
 
 #include "data/sql/statements.h"
-#include "hosting/reporting.h"
 #include "platform/descriptions.h"
 
 namespace vexnumkr {
@@ -37,9 +36,9 @@ std::string entryText(const Recordset& record) {
 
 }  // namespace
 
-frmSonderkreise::frmSonderkreise(HostContext& context)
-    : context_(context),
-      form_(context.forms().createForm(description(), *this)),
+frmSonderkreise::frmSonderkreise(Session& session)
+    : session_(session),
+      form_(session.forms().createForm(description(), *this)),
       lstSonderkreise_(form_->control<CheckList>("lstSonderkreise")) {
   form_->control<Button>("cmdOK").OnClick([this] { cmdOK_Click(); });
   form_->control<Button>("cmdCancel").OnClick([this] { cmdCancel_Click(); });
@@ -48,10 +47,10 @@ frmSonderkreise::frmSonderkreise(HostContext& context)
 frmSonderkreise::~frmSonderkreise() = default;
 
 void frmSonderkreise::Form_Load() {
-  reportingFailures(context_, {moduleName, "Form_Load"}, [&] {
-    records_ = context_.Conn().createRecordset();
+  reportingFailures(session_.reporter(), {moduleName, "Form_Load"}, [&] {
+    records_ = session_.Conn().createRecordset();
     records_->CursorLocation(ado::useClient);
-    records_->Open(statement::specialRangesByDescription(context_.Herkunft()), context_.Conn(),
+    records_->Open(statement::specialRangesByDescription(session_.Herkunft()), session_.Conn(),
                    ado::openKeyset, ado::lockOptimistic, ado::unspecified);
     for (std::int32_t i = 0; !records_->EndOfFile(); records_->MoveNext(), ++i) {
       lstSonderkreise_.AddItem(entryText(*records_));
@@ -62,16 +61,19 @@ void frmSonderkreise::Form_Load() {
 
 // Writes every record, changed or not. Without a record there is nothing to write.
 void frmSonderkreise::SaveSettings() {
-  reportingFailures(context_, {moduleName, "SaveSettings"}, [&] {
+  reportingFailures(session_.reporter(), {moduleName, "SaveSettings"}, [&] {
     if (records_ == nullptr || lstSonderkreise_.ListCount() == 0) return;
-    const Work work(context_.progress(), "Sonderkreise werden gespeichert…");
-    context_.progress().expect(lstSonderkreise_.ListCount());
+    const Work work(session_.progress(), "Sonderkreise werden gespeichert…");
+    session_.progress().expect(lstSonderkreise_.ListCount());
     records_->MoveFirst();
     for (std::int32_t i = 0; i < lstSonderkreise_.ListCount(); ++i) {
-      records_->Fields("Aktiviert", lstSonderkreise_.Selected(i));
+      const bool selected = lstSonderkreise_.Selected(i);
+      const bool changes = records_->Fields("Aktiviert").toBoolean() != selected;
+      records_->Fields("Aktiviert", selected);
       records_->Update();
+      if (changes) session_.blnChanged(true);
       records_->MoveNext();
-      context_.progress().advance();
+      session_.progress().advance();
     }
   });
 }
@@ -82,7 +84,7 @@ void frmSonderkreise::cmdOK_Click() {
 }
 
 void frmSonderkreise::cmdCancel_Click() {
-  reportingFailures(context_, {moduleName, "cmdCancel_Click"}, [&] { form_->Unload(); });
+  reportingFailures(session_.reporter(), {moduleName, "cmdCancel_Click"}, [&] { form_->Unload(); });
 }
 
 void frmSonderkreise::Form_Unload() {

@@ -5,7 +5,7 @@
 
 #include <vexnumkr/database.h>
 
-#include "hosting/host_context.h"
+#include "hosting/session.h"
 #include "platform/forms.h"
 
 namespace vexnumkr {
@@ -15,7 +15,7 @@ namespace vexnumkr {
 /// record n of one recordset that stays open as long as the form.
 class frmSonderkreise final : private FormEvents {
  public:
-  explicit frmSonderkreise(HostContext& context);
+  explicit frmSonderkreise(Session& session);
   ~frmSonderkreise() override;
 
   Form& form() { return *form_; }
@@ -29,7 +29,7 @@ class frmSonderkreise final : private FormEvents {
   void cmdCancel_Click();
   void SaveSettings();
 
-  HostContext& context_;
+  Session& session_;
   std::unique_ptr<Form> form_;
   CheckList& lstSonderkreise_;
   std::unique_ptr<Recordset> records_;

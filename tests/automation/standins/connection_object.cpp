@@ -1,8 +1,8 @@
 #include "automation/standins/connection_object.h"
 
 #include <vexnumkr/adapters.h>
+#include <vexnumkr/connection_string.h>
 
-#include "adapters/qtsql/connection_string.h"
 #include "automation/standins/qt_application.h"
 #include "automation/standins/recordset_object.h"
 
@@ -13,10 +13,10 @@ using automation::Variant;
 namespace {
 
 std::string throughOdbc(const std::string& connectionString) {
-  qtsql::ConnectionSettings settings;
+  ConnectionSettings settings;
   settings.driver = "QODBC";
   settings.database = connectionString;
-  return qtsql::composeConnectionString(settings);
+  return composeConnectionString(settings);
 }
 
 std::string givenText(const Call& call, std::size_t index) {

@@ -1,6 +1,6 @@
 #include "automation/standins/qt_application.h"
 
-#include <QtCore/QCoreApplication>
+#include <QCoreApplication>
 
 #include "automation/standins/dispatch_object.h"
 

@@ -7,10 +7,10 @@
 // A button is named by its object name. It is clicked once its window is in front, the pointer is
 // not busy, and the program has nothing left to do; a window in front that lacks it ends the
 // program.
-#include <QtGui/QGenericPlugin>
-#include <QtTest/QTest>
-#include <QtWidgets/QAbstractButton>
-#include <QtWidgets/QApplication>
+#include <QAbstractButton>
+#include <QApplication>
+#include <QGenericPlugin>
+#include <QTest>
 
 #include "scenario/idle_pump.h"
 

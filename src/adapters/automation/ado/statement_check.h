@@ -10,8 +10,8 @@
 namespace vexnumkr::automation {
 
 /// How the engine behind a connection string reads a statement; none where the string does not
-/// tell, as with an ODBC data source that is only named. Providers and drivers for MariaDB and
-/// MySQL have backslash escapes, others have none.
+/// tell, as with an ODBC data source that is only named. A supported engine is taken in the mode
+/// that it has by itself; providers of other engines are read by what all of SQL has in common.
 std::optional<LexicalRules> lexicalRulesOf(std::string_view connectionString);
 
 /// Lets exactly one statement through, and only where it is clear what it says: where the engine is

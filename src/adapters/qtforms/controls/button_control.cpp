@@ -3,9 +3,9 @@
 #include <QKeyEvent>
 #include <QStyleOptionButton>
 
-#include "adapters/qtforms/access_key.h"
-#include "adapters/qtforms/guarded.h"
-#include "adapters/qtgrid/accessible/assistive_action.h"
+#include "adapters/qt/assistive_action.h"
+#include "adapters/qt/guarded.h"
+#include "adapters/qtforms/controls/access_key.h"
 
 namespace vexnumkr::qtforms {
 namespace {
@@ -47,7 +47,7 @@ ButtonControl::ButtonControl(const ControlDescription& description, QWidget& par
 void ButtonControl::OnClick(std::function<void()> handler) { handler_ = std::move(handler); }
 
 void ButtonControl::fit() {
-  widget_.setFont(fitted(widget_.font(), plainCaption(fromQt(widget_.text())),
+  widget_.setFont(fitted(widget_.font(), plainCaption(widget_.text().toStdString()),
                          widget_.width() - 2 * frameWidth));
 }
 

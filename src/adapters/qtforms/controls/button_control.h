@@ -3,8 +3,8 @@
 
 #include <QPushButton>
 
+#include "adapters/qtforms/controls/pending_edits.h"
 #include "adapters/qtforms/controls/widget_control.h"
-#include "adapters/qtforms/pending_edits.h"
 
 namespace vexnumkr::qtforms {
 

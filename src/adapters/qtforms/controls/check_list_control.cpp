@@ -2,8 +2,8 @@
 
 #include <QMouseEvent>
 
-#include "adapters/qtgrid/picture_art.h"
-#include "adapters/qtgrid/view/scroll_bar.h"
+#include "adapters/qt/picture_art.h"
+#include "adapters/qt/scroll_bar.h"
 
 namespace vexnumkr::qtforms {
 namespace {

@@ -1,9 +1,13 @@
 #include "adapters/qtforms/controls/combo_control.h"
 
 #include <QAbstractItemView>
+#include <QApplication>
+#include <QScreen>
+#include <QWheelEvent>
+#include <algorithm>
 
-#include "adapters/qtforms/guarded.h"
-#include "adapters/qtgrid/view/scroll_bar.h"
+#include "adapters/qt/guarded.h"
+#include "adapters/qt/scroll_bar.h"
 
 namespace vexnumkr::qtforms {
 
@@ -12,15 +16,34 @@ void DropDownList::showPopup() {
     hidePopup();
     return;
   }
-  view()->setMinimumWidth(view()->sizeHintForColumn(0) +
-                          view()->verticalScrollBar()->sizeHint().width());
+  const int wanted = view()->sizeHintForColumn(0) + view()->verticalScrollBar()->sizeHint().width();
+  view()->window()->installEventFilter(this);
+  view()->setMinimumWidth(std::min(wanted, screen()->availableGeometry().width()));
   QComboBox::showPopup();
+}
+
+// A list that opens right behind a message box hides from Qt that its window is active again; the
+// keys would go nowhere after it.
+bool DropDownList::eventFilter(QObject* receiver, QEvent* event) {
+  if (event->type() == QEvent::Hide && QApplication::activeWindow() == nullptr) {
+    window()->activateWindow();
+  }
+  return QComboBox::eventFilter(receiver, event);
+}
+
+void DropDownList::wheelEvent(QWheelEvent* event) {
+  if (hasFocus()) {
+    QComboBox::wheelEvent(event);
+  } else {
+    event->ignore();
+  }
 }
 
 ComboControl::ComboControl(const ControlDescription& description, QWidget& parent,
                            PendingEdits& edits)
     : WidgetControl(description, parent), edits_(edits) {
   widget_.watch(edits);
+  if (description.tabIndex >= 0) widget_.setFocusPolicy(Qt::StrongFocus);  // none by the wheel
   widget_.view()->setVerticalScrollBar(new ScrollBar(Qt::Vertical));
   QObject::connect(&widget_, &QComboBox::activated, &widget_,
                    [this](int index) { chosenByUser(index); });
@@ -40,7 +63,7 @@ std::int32_t ComboControl::ListCount() const { return widget_.count(); }
 
 std::string ComboControl::List(std::int32_t index) const {
   if (index < 0 || index >= widget_.count()) throw Error::invalidPropertyValue();
-  return fromQt(widget_.itemText(index));
+  return widget_.itemText(index).toStdString();
 }
 
 std::int32_t ComboControl::ListIndex() const { return chosen_; }
@@ -51,7 +74,7 @@ void ComboControl::ListIndex(std::int32_t index) {
   click();
 }
 
-std::string ComboControl::Text() const { return fromQt(widget_.itemText(chosen_)); }
+std::string ComboControl::Text() const { return widget_.itemText(chosen_).toStdString(); }
 
 void ComboControl::Text(const std::string& text) {
   const int index = widget_.findText(toQt(text), Qt::MatchExactly | Qt::MatchCaseSensitive);

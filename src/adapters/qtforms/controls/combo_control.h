@@ -3,13 +3,13 @@
 
 #include <QComboBox>
 
+#include "adapters/qtforms/controls/pending_edits.h"
 #include "adapters/qtforms/controls/widget_control.h"
-#include "adapters/qtforms/pending_edits.h"
 
 namespace vexnumkr::qtforms {
 
 /// A combo box whose list opens only when the form's open edits have been settled, and is then wide
-/// enough for its entries.
+/// enough for its entries, but no wider than the screen.
 class DropDownList final : public QComboBox {
  public:
   using QComboBox::QComboBox;
@@ -18,6 +18,11 @@ class DropDownList final : public QComboBox {
   void watch(PendingEdits& edits) { edits_ = &edits; }
 
   void showPopup() override;
+  bool eventFilter(QObject* receiver, QEvent* event) override;
+
+ protected:
+  /// The wheel chooses only where the keys do: whoever scrolls past must not change anything.
+  void wheelEvent(QWheelEvent* event) override;
 
  private:
   PendingEdits* edits_ = nullptr;

@@ -4,7 +4,7 @@
 #include <QShortcut>
 #include <QStyle>
 
-#include "adapters/qtforms/access_key.h"
+#include "adapters/qtforms/controls/access_key.h"
 
 namespace vexnumkr::qtforms {
 

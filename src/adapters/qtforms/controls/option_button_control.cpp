@@ -4,7 +4,7 @@
 #include <QStyleOptionButton>
 #include <QStylePainter>
 
-#include "adapters/qtgrid/picture_art.h"
+#include "adapters/qt/picture_art.h"
 
 namespace vexnumkr::qtforms {
 
@@ -48,7 +48,8 @@ void OptionButtonControl::fit() {
   option.initFrom(&widget_);
   const QRect contents =
       widget_.style()->subElementRect(QStyle::SE_RadioButtonContents, &option, &widget_);
-  widget_.setFont(fitted(widget_.font(), plainCaption(fromQt(widget_.text())), contents.width()));
+  widget_.setFont(
+      fitted(widget_.font(), plainCaption(widget_.text().toStdString()), contents.width()));
 }
 
 }  // namespace vexnumkr::qtforms

@@ -1,6 +1,6 @@
 #include "adapters/qtforms/controls/picture_holder_control.h"
 
-#include "adapters/qtgrid/picture_art.h"
+#include "adapters/qt/picture_art.h"
 
 namespace vexnumkr::qtforms {
 

@@ -4,9 +4,9 @@
 #include <QWidget>
 #include <string>
 
-#include "adapters/qtforms/fonts.h"
-#include "adapters/qtforms/text.h"
-#include "adapters/qtforms/units.h"
+#include "adapters/qt/fonts.h"
+#include "adapters/qt/text.h"
+#include "adapters/qt/units.h"
 #include "platform/forms.h"
 
 namespace vexnumkr::qtforms {

@@ -5,7 +5,7 @@
 #include <QWidget>
 #include <QWindow>
 
-#include "adapters/qtgrid/accessible/assistive_action.h"
+#include "adapters/qt/assistive_action.h"
 
 namespace vexnumkr::qtforms {
 namespace {

@@ -6,9 +6,9 @@
 #include <QVBoxLayout>
 #include <QWindow>
 
-#include "adapters/qtforms/fonts.h"
-#include "adapters/qtforms/text.h"
-#include "platform/progress.h"
+#include "adapters/qt/fonts.h"
+#include "adapters/qt/text.h"
+#include "platform/progress_display.h"
 
 namespace vexnumkr::qtforms {
 namespace {

@@ -6,7 +6,7 @@
 #include <optional>
 #include <utility>
 
-#include "adapters/qtforms/guarded.h"
+#include "adapters/qt/guarded.h"
 #include "adapters/qtforms/progress/input_shield.h"
 #include "adapters/qtforms/progress/progress_window.h"
 

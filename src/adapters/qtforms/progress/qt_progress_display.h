@@ -5,7 +5,7 @@
 #include <functional>
 #include <memory>
 
-#include "platform/progress.h"
+#include "platform/progress_display.h"
 
 namespace vexnumkr {
 

@@ -160,7 +160,8 @@ QStringList CellAccessible::keyBindingsForAction(const QString& name) const {
   if (!actionNames().contains(name) || name == Actions::setFocusAction()) return {};
   if (isGroup()) return {nativeKey(view().isOpen(item_) ? Qt::Key_Minus : Qt::Key_Plus)};
   if (isFirst()) return {nativeKey(Qt::Key_Space)};
-  return section_ == 1 ? QStringList{nativeKey(Qt::Key_F2)} : QStringList();
+  const bool byF2 = section_ == 1 && model().items().level(item_) > 0;  // not on a group
+  return byF2 ? QStringList{nativeKey(Qt::Key_F2)} : QStringList();
 }
 
 #if QT_VERSION >= QT_VERSION_CHECK(6, 8, 0)

@@ -3,7 +3,7 @@
 #include <QHeaderView>
 #include <algorithm>
 
-#include "adapters/qtgrid/accessible/assistive_action.h"
+#include "adapters/qt/assistive_action.h"
 #include "adapters/qtgrid/accessible/cell_accessible.h"
 #include "adapters/qtgrid/accessible/header_accessible.h"
 #include "adapters/qtgrid/accessible/picture_accessible.h"
@@ -16,7 +16,19 @@ namespace {
 constexpr int headerRow = -1;
 constexpr int pictureSection = -1;
 
+void announce(QAccessibleInterface* part, const QAccessible::State& changed) {
+  if (part == nullptr) return;
+  QAccessibleStateChangeEvent event(part, changed);
+  QAccessible::updateAccessibility(&event);
+}
+
 }  // namespace
+
+// Qt asks no factory for an object whose interface it has, so that nothing of the host's
+// application has to be changed.
+void makeAccessible(GridView& view) {
+  QAccessible::registerAccessibleInterface(new GridAccessible(view));
+}
 
 GridAccessible::GridAccessible(GridView& view) : QAccessibleWidget(&view, QAccessible::Tree) {}
 
@@ -62,17 +74,27 @@ void* GridAccessible::interface_cast(QAccessible::InterfaceType type) {
   return QAccessibleWidget::interface_cast(type);
 }
 
-int GridAccessible::childCount() const { return (rowCount() + 1) * columnCount(); }
+int GridAccessible::partCount() const { return (rowCount() + 1) * columnCount(); }
+
+int GridAccessible::childCount() const { return partCount() + (editorPlace() ? 1 : 0); }
+
+// An open editor stands in the viewport, which is no child otherwise.
+QAccessibleInterface* GridAccessible::editorPlace() const {
+  if (view().focusProxy() == nullptr) return nullptr;
+  return QAccessible::queryAccessibleInterface(view().viewport());
+}
 
 // Parts are made on demand, which no caller can tell from their having been there all the time.
 QAccessibleInterface* GridAccessible::child(int index) const {
-  if (index < 0 || index >= childCount()) return nullptr;
+  if (index == partCount()) return editorPlace();
+  if (index < 0 || index > partCount()) return nullptr;
   auto& self = const_cast<GridAccessible&>(*this);
   if (index < columnCount()) return self.header(index);
   return cellAt(index / columnCount() - 1, index % columnCount());
 }
 
 int GridAccessible::indexOfChild(const QAccessibleInterface* child) const {
+  if (child != nullptr && child == editorPlace()) return partCount();
   const auto* part = dynamic_cast<const GridPart*>(child);
   return part != nullptr && part->parent() == this ? part->indexInGrid() : -1;
 }
@@ -87,6 +109,8 @@ QAccessibleInterface* GridAccessible::childAt(int x, int y) const {
   }
   const QPoint inCells = view().viewport()->mapFromGlobal(point);
   if (!view().viewport()->rect().contains(inCells)) return nullptr;
+  const QWidget* editor = view().focusProxy();
+  if (editor != nullptr && editor->geometry().contains(inCells)) return editorPlace();
   const GridHit hit = view().hitTest(inCells);
   return self.cell(hit.item, view().gridModel().sectionOf(hit.column));
 }
@@ -161,6 +185,36 @@ bool GridAccessible::unselectRow(int row) {
 // Cells are known by their place, so that changed contents leave them good.
 void GridAccessible::modelChange(QAccessibleTableModelChangeEvent* event) {
   if (event->modelChangeType() != QAccessibleTableModelChangeEvent::DataChanged) forgetParts();
+}
+
+void GridAccessible::expansionChanged(int item) {
+  QAccessible::State changed;
+  changed.expanded = true;
+  changed.collapsed = true;
+  announce(cell(item, 0), changed);
+  QAccessibleTableModelChangeEvent rows(&view(), QAccessibleTableModelChangeEvent::ModelReset);
+  QAccessible::updateAccessibility(&rows);
+}
+
+void GridAccessible::checkChanged(int item) {
+  QAccessible::State changed;
+  changed.checked = true;
+  announce(cell(item, 0), changed);
+  announce(picture(item), changed);
+}
+
+void GridAccessible::textChanged(int item, int section) {
+  QAccessibleInterface* const changed = cell(item, section);
+  QAccessibleEvent named(changed, QAccessible::NameChanged);
+  QAccessible::updateAccessibility(&named);
+  if (section == 0) return;
+  QAccessibleValueChangeEvent valued(changed, changed->text(QAccessible::Value));
+  QAccessible::updateAccessibility(&valued);
+}
+
+void GridAccessible::focusMoved(int item, int section) {
+  QAccessibleEvent event(cell(item, section), QAccessible::Focus);
+  QAccessible::updateAccessibility(&event);
 }
 
 }  // namespace vexnumkr

@@ -4,17 +4,24 @@
 #include <QAccessibleWidget>
 #include <QHash>
 
+#include "adapters/qtgrid/view/grid_announcer.h"
+
 namespace vexnumkr {
 
 class GridView;
 
+/// Lets assistive technology see `view` as a grid. REQUIRES: not done before.
+void makeAccessible(GridView& view);
+
 /// The children are the headers and then the cells, row by row, in the order in which Qt's own item
 /// views number them in their events. Rows are those that are shown: children of collapsed groups
-/// are none.
+/// are none. While a cell is edited, one more child follows, in which the editor stands.
 ///
 /// Belongs to Qt, which deletes it with its view. Its parts are made when they are asked for, and
 /// are good until the structure of the list changes.
-class GridAccessible final : public QAccessibleWidget, public QAccessibleTableInterface {
+class GridAccessible final : public QAccessibleWidget,
+                             public QAccessibleTableInterface,
+                             public GridAnnouncer {
  public:
   explicit GridAccessible(GridView& view);
   ~GridAccessible() override;
@@ -61,10 +68,17 @@ class GridAccessible final : public QAccessibleWidget, public QAccessibleTableIn
   bool unselectColumn(int) override { return false; }
   void modelChange(QAccessibleTableModelChangeEvent* event) override;
 
+  void expansionChanged(int item) override;
+  void checkChanged(int item) override;
+  void textChanged(int item, int section) override;
+  void focusMoved(int item, int section) override;
+
  private:
   template <class Make>
   QAccessibleInterface* part(int item, int section, Make make);
   int itemAt(int row) const;
+  int partCount() const;
+  QAccessibleInterface* editorPlace() const;
   void forgetParts();
 
   QHash<QPair<int, int>, QAccessible::Id> parts_;  // by item and section

@@ -1,6 +1,6 @@
 #include "adapters/qtgrid/accessible/grid_part.h"
 
-#include "adapters/qtgrid/accessible/assistive_action.h"
+#include "adapters/qt/assistive_action.h"
 
 namespace vexnumkr {
 

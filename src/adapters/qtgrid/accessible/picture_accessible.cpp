@@ -2,7 +2,7 @@
 
 #include <QKeySequence>
 
-#include "adapters/qtgrid/picture_art.h"
+#include "adapters/qt/picture_art.h"
 
 namespace vexnumkr {
 
@@ -34,6 +34,7 @@ QAccessible::State PictureAccessible::state() const {
   if (state.invalid) return state;
   state.checkable = true;
   state.checked = isChecked();
+  state.disabled = model().isInert(item_);
   state.offscreen = !view().viewport()->rect().intersects(view().pictureArea(item_));
   return state;
 }

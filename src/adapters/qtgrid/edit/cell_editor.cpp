@@ -1,12 +1,16 @@
 #include "adapters/qtgrid/edit/cell_editor.h"
 
+#include <QClipboard>
 #include <QContextMenuEvent>
+#include <QGuiApplication>
 #include <QKeyEvent>
+#include <QMimeData>
 #include <QPainter>
+#include <QRegularExpression>
 
+#include "adapters/qt/device_pixels.h"
 #include "adapters/qtgrid/edit/edit_menu.h"
 #include "adapters/qtgrid/view/cell_layout.h"
-#include "adapters/qtgrid/view/device_pixels.h"
 #include "adapters/qtgrid/view/grid_colours.h"
 
 namespace vexnumkr {
@@ -18,6 +22,15 @@ bool isEditorKey(int key) {
   return key == Qt::Key_Escape || key == Qt::Key_Return || key == Qt::Key_Enter ||
          key == Qt::Key_Tab || key == Qt::Key_Backtab || key == Qt::Key_Left ||
          key == Qt::Key_Right;
+}
+
+QString clipboardText(QClipboard::Mode mode) { return QGuiApplication::clipboard()->text(mode); }
+
+// What the keys of X11 paste: the selection with both modifiers, else the clipboard.
+QClipboard::Mode pastedBy(const QKeyEvent& key) {
+  const bool both = key.modifiers().testFlags(Qt::ControlModifier | Qt::ShiftModifier);
+  return both && QGuiApplication::clipboard()->supportsSelection() ? QClipboard::Selection
+                                                                   : QClipboard::Clipboard;
 }
 
 }  // namespace
@@ -48,25 +61,53 @@ bool CellEditor::event(QEvent* event) {
       return QLineEdit::event(event);
     }
   } else if (listener_ == nullptr || !listener_->editorKeyPressed(key)) {
-    QLineEdit::keyPressEvent(&key);
+    if (key.matches(QKeySequence::Paste)) {
+      pasteLine(clipboardText(pastedBy(key)));
+    } else {
+      QLineEdit::keyPressEvent(&key);
+    }
   }
   event->accept();
   return true;
 }
 
+// Whoever copies a cell of a table or a line of a letter takes its line end along.
+void CellEditor::pasteLine(const QString& copied) {
+  static const QRegularExpression breaks(
+      QStringLiteral("[ \\t]*[\\r\\n\\t\\x{2028}\\x{2029}]+[ \\t]*"));
+  beginUndoStep();
+  insert(copied.trimmed().replace(breaks, QStringLiteral(" ")));
+  beginUndoStep();
+}
+
+// Nothing else but these ends a step of what Undo takes back without changing the text.
+void CellEditor::beginUndoStep() {
+  if (text().isEmpty()) return clear();
+  if (hasSelectedText()) return;  // replacing it is a step of its own
+  const int caret = cursorPosition();
+  setCursorPosition(caret == 0 ? 1 : 0);
+  setCursorPosition(caret);
+}
+
+void CellEditor::mouseReleaseEvent(QMouseEvent* event) {
+  const bool pastes =
+      event->button() == Qt::MiddleButton && QGuiApplication::clipboard()->supportsSelection();
+  if (!pastes) return QLineEdit::mouseReleaseEvent(event);
+  setCursorPosition(cursorPositionAt(event->position().toPoint()));
+  pasteLine(clipboardText(QClipboard::Selection));
+}
+
+void CellEditor::dropEvent(QDropEvent* event) {
+  if (event->source() == this) return QLineEdit::dropEvent(event);
+  setCursorPosition(cursorPositionAt(event->position().toPoint()));
+  pasteLine(event->mimeData()->text());
+  event->acceptProposedAction();
+}
+
 void CellEditor::paintEvent(QPaintEvent* event) {
   QLineEdit::paintEvent(event);
   QPainter painter(this);
-  const QColor colour = palette().color(QPalette::Highlight);
-  const QRectF frame = onDevicePixels(painter, rect());
-  const qreal line = thinLine(painter);
-  // Filled, because a thin pen loses edges at fractional device pixel ratios.
-  const QRectF across(0, 0, frame.width(), line);
-  const QRectF down(0, 0, line, frame.height());
-  painter.fillRect(across.translated(frame.topLeft()), colour);
-  painter.fillRect(across.translated(frame.left(), frame.bottom() - line), colour);
-  painter.fillRect(down.translated(frame.topLeft()), colour);
-  painter.fillRect(down.translated(frame.right() - line, frame.top()), colour);
+  paintFrame(painter, rect(), thinLine(painter), palette().color(QPalette::Highlight));
 }
 
 void CellEditor::contextMenuEvent(QContextMenuEvent* event) {

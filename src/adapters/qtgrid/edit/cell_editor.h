@@ -30,13 +30,20 @@ class CellEditor : public QLineEdit {
   /// Makes selected text legible on the selection of `palette`; all else follows the grid by
   /// itself.
   void useSelectionOf(const QPalette& palette);
+  /// Inserts a copied text as one line: without blanks around it, line breaks and tabs in it as
+  /// blanks.
+  void pasteLine(const QString& copied);
 
  protected:
   bool event(QEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void dropEvent(QDropEvent* event) override;
   void contextMenuEvent(QContextMenuEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
 
  private:
+  void beginUndoStep();
+
   CellEditorListener* listener_ = nullptr;
 };
 

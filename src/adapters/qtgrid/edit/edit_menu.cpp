@@ -3,8 +3,9 @@
 #include <QAction>
 #include <QClipboard>
 #include <QGuiApplication>
-#include <QLineEdit>
 #include <QMenu>
+
+#include "adapters/qtgrid/edit/cell_editor.h"
 
 namespace vexnumkr {
 namespace {
@@ -18,9 +19,10 @@ bool canPaste() { return !QGuiApplication::clipboard()->text().isEmpty(); }
 
 }  // namespace
 
-void openEditMenu(QLineEdit& edit, const QPoint& position) {
+void openEditMenu(CellEditor& edit, const QPoint& position) {
   auto* menu = new QMenu(&edit);
   menu->setAttribute(Qt::WA_DeleteOnClose);
+  menu->setFont(edit.font());
   const auto add = [&](const QString& text, bool enabled, auto command) {
     menu->addAction(text, &edit, command)->setEnabled(enabled);
   };
@@ -30,7 +32,8 @@ void openEditMenu(QLineEdit& edit, const QPoint& position) {
   menu->addSeparator();
   add(label("&Ausschneiden", "Strg+X"), selected, &QLineEdit::cut);
   add(label("&Kopieren", "Strg+C"), selected, &QLineEdit::copy);
-  add(label("&Einfügen", "Strg+V"), canPaste(), &QLineEdit::paste);
+  add(label("&Einfügen", "Strg+V"), canPaste(),
+      [&edit] { edit.pasteLine(QGuiApplication::clipboard()->text()); });
   add(label("&Löschen", "Entf"), selected, [&edit] { edit.del(); });
   menu->addSeparator();
   add(label("Alles &markieren", "Strg+A"), edit.selectedText() != edit.text(),

@@ -1,11 +1,12 @@
 #include "adapters/qtgrid/edit/grid_edit.h"
 
+#include <QAccessible>
 #include <QKeyEvent>
 #include <QScopedValueRollback>
 
-#include "adapters/qtgrid/key_codes.h"
-#include "adapters/qtgrid/plain_text.h"
-#include "adapters/qtgrid/raise_event.h"
+#include "adapters/qt/guarded.h"
+#include "adapters/qt/key_codes.h"
+#include "adapters/qt/text.h"
 
 namespace vexnumkr {
 
@@ -34,10 +35,11 @@ bool GridEdit::isAt(int item, int column) const {
 void GridEdit::open(int item, int column) {
   GridModel& model = view_.gridModel();
   const int section = model.sectionOf(column);
+  const bool hadFocus = editor_->hasFocus();
   editor_->setAlignment(model.alignmentOf(section));
   editor_->useSelectionOf(view_.palette());
   editor_->setAccessibleName(view_.pathOf(item, section));
-  editor_->setText(toQString(model.items().text(item, column)));
+  editor_->setText(toQt(model.items().text(item, column)));
   session_ = Session{item, static_cast<std::int16_t>(column), editor_->text()};
   ++serial_;
   layOut();
@@ -45,7 +47,14 @@ void GridEdit::open(int item, int column) {
   view_.setFocusProxy(editor_);  // a focus given to the grid belongs to its editor
   editor_->selectAll();
   takeFocus();
+  if (hadFocus) announceFocus();
   view_.viewport()->update();
+}
+
+// Going from cell to cell, the focus stays in the one editor: nobody would notice.
+void GridEdit::announceFocus() {
+  QAccessibleEvent event(editor_.data(), QAccessible::Focus);
+  QAccessible::updateAccessibility(&event);
 }
 
 void GridEdit::takeFocus() { editor_->setFocus(Qt::OtherFocusReason); }
@@ -65,6 +74,8 @@ void GridEdit::reveal() {
   if (session_) view_.reveal(session_->item, session_->column);
 }
 
+void GridEdit::enter(const QString& text) { editor_->setText(text); }
+
 bool GridEdit::end(bool keepText) {
   if (!session_) return true;
   if (ending_ && keepText) return false;
@@ -79,12 +90,12 @@ bool GridEdit::offerText() {
   const Session session = *session_;
   bool cancel = false;
   std::string text = editor_->text().toStdString();
-  const bool returned = events_ == nullptr || raiseEvent([&] {
+  const bool returned = events_ == nullptr || guarded("AfterEdit", [&] {
                           events_->AfterEdit(session.item, session.column, cancel, text);
                         });
   if (serial_ != serial) return !session_;
   if (cancel && returned) {
-    refuse(toQString(text));
+    refuse(toQt(text));
     return false;
   }
   view_.gridModel().setText(session.item, session.column, text);
@@ -99,10 +110,16 @@ void GridEdit::refuse(const QString& text) {
 }
 
 void GridEdit::close() {
-  const bool hadFocus = view_.window()->focusWidget() == editor_;
   session_.reset();
   ++serial_;
   view_.setFocusProxy(nullptr);
+  // A key that ends the edit of one cell may open that of the next: until its handler is through,
+  // the focus waits, lest screen readers read the row and the grid in between.
+  if (!handlingKey_) leave();
+}
+
+void GridEdit::leave() {
+  const bool hadFocus = view_.window()->focusWidget() == editor_;
   if (hadFocus) view_.setFocus(Qt::OtherFocusReason);  // before hiding, which would pass it on
   editor_->hide();
   view_.viewport()->update();
@@ -115,8 +132,10 @@ bool GridEdit::editorKeyPressed(const QKeyEvent& event) {
   std::int16_t key = keyCode(event);
   const std::int16_t shift = keyShift(event);
   if (events_ != nullptr) {
-    raiseEvent([&] { events_->CEKeyDown(key, shift, session.item, session.column); });
+    const QScopedValueRollback<bool> handling(handlingKey_, true);
+    guarded("CEKeyDown", [&] { events_->CEKeyDown(key, shift, session.item, session.column); });
   }
+  if (!session_ && editor_) leave();
   if (serial_ != serial || key == 0) return true;
   return endByKey(key, shift);
 }

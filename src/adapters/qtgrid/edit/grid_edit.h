@@ -33,6 +33,8 @@ class GridEdit : private CellEditorListener {
   bool isAt(int item, int column) const;
   /// REQUIRES: none is open; the cell is shown.
   void open(int item, int column);
+  /// Puts `text` in the place of the editor's. REQUIRES: one is open.
+  void enter(const QString& text);
   /// See TreeGrid::EndEdit.
   bool end(bool keepText);
   /// Puts the editor where its cell is now.
@@ -53,6 +55,8 @@ class GridEdit : private CellEditorListener {
   bool offerText();
   void refuse(const QString& text);
   void close();
+  void leave();
+  void announceFocus();
 
   GridView& view_;
   QPointer<CellEditor> editor_;  // owned by the viewport
@@ -61,6 +65,7 @@ class GridEdit : private CellEditorListener {
   std::uint32_t serial_ =
       0;  // counts openings and closings, so that a handler's doings are noticed
   bool ending_ = false;
+  bool handlingKey_ = false;
   bool layingOut_ = false;
 };
 

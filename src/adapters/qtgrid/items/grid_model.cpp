@@ -4,7 +4,7 @@
 
 #include <vexnumkr/error.h>
 
-#include "adapters/qtgrid/picture_art.h"
+#include "adapters/qt/picture_art.h"
 
 namespace vexnumkr {
 
@@ -168,6 +168,11 @@ Qt::Alignment GridModel::alignmentOf(int section) const {
   return Qt::AlignVCenter | (column.alignment == Alignment::Right ? Qt::AlignRight : Qt::AlignLeft);
 }
 
+bool GridModel::standsApart(int section) const {
+  return section > 0 && alignmentOf(section).testFlag(Qt::AlignLeft) &&
+         alignmentOf(section - 1).testFlag(Qt::AlignRight);
+}
+
 bool GridModel::isEditable(int section) const {
   return columns_[static_cast<std::size_t>(columnOf(section))].editable;
 }
@@ -250,6 +255,11 @@ QVariant GridModel::checkState(int item) const {
     default:
       return {};
   }
+}
+
+bool GridModel::isInert(int item) const {
+  const PictureKind kind = pictureKind(items_.picture(item));
+  return !acceptsChoices_ && (kind == PictureKind::OptionOn || kind == PictureKind::OptionOff);
 }
 
 QString GridModel::pictureText(int item) const {

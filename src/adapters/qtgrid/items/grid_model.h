@@ -46,6 +46,14 @@ class GridModel : public QAbstractItemModel {
   int sectionOf(int column) const;
   Qt::Alignment alignmentOf(int section) const;
   bool isEditable(int section) const;
+  /// Whether an editable section's cells take entries just now.
+  bool takesEntries(int section) const { return acceptsEntries_ && isEditable(section); }
+  void acceptEntries(bool accepts) { acceptsEntries_ = accepts; }
+  /// Whether the item's picture is an option button that cannot be chosen just now.
+  bool isInert(int item) const;
+  void acceptChoices(bool accepts) { acceptsChoices_ = accepts; }
+  /// Whether its texts begin where those of the section before end.
+  bool standsApart(int section) const;
   /// Qt::Checked or Qt::Unchecked, as the item's picture says; invalid for one that says neither.
   QVariant checkState(int item) const;
   /// What the item's picture says, in words; empty for an item without a picture.
@@ -73,6 +81,8 @@ class GridModel : public QAbstractItemModel {
   std::vector<ColumnDescription> columns_;
   std::vector<int> shown_;  // the grid columns by section
   GridItems items_;
+  bool acceptsEntries_ = true;
+  bool acceptsChoices_ = true;
   int updateDepth_ = 0;
   bool resetting_ = false;
   int firstChanged_ = -1;  // the items whose cells have changed during an update

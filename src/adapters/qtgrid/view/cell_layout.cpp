@@ -3,8 +3,8 @@
 #include <QFontMetrics>
 #include <algorithm>
 
-#include "adapters/qtgrid/picture_art.h"
-#include "adapters/qtgrid/view/device_pixels.h"
+#include "adapters/qt/device_pixels.h"
+#include "adapters/qt/picture_art.h"
 
 namespace vexnumkr {
 namespace {
@@ -27,6 +27,7 @@ int rowHeight(const QFontMetrics& metrics, qreal devicePixelRatio) {
 CellLayout layOutCell(const QRect& cell, const CellShape& shape, const QFontMetrics& metrics) {
   const QRect inside = cell.adjusted(0, 0, 0, -ruleSpace);
   CellLayout layout{cell, {}, {}, inside.adjusted(cellPadding, 0, -cellPadding, 0)};
+  if (shape.apart) layout.text.setLeft(layout.text.left() + apartPadding);
   if (!shape.first) return layout;
   layout.branch = QRect(inside.left() + 1, inside.top(), treeIndentation, inside.height());
   layout.text.setLeft(layout.branch.right() + 1 + treeGap + shape.depth * childIndentation);

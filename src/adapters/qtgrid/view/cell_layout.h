@@ -20,10 +20,13 @@ struct CellShape {
   bool first = false;  ///< whether it stands in the first section, with the tree
   int depth = 0;       ///< in the tree, from 0
   bool hasPicture = false;
+  bool apart = false;  ///< whether texts to the left end where its own begin
 };
 
 /// The space to the left and right of a cell's text.
 inline constexpr int cellPadding = 5;
+/// What a left-aligned column that stands behind a right-aligned one leaves in addition.
+inline constexpr int apartPadding = 8;
 /// The space of a group's arrow, which every item leaves.
 inline constexpr int treeIndentation = 15;
 /// By how much further a child is indented than its group.

@@ -10,6 +10,7 @@
 #include <QPalette>
 #include <optional>
 
+#include "adapters/qt/colours.h"
 #include "platform/tree_grid.h"
 
 namespace vexnumkr {
@@ -19,23 +20,17 @@ struct CellColours {
   QColor text;
 };
 
-/// The contrast that makes a text legible (level AA of the WCAG).
-inline constexpr float legibleContrast = 4.5F;
-
-/// The contrast of two colours, from 1 to 21, as the WCAG reckons it.
-float contrast(const QColor& one, const QColor& other);
-
 /// The colours of a cell with a background of its own, its text legible on it; nothing for
 /// gridDefaultColour and for system colours that have no counterpart.
 std::optional<CellColours> cellColours(GridColour background, const QPalette& palette);
+
+/// `text` closer to the `ground` that it stands on, as far as it stays legible.
+QColor mutedText(const QColor& text, const QColor& ground);
 
 /// The palette's colours of what is selected, the background deepened as far as the text needs to
 /// be legible.
 CellColours selectionColours(const QPalette& palette);
 /// A tint of them, for a selection in something that the keys do not go to.
 CellColours restingSelectionColours(const QPalette& palette);
-
-/// From `ground` towards `ink` by `share`, 0 to 1.
-QColor blended(const QColor& ground, const QColor& ink, float share);
 
 }  // namespace vexnumkr

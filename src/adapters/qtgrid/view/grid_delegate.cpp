@@ -3,12 +3,14 @@
 #include <QPainter>
 #include <QWidget>
 
-#include "adapters/qtgrid/picture_art.h"
-#include "adapters/qtgrid/view/device_pixels.h"
+#include "adapters/qt/device_pixels.h"
+#include "adapters/qt/picture_art.h"
 #include "adapters/qtgrid/view/grid_colours.h"
 
 namespace vexnumkr {
 namespace {
+
+constexpr qreal inertOpacity = 0.5;
 
 void paintArrow(QPainter* painter, const QRect& area, const QStyleOptionViewItem& option) {
   if (!option.state.testFlag(QStyle::State_Children)) return;
@@ -25,6 +27,13 @@ void recolour(QStyleOptionViewItem& option, const CellColours& colours) {
   option.palette.setColor(QPalette::WindowText, colours.text);
 }
 
+void mute(QStyleOptionViewItem& option) {
+  if (option.state.testFlag(QStyle::State_Selected)) return;
+  const QColor text = option.palette.color(QPalette::Text);
+  const QColor ground = option.palette.color(QPalette::Base);
+  option.palette.setColor(QPalette::Text, mutedText(text, ground));
+}
+
 }  // namespace
 
 void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
@@ -37,14 +46,21 @@ void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
       recolour(cell, *colours);
     }
   }
+  if (isReadOnly(index)) mute(cell);
   const CellLayout parts = layout(index, option.rect, option.fontMetrics);
   if (index.column() == 0) paintArrow(painter, parts.branch, cell);
   if (!parts.picture.isEmpty()) {
-    const auto kind = pictureKind(model_.items().picture(GridModel::itemOf(index)));
+    const int item = GridModel::itemOf(index);
     // The picture has a ground of its own and keeps the grid's colours on a selected row.
-    paintPicture(*painter, parts.picture, kind, option.widget->palette());
+    paintPicture(*painter, parts.picture, pictureKind(model_.items().picture(item)),
+                 option.widget->palette(), model_.isInert(item) ? inertOpacity : 1.0);
   }
   paintText(painter, parts.text, cell, index);
+}
+
+// Cells that could take entries, but do not in this view of the list.
+bool GridDelegate::isReadOnly(const QModelIndex& index) const {
+  return model_.isEditable(index.column()) && !model_.takesEntries(index.column());
 }
 
 void GridDelegate::paintText(QPainter* painter, const QRect& area,
@@ -80,7 +96,8 @@ CellLayout GridDelegate::layout(const QModelIndex& index, const QRect& cell,
                                 const QFontMetrics& metrics) const {
   const int item = GridModel::itemOf(index);
   const CellShape shape{index.column() == 0, index.parent().isValid() ? 1 : 0,
-                        model_.items().picture(item) != noPicture};
+                        model_.items().picture(item) != noPicture,
+                        model_.standsApart(index.column())};
   return layOutCell(cell, shape, metrics);
 }
 

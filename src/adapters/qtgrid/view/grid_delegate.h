@@ -30,6 +30,7 @@ class GridDelegate : public QStyledItemDelegate {
   bool fits(const QModelIndex& index, const QRect& cell, const QFont& font) const;
 
  private:
+  bool isReadOnly(const QModelIndex& index) const;
   CellStyle styleOf(const QModelIndex& index) const;
   QString textOf(const QModelIndex& index) const;
   void paintText(QPainter* painter, const QRect& area, const QStyleOptionViewItem& option,

@@ -6,7 +6,8 @@
 
 namespace vexnumkr {
 
-GridHeader::GridHeader(QWidget* parent) : QHeaderView(Qt::Horizontal, parent) {
+GridHeader::GridHeader(const GridModel& model, QWidget* parent)
+    : QHeaderView(Qt::Horizontal, parent), model_(model) {
   setSectionsMovable(false);
   setSectionsClickable(false);
   setHighlightSections(false);
@@ -25,7 +26,8 @@ void GridHeader::paintSection(QPainter* painter, const QRect& rect, int section)
   option.rect = rect;
   painter->save();
   style()->drawControl(QStyle::CE_HeaderSection, &option, painter, this);
-  const QRect area = rect.adjusted(cellPadding, 0, -cellPadding, 0);
+  const int left = cellPadding + (model_.standsApart(section) ? apartPadding : 0);
+  const QRect area = rect.adjusted(left, 0, -cellPadding, 0);
   const QString text = fontMetrics().elidedText(option.text, Qt::ElideRight, area.width());
   painter->setFont(font());
   painter->setPen(option.palette.color(QPalette::ButtonText));

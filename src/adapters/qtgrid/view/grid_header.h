@@ -3,6 +3,8 @@
 
 #include <QHeaderView>
 
+#include "adapters/qtgrid/items/grid_model.h"
+
 namespace vexnumkr {
 
 /// As high as a row and with the same space beside the texts, so that they stand in line with their
@@ -11,11 +13,15 @@ class GridHeader : public QHeaderView {
   Q_OBJECT
 
  public:
-  explicit GridHeader(QWidget* parent);
+  /// `model` is borrowed and outlives this.
+  GridHeader(const GridModel& model, QWidget* parent);
   QSize sizeHint() const override;
 
  protected:
   void paintSection(QPainter* painter, const QRect& rect, int section) const override;
+
+ private:
+  const GridModel& model_;
 };
 
 }  // namespace vexnumkr

@@ -10,8 +10,8 @@
 #include <cmath>
 #include <utility>
 
+#include "adapters/qt/scroll_bar.h"
 #include "adapters/qtgrid/view/grid_header.h"
-#include "adapters/qtgrid/view/scroll_bar.h"
 
 namespace vexnumkr {
 
@@ -21,11 +21,11 @@ GridView::GridView(const std::vector<ColumnDescription>& columns, QWidget* paren
       delegate_(new GridDelegate(*model_, this)) {
   for (const ColumnDescription& column : columns) widths_.push_back(column.width);
   setUpLook();
-  setHeader(new GridHeader(this));
+  setHeader(new GridHeader(*model_, this));
   setItemDelegate(delegate_);
   setModel(model_);
   setUpHeader();
-  makeAccessible();
+  followShownItems();
   connect(this, &QTreeView::collapsed, this, &GridView::adopt);
   connect(
       model_, &QAbstractItemModel::rowsMoved, this,
@@ -83,6 +83,7 @@ void GridView::reveal(int item, std::optional<int> column) {
   if (!index.isValid()) return;
   if (index.parent().isValid()) expand(index.parent());
   const int left = horizontalScrollBar()->value();
+  if (index.row() == 0 && index.parent().isValid()) scrollTo(index.parent());  // its heading
   scrollTo(index);
   if (!column) horizontalScrollBar()->setValue(left);
 }
@@ -219,7 +220,7 @@ GridHit GridView::hitTest(const QPoint& position) const {
   if (!parts.picture.isEmpty() && x >= parts.picture.left() - margin &&
       x <= parts.picture.right() + margin) {
     hit.area = GridArea::Picture;
-  } else if (x >= parts.text.left() - cellPadding) {
+  } else if (index.column() > 0 || x >= parts.text.left() - cellPadding) {
     hit.area = GridArea::Cell;
   } else {
     hit.onArrow = parts.branch.contains(position) && model_->hasChildren(model_->indexOf(hit.item));
@@ -235,7 +236,34 @@ bool GridView::event(QEvent* event) {
   }
   // The height of rows depends on the screen's device pixels.
   if (event->type() == QEvent::ScreenChangeInternal) scheduleDelayedItemsLayout();
-  return QTreeView::event(event);
+  const bool used = QTreeView::event(event);
+  if (event->type() == QEvent::Paint && hasKeys()) paintFocus();
+  return used;
+}
+
+// Where no item is current yet, the keys go to where they would lead from the top of the list;
+// those that lead from one item to another by its side lead nowhere.
+void GridView::enterByKey(int key) {
+  const std::vector<int>& items = shownItems();
+  if (items.empty()) return;
+  switch (key) {
+    case Qt::Key_Down:
+    case Qt::Key_Home:
+      return chooseByKey(items.front());
+    case Qt::Key_End:
+      return chooseByKey(items.back());
+    case Qt::Key_PageDown: {
+      const QModelIndex lowest = indexAt(QPoint(0, viewport()->height() - 1));
+      return chooseByKey(lowest.isValid() ? GridModel::itemOf(lowest) : items.back());
+    }
+    default:
+      return;
+  }
+}
+
+void GridView::chooseByKey(int item) {
+  setCurrentItem(item);
+  reveal(item);
 }
 
 // Keys that do not move within the grid belong to the form: none searches, selects or edits here.
@@ -252,7 +280,7 @@ void GridView::keyPressEvent(QKeyEvent* event) {
     case Qt::Key_Plus:
     case Qt::Key_Minus:
     case Qt::Key_Asterisk:
-      return QTreeView::keyPressEvent(event);
+      return currentIndex().isValid() ? QTreeView::keyPressEvent(event) : enterByKey(event->key());
     default:
       if (event->matches(QKeySequence::Copy)) return QTreeView::keyPressEvent(event);
       event->ignore();
@@ -262,21 +290,38 @@ void GridView::keyPressEvent(QKeyEvent* event) {
 // Leaves out the base class, which would choose a current item.
 void GridView::focusInEvent(QFocusEvent* event) {
   QAbstractScrollArea::focusInEvent(event);
+  update();
   viewport()->update();
-  announceCurrent();
+  // Behind the news that the grid has the focus, which Qt spreads after this.
+  QMetaObject::invokeMethod(this, &GridView::announceCurrent, Qt::QueuedConnection);
+}
+
+void GridView::focusOutEvent(QFocusEvent* event) {
+  QTreeView::focusOutEvent(event);
+  update();
 }
 
 void GridView::mousePressEvent(QMouseEvent* event) {
   event->accept();
-  const GridHit hit = hitTest(event->position().toPoint());
-  if (listener_ != nullptr) listener_->pressed(hit, event->button());
+  if (event->button() == Qt::LeftButton) tellPressed(*event);
+}
+
+void GridView::tellPressed(const QMouseEvent& event) {
+  const GridHit hit = hitTest(event.position().toPoint());
+  if (listener_ != nullptr) listener_->pressed(hit, event.button());
 }
 
 void GridView::mouseDoubleClickEvent(QMouseEvent* event) { mousePressEvent(event); }
 
 void GridView::mouseMoveEvent(QMouseEvent* event) { event->accept(); }
 
-void GridView::mouseReleaseEvent(QMouseEvent* event) { event->accept(); }
+// The other buttons count when they are released: a message box that answers the click could not
+// be worked while one of them is held down.
+void GridView::mouseReleaseEvent(QMouseEvent* event) {
+  event->accept();
+  const bool inside = viewport()->rect().contains(event->position().toPoint());
+  if (event->button() != Qt::LeftButton && inside) tellPressed(*event);
+}
 
 void GridView::resizeEvent(QResizeEvent* event) {
   QTreeView::resizeEvent(event);
@@ -300,7 +345,9 @@ void GridView::updateGeometries() {
 }
 
 void GridView::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
-  QTreeView::currentChanged(current, previous);
+  // Leaves out the class between, which would tell of a focus that may be in the editor.
+  QAbstractItemView::currentChanged(current, previous);
+  announceCurrent();
   if (listener_ == nullptr) return;
   listener_->currentItemChanged(current.isValid() ? GridModel::itemOf(current) : -1);
 }

@@ -11,6 +11,8 @@
 
 namespace vexnumkr {
 
+class GridAnnouncer;
+
 /// What lies under a point of the grid. `item` is -1 where there is none.
 struct GridHit {
   int item = -1;
@@ -56,7 +58,7 @@ class GridView : public QTreeView {
   void restoreCurrentItem(int item);
   void selectItem(int item, bool selected);
   /// Expands the item's group and scrolls as little as it takes to show the item, or the cell when
-  /// a column is given.
+  /// a column is given; the first of a group brings the group into sight too.
   void reveal(int item, std::optional<int> column = std::nullopt);
   /// Where the list is scrolled to, or will be; nothing while that depends on an item to be shown.
   std::optional<int> scrollPosition() const;
@@ -89,7 +91,8 @@ class GridView : public QTreeView {
   /// The tool tip of a column where the grid itself proposes none.
   QString toolTipOf(int section) const;
   bool takesEntries(int section) const;
-  void acceptEntries(bool accepts) { acceptsEntries_ = accepts; }
+  void acceptEntries(bool accepts);
+  void acceptChoices(bool accepts);
   /// Whether keys go to the grid itself and not to an editor in it.
   bool hasKeys() const;
   /// As a click of the left mouse button.
@@ -111,6 +114,7 @@ class GridView : public QTreeView {
   bool viewportEvent(QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void focusInEvent(QFocusEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
@@ -126,6 +130,9 @@ class GridView : public QTreeView {
  private:
   void setUpLook();
   void setUpHeader();
+  void enterByKey(int key);
+  void tellPressed(const QMouseEvent& event);
+  void chooseByKey(int item);
   void adopt(const QModelIndex& collapsed);
   void expandNewGroup(const QModelIndex& group);
   void widthDragged(int section, int width);
@@ -133,12 +140,11 @@ class GridView : public QTreeView {
   void fitFirstSection();
   void fitScrollBars();
   void cellsMoved();
-  bool showToolTip(const QHelpEvent& event);
+  bool showCellToolTip(const QHelpEvent& event);
   QRect cellRect(const QModelIndex& index) const;
-  void makeAccessible();
-  void announceExpansion(int item);
-  void announceChecked(int item);
-  void announceText(int item, int section);
+  void followShownItems();
+  GridAnnouncer* announcer();
+  void paintFocus();
   void paintRule(QPainter* painter, const QRect& row) const;
   void paintCells(QPainter* painter, const QStyleOptionViewItem& row,
                   const QModelIndex& index) const;
@@ -148,7 +154,6 @@ class GridView : public QTreeView {
   GridViewListener* listener_ = nullptr;
   std::vector<double> widths_;                  // by grid column
   std::optional<std::vector<int>> shownItems_;  // once somebody has asked
-  bool acceptsEntries_ = true;
   bool settingWidths_ = false;
   bool expandAtLayout_ = false;
   std::optional<int> scrollAtLayout_;

@@ -3,31 +3,21 @@
 #include <QHeaderView>
 #include <algorithm>
 
-#include "adapters/qtgrid/accessible/grid_accessible.h"
+#include "adapters/qtgrid/view/grid_announcer.h"
 #include "adapters/qtgrid/view/grid_view.h"
 
 namespace vexnumkr {
-namespace {
 
-GridAccessible* accessibleOf(GridView& view) {
-  return dynamic_cast<GridAccessible*>(QAccessible::queryAccessibleInterface(&view));
+// The interface that assistive technology has of this widget; null while nobody listens.
+GridAnnouncer* GridView::announcer() {
+  if (!QAccessible::isActive()) return nullptr;
+  return dynamic_cast<GridAnnouncer*>(QAccessible::queryAccessibleInterface(this));
 }
 
-void announce(QAccessibleInterface* part, const QAccessible::State& changed) {
-  if (part == nullptr) return;
-  QAccessibleStateChangeEvent event(part, changed);
-  QAccessible::updateAccessibility(&event);
-}
-
-}  // namespace
-
-// Qt asks no factory for an object whose interface it has, so that nothing of the host's
-// application has to be changed.
-void GridView::makeAccessible() {
-  QAccessible::registerAccessibleInterface(new GridAccessible(*this));
+void GridView::followShownItems() {
   const auto changed = [this](const QModelIndex& group) {
     shownItems_.reset();
-    announceExpansion(GridModel::itemOf(group));
+    if (auto* told = announcer()) told->expansionChanged(GridModel::itemOf(group));
   };
   connect(this, &QTreeView::expanded, this, changed);
   connect(this, &QTreeView::collapsed, this, changed);
@@ -83,8 +73,16 @@ QString GridView::toolTipOf(int section) const {
   return listener_->toolTip(model_->columnOf(section), QString());
 }
 
-bool GridView::takesEntries(int section) const {
-  return acceptsEntries_ && model_->isEditable(section);
+bool GridView::takesEntries(int section) const { return model_->takesEntries(section); }
+
+void GridView::acceptEntries(bool accepts) {
+  model_->acceptEntries(accepts);
+  viewport()->update();
+}
+
+void GridView::acceptChoices(bool accepts) {
+  model_->acceptChoices(accepts);
+  viewport()->update();
 }
 
 void GridView::click(const GridHit& hit) {
@@ -93,48 +91,21 @@ void GridView::click(const GridHit& hit) {
 
 void GridView::choose(int item) { click({item, model_->columnOf(0), GridArea::Other, false}); }
 
-void GridView::announceExpansion(int item) {
-  if (!QAccessible::isActive()) return;
-  QAccessible::State changed;
-  changed.expanded = true;
-  changed.collapsed = true;
-  announce(accessibleOf(*this)->cell(item, 0), changed);
-  QAccessibleTableModelChangeEvent rows(this, QAccessibleTableModelChangeEvent::ModelReset);
-  QAccessible::updateAccessibility(&rows);
-}
-
 void GridView::announceCurrent() {
-  if (!QAccessible::isActive() || !hasKeys() || !currentIndex().isValid()) return;
-  QAccessibleEvent event(
-      accessibleOf(*this)->cell(GridModel::itemOf(currentIndex()), currentIndex().column()),
-      QAccessible::Focus);
-  QAccessible::updateAccessibility(&event);
-}
-
-void GridView::announceChecked(int item) {
-  GridAccessible& grid = *accessibleOf(*this);
-  QAccessible::State changed;
-  changed.checked = true;
-  announce(grid.cell(item, 0), changed);
-  announce(grid.picture(item), changed);
-}
-
-void GridView::announceText(int item, int section) {
-  QAccessibleInterface* cell = accessibleOf(*this)->cell(item, section);
-  QAccessibleEvent named(cell, QAccessible::NameChanged);
-  QAccessible::updateAccessibility(&named);
-  if (section == 0) return;
-  QAccessibleValueChangeEvent valued(cell, cell->text(QAccessible::Value));
-  QAccessible::updateAccessibility(&valued);
+  if (!hasKeys() || !currentIndex().isValid()) return;
+  if (auto* told = announcer()) {
+    told->focusMoved(GridModel::itemOf(currentIndex()), currentIndex().column());
+  }
 }
 
 void GridView::dataChanged(const QModelIndex& topLeft, const QModelIndex& bottomRight,
                            const QList<int>& roles) {
   QTreeView::dataChanged(topLeft, bottomRight, roles);
-  if (!QAccessible::isActive()) return;
+  GridAnnouncer* const told = announcer();
+  if (told == nullptr) return;
   const int item = GridModel::itemOf(topLeft);
-  if (roles.contains(Qt::CheckStateRole)) announceChecked(item);
-  if (roles.contains(Qt::DisplayRole)) announceText(item, topLeft.column());
+  if (roles.contains(Qt::CheckStateRole)) told->checkChanged(item);
+  if (roles.contains(Qt::DisplayRole)) told->textChanged(item, topLeft.column());
 }
 
 }  // namespace vexnumkr

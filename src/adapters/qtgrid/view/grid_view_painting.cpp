@@ -2,10 +2,10 @@
 #include <QHeaderView>
 #include <QHelpEvent>
 #include <QPainter>
-#include <QToolTip>
+#include <algorithm>
 
-#include "adapters/qtgrid/plain_text.h"
-#include "adapters/qtgrid/view/device_pixels.h"
+#include "adapters/qt/device_pixels.h"
+#include "adapters/qt/tool_tips.h"
 #include "adapters/qtgrid/view/grid_colours.h"
 #include "adapters/qtgrid/view/grid_view.h"
 
@@ -17,6 +17,13 @@ constexpr float ruleStrength = 0.12F;
 }  // namespace
 
 bool GridView::hasKeys() const { return focusProxy() == nullptr && hasFocus(); }
+
+// In place of the frame that the style draws, so that nothing of the content is covered.
+void GridView::paintFocus() {
+  QPainter painter(this);
+  const QColor colour = selectionColours(palette()).background;
+  paintFrame(painter, frameRect(), std::max<qreal>(frameWidth(), thinLine(painter)), colour);
+}
 
 void GridView::drawRow(QPainter* painter, const QStyleOptionViewItem& option,
                        const QModelIndex& index) const {
@@ -60,11 +67,11 @@ void GridView::paintCells(QPainter* painter, const QStyleOptionViewItem& row,
 }
 
 bool GridView::viewportEvent(QEvent* event) {
-  if (event->type() == QEvent::ToolTip) return showToolTip(*static_cast<QHelpEvent*>(event));
+  if (event->type() == QEvent::ToolTip) return showCellToolTip(*static_cast<QHelpEvent*>(event));
   return QTreeView::viewportEvent(event);
 }
 
-bool GridView::showToolTip(const QHelpEvent& event) {
+bool GridView::showCellToolTip(const QHelpEvent& event) {
   const QModelIndex index = indexAt(event.pos());
   QString text = toolTip();
   QRect area;
@@ -73,13 +80,9 @@ bool GridView::showToolTip(const QHelpEvent& event) {
     const bool fits = delegate_->fits(index, area, font());
     const QString proposal = fits ? QString() : index.data().toString();
     const QString wanted = listener_->toolTip(model_->columnOf(index.column()), proposal);
-    if (!wanted.isEmpty()) text = asPlainToolTip(wanted);
+    if (!wanted.isEmpty()) text = wanted;
   }
-  if (text.isEmpty()) {
-    QToolTip::hideText();
-  } else {
-    QToolTip::showText(event.globalPos(), text, viewport(), area);
-  }
+  showToolTip(event, text, *viewport(), area);
   return true;
 }
 

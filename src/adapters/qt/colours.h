@@ -1,0 +1,26 @@
+// Colours as the eye tells them apart.
+#pragma once
+
+#include <QColor>
+
+namespace vexnumkr {
+
+/// The contrast that makes a text legible (level AA of the WCAG).
+inline constexpr float legibleContrast = 4.5F;
+
+/// How much light a colour gives, from 0 for black to 1 for white.
+float luminance(const QColor& colour);
+
+/// The contrast of two colours, from 1 to 21, as the WCAG reckons it.
+float contrast(const QColor& one, const QColor& other);
+
+/// The luminance that has this contrast to the darker `ground`; it may lie above that of white.
+float luminanceAgainst(const QColor& ground, float contrast);
+
+/// `colour` in the same tint with `share` times its light, as screens show it.
+QColor dimmed(const QColor& colour, float share);
+
+/// From `ground` towards `ink` by `share`, 0 to 1, as screens show it.
+QColor blended(const QColor& ground, const QColor& ink, float share);
+
+}  // namespace vexnumkr

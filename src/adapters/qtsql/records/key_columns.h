@@ -1,0 +1,15 @@
+// What tells the records of a table apart.
+#pragma once
+
+#include <string_view>
+
+#include "engines/engine.h"
+
+namespace vexnumkr::qtsql {
+
+class Session;
+
+/// Asks the session's engine about `table`, as Engine::keys. Errors: the engine's.
+TableKeys keysOf(Session& session, std::string_view table);
+
+}  // namespace vexnumkr::qtsql

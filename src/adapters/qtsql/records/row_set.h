@@ -1,0 +1,61 @@
+// The rows that a statement found, read completely into memory.
+#pragma once
+
+#include <QSqlRecord>
+#include <QVariant>
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+class QSqlQuery;
+
+namespace vexnumkr::qtsql {
+
+/// Rows and columns count from 0. A statement that finds nothing by nature has no columns.
+class RowSet {
+ public:
+  RowSet() = default;
+  /// Reads all rows of `query`, which has just been executed. `substituted` is called for each text
+  /// with a substitute character in it, with its row and column, while its row is the query's.
+  using Substituted = std::function<void(std::size_t row, std::size_t column)>;
+  explicit RowSet(QSqlQuery& query, const Substituted& substituted = {});
+
+  std::size_t rowCount() const { return width_ == 0 ? 0 : cells_.size() / width_; }
+  /// Without the hidden columns.
+  std::size_t columnCount() const { return visible_; }
+  /// Takes the last `count` columns out of the columns that are counted and found by name; they can
+  /// still be read by their position.
+  void hideLast(std::size_t count) { visible_ = width_ - count; }
+
+  /// The first column of that name (UTF-8), without regard to case.
+  std::optional<std::size_t> column(std::string_view name) const;
+  QString columnName(std::size_t column) const;
+
+  const QVariant& at(std::size_t row, std::size_t column) const {
+    return cells_[row * width_ + column];
+  }
+  void set(std::size_t row, std::size_t column, QVariant field) {
+    cells_[row * width_ + column] = std::move(field);
+  }
+
+  /// The field is stored in a way that cannot be read: toValue then fails.
+  void markUnreadable(std::size_t row, std::size_t column);
+  /// Marks what differs from `whole`, the same rows read in another way.
+  void markDifferences(const RowSet& whole);
+  /// Whether a text is more than ASCII without question marks, which stand in for characters that
+  /// an encoding lacks.
+  bool mayLackCharacters() const;
+
+ private:
+  void readNames() const;
+
+  QSqlRecord header_;
+  std::size_t width_ = 0;
+  std::size_t visible_ = 0;
+  std::vector<QVariant> cells_;
+  mutable std::vector<std::string> names_;  // Filled when first asked for: most rows never are.
+};
+
+}  // namespace vexnumkr::qtsql

@@ -1,0 +1,76 @@
+// The connection of the Qt SQL adapter.
+#pragma once
+
+#include <QSqlDatabase>
+#include <memory>
+#include <string>
+
+#include <vexnumkr/database.h>
+
+#include "adapters/qtsql/session/session.h"
+
+namespace vexnumkr::qtsql {
+
+/// What a connection has open. Its commands keep an eye on it, so that they work again after the
+/// connection was closed and opened, and fail cleanly in between and when it is gone.
+struct SessionSlot {
+  std::shared_ptr<Session> session;
+
+  /// Error: 3704 when nothing is open.
+  const std::shared_ptr<Session>& require() const;
+  std::unique_ptr<Recordset> execute(const std::string& text, std::int32_t& recordsAffected) const;
+};
+
+/// CommandTimeout limits the statements of a connection that the adapter has opened, whatever
+/// command sends them; a command's own is checked and not imposed. How long it takes to give up a
+/// server is the driver's choice.
+///
+/// A connection of the adapter's own that was lost is opened again by whatever comes next, except
+/// inside a transaction, which is lost with it: that has to be rolled back first. One whose
+/// transaction could not begin because the server was away begins it with the next statement.
+///
+/// Closing a connection, or releasing it, rolls back the transaction that was begun on it. The
+/// ConnectionString holds the password, also after opening.
+class SqlConnection final : public Connection {
+ public:
+  SqlConnection() = default;
+  /// Wraps `borrowed`, which must be open. Errors: 3706, 3709.
+  explicit SqlConnection(const QSqlDatabase& borrowed);
+
+  std::string ConnectionString() const override { return connectionString_; }
+  void ConnectionString(const std::string& text) override;
+  std::int32_t IsolationLevel() const override { return isolationLevel_; }
+  void IsolationLevel(std::int32_t level) override;
+  void CommandTimeout(std::int32_t seconds) override;
+  void ConnectionTimeout(std::int32_t seconds) override;
+  void CursorLocation(std::int32_t /*location*/) override {}  // Rows are always kept by the client.
+  void Open(const std::string& user, const std::string& password, std::int32_t options) override;
+  void Close() override;
+  std::unique_ptr<Recordset> Execute(const std::string& text,
+                                     std::int32_t& recordsAffected) override;
+  bool BackslashEscapes() const override;
+  void RequireTransactions(const std::vector<std::string>& tables) override;
+  void LockTable(const std::string& table) override;
+  void BeginTrans() override;
+  void CommitTrans() override;
+  void RollbackTrans() override;
+  std::unique_ptr<Connection> createConnection() override;
+  std::unique_ptr<Command> createCommand() override;
+  std::unique_ptr<Recordset> createRecordset() override;
+
+  /// What `connection` has open. Errors: 3709 when it is not of this adapter, 3704 when it is
+  /// closed.
+  static std::shared_ptr<Session> sessionOf(Connection& connection);
+  static std::shared_ptr<SessionSlot> slotOf(Connection& connection);
+
+ private:
+  std::string connectionString_;
+  std::int32_t isolationLevel_ = ado::unspecified;
+  std::int32_t commandTimeout_ = 0;
+  std::shared_ptr<SessionSlot> slot_ = std::make_shared<SessionSlot>();
+};
+
+/// Error: 3001 for a negative number of seconds.
+void requireTimeout(std::int32_t seconds);
+
+}  // namespace vexnumkr::qtsql

@@ -1,0 +1,64 @@
+#include "adapters/qtsql/session/database_handle.h"
+
+#include <QCoreApplication>
+#include <QSqlError>
+#include <QUuid>
+
+#include "adapters/qtsql/session/failure.h"
+
+namespace vexnumkr::qtsql {
+namespace {
+
+// Asked for here because Qt itself only prints a warning.
+QString availableDriver(const Driver& driver) {
+  if (QCoreApplication::instance() == nullptr)
+    throw failure(failure_number::invalidConnection,
+                  "Für eine Datenbankverbindung fehlt das Qt-Anwendungsobjekt.");
+  const QString name =
+      QString::fromLatin1(driver.name.data(), static_cast<qsizetype>(driver.name.size()));
+  if (!QSqlDatabase::isDriverAvailable(name))
+    throw failure(
+        failure_number::invalidConnection,
+        "Der Qt-Datenbanktreiber " + std::string(driver.name) + " ist nicht installiert.");
+  return name;
+}
+
+QSqlDatabase newEntry(const Driver& driver) {
+  const QString name = availableDriver(driver);
+  return QSqlDatabase::addDatabase(name, QUuid::createUuid().toString());
+}
+
+}  // namespace
+
+// Delegates, so that a failure to open removes the new entry again.
+DatabaseHandle::DatabaseHandle(const Driver& driver, const ConnectionSettings& settings)
+    : DatabaseHandle(newEntry(driver), true) {
+  title_ = driver.isOdbc() ? "ODBC" : driver.engine->title;
+  name_ = settings.database;
+  isFile_ = !driver.isOdbc() && driver.engine->opensFiles;
+  configure(database_, driver, settings);
+  requireSteadyConnection(database_);
+  open();
+}
+
+void DatabaseHandle::reopen() {
+  database_.close();
+  open();
+}
+
+void DatabaseHandle::open() {
+  if (database_.open()) return;
+  const Error failed = withoutPasswords(openingFailure(database_.lastError(), title_), database_);
+  if (!isFile_) throw failed;
+  throw Error(failed.number(), failed.source(), failed.description() + ": " + name_);
+}
+
+DatabaseHandle::~DatabaseHandle() {
+  if (!owned_) return;
+  const QString name = database_.connectionName();
+  database_.close();
+  database_ = QSqlDatabase();
+  QSqlDatabase::removeDatabase(name);
+}
+
+}  // namespace vexnumkr::qtsql

@@ -1,0 +1,205 @@
+#include "adapters/qtsql/session/session.h"
+
+#include "adapters/qtsql/clients/mariadb_client.h"
+#include "adapters/qtsql/records/field_value.h"
+#include "adapters/qtsql/session/eight_bit_text.h"
+#include "adapters/qtsql/session/failure.h"
+
+namespace vexnumkr::qtsql {
+namespace {
+
+QString textOf(const Statement& statement, bool inEightBits) {
+  return inEightBits ? toQString(inAscii(statement)) : toQString(statement.text);
+}
+
+// What goes along with a text must not end up inside a literal of it.
+bool takesAppendix(const Statement& statement) { return statement.tokens.back().isClosed; }
+
+}  // namespace
+
+Session::Session(const Driver& driver, const ConnectionSettings& settings, std::int32_t isolation)
+    : driver_(driver),
+      database_(driver, settings),
+      engine_(&engineBehind(database_.get(), driver)),
+      sessionIsolation_(isolation) {
+  prepare();
+}
+
+Session::Session(const Driver& driver, const QSqlDatabase& borrowed)
+    : driver_(driver), database_(borrowed), engine_(&engineBehind(borrowed, driver)) {
+  prepare();
+}
+
+Session::~Session() {
+  if (inTransaction_ && !isLost_ && database_.isOpen()) succeeds(engine_->rollback);
+}
+
+// Nothing of a borrowed connection is changed.
+void Session::prepare() {
+  query_.emplace(database_.get());
+  query_->setForwardOnly(true);
+  if (engine_->name == "sqlite" && !driver_.isOdbc()) sqlite_ = SqliteClient::of(database_.get());
+  if (database_.isOwned()) {
+    for (const char* const statement : engine_->openingStatements) {
+      run(QString::fromLatin1(statement));
+      runRest();
+    }
+    if (sessionIsolation_ == ado::isolated && engine_->isolateSession != nullptr)
+      run(QString::fromLatin1(engine_->isolateSession));
+    if (limit_ != 0) runAll(engine_->limit(limit_));
+  }
+  learnRules();
+}
+
+void Session::limit(std::int32_t seconds) {
+  if (seconds == limit_) return;
+  limit_ = seconds;
+  if (!database_.isOwned() || !database_.isOpen() || isLost_ || endedBy_) return;
+  runAll(engine_->limit(seconds));
+}
+
+// Until they are known, nothing is sent.
+void Session::learnRules() {
+  knowsRules_ = false;
+  std::string mode;
+  if (engine_->lexicalMode != nullptr)
+    mode = run(QString::fromLatin1(engine_->lexicalMode)).at(0, 0).toString().toStdString();
+  rules_ = engine_->rules(mode);
+  if (engine_->lackingEncoding != nullptr) lackingEncoding_ = engine_->lackingEncoding(mode);
+  knowsRules_ = true;
+}
+
+Session::Outcome Session::execute(std::string_view text) {
+  requireReady();
+  const Statement statement = gate_.pass(text, rules_);
+  onlyReads_ = statement.onlyReads();
+  if (!onlyReads_) hasChanged_ = true;
+  const bool movesOn =
+      inTransaction_ && engine_->recovery == Recovery::savepoint && !statement.onlyReads();
+  const bool together = movesOn && takesAppendix(statement);
+  QString sql = textOf(statement, takesEightBits());
+  // In a line of its own, which the engine's messages about the statement leave out.
+  if (together) sql += QLatin1String("\n; ") + QLatin1String(engine_->afterChange);
+  RowSet rows = run(sql);
+  const std::size_t found = rows.rowCount();
+  const bool counts = rows.columnCount() == 0 && statement.changesRows();
+  const auto affected = counts ? rowsAffected(statement) : static_cast<std::int32_t>(found);
+  if (movesOn && !together) run(QString::fromLatin1(engine_->afterChange));
+  if (movesOn) runRest();
+  if (statement.startsWith("SET")) learnRules();
+  return {std::move(rows), affected};
+}
+
+Statement Session::passSelect(std::string_view text) {
+  requireReady();
+  const Statement statement = gate_.pass(text, rules_);
+  if (!statement.isSelect())
+    throw failure(error_number::invalidArgument, "Nur eine Abfrage kann geöffnet werden.");
+  return statement;
+}
+
+RowSet Session::read(const Statement& statement) {
+  return read(textOf(statement, takesEightBits()));
+}
+
+RowSet Session::read(const QString& text) {
+  requireReady();
+  onlyReads_ = true;
+  return run(text);
+}
+
+// A host may have opened a database of MariaDB so that it counts the rows changed only.
+std::int32_t Session::rowsAffected(const Statement& statement) {
+  const std::int32_t changed = query_->numRowsAffected();
+  if (database_.isOwned() || engine_->name != "mariadb" || !statement.startsWith("UPDATE"))
+    return changed;
+  constexpr std::int32_t unknown = -1;
+  return rowsFoundOnMariadb(database_.get()).value_or(changed == 0 ? unknown : changed);
+}
+
+RowSet Session::run(const QString& text) {
+  if (!query_->exec(text)) fail(*query_);
+  if (!query_->isSelect()) return RowSet();
+  RowSet rows = readRows(text);
+  if (query_->lastError().isValid()) fail(*query_);
+  return rows;
+}
+
+void Session::runAll(const std::string& text) {
+  run(QString::fromStdString(text));
+  runRest();
+}
+
+// What else a text of the adapter's own consists of.
+void Session::runRest() {
+  while (query_->nextResult()) {
+  }
+  if (query_->lastError().isValid()) fail(*query_);
+}
+
+bool Session::succeeds(const char* text) {
+  bool done = query_->exec(QString::fromLatin1(text));
+  while (done && query_->nextResult()) {
+  }
+  failure_ = query_->lastError();
+  query_->finish();
+  return done && !failure_.isValid();
+}
+
+std::int32_t Session::change(const QString& text, const QVariantList& values) {
+  requireReady();
+  std::int32_t changed = 0;
+  hasChanged_ = true;
+  onlyReads_ = false;
+  {
+    QSqlQuery query(database_.get());
+    if (!query.prepare(text)) fail(query);
+    for (const QVariant& value : values) query.addBindValue(value);
+    if (!query.exec()) fail(query);
+    changed = query.numRowsAffected();
+  }
+  if (inTransaction_ && engine_->recovery == Recovery::savepoint) {
+    run(QString::fromLatin1(engine_->afterChange));
+    runRest();
+  }
+  return changed;
+}
+
+std::int32_t Session::count(const QString& text, const QVariantList& values) {
+  requireReady();
+  QSqlQuery query(database_.get());
+  query.setForwardOnly(true);
+  if (!query.prepare(text)) fail(query);
+  for (const QVariant& value : values) query.addBindValue(value);
+  if (!query.exec() || !query.next()) fail(query);
+  return query.value(0).toInt();
+}
+
+bool Session::takesEightBits() const { return driver_.isOdbc() && engine_->odbc->hasEightBitText; }
+
+void Session::requireReady() {
+  if (endedBy_) throw *endedBy_;
+  if (!database_.isOpen()) {
+    if (!database_.isOwned()) throw connectionClosed();
+    isLost_ = true;
+  }
+  if (isLost_) reconnect();
+  if (!knowsRules_) learnRules();
+  if (!beginsLater_) return;
+  beginNow(beginStatements());
+  beginsLater_ = false;
+}
+
+// A borrowed connection is the host's to open again.
+void Session::reconnect() {
+  if (database_.isOwned()) {
+    query_.reset();
+    sqlite_.reset();
+    database_.reopen();
+    query_.emplace(database_.get());
+  }
+  isLost_ = false;
+  prepare();
+}
+
+}  // namespace vexnumkr::qtsql

@@ -1,0 +1,144 @@
+// An open database and what runs on it: shared by a connection, its commands and its recordsets.
+#pragma once
+
+#include <QSqlError>
+#include <QSqlQuery>
+#include <QVariant>
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include <vexnumkr/database.h>
+#include <vexnumkr/error.h>
+
+#include "adapters/qtsql/clients/sqlite_client.h"
+#include "adapters/qtsql/records/row_set.h"
+#include "adapters/qtsql/session/database_handle.h"
+#include "platform/statement_gate.h"
+
+namespace vexnumkr::qtsql {
+
+/// Every member raises the engine's own failures. No statement stays open behind any of them, so no
+/// lock lingers that the transaction does not hold.
+///
+/// A failed statement leaves a running transaction, and what was done in it before, in place: where
+/// the engine would abort it, it goes back to a savepoint, which costs a round trip only then.
+///
+/// Every statement is checked by the lexical rules of the connection that it is sent on. They are
+/// read when it is opened, after a SET, at the beginning of each transaction, since a host may
+/// change them on the connection that it lends, and after a roll-back, which undoes changes of
+/// them.
+///
+/// Some failures end a transaction nevertheless. After a deadlock or a lost connection, what
+/// follows would take effect at once, outside any transaction; after a lock that could not be had
+/// or a full disk, an update in place of the insert that has failed would find no row, and the
+/// commit would lose one (Engine::endsTransaction). Here it is refused with that very failure until
+/// the transaction is rolled back by its owner.
+class Session {
+ public:
+  /// Opens an own database. `isolation` also holds for statements outside transactions.
+  Session(const Driver& driver, const ConnectionSettings& settings,
+          std::int32_t isolation = ado::unspecified);
+  Session(const Driver& driver, const QSqlDatabase& borrowed);
+
+  /// Rolls back a transaction that was begun here and is still running.
+  ~Session();
+  Session(const Session&) = delete;
+  Session& operator=(const Session&) = delete;
+
+  struct Outcome {
+    RowSet rows;
+    std::int32_t recordsAffected;
+  };
+
+  /// Runs the one statement in `text`; see StatementGate for what is refused.
+  Outcome execute(std::string_view text);
+
+  /// The one statement in `text`, not run yet. Error: 3001 when it is no select.
+  Statement passSelect(std::string_view text);
+
+  /// Runs a statement that has passed, or was made by the adapter, and only reads.
+  RowSet read(const Statement& statement);
+  RowSet read(const QString& text);
+
+  /// Runs a change with a value for each `?` in it. Returns the number of rows changed.
+  std::int32_t change(const QString& text, const QVariantList& values);
+  /// Runs a select with a value for each `?` in it that yields one number.
+  std::int32_t count(const QString& text, const QVariantList& values);
+
+  /// Limits each statement and its waits, where the database is the adapter's own; 0 is the
+  /// engine's own limits. Holds for reopened connections too.
+  void limit(std::int32_t seconds);
+
+  /// As Connection::RequireTransactions and LockForWriting; tables are plain names.
+  void requireTransactions(const std::vector<std::string>& tables);
+  void lockForWriting(const std::vector<std::string>& tables);
+
+  /// Begins a transaction. Where the connection was lost before, a new one is opened first; fails
+  /// that too, the transaction begins with the next statement that finds the server again.
+  void begin(std::int32_t isolation);
+  /// After a failed commit the transaction still runs or can only be rolled back, as after any
+  /// other failure.
+  void commit();
+  /// Has nothing to do, and does not fail, where the transaction went with its connection.
+  void rollback();
+
+  const Engine& engine() const { return *engine_; }
+  const LexicalRules& rules() const { return rules_; }
+  const QSqlDatabase& database() const { return database_.get(); }
+
+ private:
+  void prepare();
+  void learnRules();
+  void relearnRules();
+  void reconnect();
+  void requireReady();
+  void requireNoOtherTransaction();
+
+  RowSet run(const QString& text);
+  RowSet readRows(const QString& text);
+  bool isWholeByItself() const;
+  void markUnreadable(RowSet& rows, const QString& text);
+  std::int32_t rowsAffected(const Statement& statement);
+  void runAll(const std::string& text);
+  void restartForWriting();
+  void requireSameFile();
+  void runRest();
+  bool succeeds(const char* text);
+  Statements beginStatements() const;
+  void beginNow(Statements statements);
+
+  [[noreturn]] void fail(const QSqlQuery& failed);
+  [[noreturn]] void fail(const QSqlError& error, const QString& engineCode);
+  bool recovers();
+  bool engineInTransaction();
+  void requireItsTransaction();
+  bool isLost(const QSqlError& error) const;
+  bool isGone(const QSqlError& error);
+  bool takesEightBits() const;
+
+  const Driver driver_;
+  DatabaseHandle database_;
+  const Engine* engine_;
+  std::int32_t sessionIsolation_ = ado::unspecified;
+  std::int32_t isolation_ = ado::unspecified;  // Of the transaction.
+  LexicalRules rules_;
+  bool knowsRules_ = false;
+  std::optional<QSqlQuery> query_;  // One for all: making one costs as much as a short select.
+  StatementGate gate_;
+  std::unique_ptr<SqliteClient> sqlite_;  // Where Qt's driver for it is used.
+  std::string lackingEncoding_;           // Of the texts that the engine sends; mostly empty.
+  std::int32_t limit_ = 0;
+  bool inTransaction_ = false;
+  bool onlyReads_ = false;    // The statement that runs.
+  bool hasChanged_ = false;   // Whether something was sent in the transaction that may change rows.
+  bool beginsLater_ = false;  // The transaction was begun while the server was away.
+  bool isLost_ = false;
+  QSqlError failure_;             // Of the last text that did not succeed.
+  std::optional<Error> endedBy_;  // What has ended the transaction.
+};
+
+}  // namespace vexnumkr::qtsql

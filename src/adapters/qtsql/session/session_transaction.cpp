@@ -1,0 +1,203 @@
+// The transactions of a session, and what becomes of them when something fails.
+#include <QSqlError>
+
+#include "adapters/qtsql/session/failure.h"
+#include "adapters/qtsql/session/session.h"
+
+namespace vexnumkr::qtsql {
+
+void Session::begin(std::int32_t isolation) {
+  if (endedBy_) throw *endedBy_;
+  if ((inTransaction_ || beginsLater_) && !engine_->guardsTransactions) throw transactionRuns();
+  isolation_ = isolation;
+  const bool mayHaveBeenLostBefore = database_.isOwned() && !inTransaction_;
+  try {
+    requireReady();
+    requireNoOtherTransaction();
+    requireSameFile();
+    beginNow(beginStatements());
+  } catch (const Error&) {
+    if (!isLost_ || !mayHaveBeenLostBefore) throw;
+    beginsLater_ = true;  // If the server is still away now.
+    requireReady();
+  }
+}
+
+// Beginning a transaction would silently commit, or join, one that the host has begun.
+void Session::requireNoOtherTransaction() {
+  if (database_.isOwned() || engine_->guardsTransactions) return;
+  if (engineInTransaction()) throw transactionRuns();
+}
+
+bool Session::engineInTransaction() {
+  if (engine_->transactionProbe != nullptr) return succeeds(engine_->transactionProbe);
+  const bool runs = query_->exec(QString::fromLatin1(engine_->transactionQuery)) &&
+                    query_->next() && query_->value(0).toInt() != 0;
+  failure_ = query_->lastError();
+  query_->finish();
+  return runs;
+}
+
+Statements Session::beginStatements() const {
+  return isolation_ == ado::isolated ? engine_->beginIsolated : engine_->begin;
+}
+
+// The rules come first: on MariaDB the isolation is for whatever is sent next.
+void Session::beginNow(Statements statements) {
+  learnRules();
+  for (const char* const statement : statements) {
+    run(QString::fromLatin1(statement));
+    runRest();
+  }
+  inTransaction_ = true;
+  hasChanged_ = false;
+}
+
+// What a save writes into a file that has lost its name nobody will ever see.
+void Session::requireSameFile() {
+  if (!sqlite_ || !sqlite_->hasMoved()) return;
+  const Error moved(
+      failure_number::fileMoved, std::string(engine_->title),
+      "Die Datenbankdatei wurde inzwischen gelöscht, umbenannt oder ersetzt. Es wird "
+      "nichts gespeichert. Bitte schließen Sie die Anwendung und öffnen Sie sie neu.");
+  if (inTransaction_) endedBy_ = moved;
+  throw moved;
+}
+
+// What has been sent since the transaction ended is committed already, and the rest is not to be.
+void Session::requireItsTransaction() {
+  if (engineInTransaction()) return;
+  if (failure_.isValid()) fail(failure_, failure_.nativeErrorCode());
+  endedBy_ = transactionMissing();
+  throw *endedBy_;
+}
+
+void Session::commit() {
+  if (endedBy_) throw *endedBy_;
+  if (!inTransaction_ && !engine_->guardsTransactions) throw transactionMissing();
+  requireReady();
+  if (engine_->recovery == Recovery::askEngine) requireItsTransaction();
+  requireSameFile();
+  run(QString::fromLatin1(engine_->commit));
+  runRest();
+  inTransaction_ = false;
+}
+
+void Session::requireTransactions(const std::vector<std::string>& tables) {
+  if (engine_->withoutTransactions == nullptr || tables.empty()) return;
+  requireReady();
+  std::string literals;
+  for (const std::string& table : tables)
+    literals += (literals.empty() ? "'" : ", '") + table + '\'';
+  const RowSet found = read(QString::fromStdString(engine_->withoutTransactions(literals)));
+  if (found.rowCount() == 0) return;
+  const auto text = [&](std::size_t column) {
+    return found.at(0, column).toString().toStdString();
+  };
+  throw failure(
+      failure_number::notAvailable,
+      "Die Tabelle " + text(0) + " kennt keine Transaktionen (" + text(1) +
+          "). Damit könnte nichts zurückgenommen werden. Bitte lassen Sie sie umstellen: " +
+          text(2));
+}
+
+void Session::lockForWriting(const std::vector<std::string>& tables) {
+  if (endedBy_) throw *endedBy_;
+  if (!inTransaction_ && !beginsLater_) throw transactionMissing();
+  requireReady();
+  requireSameFile();
+  if (!hasChanged_) restartForWriting();
+  if (engine_->lockTable == nullptr) return;
+  for (const std::string& table : tables) run(QString::fromStdString(engine_->lockTable(table)));
+  // Going back to a savepoint before them would give up the locks.
+  if (engine_->recovery == Recovery::savepoint) runAll(engine_->afterChange);
+}
+
+// Nothing is lost with a transaction that has only read. One that cannot begin again is over.
+void Session::restartForWriting() {
+  run(QString::fromLatin1(engine_->rollback));
+  inTransaction_ = false;
+  try {
+    beginNow(engine_->beginForWriting);
+  } catch (const Error& error) {
+    inTransaction_ = true;
+    endedBy_ = error;
+    throw;
+  }
+}
+
+void Session::rollback() {
+  if (!database_.isOwned() && !database_.isOpen()) throw connectionClosed();
+  if (beginsLater_) {
+    beginsLater_ = false;
+    return;
+  }
+  if (!inTransaction_ && !engine_->guardsTransactions) throw transactionMissing();
+  const bool hasEnded = endedBy_.has_value();
+  const bool wasInTransaction = inTransaction_;
+  endedBy_.reset();
+  inTransaction_ = false;
+  if (isLost_ || !database_.isOpen()) return;
+  const bool isRolledBack = succeeds(engine_->rollback);
+  if (isRolledBack) relearnRules();
+  if (isRolledBack || hasEnded) return;  // In that case only where something of it was left.
+  const QSqlError error = failure_;
+  isLost_ = isGone(error);
+  if (!isLost_ || !wasInTransaction) throw engineFailure(error, *engine_, error.nativeErrorCode());
+}
+
+// The roll-back has worked whatever becomes of this; the next statement tries again.
+void Session::relearnRules() {
+  try {
+    learnRules();
+    // Where it was set in the transaction, it went with it.
+    if (limit_ != 0 && database_.isOwned()) runAll(engine_->limit(limit_));
+  } catch (const Error&) {
+  }
+}
+
+void Session::fail(const QSqlQuery& failed) {
+  const QSqlError error = failed.lastError();
+  fail(error, engineCode(failed, driver_, *engine_));
+}
+
+// Going back to the savepoint comes first in any case: an aborted transaction answers nothing.
+void Session::fail(const QSqlError& error, const QString& engineCode) {
+  const bool isUnreadable = onlyReads_ && engine_->isUnreadable(engineCode.toStdString());
+  const Error raised = isUnreadable ? unreadableText() : engineFailure(error, *engine_, engineCode);
+  isLost_ = isLost(error) || (database_.isOwned() && !database_.isOpen());
+  if (inTransaction_ && !endedBy_ &&
+      (isLost_ || !recovers() ||
+       (!isUnreadable && engine_->endsTransaction(engineCode.toStdString()))))
+    endedBy_ = raised;
+  if (!inTransaction_ || endedBy_) isLost_ = isGone(error);
+  throw raised;
+}
+
+// As far as the failure tells; ODBC drivers have codes of their own.
+bool Session::isLost(const QSqlError& error) const {
+  return !driver_.isOdbc() && engine_->isLost(error.nativeErrorCode().toStdString());
+}
+
+// REQUIRES: no transaction that would notice being asked.
+bool Session::isGone(const QSqlError& error) {
+  return isLost(error) || (database_.isOwned() && !database_.isOpen()) ||
+         (driver_.isOdbc() && !succeeds("SELECT 1"));
+}
+
+bool Session::recovers() {
+  switch (engine_->recovery) {
+    case Recovery::secondBegin:
+      // A second transaction can begin only where the first is gone.
+      if (!succeeds(engine_->begin.front())) return true;
+      succeeds(engine_->rollback);
+      return false;
+    case Recovery::askEngine:
+      return engineInTransaction();
+    case Recovery::savepoint:
+      return succeeds(engine_->undo);
+  }
+  return false;
+}
+
+}  // namespace vexnumkr::qtsql

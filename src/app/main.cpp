@@ -1,3 +1,0 @@
-#include "app/host_program.h"
-
-int main(int argc, char** argv) { return vexnumkr::app::runHost(argc, argv); }

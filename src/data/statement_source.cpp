@@ -1,0 +1,42 @@
+#include "data/statement_source.h"
+
+#include <vexnumkr/error.h>
+
+namespace vexnumkr {
+namespace {
+
+template <class Object>
+Object& required(const std::unique_ptr<Object>& object) {
+  if (object == nullptr) throw Error::objectNotSet();
+  return *object;
+}
+
+}  // namespace
+
+Command& StatementSource::cmdSQL() const { return required(cmdSQL_); }
+
+Connection& StatementSource::ConnWork() const { return required(ConnWork_); }
+
+std::unique_ptr<Recordset> StatementSource::query(const std::string& text) {
+  std::int32_t found = 0;
+  return query(text, found);
+}
+
+std::unique_ptr<Recordset> StatementSource::query(const std::string& text, std::int32_t& found) {
+  Command& command = cmdSQL();
+  command.CommandText(text);
+  return command.Execute(found);
+}
+
+std::int32_t StatementSource::execute(const std::string& text) {
+  std::int32_t recordsAffected = 0;
+  query(text, recordsAffected);
+  return recordsAffected;
+}
+
+std::unique_ptr<Recordset> StatementSource::queryAside(const std::string& text) {
+  std::int32_t found = 0;
+  return ConnWork().Execute(text, found);
+}
+
+}  // namespace vexnumkr

@@ -1,0 +1,35 @@
+// The supported database engines, and finding the one that is meant.
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "engines/engine.h"
+
+namespace vexnumkr {
+
+/// In the order of the list.
+std::span<const Engine* const> allEngines();
+
+/// The engine that a driver or provider of that name is for; null where the name tells none.
+const Engine* engineOfDriverName(std::string_view name);
+
+/// The engine and the driver of Qt's of that name, without regard to case; null where it is none.
+struct EngineDriver {
+  const Engine* engine = nullptr;
+  const QtDriver* driver = nullptr;
+};
+EngineDriver engineOfQtDriver(std::string_view name);
+
+/// Runs a select of one text and returns it; empty where the engine fails or finds none.
+using AskText = std::function<std::optional<std::string>(const char* select)>;
+/// The engine that answers; null where it is none of these.
+const Engine* engineThatAnswers(const AskText& ask);
+
+/// "A, B and C", for messages (German).
+std::string engineTitles(std::span<const Engine* const> engines);
+
+}  // namespace vexnumkr

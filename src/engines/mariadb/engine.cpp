@@ -1,0 +1,184 @@
+#include <algorithm>
+#include <array>
+#include <charconv>
+
+#include <vexnumkr/error.h>
+
+#include "engines/engine_list.h"
+#include "engines/mariadb/keys.h"
+
+namespace vexnumkr::engines {
+namespace {
+
+// MySQL's drivers reach it too.
+constexpr std::array<std::string_view, 2> marks = {"mariadb", "mysql"};
+
+constexpr std::array<std::string_view, 17> options = {"CLIENT_COMPRESS",
+                                                      "CLIENT_FOUND_ROWS",
+                                                      "CLIENT_IGNORE_SPACE",
+                                                      "CLIENT_INTERACTIVE",
+                                                      "CLIENT_NO_SCHEMA",
+                                                      "CLIENT_ODBC",
+                                                      "CLIENT_SSL",
+                                                      "UNIX_SOCKET",
+                                                      "MYSQL_OPT_RECONNECT",
+                                                      "MYSQL_OPT_CONNECT_TIMEOUT",
+                                                      "MYSQL_OPT_READ_TIMEOUT",
+                                                      "MYSQL_OPT_WRITE_TIMEOUT",
+                                                      "SSL_KEY",
+                                                      "SSL_CERT",
+                                                      "SSL_CA",
+                                                      "SSL_CAPATH",
+                                                      "SSL_CIPHER"};
+
+// Changes are counted by the rows found, as everywhere else. A server that is named by a path is
+// reached through the socket of that name.
+ConnectionSettings prepare(ConnectionSettings settings) {
+  if (!settings.options.empty()) settings.options += ';';
+  settings.options += "CLIENT_FOUND_ROWS=1";
+  if (settings.server.starts_with('/')) {
+    settings.options += ";UNIX_SOCKET=" + settings.server;
+    settings.server.clear();
+  }
+  return settings;
+}
+
+constexpr std::array drivers = {QtDriver{"QMYSQL", options, prepare},
+                                QtDriver{"QMARIADB", options, prepare}};
+
+// Texts mean what stands in them, and one that is too long for its column is an error. By default
+// a table that somebody alters would be waited for a day.
+constexpr std::array opening = {
+    "SET SESSION autocommit = 1, lock_wait_timeout = 50, innodb_lock_wait_timeout = 50, sql_mode = "
+    "'STRICT_TRANS_TABLES,NO_BACKSLASH_ESCAPES,ANSI_QUOTES,NO_ENGINE_SUBSTITUTION'"};
+constexpr std::int32_t longestWait = 50;
+
+std::string limit(std::int32_t seconds) {
+  const std::string wait =
+      std::to_string(seconds == 0 ? longestWait : std::min(seconds, longestWait));
+  return "SET SESSION max_statement_time = " +
+         (seconds == 0 ? std::string("DEFAULT") : std::to_string(seconds)) +
+         ", lock_wait_timeout = " + wait + ", innodb_lock_wait_timeout = " + wait;
+}
+
+constexpr std::array begin = {"START TRANSACTION"};
+constexpr std::array beginIsolated = {"SET TRANSACTION ISOLATION LEVEL SERIALIZABLE",
+                                      "START TRANSACTION"};
+
+std::string withoutTransactions(const std::string& tables) {
+  return "SELECT t.TABLE_NAME, t.ENGINE, CONCAT('ALTER TABLE ', t.TABLE_NAME, ' ENGINE = InnoDB') "
+         "FROM information_schema.TABLES t "
+         "JOIN information_schema.ENGINES e ON e.ENGINE = t.ENGINE "
+         "WHERE t.TABLE_SCHEMA = DATABASE() AND t.TABLE_NAME IN (" +
+         tables + ") AND e.TRANSACTIONS <> 'YES' ORDER BY t.TABLE_NAME LIMIT 1";
+}
+
+// Its rows, and the gaps between them.
+std::string lockTable(const std::string& table) {
+  return "SELECT COUNT(*) FROM " + table + " FOR UPDATE";
+}
+
+// The setting ends in the encodings for results and for statements.
+std::string lackingEncoding(std::string_view mode) {
+  const std::string_view withResults = mode.substr(0, std::min(mode.rfind(' '), mode.size()));
+  const std::size_t at = withResults.rfind(' ');
+  const std::string encoding(at == std::string_view::npos ? "" : withResults.substr(at + 1));
+  return encoding == "utf8mb4" ? std::string() : encoding;
+}
+
+std::string setEncoding(const std::string& encoding) {
+  return "SET character_set_results = " + encoding;
+}
+
+template <std::size_t size>
+bool isOneOf(std::string_view code, const std::array<int, size>& codes) {
+  int number = 0;
+  std::from_chars(code.data(), code.data() + code.size(), number);
+  return std::find(codes.begin(), codes.end(), number) != codes.end();
+}
+
+// A full disk (1021, 1114), rows changed meanwhile (1020), a failed commit (1180), locks (1205,
+// 1213), values that do not fit (1264, 1366, 1406), cancellations (1317, 1969).
+bool endsTransaction(std::string_view code) {
+  static constexpr std::array codes = {1020, 1021, 1114, 1180, 1205, 1213,
+                                       1264, 1317, 1366, 1406, 1969};
+  return isOneOf(code, codes);
+}
+
+bool isLost(std::string_view code) {
+  static constexpr std::array codes = {1053, 1152, 1158, 1159, 1160, 1161, 1184,
+                                       1927, 2001, 2002, 2003, 2006, 2013, 2055};
+  return isOneOf(code, codes);
+}
+
+// In these the second byte of a character may be that of a backslash, which then escapes nothing.
+bool hidesBackslashes(std::string_view mode) {
+  static constexpr std::array<std::string_view, 4> encodings = {" gbk", " big5", " sjis", " cp932"};
+  return std::any_of(encodings.begin(), encodings.end(),
+                     [&](std::string_view encoding) { return mode.ends_with(encoding); });
+}
+
+bool neverUnreadable(std::string_view /*code*/) { return false; }
+
+LexicalRules rules(std::string_view mode) {
+  const auto has = [&](std::string_view part) { return mode.find(part) != std::string_view::npos; };
+  const bool backslashEscapes = !has("NO_BACKSLASH_ESCAPES");
+  if (backslashEscapes && hidesBackslashes(mode))
+    throw Error(error_number::unknownDriver, "MariaDB",
+                "Der Zeichensatz der Datenbankverbindung wird nicht unterstützt, solange "
+                "Gegenschrägstriche in Texten eine Bedeutung haben.");
+  return {.backslashEscapes = backslashEscapes,
+          .doubleQuotedTexts = !has("ANSI_QUOTES"),
+          .backquotedNames = true,
+          .executableComments = true,
+          .hashComments = true,
+          .dashesNeedBlank = true,
+          .verticalTabIsBlank = true};
+}
+
+}  // namespace
+
+// A deadlock rolls the whole transaction back, and what followed would be committed by itself.
+const Engine mariadb = {
+    .name = "mariadb",
+    .title = "MariaDB",
+    .marks = marks,
+    .versionQuery = "SELECT version() AS Fassung",
+    .versionMark = "MariaDB",
+    .opensFiles = false,
+    .drivers = drivers,
+    .odbc = std::nullopt,
+    .openingStatements = opening,
+    .limit = limit,
+    .isolateSession = "SET SESSION TRANSACTION ISOLATION LEVEL SERIALIZABLE",
+    .lexicalMode =
+        "SELECT CONCAT(@@SESSION.sql_mode, ' ', IFNULL(@@SESSION.character_set_results, 'binary'), "
+        "' ', @@SESSION.character_set_client)",
+    .usualMode = "STRICT_TRANS_TABLES utf8mb4 utf8mb4",
+    .rules = rules,
+    .lackingEncoding = lackingEncoding,
+    .setEncoding = setEncoding,
+    .wholeEncoding = "utf8mb4",
+    .begin = begin,
+    .beginIsolated = beginIsolated,
+    .commit = "COMMIT",
+    .rollback = "ROLLBACK",
+    .guardsTransactions = false,
+    .transactionProbe = nullptr,
+    .recovery = Recovery::askEngine,
+    .transactionQuery = "SELECT @@in_transaction",
+    .afterChange = nullptr,
+    .undo = nullptr,
+    .beginForWriting = beginIsolated,
+    .lockTable = lockTable,
+    .withoutTransactions = withoutTransactions,
+    .rowNumberNames = {},
+    .keys = mariadbKeys,
+    .keyEquals = " = ",
+    .nameQuote = '`',
+    .endsTransaction = endsTransaction,
+    .isUnreadable = neverUnreadable,
+    .isLost = isLost,
+    .unknownName = 0};
+
+}  // namespace vexnumkr::engines

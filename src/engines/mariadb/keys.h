@@ -1,0 +1,11 @@
+// What tells MariaDB's records apart.
+#pragma once
+
+#include "engines/engine.h"
+
+namespace vexnumkr::engines {
+
+/// As Engine::keys.
+TableKeys mariadbKeys(const Catalogue& ask, std::string_view table);
+
+}  // namespace vexnumkr::engines

@@ -1,0 +1,120 @@
+#include <algorithm>
+#include <array>
+
+#include "engines/engine_list.h"
+#include "engines/postgresql/keys.h"
+#include "platform/ascii_case.h"
+
+namespace vexnumkr::engines {
+namespace {
+
+constexpr std::array<std::string_view, 2> marks = {"postgres", "psql"};
+
+ConnectionSettings prepare(ConnectionSettings settings) { return settings; }
+
+constexpr std::array drivers = {QtDriver{"QPSQL", {}, prepare}};
+
+bool names(const std::string& text, std::string_view word) {
+  return inLowerCase(text).find(word) != std::string::npos;
+}
+
+// The ODBC driver has savepoints of its own, which fail where a text cannot be read at all, and
+// take the transaction along; with "-0" it leaves that to this adapter.
+std::string prepareOdbc(const std::string& connectionString) {
+  if (names(connectionString, "protocol=")) return connectionString;
+  return connectionString + (connectionString.empty() ? "" : ";") + "Protocol=7.4-0";
+}
+
+// Locks are waited for as long as MariaDB does it by default; notices would go to standard error.
+constexpr std::array opening = {
+    "SET standard_conforming_strings = on; SET lock_timeout = '50s'; "
+    "SET client_min_messages = error"};
+constexpr std::int32_t longestWait = 50;
+
+std::string limit(std::int32_t seconds) {
+  const std::int32_t wait = seconds == 0 ? longestWait : std::min(seconds, longestWait);
+  return "SET statement_timeout = '" + std::to_string(seconds) + "s'; SET lock_timeout = '" +
+         std::to_string(wait) + "s'";
+}
+
+constexpr std::array begin = {"BEGIN; SAVEPOINT vexnumkr"};
+constexpr std::array beginIsolated = {"BEGIN ISOLATION LEVEL SERIALIZABLE; SAVEPOINT vexnumkr"};
+
+// Before the first select, so that what the transaction sees is what is stored once it has the
+// lock.
+std::string lockTable(const std::string& table) {
+  return "LOCK TABLE " + table + " IN SHARE ROW EXCLUSIVE MODE";
+}
+
+// Values that do not fit, roll-backs, resources, locks, cancellations and the server's own
+// troubles.
+bool endsTransaction(std::string_view code) {
+  static constexpr std::array<std::string_view, 8> classes = {"22", "40", "53", "54",
+                                                              "55", "57", "58", "XX"};
+  return std::any_of(classes.begin(), classes.end(), [&](std::string_view start) {
+    return code.size() == 5 && code.starts_with(start);
+  });
+}
+
+// What stands in the database, and what the connection's encoding lacks.
+bool isUnreadable(std::string_view code) { return code == "22021" || code == "22P05"; }
+
+// Classes 08 and 57P are about the connection; without any code the server has not answered.
+bool isLost(std::string_view code) {
+  return code.empty() || code.starts_with("08") || code.starts_with("57P");
+}
+
+LexicalRules rules(std::string_view mode) {
+  return {.backslashEscapes = mode == "off",
+          .escapeTexts = true,
+          .dollarTexts = true,
+          .nestedComments = true,
+          .strictNumbers = true};
+}
+
+}  // namespace
+
+// A failed statement aborts the whole transaction unless it can go back to a savepoint. There is
+// always one right behind the last change: it goes along with that change, and a commit that found
+// none would otherwise be taken for one of an aborted transaction, which silently is a roll-back.
+const Engine postgresql = {
+    .name = "postgresql",
+    .title = "PostgreSQL",
+    .marks = marks,
+    .versionQuery = "SELECT version() AS Fassung",
+    .versionMark = "PostgreSQL",
+    .opensFiles = false,
+    .drivers = drivers,
+    .odbc = OdbcAccess{.prepare = prepareOdbc, .usesSqlStates = true, .hasEightBitText = false},
+    .openingStatements = opening,
+    .limit = limit,
+    .isolateSession = "SET SESSION CHARACTERISTICS AS TRANSACTION ISOLATION LEVEL SERIALIZABLE",
+    .lexicalMode = "SHOW standard_conforming_strings",
+    .usualMode = "on",
+    .rules = rules,
+    .lackingEncoding = nullptr,
+    .setEncoding = nullptr,
+    .wholeEncoding = nullptr,
+    .begin = begin,
+    .beginIsolated = beginIsolated,
+    .commit = "RELEASE SAVEPOINT vexnumkr; COMMIT",
+    .rollback = "ROLLBACK",
+    .guardsTransactions = false,
+    .transactionProbe = "SAVEPOINT vexnumkr_probe; RELEASE SAVEPOINT vexnumkr_probe",
+    .recovery = Recovery::savepoint,
+    .transactionQuery = nullptr,
+    .afterChange = "RELEASE SAVEPOINT vexnumkr; SAVEPOINT vexnumkr",
+    .undo = "ROLLBACK TO SAVEPOINT vexnumkr",
+    .beginForWriting = beginIsolated,
+    .lockTable = lockTable,
+    .withoutTransactions = nullptr,
+    .rowNumberNames = {},
+    .keys = postgresqlKeys,
+    .keyEquals = " = ",
+    .nameQuote = '"',
+    .endsTransaction = endsTransaction,
+    .isUnreadable = isUnreadable,
+    .isLost = isLost,
+    .unknownName = 0};
+
+}  // namespace vexnumkr::engines

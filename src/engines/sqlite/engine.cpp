@@ -1,0 +1,106 @@
+#include <algorithm>
+#include <array>
+#include <charconv>
+
+#include "engines/engine_list.h"
+#include "engines/sqlite/keys.h"
+#include "engines/sqlite/location.h"
+
+namespace vexnumkr::engines {
+namespace {
+
+constexpr std::array<std::string_view, 1> marks = {"sqlite"};
+
+constexpr std::array<std::string_view, 6> options = {
+    "QSQLITE_BUSY_TIMEOUT",        "QSQLITE_OPEN_READONLY", "QSQLITE_OPEN_URI",
+    "QSQLITE_ENABLE_SHARED_CACHE", "QSQLITE_ENABLE_REGEXP", "QSQLITE_NO_USE_EXTENDED_RESULT_CODES"};
+
+// SQLite checks foreign keys only on connections that ask for it, and a schema that declares them
+// means them. Through ODBC there is no other way to say how long to wait for a lock.
+constexpr std::array opening = {"PRAGMA foreign_keys = ON", "PRAGMA busy_timeout = 5000"};
+constexpr std::int32_t longestWait = 5;
+// Transactions are serializable whatever one asks for.
+constexpr std::array begin = {"BEGIN DEFERRED"};
+constexpr std::array beginForWriting = {"BEGIN IMMEDIATE"};
+constexpr std::array rowNumbers = {"rowid", "_rowid_", "oid"};
+
+ConnectionSettings prepare(ConnectionSettings settings) {
+  settings.database = sqlite_location::uriOf(settings.database);
+  if (!settings.options.empty()) settings.options += ';';
+  settings.options += "QSQLITE_BUSY_TIMEOUT=5000;QSQLITE_OPEN_URI";
+  return settings;
+}
+
+constexpr std::array drivers = {QtDriver{"QSQLITE", options, prepare}};
+
+std::string prepareOdbc(const std::string& connectionString) { return connectionString; }
+
+// The engine has no limit for statements.
+std::string limit(std::int32_t seconds) {
+  const std::int32_t wait = seconds == 0 ? longestWait : std::min(seconds, longestWait);
+  return "PRAGMA busy_timeout = " + std::to_string(wait * 1000);
+}
+
+// Out of memory, interrupted, disk errors, a damaged file, a full disk; extended codes have more in
+// their upper bytes. Whoever cannot have the lock is told so at the first change already.
+bool endsTransaction(std::string_view code) {
+  static constexpr std::array codes = {7, 9, 10, 11, 13};
+  int number = 0;
+  std::from_chars(code.data(), code.data() + code.size(), number);
+  return std::find(codes.begin(), codes.end(), number & 0xff) != codes.end();
+}
+
+bool neverLost(std::string_view /*code*/) { return false; }
+
+bool neverUnreadable(std::string_view /*code*/) { return false; }
+
+LexicalRules rules(std::string_view /*mode*/) {
+  return {.backquotedNames = true,
+          .bracketedNames = true,
+          .byteOrderMarkIsBlank = true,
+          .triggersHoldStatements = true};
+}
+
+}  // namespace
+
+const Engine sqlite = {
+    .name = "sqlite",
+    .title = "SQLite",
+    .marks = marks,
+    .versionQuery = "SELECT sqlite_version() AS Fassung",
+    .versionMark = "",
+    .opensFiles = true,
+    .drivers = drivers,
+    .odbc = OdbcAccess{.prepare = prepareOdbc, .usesSqlStates = false, .hasEightBitText = true},
+    .openingStatements = opening,
+    .limit = limit,
+    .isolateSession = nullptr,
+    .lexicalMode = nullptr,
+    .usualMode = "",
+    .rules = rules,
+    .lackingEncoding = nullptr,
+    .setEncoding = nullptr,
+    .wholeEncoding = nullptr,
+    .begin = begin,
+    .beginIsolated = begin,
+    .commit = "COMMIT",
+    .rollback = "ROLLBACK",
+    .guardsTransactions = true,
+    .transactionProbe = nullptr,
+    .recovery = Recovery::secondBegin,
+    .transactionQuery = nullptr,
+    .afterChange = nullptr,
+    .undo = nullptr,
+    .beginForWriting = beginForWriting,
+    .lockTable = nullptr,
+    .withoutTransactions = nullptr,
+    .rowNumberNames = rowNumbers,
+    .keys = sqliteKeys,
+    .keyEquals = " IS ",
+    .nameQuote = '"',
+    .endsTransaction = endsTransaction,
+    .isUnreadable = neverUnreadable,
+    .isLost = neverLost,
+    .unknownName = 1};
+
+}  // namespace vexnumkr::engines

@@ -1,0 +1,56 @@
+#include "hosting/nummernkreise.h"
+
+#include "data/sql/statements.h"
+
+namespace vexnumkr {
+namespace {
+
+constexpr const char* moduleName = "VXNummernkreise";
+
+}  // namespace
+
+Nummernkreise::Nummernkreise(const Services& services, MainDialogFactory createDialog)
+    : session_(services), createDialog_(std::move(createDialog)) {}
+
+bool Nummernkreise::Init(std::shared_ptr<Connection> Conn, std::int32_t LngApplication,
+                         const std::string& strUser, const std::string& jmtVerarbeitungsdatum) {
+  bool initialised = false;
+  if (isBusy()) return initialised;
+  reportingFailures(session_.reporter(), {moduleName, "Init"}, [&] {
+    session_.Conn(std::move(Conn));
+    session_.createColUser();
+    session_.LngApplication(LngApplication);
+    session_.strUser(strUser);
+    session_.strVerarbeitungsdatum(jmtVerarbeitungsdatum.empty() ? session_.clock().today()
+                                                                 : jmtVerarbeitungsdatum);
+    session_.colUser().emplace_back(alleBenutzer);
+    readUsers();
+    initialised = true;
+  });
+  return initialised;
+}
+
+bool Nummernkreise::isBusy() { return isOpen_ || session_.progress().isWorking(); }
+
+void Nummernkreise::readUsers() {
+  auto users = session_.Conn().createRecordset();
+  users->CursorLocation(ado::useClient);
+  users->Open(statement::users(), session_.Conn(), ado::openForwardOnly, ado::lockReadOnly,
+              ado::unspecified);
+  for (; !users->EndOfFile(); users->MoveNext())
+    session_.colUser().push_back(users->Fields("strUserName_PK").toText());
+  users->Close();
+}
+
+void Nummernkreise::ShowDialog() {
+  if (isBusy()) return;
+  isOpen_ = true;
+  reportingFailures(session_.reporter(), {moduleName, "ShowDialog"}, [&] {
+    const auto dialog = createDialog_(session_);
+    if (session_.Herkunft() == "ORB") dialog->RefreshFont(hostFont);
+    dialog->Show();
+  });
+  isOpen_ = false;
+}
+
+}  // namespace vexnumkr

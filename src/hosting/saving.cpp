@@ -1,0 +1,145 @@
+#include "hosting/saving.h"
+
+#include "data/sql/statements.h"
+#include "rules/read_back.h"
+#include "rules/saving.h"
+#include "rules/stored_changes.h"
+#include "rules/validation.h"
+
+namespace vexnumkr::basAllgemein {
+namespace {
+
+constexpr Procedure saveProcedure{generalModule, "Save"};
+constexpr std::int32_t yesOrNo = msg_box::yesNo + msg_box::question;
+constexpr std::int32_t yesNoOrCancel = msg_box::yesNoCancel + msg_box::question;
+
+enum class Decision { Save, Discard, KeepOpen };
+
+Decision decide(Session& session, bool askFirst) {
+  if (!session.blnChanged()) return Decision::Discard;
+  if (!askFirst) return Decision::Save;
+  const std::int32_t answer = session.boxes().MsgBoxEx("Sollen die Änderungen gespeichert werden?",
+                                                       yesNoOrCancel, "Abfrage");
+  if (answer == msg_box::yes) return Decision::Save;
+  // Whoever could not be asked has not agreed to lose anything either. Other applications are never
+  // asked, and have not agreed to saving.
+  const bool couldBeAsked = answer != 0 || !session.source().origin().exists();
+  return answer == msg_box::cancel || !couldBeAsked ? Decision::KeepOpen : Decision::Discard;
+}
+
+// One attempt at writing everything.
+class Saving {
+ public:
+  Saving(Session& session, RangeDisplay& display)
+      : session_(session), display_(display), data_(session.data()) {}
+
+  // Whether everything is written and committed. Errors: what keeps it from that.
+  bool run() {
+    requireOrigin();
+    const auto before = firstReading();
+    if (!before || !isValid()) return false;
+    writeAndCommit(*before);
+    return true;
+  }
+
+ private:
+  void requireOrigin() const {
+    if (session_.source().origin().exists()) return;
+    throw Error(error_number::invalidCall, "VEXNummernkreise",
+                "Die Anwendung " + std::to_string(session_.LngApplication()) +
+                    " hat keine eigenen Nummernkreise.");
+  }
+
+  // Outside of the transaction, so that hosts go on drawing while the user thinks. Nothing when the
+  // user gives up values for those that others have stored.
+  std::optional<StoredRanges> firstReading() {
+    StoredRanges stored =
+        readStoredRanges(*session_.source().queryAside(statement::ranges()), data_);
+    const StoredChanges changes = takeStoredChanges(data_, stored);
+    if (changes.conflicts.empty() || usersValuesAreWanted(changes.conflicts)) {
+      keepUsersValues(data_.known, changes.conflicts);
+      if (changes.replaced) display_.showChanges();
+      return stored;
+    }
+    takeStoredValues(data_, changes.conflicts);
+    display_.showChanges();
+    return std::nullopt;
+  }
+
+  bool usersValuesAreWanted(const std::vector<Conflict>& conflicts) {
+    return session_.boxes().MsgBoxEx(conflictQuestion(conflicts), yesOrNo, "Abfrage") ==
+           msg_box::yes;
+  }
+
+  bool isValid() {
+    const Validity validity = CheckValidity(data_.table, session_.reporter());
+    if (validity.defect) display_.showDefect(*validity.defect);
+    return validity.holds;
+  }
+
+  void writeAndCommit(const StoredRanges& before) {
+    const Work work(session_.progress(), "Nummernkreise werden gespeichert…");
+    StatementSource& source = session_.source();
+    session_.Conn().LockTable("Nummernkreise");
+    const StoredRanges underLock = readStoredRanges(*source.query(statement::ranges()), data_);
+    takeDrawnNumbers(data_, before, underLock);
+    writeTable(data_.table, source, session_.progress());
+    for (const RangeRow& range : underLock.unknown) InsertIntoNummernkreise(source, range);
+    readBack();
+    session_.Conn().CommitTrans();
+    session_.progress().advance();
+  }
+
+  // Asks for both before it judges either.
+  void readBack() {
+    StatementSource& source = session_.source();
+    const auto records = source.query(statement::ranges());
+    const auto count = source.query(statement::assignmentCount(session_.Herkunft()));
+    requireStoredAsWritten(data_.table, *records, count->Fields("Anzahl").toLong());
+  }
+
+  Session& session_;
+  RangeDisplay& display_;
+  RangeData data_;
+};
+
+// A failure leaves a fresh transaction behind.
+bool saveOrRollBack(Session& session, RangeDisplay& display) {
+  bool saved = false;
+  if (reportingFailures(session.reporter(), saveProcedure,
+                        [&] { saved = Saving(session, display).run(); }))
+    return saved;
+  ignoringFailures([&] { session.Conn().RollbackTrans(); });
+  reportingFailures(session.reporter(), saveProcedure, [&] { session.Conn().BeginTrans(); });
+  return false;
+}
+
+bool wasReadCompletely(Session& session) {
+  if (!session.failures().tableIsPartial()) return true;
+  session.boxes().MsgBoxEx(
+      "Die Nummernkreise konnten nicht vollständig gelesen werden. Es wird nichts gespeichert.",
+      msg_box::okOnly, "Info");
+  return false;
+}
+
+}  // namespace
+
+bool Save(Session& session, RangeDisplay& display, bool askFirst) {
+  bool mayClose = false;
+  reportingFailures(session.reporter(), saveProcedure, [&] {
+    switch (decide(session, askFirst)) {
+      case Decision::Discard:
+        session.Conn().RollbackTrans();
+        mayClose = true;
+        break;
+      case Decision::Save:
+        mayClose = wasReadCompletely(session) && saveOrRollBack(session, display);
+        break;
+      case Decision::KeepOpen:
+        break;
+    }
+  });
+  return mayClose;
+}
+
+}  // namespace vexnumkr::basAllgemein

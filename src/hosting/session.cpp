@@ -1,0 +1,44 @@
+#include "hosting/session.h"
+
+#include "data/sql/guarded_connection.h"
+
+namespace vexnumkr {
+namespace {
+
+template <class Object>
+Object& required(Object* object) {
+  if (object == nullptr) throw Error::objectNotSet();
+  return *object;
+}
+
+}  // namespace
+
+Session::Session(const Services& services)
+    : services_(services),
+      display_(services.forms, services.progress),
+      progress_(&display_),
+      boxes_(services.forms, services.host, progress_) {}
+
+Connection& Session::Conn() const { return required(guardedConn_.get()); }
+
+void Session::Conn(std::shared_ptr<Connection> connection) {
+  Conn_ = std::move(connection);
+  guardedConn_ = guardedConnection(Conn_);
+}
+
+void Session::LngApplication(std::int32_t code) {
+  boxes_.application(code);
+  source_.origin(Origin(code));
+}
+
+Users& Session::colUser() { return required(colUser_ ? &*colUser_ : nullptr); }
+
+BookingCircleDialog& Session::dlgBuchungskreise() const {
+  return required(dlgBuchungskreise_.get());
+}
+
+void Session::dlgBuchungskreise(std::unique_ptr<BookingCircleDialog> dialog) {
+  dlgBuchungskreise_ = std::move(dialog);
+}
+
+}  // namespace vexnumkr

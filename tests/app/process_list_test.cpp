@@ -1,0 +1,37 @@
+#include "app/process_list.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace vexnumkr::app {
+
+TEST(ProcessList, ShowsNoPasswords) {
+  std::string program = "vexnumkr-host", option = "--connection", user = "--user=geheim";
+  std::string spaced = "Driver=QPSQL;Database=f;PWD=geheim;UID=u";
+  std::string joined = "--connection=Driver=QPSQL;PWD=\"ge;heim\"";
+  char* arguments[] = {program.data(), option.data(), spaced.data(),
+                       user.data(),    joined.data(), nullptr};
+  hidePasswords(5, arguments);
+  EXPECT_EQ(spaced, "Driver=QPSQL;Database=f;PWD=******;UID=u");
+  EXPECT_EQ(joined, "--connection=Driver=QPSQL;PWD=*********");
+  EXPECT_EQ(user, "--user=geheim");
+}
+
+TEST(ProcessList, ShowsNoneInBraces) {
+  std::string program = "vexnumkr-host", option = "--connection";
+  std::string text = "Driver=QODBC;Database=DSN=x;PWD={ge;heim};UID=u";
+  char* arguments[] = {program.data(), option.data(), text.data(), nullptr};
+  hidePasswords(3, arguments);
+  EXPECT_EQ(text, "Driver=QODBC;Database=DSN=x;PWD=*********;UID=u");
+}
+
+TEST(ProcessList, ShowsTheRestWhereAPasswordIsShort) {
+  std::string program = "vexnumkr-host", option = "--connection";
+  std::string text = "Driver=QPSQL;Database=abba;PWD=a";
+  char* arguments[] = {program.data(), option.data(), text.data(), nullptr};
+  hidePasswords(3, arguments);
+  EXPECT_EQ(text, "Driver=QPSQL;Database=abba;PWD=*");
+}
+
+}  // namespace vexnumkr::app

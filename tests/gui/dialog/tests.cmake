@@ -1,0 +1,26 @@
+# The real dialogs on a real database.
+add_library(vexnumkr_dialog_session STATIC
+  support/dialog_session.cpp support/faulty_forms.cpp support/modal_user.cpp)
+target_link_libraries(vexnumkr_dialog_session
+  PUBLIC vexnumkr_scenario_driver vexnumkr_fresh_database GTest::gtest
+  PRIVATE vexnumkr_options Qt6::Test)
+
+foreach(name broken_host circles circles_refresh closing controls editor_walk ending entries failures
+    filters interruptions loading options progress refusals special_ranges ticks tree validation)
+  vexnumkr_test(gui/dialog/dialog_${name}_test GUI LABEL gui LINKS vexnumkr_dialog_session)
+endforeach()
+
+vexnumkr_on_every_engine(
+  dialog_circles_test dialog_closing_test dialog_loading_test dialog_special_ranges_test)
+
+# Its own functions take the place of those by which the engine waits.
+vexnumkr_test(gui/dialog/dialog_two_hosts_test GUI LABEL engine
+  SOURCES app/program.cpp support/engine_waits.cpp LINKS vexnumkr_dialog_session)
+set_target_properties(dialog_two_hosts_test PROPERTIES ENABLE_EXPORTS ON)
+target_compile_definitions(dialog_two_hosts_test PRIVATE
+  HOST_PROGRAM="$<TARGET_FILE:vexnumkr-host>" PLUGIN_FOLDER="${CMAKE_BINARY_DIR}/tests/plugins")
+add_dependencies(dialog_two_hosts_test hold_write_lock vexnumkr-host vexnumkr_button_presser)
+
+vexnumkr_test(gui/dialog/dialog_keyboard_test GUI LABEL gui
+  LINKS vexnumkr_dialog_session vexnumkr_test_screen_reader)
+vexnumkr_test(gui/dialog/dialog_look_test GUI LABEL gui SCALES 1.25 1.5 2 LINKS vexnumkr_dialog_session)

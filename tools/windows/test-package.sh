@@ -1,0 +1,116 @@
+#!/usr/bin/env bash
+# Tests the archive for Windows and the installer: what they hold, and under Wine that they register what
+# regsvr32 registers, repair it, and leave nothing behind.
+#
+#   tools/windows/test-package.sh
+#
+# 64 bits only. The library of build/windows-x86_64 is packed where it is there; otherwise a small one takes its
+# place that registers as it does. Takes about two minutes.
+set -euo pipefail
+
+root=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
+if [ $# -ne 0 ]; then
+  sed -n '2,8s/^# \{0,1\}//p' "$root/tools/windows/test-package.sh" >&2
+  exit 2
+fi
+"$root/tools/install-packages.sh" windows-test
+"$root/tools/install-packages.sh" windows-package
+
+work=$(mktemp -d "${TMPDIR:-/tmp}/vexnumkr-installer-XXXXXX")
+export WINEPREFIX=$work/wine WINEDEBUG=-all DISPLAY='' WINEARCH=win64
+# Wine looks for a browser and for a .NET at its first start.
+export WINEDLLOVERRIDES='mscoree,mshtml=;winemenubuilder.exe='
+leave() {
+  wineserver -k >/dev/null 2>&1 || true
+  rm -rf "$work"
+}
+trap leave EXIT
+
+fail() {
+  echo "FAILED: $*" >&2
+  exit 1
+}
+
+# The library, or what registers like it.
+library=$root/build/windows-x86_64/bin/VEXNumKr.dll
+if [ ! -e "$library" ]; then
+  echo "There is no VEXNumKr.dll; a library that only registers takes its place."
+  library=$work/VEXNumKr.dll
+  x86_64-w64-mingw32-g++-posix -std=c++20 -shared -static -s -o "$library" -I "$root/src" \
+    "$root/tests/automation/installer/registering_library.cpp" \
+    "$root/src/windows/registration.cpp" "$root/src/windows/registry_key.cpp" \
+    -Wl,--exclude-all-symbols "$root/tests/automation/installer/registering_library.def" -lole32 -luuid
+  echo "no type library" >"$work/VEXNumKr.tlb"
+fi
+export VEXNUMKR_WINDOWS_LIBRARY=$library VEXNUMKR_DIST=$work/dist
+"$root/tools/windows/package.sh" >"$work/log" 2>&1 || { cat "$work/log" && fail "package.sh"; }
+name=$(basename "$work"/dist/*.zip .zip)
+
+# The same library gives the same archive.
+mv "$work/dist/$name.zip" "$work/first.zip"
+"$root/tools/windows/package.sh" >"$work/log" 2>&1
+cmp "$work/first.zip" "$work/dist/$name.zip" || fail "the archive differs from the one before"
+echo "ok  the archive is the same twice"
+
+(cd "$work" && unzip -q first.zip)
+folder=$work/$name
+for file in VEXNumKr.dll VEXNumKr.tlb anmelden.cmd abmelden.cmd selftest.vbs LIESMICH.txt \
+  handbuch/handbuch.pdf handbuch/windows.html lizenzen/LGPL-3.txt lizenzen/VEXNumKr.spdx.json \
+  quelltext/vexnumkr-*.tar.xz; do
+  compgen -G "$folder/$file" >/dev/null || fail "$file is missing"
+done
+grep -rl '@[A-Z]*@' "$folder" --include=*.cmd --include=*.txt && fail "something is not filled in"
+jq -e '.spdxVersion == "SPDX-2.3" and (.packages | length > 10)
+  and all(.files[]; .checksums | length == 2)' "$folder/lizenzen/VEXNumKr.spdx.json" >/dev/null ||
+  fail "the SPDX document"
+jq -r '.files[] | [.checksums[1].checksumValue, .fileName] | join("  ")' \
+  "$folder/lizenzen/VEXNumKr.spdx.json" | (cd "$folder" && sha256sum --quiet -c -) ||
+  fail "the SPDX document's checksums"
+echo "ok  what the archive holds"
+
+# What is registered for the machine, without what the installer notes for itself. Folders are written
+# with or without a backslash at their end.
+registered() {
+  wine reg export 'HKLM\Software\Classes' "Z:${work//\//\\}\\classes.reg" /y >/dev/null 2>&1
+  iconv -f UTF-16 -t UTF-8 "$work/classes.reg" | tr -d '\r' | sed 's/\(Nummernkreise\)\\\\"$/\1"/' |
+    awk 'BEGIN { RS = ""; ORS = "\n\n" } !/^\[HKEY_LOCAL_MACHINE\\Software\\Classes\\Installer/' >"$1"
+}
+
+# same FILE WHAT: what is registered now is as in FILE.
+same() {
+  registered "$work/now"
+  diff "$work/$1" "$work/now" || fail "$2"
+  echo "ok  $2"
+}
+
+installed=$WINEPREFIX'/drive_c/Program Files/Vexal Nummernkreise'
+msi="Z:${work//\//\\}\\dist\\$name.msi"
+wineboot --init >/dev/null 2>&1
+registered "$work/before"
+
+wine msiexec /qn /i "$msi" || fail "msiexec /i ends with $?"
+cmp "$library" "$installed/VEXNumKr.dll" || fail "the library is not installed"
+registered "$work/by-installer"
+wine msiexec /qn /x "$msi" || fail "msiexec /x ends with $?"
+[ ! -e "$installed" ] || fail "files are left: $(ls "$installed")"
+same before "removing leaves nothing behind"
+
+mkdir -p "$installed"
+cp "$library" "$folder"/*.cmd "$installed"
+wine cmd /c 'C:\Program Files\Vexal Nummernkreise\anmelden.cmd' >"$work/said" || fail "anmelden.cmd"
+grep -q 'ist angemeldet' "$work/said"
+same by-installer "the installer registers what anmelden.cmd registers"
+wine cmd /c 'C:\Program Files\Vexal Nummernkreise\abmelden.cmd' >"$work/said" || fail "abmelden.cmd"
+same before "abmelden.cmd leaves nothing behind"
+rm -r "$installed"
+
+wine msiexec /qn /i "$msi"
+wine reg delete 'HKLM\Software\Classes\CLSID\{1799D539-16B2-4FA4-9CE5-48A27AE28092}' /f >/dev/null
+rm "$installed/VEXNumKr.dll"
+# Wine repairs by the product's code only; Windows takes the file too.
+product=$(msiinfo export "$work/dist/$name.msi" Property | tr -d '\r' | sed -n 's/^ProductCode\t//p')
+wine msiexec /qn /fomus "$product" || fail "msiexec /f ends with $?"
+cmp "$library" "$installed/VEXNumKr.dll" || fail "repairing does not bring the library back"
+same by-installer "repairing brings back what was lost"
+wine msiexec /qn /x "$msi"
+same before "and it can be removed then"
