@@ -60,7 +60,7 @@ struct CheckOptions {
   std::int32_t criticalPercent = 95;
 };
 
-struct CheckResult {
+struct VEXNUMKR_API CheckResult {
   /// Critical ones first, otherwise in the order of the ranges, assignments and users.
   std::vector<Finding> findings;
   /// Of the active ranges in order whose own numbers are drawn, in the order of the company.

@@ -137,7 +137,7 @@ Target targetOf(Connection& connection, const DrawRequest& request) {
     throw DrawError(DrawFailure::exhausted, name + " hat nur noch " + std::to_string(left) +
                                                 " von " + std::to_string(count) +
                                                 " verlangten Nummern.");
-  throw Error(changedMeanwhile, "vexnumkr",
+  throw Error(error_number::changedMeanwhile, "vexnumkr",
               name +
                   " wurde soeben an anderer Stelle geändert. Bitte versuchen Sie es noch "
                   "einmal.");

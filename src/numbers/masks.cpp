@@ -23,10 +23,9 @@ bool startsThere(std::string_view mask, std::int32_t start, const std::string& m
 }  // namespace
 
 std::optional<MaskNumbers> maskNumbers(std::string_view mask, std::string_view date) {
-  mask = trimBlanks(mask);
-  if (mask.empty()) return std::nullopt;
-  const MaskTexts texts = readMask(mask, date);
-  return MaskNumbers{textToLong(texts.low), textToLong(texts.high)};
+  const auto bounds = maskBounds(mask, date);
+  if (!bounds) return std::nullopt;
+  return MaskNumbers{bounds->low, bounds->high};
 }
 
 bool isDated(std::string_view mask) { return mask.find_first_of("JjMm") != std::string_view::npos; }

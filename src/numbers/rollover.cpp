@@ -4,7 +4,6 @@
 #include <vexnumkr/number_rollover.h>
 
 #include "numbers/check/checked_ranges.h"
-#include "numbers/failure.h"
 #include "numbers/query.h"
 #include "numbers/sql/statements.h"
 #include "numbers/transaction.h"
@@ -35,7 +34,7 @@ void renumber(Connection& connection, const Renumbering& change) {
       execute(connection, statement::renumberRange(literals, change.range, change.numbers.low,
                                                    change.numbers.low, change.numbers.high));
   if (changed != 1)
-    throw Error(changedMeanwhile, "vexnumkr",
+    throw Error(error_number::changedMeanwhile, "vexnumkr",
                 "Der Nummernkreis " + describeKey(change.range) + ", Buchungskreis " +
                     std::to_string(change.range.circle) +
                     ", wurde soeben an anderer Stelle geändert. Es wurde nichts geändert; bitte "

@@ -1,7 +1,8 @@
 // Writing what differs, all or nothing.
 #include <set>
 
-#include "numbers/failure.h"
+#include <vexnumkr/error.h>
+
 #include "numbers/origin.h"
 #include "numbers/query.h"
 #include "numbers/sql/statements.h"
@@ -75,7 +76,7 @@ void requireStored(Connection& connection, const Company& wanted, const Transfer
   const Comparison now(connection, wanted, options);
   const std::vector<Change> left = described(now.changes);
   if (left.empty()) return;
-  throw Error(3022, "vexnumkr",
+  throw Error(error_number::notStoredAsWritten, "vexnumkr",
               "Die Datenbank hat nicht alles so gespeichert, wie es gesendet wurde: " +
                   left.front().what + ". Es wurde nichts geändert.");
 }

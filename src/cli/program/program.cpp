@@ -1,4 +1,4 @@
-#include "cli/program.h"
+#include "cli/program/program.h"
 
 #include <QCoreApplication>
 #include <iostream>
@@ -16,7 +16,6 @@ namespace vexnumkr::cli {
 namespace {
 
 // The number library's own errors, which no engine has.
-constexpr std::int32_t invalidCall = 5;
 constexpr const char* librarySource = "vexnumkr";
 
 int report(const SharedOptions& options, int status, const std::string& text,
@@ -33,8 +32,8 @@ int report(const SharedOptions& options, int status, const std::string& text,
 int reportFailure(const SharedOptions& options, const Session& session, const Error& error) {
   const std::string text = withoutPasswords(error.description(), session.connectionText());
   if (error.source() == librarySource) {
-    const int status =
-        error.number() == invalidCall ? exit_status::wrongCall : exit_status::findings;
+    const int status = error.number() == error_number::invalidCall ? exit_status::wrongCall
+                                                                   : exit_status::findings;
     return report(options, status, text, error.number());
   }
   return report(options, exit_status::database,
