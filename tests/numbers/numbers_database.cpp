@@ -2,6 +2,7 @@
 
 #include <vexnumkr/adapters.h>
 
+#include "app/schema/schema.h"
 #include "app/sql.h"
 
 namespace vexnumkr::test {
