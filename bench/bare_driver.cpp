@@ -11,9 +11,9 @@
 namespace vexnumkr::bench {
 
 BareDriver::BareDriver(const std::string& connectionString)
-    : BareDriver(qtsql::parseConnectionString(connectionString)) {}
+    : BareDriver(parseConnectionString(connectionString)) {}
 
-BareDriver::BareDriver(const qtsql::ConnectionSettings& settings)
+BareDriver::BareDriver(const ConnectionSettings& settings)
     : handle_(qtsql::driverOf(settings.driver), settings) {}
 
 int BareDriver::run(const std::string& statement) {

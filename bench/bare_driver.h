@@ -22,7 +22,7 @@ class BareDriver {
   void tryToRun(const std::string& statement);
 
  private:
-  explicit BareDriver(const qtsql::ConnectionSettings& settings);
+  explicit BareDriver(const ConnectionSettings& settings);
 
   qtsql::DatabaseHandle handle_;
 };

@@ -11,7 +11,7 @@
 namespace vexnumkr::bench {
 
 PlainDialog::PlainDialog(const FormDescription& description, const XArray& table) {
-  resize(toPixels(description.width), qtforms::toPixels(description.height));
+  resize(toPixels(description.width), toPixels(description.height));
   fill(table);
   for (const ControlDescription& control : description.controls) {
     QWidget* const widget = madeFor(control);

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
-#include "app/connection_text.h"
+#include <vexnumkr/connection_string.h>
+
 #include "app/program.h"
 #include "app/sample_database.h"
 
@@ -19,7 +20,7 @@ ProgramRun runExample(const QStringList& arguments, const QString& buttons = {},
 }
 
 QString connectionTo(const SampleDatabase& database) {
-  return QString::fromStdString(app::sqliteConnectionText(database.file()));
+  return QString::fromStdString(sqliteConnectionString(database.file()));
 }
 
 const std::string firstLine = "vexnumkr " PROJECT_VERSION "\n";
