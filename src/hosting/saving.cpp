@@ -85,17 +85,17 @@ class Saving {
     takeDrawnNumbers(data_, before, underLock);
     writeTable(data_.table, source, session_.progress());
     for (const RangeRow& range : underLock.unknown) InsertIntoNummernkreise(source, range);
-    readBack();
+    readBack(underLock.unknown);
     session_.Conn().CommitTrans();
     session_.progress().advance();
   }
 
   // Asks for both before it judges either.
-  void readBack() {
+  void readBack(const std::vector<RangeRow>& others) {
     StatementSource& source = session_.source();
     const auto records = source.query(statement::ranges());
     const auto count = source.query(statement::assignmentCount(session_.Herkunft()));
-    requireStoredAsWritten(data_.table, *records, count->Fields("Anzahl").toLong());
+    requireStoredAsWritten(data_.table, others, *records, count->Fields("Anzahl").toLong());
   }
 
   Session& session_;

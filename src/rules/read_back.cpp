@@ -85,25 +85,46 @@ bool isHostsKey(const RangeRow& row) { return row.NSchl == "LM" || row.NSchl == 
 
 RangeId writtenId(const RangeRow& row) { return {row.Buchungskreis, writtenText(row.NSchl)}; }
 
+// A range that is none of the table has no caption.
+std::string told(const RangeRow& row) {
+  return row.NBezeichnung.str() + ", Buchungskreis " + std::to_string(row.Buchungskreis);
+}
+
 [[noreturn]] void failNotAsWritten(const std::string& what) {
   throw Error(error_number::notStoredAsWritten, "VEXNummernkreise",
               "Die Datenbank hat nicht alles so gespeichert, wie es gesendet wurde: " + what + ".");
 }
 
+class ReadBack {
+ public:
+  ReadBack(Recordset& records, const XArray& table, const std::vector<RangeRow>& others)
+      : stored_(readAll(records)) {
+    for (const RangeRow& row : table)
+      if (row.isCommon()) lastWritten_.insert_or_assign(writtenId(row), written(row));
+    for (const RangeRow& row : others) lastWritten_.insert_or_assign(writtenId(row), written(row));
+  }
+
+  bool isAsWritten(const RangeRow& row) const {
+    const auto found = stored_.find(writtenId(row));
+    return found != stored_.end() && found->second.records == 1 &&
+           found->second.content == lastWritten_.at(writtenId(row));
+  }
+
+ private:
+  Stored stored_;
+  std::map<RangeId, Content> lastWritten_;
+};
+
 }  // namespace
 
-void requireStoredAsWritten(const XArray& table, Recordset& records, std::int64_t assignments) {
-  const Stored stored = readAll(records);
-  std::map<RangeId, Content> lastWritten;
+void requireStoredAsWritten(const XArray& table, const std::vector<RangeRow>& others,
+                            Recordset& records, std::int64_t assignments) {
+  const ReadBack readBack(records, table, others);
   for (const RangeRow& row : table)
-    if (row.isCommon()) lastWritten.insert_or_assign(writtenId(row), written(row));
-  for (const RangeRow& row : table) {
-    if (!row.isCommon() || isHostsKey(row)) continue;
-    const auto found = stored.find(writtenId(row));
-    if (found == stored.end() || found->second.records != 1 ||
-        found->second.content != lastWritten.at(writtenId(row)))
+    if (row.isCommon() && !isHostsKey(row) && !readBack.isAsWritten(row))
       failNotAsWritten(row.NBezeichnung.str() + ", " + row.Gruppe.str());
-  }
+  for (const RangeRow& row : others)
+    if (!readBack.isAsWritten(row)) failNotAsWritten(told(row));
   if (assignments != std::ranges::count_if(table, &RangeRow::Aktiviert))
     failNotAsWritten("Zuordnungen");
 }

@@ -67,6 +67,19 @@ TEST_F(ReadBackTest, ATriggerThatPassesOverAnAssignment) {
   notStored("Zuordnungen");
 }
 
+// The save removes it and inserts it again.
+TEST_F(ReadBackTest, ATriggerThatPassesOverARangeThatTheDialogHasNotRead) {
+  onTheDatabase("INSERT INTO Nummernkreise VALUES (5, 'ZZ', 'Zusatz', 1, 1, 9, 0, 10, '', '')");
+  before_ = stored();
+  onTheDatabase(
+      "CREATE TRIGGER t BEFORE INSERT ON Nummernkreise WHEN new.NSchl = 'ZZ' "
+      "BEGIN SELECT RAISE(IGNORE); END");
+  notStored("Zusatz, Buchungskreis 5");
+  onTheDatabase("DROP TRIGGER t");
+  EXPECT_TRUE(save());
+  EXPECT_EQ(std::ranges::count(storedRanges(), "5|ZZ|Zusatz|1|1|9|0|10||"), 1);
+}
+
 TEST_F(ReadBackTest, ATableWithoutAKeyWouldHoldRangesTwice) {
   session().Conn().RollbackTrans();
   sql("CREATE TABLE Ohne AS SELECT * FROM Nummernkreise");

@@ -46,8 +46,9 @@ class StoredChangesTest : public test::SavingSession {
   void afterFirstReading(std::function<void()> act) {
     script().afterwards = [this, act = std::move(act)](const std::string& entry) {
       if (!entry.starts_with("work: SELECT NSchl")) return;
+      const auto once = act;  // which goes with the function that holds it
       script().afterwards = nullptr;
-      act();
+      once();
     };
   }
   std::string row(const std::string& user, std::int32_t circle, const std::string& key) {
