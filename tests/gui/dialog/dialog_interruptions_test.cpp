@@ -53,6 +53,10 @@ class DialogInterruptionsTest : public DialogSession {
                       Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
     QApplication::sendEvent(&over, &event);
   }
+  void wheelWithFocus(QWidget& over, int steps) {
+    over.setFocus();
+    wheel(over, steps);
+  }
   QTreeView& view() const { return control<QTreeView>("sftNummernkreise"); }
   QAbstractItemView& list(const std::string& combo) const {
     return *control<QComboBox>(combo).view();
@@ -212,9 +216,19 @@ TEST_F(DialogInterruptionsTest, OpeningAListKeepsTheTextAndLeavingItChoosesNothi
   });
 }
 
+TEST_F(DialogInterruptionsTest, TurningTheWheelOverAFilterWithoutTheFocusChangesNothing) {
+  whileTyping("160", [&] {
+    for (const char* filter : {"cboUser", "cboBuchungskreis"}) wheel(control(filter), 1);
+    EXPECT_EQ(shown("cboUser"), "Alle Benutzer");
+    EXPECT_EQ(shown("cboBuchungskreis"), "Alle Buchungskreise");
+    expectTyping("160");
+    EXPECT_TRUE(editorHasFocus());
+  });
+}
+
 TEST_F(DialogInterruptionsTest, TurningTheWheelOverAFilterKeepsTheTextFirst) {
   whileTyping("160", [&] {
-    wheel(control("cboUser"), 1);
+    wheelWithFocus(control("cboUser"), 1);
     EXPECT_EQ(shown("cboUser"), "Anna");
     EXPECT_EQ(editor(), "none");
     EXPECT_EQ(range("Anna", 1, "AN").substr(0, 8), "100|160|");
@@ -223,7 +237,7 @@ TEST_F(DialogInterruptionsTest, TurningTheWheelOverAFilterKeepsTheTextFirst) {
 
 TEST_F(DialogInterruptionsTest, TurningTheWheelOverAFilterIsRefusedWithTheText) {
   whileTyping("x", [&] {
-    wheel(control("cboUser"), 1);
+    wheelWithFocus(control("cboUser"), 1);
     EXPECT_EQ(boxes(), Boxes{notANumber});
     EXPECT_EQ(shown("cboUser"), "Alle Benutzer");
     expectTyping("x");
