@@ -87,6 +87,7 @@ class Saving {
     for (const RangeRow& range : underLock.unknown) InsertIntoNummernkreise(source, range);
     readBack(underLock.unknown);
     session_.Conn().CommitTrans();
+    knowAsStored(data_);
     session_.progress().advance();
   }
 

@@ -127,7 +127,13 @@ void takeDrawnNumbers(const RangeData& data, const StoredRanges& before,
         writableValues(row) != *first)
       failChangedJustNow(row);
     replaceValues(data, range, *now);
+    data.known.values(range, *now);
   }
+}
+
+void knowAsStored(const RangeData& data) {
+  for (const RangeRow& row : data.table)
+    if (row.isCommon()) data.known.values(RangeId::of(row), RangeValues::of(row));
 }
 
 }  // namespace vexnumkr

@@ -61,4 +61,7 @@ void takeStoredValues(const RangeData& data, const std::vector<Conflict>& confli
 void takeDrawnNumbers(const RangeData& data, const StoredRanges& before,
                       const StoredRanges& underLock);
 
+/// All of the table has been stored: its values are known from then on.
+void knowAsStored(const RangeData& data);
+
 }  // namespace vexnumkr

@@ -1,4 +1,4 @@
-#include "adapters/qtsql/records/field_value.h"
+#include "adapters/qtsql/session/field_value.h"
 
 #include <gtest/gtest.h>
 

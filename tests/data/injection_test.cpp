@@ -153,8 +153,8 @@ TEST_F(InjectionTest, AStatementThatAValueHasTurnedIntoAnotherIsRefusedBySaving)
                 "Die Anweisung wurde nicht ausgeführt, weil ein Wert sie verändert. Bitte prüfen "
                 "Sie die Eingaben auf Hochkommas.")});
   const Texts sent = script().takeStatements();
-  ASSERT_EQ(sent.size(), 4U) << "two deletes, the roll-back and the new transaction";
-  EXPECT_EQ((Texts{sent[2], sent[3]}), (Texts{"conn: ROLLBACK", "conn: BEGIN"}));
+  ASSERT_EQ(sent.size(), 6U) << "two readings, two deletes, the roll-back and a new transaction";
+  EXPECT_EQ((Texts{sent[4], sent[5]}), (Texts{"conn: ROLLBACK", "conn: BEGIN"}));
   EXPECT_EQ(table().at(0).Maske.toValue(), Value("' || (SELECT strUserName_PK FROM tblUser) || '"));
 }
 

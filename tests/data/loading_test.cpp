@@ -196,10 +196,11 @@ TEST_F(LoadingTest, AFailedLookAtAnAssignmentReadsAsInactive) {
       << "the activity rule falls back to the standard range";
 }
 
-TEST_F(LoadingTest, AnUnknownNumberOfAssignmentsCountsAsSome) {
+TEST_F(LoadingTest, WhereAssignmentsAreNotCountedTheyAreLookedAt) {
   start(1);
-  EXPECT_FALSE(AktiviertDB(1, "RE", "Max"));
   session().source().cmdSQL(std::make_unique<CommandThatDoesNotCount>(session().Conn()));
+  EXPECT_FALSE(AktiviertDB(1, "RE", "Max"));
+  sql("INSERT INTO Nummernkreis_Zuordnung VALUES (1, 'RE', 'Max', 'ORB')");
   EXPECT_TRUE(AktiviertDB(1, "RE", "Max"));
 }
 

@@ -33,7 +33,7 @@ const Lines& startUpCalls() {
                            "cmd.CommandType 1",
                            "cmd.CommandTimeout 0",
                            "conn.createConnection",
-                           "work.CommandTimeout 0",
+                           "work.CommandTimeout 30",
                            "conn.ConnectionString?",
                            "work.ConnectionString Database=x",
                            "work.ConnectionTimeout 0",

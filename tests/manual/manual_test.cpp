@@ -182,9 +182,11 @@ class ManualMessages : public test::CoreSession {
         conflictQuestion(
             {{{1, "RE"}, "Rechnung", "Zentrale Ulm", {1, 260117, 9, ""}, {1, 260118, 9, ""}}}));
     const std::vector<app::BookingCircle> present = {{3, "Onlinehandel"}, {4, "Werkstatt"}};
-    for (const char* number : {"0", "3"}) lines.insert(app::refusedNumber(number, present));
+    for (const char* number : {"0", "3", "99999999999"})
+      lines.insert(app::refusedNumber(number, present));
     for (const char* description : {"", "Werkstatt", "Standard"})
       lines.insert(app::refusedDescription(description, 0, present));
+    lines.insert(app::refusedDescription(std::string(75, 'x'), 0, present));
     addLines(lines, maskToolTip("20240315"));
     return lines;
   }
@@ -192,7 +194,7 @@ class ManualMessages : public test::CoreSession {
 
 TEST_F(ManualMessages, AreThoseOfTheSystem) {
   std::set<std::string> known = raised();
-  for (const char* folder : {"rules", "dialogs", "app/components"})
+  for (const char* folder : {"rules", "hosting", "dialogs", "app/components"})
     for (const std::string& literal : test::literalsBelow(project / "src" / folder))
       addLines(known, literal);
   const Lines quoted = quotedLines();

@@ -145,6 +145,7 @@ TEST_P(BrokenFacility, DoesNotHideAFailureAndLeavesTheRestAlone) {
   const Box failure = errorBox(4711, "basAllgemein", "RefreshCombo", test::deliberateErrorText);
   EXPECT_EQ(boxes(), broke.standardReport ? Boxes{failure} : Boxes{});
   EXPECT_EQ(facility.reported, broke.standardReport ? 0 : 1);
+  start(1, {"Max"});
   if (broke.standardQuestion) forms().answer(msg_box::yes);
   EXPECT_TRUE(loadEditAndSave());
   EXPECT_EQ(boxes().size(), broke.standardQuestion ? 1U : 0U);
@@ -171,7 +172,7 @@ TEST_F(BrokenHostTest, WhatCannotBeAskedIsNotDone) {
   company();
   start(1, {"Max"});
   EXPECT_FALSE(StartAutoNum());
-  EXPECT_TRUE(loadEditAndSave()) << "not agreed to: discarded, and the dialog closes";
+  EXPECT_FALSE(loadEditAndSave()) << "agreed neither to save nor to lose anything";
   EXPECT_EQ(stored(), untouched);
 }
 

@@ -23,14 +23,14 @@ class LongWorkTest : public test::SavingSession {
   std::vector<Mark> marksOf(const std::function<void()>& work) {
     std::vector<Mark> marks;
     int statements = 0;
-    sent();
+    sentAndRead();
     progress().onShow = [&](int position) {
-      statements += static_cast<int>(sent().size());
+      statements += static_cast<int>(sentAndRead().size());
       marks.push_back({position, statements});
     };
     work();
     progress().onShow = {};
-    statements_ = statements + static_cast<int>(sent().size());
+    statements_ = statements + static_cast<int>(sentAndRead().size());
     return marks;
   }
   /// All that `work` sent.

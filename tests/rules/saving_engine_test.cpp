@@ -70,7 +70,12 @@ TEST_F(SavingEngineTest, AnEngineThatRollsBackByItself) {
 
 TEST_F(SavingEngineTest, ADatabaseThatMayOnlyBeRead) {
   onHostConnection("PRAGMA query_only = ON");
-  failsToSave(8, "attempt to write a readonly database", "DELETE FROM Nummernkreise ");
+  EXPECT_FALSE(save());
+  EXPECT_EQ(boxes(), std::vector{errorBox(8, "basAllgemein", "Save",
+                                          "attempt to write a readonly database")});
+  EXPECT_EQ(sent(), (Texts{"conn: ROLLBACK", "conn: BEGIN"})) << "refused before the first change";
+  EXPECT_EQ(stored(), before_);
+  EXPECT_TRUE(session().blnChanged());
   onHostConnection("PRAGMA query_only = OFF");
   saves();
 }

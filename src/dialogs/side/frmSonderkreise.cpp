@@ -1,5 +1,6 @@
 #include "dialogs/side/frmSonderkreise.h"
 
+#include "data/nz_value.h"
 #include "data/sql/statements.h"
 #include "platform/descriptions.h"
 
@@ -68,7 +69,7 @@ void frmSonderkreise::SaveSettings() {
     records_->MoveFirst();
     for (std::int32_t i = 0; i < lstSonderkreise_.ListCount(); ++i) {
       const bool selected = lstSonderkreise_.Selected(i);
-      const bool changes = records_->Fields("Aktiviert").toBoolean() != selected;
+      const bool changes = NzValue(records_->Fields("Aktiviert"), false).toBoolean() != selected;
       records_->Fields("Aktiviert", selected);
       records_->Update();
       if (changes) session_.blnChanged(true);

@@ -20,6 +20,7 @@ class DialogBrokenHostTest : public DialogSession {
   BreakableMessages& messages() { return messages_; }
   void withoutTexts() { host().plain.texts = nullptr; }
   void withoutMessages() { host().plain.messages = nullptr; }
+  bool messagesAreThere() { return host().plain.messages != nullptr; }
 
  protected:
   DialogBrokenHostTest() {
@@ -215,13 +216,30 @@ class BrokenMessages : public DialogBrokenHostTest,
 
 TEST_P(BrokenMessages, LeaveFailuresToTheStandardBox) {
   GetParam().breakHost(*this);
+  const std::string host = messagesAreThere() ? "Host: " : "";
   open(1, [&] {
     script().failStatement(1);
     press("cmdBuchungskreise");
     EXPECT_EQ(boxes(),
               (Boxes{errorBox(4711, "basAllgemein", "RefreshCombo", deliberateErrorText)}));
-    expectTheRestWorks(1);
+    click(2, 3);
+    type("160");
+    key("Enter");
+    statements();
+    answer("yes");
+    press("cmdOK");
+    ASSERT_TRUE(isOpen());
+    EXPECT_EQ(boxes(), (Boxes{{host + "Abfrage", "Sollen die Änderungen gespeichert werden?", 35},
+                              {host + "Info",
+                               "Die Nummernkreise konnten nicht vollständig gelesen werden. Es "
+                               "wird nichts gespeichert.",
+                               0}}));
+    EXPECT_EQ(statements(), Lines{});
+    press("cmdCancel");
+    EXPECT_EQ(statements(), Lines{"conn: ROLLBACK"});
   });
+  init(1);
+  show([&] { expectTheRestWorks(1); });  // reads again
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -252,20 +270,34 @@ TEST_F(BrokenMessageBoxes, AFailureIsStillShown) {
   });
 }
 
-// Whoever could not be asked has agreed to nothing.
-TEST_F(BrokenMessageBoxes, AQuestionThatCannotBeAskedChangesNothing) {
+// Whoever could not be asked has agreed to nothing, and loses nothing.
+TEST_F(BrokenMessageBoxes, AQuestionThatCannotBeAskedKeepsTheDialogAndItsTransaction) {
   messages().failing = "Show";
+  const char* const stored =
+      "SELECT AktuellerWert FROM Nummernkreise WHERE Buchungskreis=1 AND NSchl='AN'";
   open(1, [&] {
     press("cmdAuto");
     EXPECT_EQ(values(2), "100|150|199|JNN");
+    EXPECT_FALSE(changed());
     click(2, 3);
     type("160");
     key("Enter");
+    statements();
+    press("cmdOK");
+    ASSERT_TRUE(isOpen());
+    closeWindow();
+    ASSERT_TRUE(isOpen());
+    EXPECT_EQ(statements(), Lines{});
+    EXPECT_EQ(cell(2, 3), "160");
+    EXPECT_TRUE(changed());
+    EXPECT_EQ(rows(stored), Lines{"150"});
+    messages().failing.clear();
+    answer("yes");
     press("cmdOK");
     EXPECT_FALSE(isOpen());
+    EXPECT_EQ(boxes().size(), 1U);
   });
-  EXPECT_EQ(rows("SELECT AktuellerWert FROM Nummernkreise WHERE Buchungskreis=1 AND NSchl='AN'"),
-            Lines{"150"});
+  EXPECT_EQ(rows(stored), Lines{"160"});
 }
 
 TEST_F(BrokenMessageBoxes, AWrongEntryIsRefusedAlsoWithoutAWord) {

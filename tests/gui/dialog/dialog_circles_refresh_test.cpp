@@ -113,12 +113,12 @@ INSTANTIATE_TEST_SUITE_P(
              named(std::get<1>(instance.param)) + "_" + named(std::get<2>(instance.param));
     });
 
-// Without booking circles there is no choice of users, so the user whose view was open stays, and
-// the tree is that user's. With the first new circle the choice is back, at "Alle Benutzer".
+// Without booking circles there is no choice of users, so the view of the user that was open goes
+// back to the common one. With the first new circle the choice is back, at "Alle Benutzer".
 class DialogWithoutCirclesTest : public DialogSession,
                                  public testing::WithParamInterface<const char*> {};
 
-TEST_P(DialogWithoutCirclesTest, AUsersViewIsThatOfTheStandardRanges) {
+TEST_P(DialogWithoutCirclesTest, AUsersViewGoesBackToTheCommonOne) {
   inCompany(2, [&] {
     select("cboUser", "Max");
     select("cboBuchungskreis", GetParam());
@@ -133,7 +133,8 @@ TEST_P(DialogWithoutCirclesTest, AUsersViewIsThatOfTheStandardRanges) {
     EXPECT_FALSE(isVisible("cboUser"));
     EXPECT_EQ(entries("cboBuchungskreis"), (Lines{all, "Aktive Buchungskreise"}));
     EXPECT_EQ(tree(),
-              (Lines{"Angebot (AN)", "ValueTrue Standard", "Rechnung (RE)", "ValueTrue Standard"}));
+              (Lines{"Angebot (AN)", "Checked Standard", "Rechnung (RE)", "Checked Standard"}));
+    EXPECT_EQ(shown("cboUser"), everybody);
     administer("INSERT INTO Nummernkreis_Buchungskreise VALUES (3, 'West', 'ORC')");
     EXPECT_TRUE(isVisible("cboUser"));
     EXPECT_EQ(shown("cboUser"), everybody);

@@ -61,8 +61,15 @@ TEST_F(DialogClosingTest, OkOfApplication2SavesWithoutAsking) {
     EXPECT_FALSE(isOpen());
     EXPECT_EQ(boxes(), Boxes{});
     const Lines sent = statements();
-    EXPECT_EQ(sent.front().find("conn: DELETE FROM Nummernkreise WHERE NOT EXISTS"), 0U);
-    EXPECT_EQ(sent.back(), "conn: COMMIT");
+    ASSERT_GT(sent.size(), 5U);
+    EXPECT_EQ(sent[0].find("work: SELECT NSchl, "), 0U) << "what others have stored, unlocked";
+    EXPECT_EQ(sent[1].find("conn: SELECT NSchl, "), 0U) << "the same under lock";
+    EXPECT_EQ(sent[2].find("conn: DELETE FROM Nummernkreise WHERE NOT EXISTS"), 0U);
+    const Lines end(sent.end() - 3, sent.end());
+    EXPECT_EQ(end[0], sent[1]) << "what has been stored now";
+    EXPECT_EQ(end[1],
+              "conn: SELECT COUNT(*) AS Anzahl FROM Nummernkreis_Zuordnung WHERE Herkunft='ORC'");
+    EXPECT_EQ(end[2], "conn: COMMIT");
     EXPECT_EQ(std::count(sent.begin(), sent.end(), "conn: BEGIN"), 0);
   });
   EXPECT_EQ(storedValue(), "160");
@@ -180,18 +187,29 @@ TEST_F(DialogClosingTest, WhatWasSavedIsThereTheNextTime) {
 }
 
 TEST_F(DialogClosingTest, AFailedStatementRollsBackAndBeginsAnew) {
+  const std::pair<std::size_t, const char*> failing[] = {
+      {1, "work: SELECT NSchl, "},
+      {2, "conn: SELECT NSchl, "},
+      {3, "conn: DELETE FROM Nummernkreise WHERE NOT EXISTS"},
+      {4, "conn: DELETE FROM Nummernkreis_Zuordnung WHERE Herkunft='ORC'"},
+      {21, "conn: SELECT NSchl, "},
+      {22, "conn: SELECT COUNT(*) AS Anzahl FROM Nummernkreis_Zuordnung"}};
   inChangedCompany(2, [&] {
-    script().failStatement(2);
-    press("cmdOK");
-    EXPECT_TRUE(isOpen());
-    EXPECT_EQ(boxes(), (Boxes{errorBox(4711, "basAllgemein", "Save", deliberateErrorText)}));
-    const Lines sent = statements();
-    ASSERT_EQ(sent.size(), 4U);
-    EXPECT_EQ(sent[1], "conn: DELETE FROM Nummernkreis_Zuordnung WHERE Herkunft='ORC' !failed");
-    EXPECT_EQ((Lines{sent[2], sent[3]}), (Lines{"conn: ROLLBACK", "conn: BEGIN"}));
-    EXPECT_EQ(cell(2, 3), "160");
-    EXPECT_TRUE(changed());
-    EXPECT_EQ(storedValue(), "150");
+    for (const auto& [place, text] : failing) {
+      SCOPED_TRACE(place);
+      script().failStatement(static_cast<int>(place));
+      press("cmdOK");
+      ASSERT_TRUE(isOpen());
+      EXPECT_EQ(boxes(), (Boxes{errorBox(4711, "basAllgemein", "Save", deliberateErrorText)}));
+      const Lines sent = statements();
+      ASSERT_EQ(sent.size(), place + 2);
+      EXPECT_EQ(sent[place - 1].find(text), 0U) << sent[place - 1];
+      EXPECT_TRUE(sent[place - 1].ends_with(" !failed"));
+      EXPECT_EQ((Lines{sent[place], sent[place + 1]}), (Lines{"conn: ROLLBACK", "conn: BEGIN"}));
+      EXPECT_EQ(cell(2, 3), "160");
+      EXPECT_TRUE(changed());
+      EXPECT_EQ(storedValue(), "150");
+    }
     press("cmdOK");  // the next attempt works
     EXPECT_FALSE(isOpen());
   });
@@ -247,16 +265,21 @@ TEST_F(DialogClosingTest, ClosingReleasesTheWorkingObjects) {
   EXPECT_EQ(session().colUser(), (std::vector<std::string>{"Alle Benutzer", "Anna", "Max"}));
 }
 
-// How the dialog is being closed stays as OK has set it.
-TEST_F(DialogClosingTest, AfterARefusedOkTheCloseButtonClosesLikeOk) {
+// How the dialog was being closed is forgotten when it stays open.
+TEST_F(DialogClosingTest, AfterARefusedOkTheCloseButtonAsks) {
   inChangedCompany(2, [&] {
     script().failCommit();
     press("cmdOK");
     ASSERT_TRUE(isOpen());
-    boxes();
+    EXPECT_EQ(boxes(), (Boxes{errorBox(4711, "basAllgemein", "Save", deliberateErrorText)}));
+    answer("cancel");
+    closeWindow();
+    ASSERT_TRUE(isOpen());
+    EXPECT_EQ(boxes(), Boxes{saveQuestion});
+    answer("yes");
     closeWindow();
     EXPECT_FALSE(isOpen());
-    EXPECT_EQ(boxes(), Boxes{});
+    EXPECT_EQ(boxes(), Boxes{saveQuestion});
   });
   EXPECT_EQ(storedValue(), "160");
 }

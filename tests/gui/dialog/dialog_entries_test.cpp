@@ -278,26 +278,35 @@ TEST_F(DialogEntriesTest, ABlankMaskTypedAgainIsNoChange) {
   });
 }
 
-// It is a number, but none that the current value could be compared with.
-TEST_F(DialogEntriesTest, ANumberBeyondTheIntegersIsReportedAndKept) {
+TEST_F(DialogEntriesTest, ANumberBeyondTheIntegersIsRefused) {
   inCompany(2, [&] {
-    enter(2, 2, "99999999999");
-    EXPECT_EQ(boxes(),
-              (Boxes{errorBox(6, "frmNummernkreise", "sftNummernkreise_AfterEdit", "Überlauf")}));
-    EXPECT_EQ(cell(2, 2), "99999999999");
-    EXPECT_EQ(cell(2, 3), "150");
-    EXPECT_EQ(editor(), "2/3 150");
+    for (const char* number : {"99999999999", "2147483648", "2147483647,5", "-2147483649"}) {
+      enter(2, 4, number);
+      EXPECT_EQ(boxes(),
+                (Boxes{{"Info",
+                        "Bitte geben Sie eine Zahl zwischen -2147483648 und 2147483647 ein.", 0}}))
+          << number;
+      EXPECT_EQ(editor(), std::string("2/4 ") + number);
+      key("Escape");
+      EXPECT_EQ(cell(2, 4), "199");
+    }
+    EXPECT_EQ(common(1, "AN"), "100|150|199|JNN|True");
+    EXPECT_FALSE(changed());
+    enter(2, 4, "2147483647");
+    EXPECT_EQ(boxes(), Boxes{});
+    EXPECT_EQ(common(1, "AN"), "100|150|2147483647|JNN|True");
     EXPECT_TRUE(changed());
   });
 }
 
-// A group has no current value; its entry goes to the standard range all the same.
+// A group has no values of its own, so its cells are empty again.
 TEST_F(DialogEntriesTest, AnEntryInAGroupGoesToTheStandardRange) {
   inCompany(2, [&] {
     enter(0, 2, "3");
-    EXPECT_EQ(boxes(), (Boxes{errorBox(13, "frmNummernkreise", "sftNummernkreise_AfterEdit",
-                                       "Typen unverträglich")}));
-    EXPECT_EQ(cell(0, 2), "3");
+    EXPECT_EQ(boxes(), Boxes{});
+    EXPECT_EQ(cell(0, 2), "");
+    EXPECT_EQ(values(1), "3|5|99| ");
+    EXPECT_TRUE(changed());
     EXPECT_EQ(common(0, "AN"), "3|5|99||True");
     EXPECT_EQ(range("Max", 0, "AN").substr(0, 4), "3|5|");
   });
@@ -341,9 +350,9 @@ TEST_F(DialogEntriesTest, ItsExampleIsForTheYearOfTheSession) {
 TEST_F(DialogEntriesTest, OtherColumnsTellWhatDoesNotFit) {
   inCompany(2, [&] {
     click(2, 3);
-    type("123456789012345678901234567890");
+    type("000000000000000000000000000160");
     key("Enter");
-    EXPECT_EQ(toolTip(2, 3), "123456789012345678901234567890");
+    EXPECT_EQ(toolTip(2, 3), "000000000000000000000000000160");
     EXPECT_EQ(toolTip(2, 4), "");
   });
 }
@@ -385,7 +394,8 @@ TEST_F(DialogEntriesTest, NumberingThatFailsIsReportedAndNotShown) {
     press("cmdAuto");
     const Boxes raised = boxes();
     ASSERT_EQ(raised.size(), 2U);
-    EXPECT_EQ(raised[1], errorBox(6, "basAllgemein", "StartAutoNum", "Überlauf"));
+    EXPECT_EQ(raised[1], errorBox(6, "basAllgemein", "StartAutoNum",
+                                  "Überlauf\r\n(Belegart: Angebot, Buchungskreis: Nord)"));
     EXPECT_EQ(values(2), "100|150|199|NNNNNNNNNN");
   });
 }

@@ -167,14 +167,55 @@ TEST_F(DialogFailuresTest, TheGeneralModuleTellsItsOwn) {
       {"SyncDataWithControl", "sftNummernkreise.ListIndex=", [&] { select("cboUser", "Max"); }},
       {"AddGroup", "sftNummernkreise.CellFontBold=", [&] { select("cboUser", "Max"); }},
       {"AddBuchungskreis", "sftNummernkreise.ItemLevel=", [&] { select("cboUser", "Max"); }},
-      {"RefreshCombo", "cboBuchungskreis.Clear", [&] { press("cmdBuchungskreise"); }},
-      {"StartAutoNum", "SetMousePointer",
-       [&] {
-         answer("yes");
-         press("cmdAuto");
-       }},
-      {"RefreshInXArray", "SetMousePointer", [&] { press("cmdBuchungskreise"); }}};
+      {"RefreshCombo", "cboBuchungskreis.Clear", [&] { press("cmdBuchungskreise"); }}};
   for (const Handler& handler : handlers) expectReport(handler, "basAllgemein");
+}
+
+TEST_F(DialogFailuresTest, NumberingThatFailsTellsItsOwnAndNumbersNothing) {
+  inCompany(2, [&] {
+    const Lines before = {values(1), values(3), values(5), values(6), values(7)};
+    click(3, 5);
+    type("NNNNNNNNNNN");
+    key("Enter");
+    key("Escape");
+    answer("yes");
+    press("cmdAuto");
+    expectFailure(errorBox(6, "basAllgemein", "StartAutoNum",
+                           "Überlauf\r\n(Belegart: Angebot, Buchungskreis: Süd)"));
+    EXPECT_EQ(values(2), "100|150|199|JNN") << "its own mask would have given it numbers";
+    EXPECT_EQ(values(3), "200|200|299|NNNNNNNNNNN");
+    EXPECT_EQ((Lines{values(1), before[1], values(5), values(6), values(7)}), before);
+    expectUsable();
+  });
+}
+
+// How the pointer looks is nothing to trouble the user with, nor does it keep any work from ending.
+TEST_F(DialogFailuresTest, APointerThatCannotChangeIsNobodysFailure) {
+  smallCompany("ORC");
+  const std::function<void()> acts[] = {[&] {
+                                          answer("yes");
+                                          press("cmdAuto");
+                                          EXPECT_EQ(boxes().size(), 1U);
+                                          EXPECT_NE(values(2), "100|150|199|JNN");
+                                        },
+                                        [&] {
+                                          sql("INSERT INTO Nummernkreis_Buchungskreise VALUES "
+                                              "(3, 'West', 'ORC')");
+                                          press("cmdBuchungskreise");
+                                          EXPECT_EQ(tree()[4], "Unchecked West");
+                                        }};
+  for (const auto& act : acts) {
+    init(2);
+    show([&] {
+      faults().fail("SetMousePointer");
+      act();
+      EXPECT_FALSE(faults().isPending()) << "the call was not made";
+      EXPECT_EQ(boxes(), Boxes{});
+      EXPECT_TRUE(changed());
+      ASSERT_TRUE(isOpen());
+      press("cmdCancel");
+    });
+  }
 }
 
 TEST_F(DialogFailuresTest, LoadingTellsItsOwnAndTheDialogCanBeClosed) {

@@ -103,6 +103,7 @@ TEST_F(DialogSpecialRangesTest, NoTextIsCutOffInEitherFont) {
 }
 
 TEST_F(DialogSpecialRangesTest, OkWritesEveryRecordInItsOrder) {
+  sql("INSERT INTO Nummernkreise VALUES (0, 'A2', 'Messe', 3000, 3000, 3999, -1, 9, 'AN', '')");
   inCompanyWithSpecialRanges(2, [&] {
     inSpecialRanges([&] {
       statements();
@@ -117,9 +118,11 @@ TEST_F(DialogSpecialRangesTest, OkWritesEveryRecordInItsOrder) {
         (Lines{sent.begin(), sent.begin() + 4}),
         (Lines{"conn: UPDATE RECORD 0 Aktiviert=False", "conn: UPDATE RECORD 1 Aktiviert=False",
                "conn: UPDATE RECORD 2 Aktiviert=True", selectBy + "U_NSchl"}));
-    press("cmdOK");  // nothing else has changed, so the ticks go with the transaction
+    EXPECT_TRUE(changed());
+    press("cmdOK");
+    EXPECT_FALSE(isOpen());
   });
-  EXPECT_EQ(stored(), (Lines{"A1 | -1", "A2 | 0", "R1 | 0"}));
+  EXPECT_EQ(stored(), (Lines{"A1 | 0", "A2 | -1", "R1 | 0"}));
 }
 
 TEST_F(DialogSpecialRangesTest, EntryAndRecordBelongTogetherAlsoWhereDescriptionsAreTheSame) {
@@ -135,19 +138,12 @@ TEST_F(DialogSpecialRangesTest, EntryAndRecordBelongTogetherAlsoWhereDescription
   EXPECT_EQ(stored(), (Lines{"A1 | 0", "A2 | 0", "R1 | 0"}));
 }
 
-// A way to have nothing but ticks saved: choosing what a user has chosen already changes nothing,
-// but counts as a change.
-TEST_F(DialogSpecialRangesTest, TicksAreSavedOnceAUsersChoiceIsChosenAgain) {
+TEST_F(DialogSpecialRangesTest, TicksAreSavedWhereNothingElseHasChanged) {
   inCompanyWithSpecialRanges(2, [&] {
     inSpecialRanges([&] {
       tick(1);
       press("cmdOK");
     });
-    EXPECT_FALSE(changed());
-    select("cboUser", "Max");
-    EXPECT_EQ(picture(2), "ValueTrue");
-    clickPicture(2);
-    EXPECT_EQ(picture(2), "ValueTrue");
     EXPECT_TRUE(changed());
     press("cmdOK");
     EXPECT_FALSE(isOpen());
@@ -156,6 +152,17 @@ TEST_F(DialogSpecialRangesTest, TicksAreSavedOnceAUsersChoiceIsChosenAgain) {
   EXPECT_EQ(rows("SELECT Buchungskreis, NSchl FROM Nummernkreis_Zuordnung WHERE Benutzer='Max' "
                  "ORDER BY NSchl"),
             (Lines{"1 | AN", "0 | RE"}));
+}
+
+TEST_F(DialogSpecialRangesTest, AUsersChoiceThatIsChosenAgainIsAChangeOfItsOwn) {
+  inCompanyWithSpecialRanges(2, [&] {
+    select("cboUser", "Max");
+    EXPECT_EQ(picture(2), "ValueTrue");
+    EXPECT_FALSE(changed());
+    clickPicture(2);
+    EXPECT_EQ(picture(2), "ValueTrue");
+    EXPECT_TRUE(changed());
+  });
 }
 
 TEST_F(DialogSpecialRangesTest, OkWithoutAChangeWritesTheOldStates) {
@@ -201,7 +208,7 @@ TEST_F(DialogSpecialRangesTest, ASwitchedOnRangeIsAddedForEverybody) {
               (Lines{"Ausland (R1)", "Checked Standard", "Unchecked Nord", "Unchecked Süd"}));
     EXPECT_EQ(cell(static_cast<std::int32_t>(shownItems.size()) - 4, 11), "RE");
     EXPECT_EQ(range("Max", 0, "R1"), "0|0|0||True");
-    EXPECT_FALSE(changed());
+    EXPECT_TRUE(changed());
   });
 }
 
@@ -215,7 +222,7 @@ TEST_F(DialogSpecialRangesTest, ASwitchedOffRangeIsRemovedForEverybody) {
     EXPECT_EQ(grid().ListCount(), 8);
     EXPECT_EQ(range("Max", 0, "A1"), "none");
     EXPECT_EQ(range("Alle Benutzer", 1, "A1"), "none");
-    EXPECT_FALSE(changed());
+    EXPECT_TRUE(changed());
   });
 }
 

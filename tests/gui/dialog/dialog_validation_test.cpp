@@ -13,13 +13,17 @@ class DialogValidationTest : public DialogSession {
     type(text);
     key("Enter");
   }
-  /// Presses OK over a defect; the dialog stays open and nothing is sent.
+  /// Presses OK over a defect; the dialog stays open, and nothing is sent but the question for what
+  /// is stored by now.
   void expectRefused(const std::string& message) {
     statements();
     press("cmdOK");
     EXPECT_TRUE(isOpen());
     EXPECT_EQ(boxes(), (Boxes{{"Info", message, 0}}));
-    EXPECT_EQ(statements(), Lines{});
+    EXPECT_EQ(statements(),
+              Lines{"work: SELECT NSchl, NBezeichnung, Buchungskreis, StartWert, AktuellerWert, "
+                    "EndWert, Aktiviert, SortierIndex, IstNSchlVon, Maske FROM Nummernkreise WHERE "
+                    "NSchl <> 'LM' AND NSchl <> 'AF' ORDER BY SortierIndex"});
   }
   void expectEditing(const std::string& place) {
     EXPECT_EQ(editor(), place);
@@ -169,18 +173,28 @@ TEST_F(DialogValidationTest, TheEditorIsBroughtIntoSight) {
   });
 }
 
-// What cannot be read as a number counts as checked; then saving fails over it.
-TEST_F(DialogValidationTest, AValueBeyondTheIntegersFailsTheCheckAndTheSave) {
+// The editor keeps it, so OK does not get as far as saving.
+TEST_F(DialogValidationTest, AValueBeyondTheIntegersIsNeitherKeptNorSaved) {
+  const Boxes refused = {
+      {"Info", "Bitte geben Sie eine Zahl zwischen -2147483648 und 2147483647 ein.", 0}};
   inCompany(2, [&] {
+    clickPicture(3);  // something to save
     enter(3, 4, "99999999999");
-    key("Escape");
-    clickPicture(3);
-    boxes();
+    EXPECT_EQ(boxes(), refused);
+    statements();
     press("cmdOK");
     EXPECT_TRUE(isOpen());
-    EXPECT_EQ(boxes(), (Boxes{errorBox(6, "basAllgemein", "CheckValidity", "Überlauf"),
-                              errorBox(6, "basAllgemein", "Save", "Überlauf")}));
+    EXPECT_EQ(boxes(), refused);
+    EXPECT_EQ(statements(), Lines{});
+    expectEditing("3/4 99999999999");
+    key("Escape");
+    EXPECT_EQ(cell(3, 4), "299");
+    press("cmdOK");
+    EXPECT_FALSE(isOpen());
   });
+  EXPECT_EQ(rows("SELECT StartWert, EndWert, Aktiviert FROM Nummernkreise WHERE Buchungskreis=2 "
+                 "AND NSchl='AN'"),
+            Lines{"200 | 299 | -1"});
 }
 
 }  // namespace

@@ -3,11 +3,11 @@
 #include <vexnumkr/adapters.h>
 #include <vexnumkr/connection_string.h>
 
-#include "adapters/qtsql/records/recordset.h"
 #include "adapters/qtsql/session/command.h"
 #include "adapters/qtsql/session/driver.h"
 #include "adapters/qtsql/session/driver_options.h"
 #include "adapters/qtsql/session/failure.h"
+#include "adapters/qtsql/session/recordset.h"
 
 namespace vexnumkr {
 namespace qtsql {

@@ -1,9 +1,9 @@
 #include "adapters/qtsql/session/session.h"
 
 #include "adapters/qtsql/clients/mariadb_client.h"
-#include "adapters/qtsql/records/field_value.h"
 #include "adapters/qtsql/session/eight_bit_text.h"
 #include "adapters/qtsql/session/failure.h"
+#include "adapters/qtsql/session/field_value.h"
 
 namespace vexnumkr::qtsql {
 namespace {

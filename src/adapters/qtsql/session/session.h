@@ -15,8 +15,8 @@
 #include <vexnumkr/error.h>
 
 #include "adapters/qtsql/clients/sqlite_client.h"
-#include "adapters/qtsql/records/row_set.h"
 #include "adapters/qtsql/session/database_handle.h"
+#include "adapters/qtsql/session/row_set.h"
 #include "platform/statement_gate.h"
 
 namespace vexnumkr::qtsql {

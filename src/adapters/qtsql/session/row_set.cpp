@@ -1,9 +1,9 @@
-#include "adapters/qtsql/records/row_set.h"
+#include "adapters/qtsql/session/row_set.h"
 
 #include <QSqlQuery>
 #include <algorithm>
 
-#include "adapters/qtsql/records/field_value.h"
+#include "adapters/qtsql/session/field_value.h"
 #include "platform/ascii_case.h"
 
 namespace vexnumkr::qtsql {

@@ -1,8 +1,8 @@
-#include "adapters/qtsql/records/keyed_select.h"
+#include "adapters/qtsql/session/keyed_select.h"
 
-#include "adapters/qtsql/records/field_value.h"
-#include "adapters/qtsql/records/simple_select.h"
+#include "adapters/qtsql/session/field_value.h"
 #include "adapters/qtsql/session/session.h"
+#include "adapters/qtsql/session/simple_select.h"
 
 namespace vexnumkr::qtsql {
 namespace {

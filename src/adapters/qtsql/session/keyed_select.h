@@ -3,8 +3,8 @@
 
 #include <optional>
 
-#include "adapters/qtsql/records/record_keys.h"
-#include "adapters/qtsql/records/row_set.h"
+#include "adapters/qtsql/session/record_keys.h"
+#include "adapters/qtsql/session/row_set.h"
 
 namespace vexnumkr {
 struct Statement;

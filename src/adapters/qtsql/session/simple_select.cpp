@@ -1,4 +1,4 @@
-#include "adapters/qtsql/records/simple_select.h"
+#include "adapters/qtsql/session/simple_select.h"
 
 #include <algorithm>
 #include <array>

@@ -1,9 +1,9 @@
-#include "adapters/qtsql/records/recordset.h"
+#include "adapters/qtsql/session/recordset.h"
 
-#include "adapters/qtsql/records/field_value.h"
-#include "adapters/qtsql/records/keyed_select.h"
 #include "adapters/qtsql/session/connection.h"
 #include "adapters/qtsql/session/failure.h"
+#include "adapters/qtsql/session/field_value.h"
+#include "adapters/qtsql/session/keyed_select.h"
 #include "adapters/qtsql/session/session.h"
 
 namespace vexnumkr::qtsql {

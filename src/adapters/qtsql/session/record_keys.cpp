@@ -1,10 +1,10 @@
-#include "adapters/qtsql/records/record_keys.h"
+#include "adapters/qtsql/session/record_keys.h"
 
 #include <QStringList>
 #include <algorithm>
 
-#include "adapters/qtsql/records/field_value.h"
-#include "adapters/qtsql/records/key_columns.h"
+#include "adapters/qtsql/session/field_value.h"
+#include "adapters/qtsql/session/key_columns.h"
 #include "adapters/qtsql/session/session.h"
 #include "platform/ascii_case.h"
 
