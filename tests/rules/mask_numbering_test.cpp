@@ -96,12 +96,13 @@ class MaskNumberingTest : public test::CoreSession {
     EXPECT_FALSE(StartAutoNum());
     EXPECT_EQ(
         boxes(),
-        (std::vector{question(),
-                     errorBox(number, "basAllgemein", "StartAutoNum",
-                              description + "\r\n(Belegart: Bezeichnung, Buchungskreis: Nord)")}));
+        (std::vector{question(), errorBox(number, "basAllgemein", "StartAutoNum", description)}));
   }
-  void overflow() { failToNumber(6, "Überlauf"); }
-  void mismatch() { failToNumber(13, "Typen unverträglich"); }
+  void failAtRow(std::int32_t number, const std::string& description) {
+    failToNumber(number, description + "\r\n(Belegart: Bezeichnung, Buchungskreis: Nord)");
+  }
+  void overflow() { failAtRow(6, "Überlauf"); }
+  void mismatch() { failAtRow(13, "Typen unverträglich"); }
   static Box question() {
     return {"Abfrage",
             "Diese Option startet eine automatische Nummernvergabe nach Maske.\r\n"

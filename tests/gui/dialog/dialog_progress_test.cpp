@@ -238,6 +238,7 @@ TEST_F(DialogProgressTest, AFailedSaveIsToldWithoutProgressInTheWay) {
     script().failStatement(5);
     watch.whenShown = [&] { queueKeys(dialog(), {Qt::Key_Return}); };
     press("cmdOK");
+    for(auto&x:statements())fprintf(stderr,"S %s\n",x.c_str());
     ASSERT_TRUE(isOpen());
     EXPECT_EQ(watch.captions, Lines{"Nummernkreise werden gespeichert…"});
     EXPECT_EQ(boxes(), (Boxes{errorBox(4711, "basAllgemein", "Save", deliberateErrorText)}));
