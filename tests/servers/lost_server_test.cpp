@@ -117,6 +117,9 @@ TEST_F(LostServerTest, ItIsKilledAtEveryStageOfASave) {
     expectFailure();
     server().start();
     EXPECT_EQ(stored(), before);
+    session().Conn().RollbackTrans();
+    company();
+    editedTable();
   }
   expectSavingAgainWorks();
 }
