@@ -21,6 +21,11 @@ bool hasSubstitute(const QVariant& cell) {
          static_cast<const QString*>(cell.constData())->contains(QChar::ReplacementCharacter);
 }
 
+// A text may come as bytes in one of them.
+bool differ(const QVariant& a, const QVariant& b) {
+  return a.isNull() != b.isNull() || a.toByteArray() != b.toByteArray();
+}
+
 bool isAscii(std::string_view text) {
   return std::all_of(text.begin(), text.end(),
                      [](char c) { return static_cast<unsigned char>(c) < 0x80; });
@@ -46,16 +51,15 @@ void RowSet::markUnreadable(std::size_t row, std::size_t column) {
 void RowSet::markDifferences(const RowSet& whole) {
   for (std::size_t row = 0; row < rowCount(); ++row)
     for (std::size_t column = 0; column < width_; ++column)
-      if (row >= whole.rowCount() || at(row, column) != whole.at(row, column))
+      if (row >= whole.rowCount() || differ(at(row, column), whole.at(row, column)))
         markUnreadable(row, column);
 }
 
 bool RowSet::mayLackCharacters() const {
   return std::any_of(cells_.begin(), cells_.end(), [](const QVariant& cell) {
-    if (cell.typeId() != QMetaType::QString) return false;
-    const QString& text = *static_cast<const QString*>(cell.constData());
-    return std::any_of(text.begin(), text.end(),
-                       [](QChar c) { return c.unicode() >= 0x80 || c == u'?'; });
+    if (cell.typeId() != QMetaType::QString && cell.typeId() != QMetaType::QByteArray) return false;
+    const QByteArray text = cell.toByteArray();
+    return text.contains('?') || !isAscii({text.data(), static_cast<std::size_t>(text.size())});
   });
 }
 
