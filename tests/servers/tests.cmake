@@ -1,7 +1,7 @@
-# vexnumkr_windows_test(PATH KIND TIMEOUT ENGINES ... [FIXTURE])
+# vexnumkr_server_test(PATH KIND TIMEOUT ENGINES ... [FIXTURE])
 # A test that needs a server: on PostgreSQL, and on the other ENGINES as NAME@ENGINE. With FIXTURE it
 # uses the servers of the test run, without it starts its own.
-function(vexnumkr_windows_test path kind timeout)
+function(vexnumkr_server_test path kind timeout)
   cmake_parse_arguments(PARSE_ARGV 3 arg "FIXTURE" "" "ENGINES;SOURCES")
   get_filename_component(name "${path}" NAME)
   vexnumkr_test(${path} LABEL "${kind};postgresql" TIMEOUT ${timeout}
@@ -24,11 +24,11 @@ function(vexnumkr_windows_test path kind timeout)
   endif()
 endfunction()
 
-vexnumkr_windows_test(servers/lost_server_test fault 300
+vexnumkr_server_test(servers/lost_server_test fault 300
   ENGINES mariadb odbc-postgresql SOURCES servers/private_server.cpp)
-vexnumkr_windows_test(servers/private_server_test fault 120
+vexnumkr_server_test(servers/private_server_test fault 120
   ENGINES mariadb SOURCES servers/private_server.cpp)
-vexnumkr_windows_test(servers/rights_test engine 120 FIXTURE
+vexnumkr_server_test(servers/rights_test engine 120 FIXTURE
   ENGINES mariadb odbc-postgresql SOURCES contract/database_language.cpp)
 target_compile_definitions(rights_test
   PRIVATE SCHEMA_FOLDER="${PROJECT_SOURCE_DIR}/src/app/schema")
