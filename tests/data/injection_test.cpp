@@ -52,7 +52,7 @@ class InjectionTest : public test::CoreSession {
     Texts all = select("SELECT strUserName_PK FROM tblUser");
     for (const Texts& part :
          {select("SELECT Buchungskreis, NSchl, NBezeichnung, StartWert FROM Nummernkreise WHERE "
-                 "NSchl IN ('OPFER', 'LM', 'OPFER2')"),
+                 "NSchl IN ('OPFER', 'LM', 'OPFER2') ORDER BY Buchungskreis"),
           select("SELECT Buchungskreis, NSchl, Benutzer FROM Nummernkreis_Zuordnung WHERE "
                  "Herkunft='ORC'"),
           select("SELECT U_NSchl, Aktiviert FROM Nummernkreis_Sonderkreise"),
