@@ -69,7 +69,8 @@ void frmSonderkreise::SaveSettings() {
     records_->MoveFirst();
     for (std::int32_t i = 0; i < lstSonderkreise_.ListCount(); ++i) {
       const bool selected = lstSonderkreise_.Selected(i);
-      const bool changes = basAllgemein::NzValue(records_->Fields("Aktiviert"), false).toBoolean() != selected;
+      const bool changes =
+          basAllgemein::NzValue(records_->Fields("Aktiviert"), false).toBoolean() != selected;
       records_->Fields("Aktiviert", selected);
       records_->Update();
       if (changes) session_.blnChanged(true);
