@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include <vexnumkr/error.h>
+#include <vexnumkr/engines.h>
 
 #include "cli/schema_texts.h"
 #include "cli/usage_error.h"
@@ -26,17 +26,6 @@ std::string list(const std::vector<std::string>& names) {
   return text;
 }
 
-// Empty where the engine has no such function, as SQLite.
-std::string serverVersion(Connection& connection) {
-  try {
-    std::int32_t found = 0;
-    const auto rows = connection.Execute("SELECT version() AS Fassung", found);
-    return rows->EndOfFile() ? std::string() : rows->Fields("Fassung").toText();
-  } catch (const Error&) {
-    return {};
-  }
-}
-
 }  // namespace
 
 const SchemaScripts& schemaScripts(const std::string& engine) {
@@ -56,9 +45,7 @@ std::vector<std::string> schemaEngines() {
 }
 
 const SchemaScripts& schemaScriptsFor(Connection& connection) {
-  const std::string version = serverVersion(connection);
-  if (version.starts_with("PostgreSQL")) return schemaScripts("postgresql");
-  return schemaScripts(version.empty() ? "sqlite" : "mariadb");
+  return schemaScripts(engineOf(connection));
 }
 
 std::vector<std::string> statementsOf(std::string_view script) {

@@ -23,7 +23,7 @@ const SchemaScripts& schemaScripts(const std::string& engine);
 /// The names of the engines, ascending.
 std::vector<std::string> schemaEngines();
 
-/// The engine that an open connection reaches, by whatever driver.
+/// Those of the engine that an open connection reaches. Error: 3706 when it is no supported one.
 const SchemaScripts& schemaScriptsFor(Connection& connection);
 
 /// The statements of a script, without comments, in the order to run them.
