@@ -4,6 +4,7 @@
 
 #include <vexnumkr/number_company.h>
 
+#include "numbers/company_rows.h"
 #include "numbers/origin.h"
 #include "numbers/query.h"
 #include "numbers/sql/statements.h"
@@ -18,40 +19,13 @@ void forEachRow(Connection& connection, const std::string& text, Row&& row) {
   rows->Close();
 }
 
-std::optional<std::int32_t> numberOf(const Recordset& row, std::string_view field) {
-  const Value value = row.Fields(field);
-  return value.isNull() ? std::nullopt : std::optional(value.toLong());
-}
-
-bool flagOf(const Recordset& row, std::string_view field) {
-  const Value value = row.Fields(field);
-  return !value.isNull() && value.toBoolean();
-}
-
 std::vector<Circle> readCircles(Connection& connection, const std::string& origin) {
   std::vector<Circle> circles;
-  forEachRow(
-      connection, statement::circles(Literals(connection), origin), [&](const Recordset& row) {
-        circles.push_back({row.Fields("Buchungskreis").toLong(), textOf(row, "Beschreibung")});
-      });
+  forEachRow(connection, statement::circles(Literals(connection), origin),
+             [&](const Recordset& row) { circles.push_back(circleIn(row)); });
   std::sort(circles.begin(), circles.end(),
             [](const Circle& a, const Circle& b) { return a.number < b.number; });
   return circles;
-}
-
-Range readRange(const Recordset& row) {
-  Range range;
-  range.circle = row.Fields("Buchungskreis").toLong();
-  range.key = textOf(row, "NSchl");
-  range.description = textOf(row, "NBezeichnung");
-  range.start = numberOf(row, "StartWert");
-  range.current = numberOf(row, "AktuellerWert");
-  range.end = numberOf(row, "EndWert");
-  range.active = range.circle == 0 || flagOf(row, "Aktiviert");
-  range.sortIndex = numberOf(row, "SortierIndex").value_or(0);
-  range.sharedKey = textOf(row, "IstNSchlVon");
-  range.mask = textOf(row, "Maske");
-  return range;
 }
 
 std::vector<Range> readRanges(Connection& connection, const std::vector<Circle>& circles) {
@@ -59,7 +33,7 @@ std::vector<Range> readRanges(Connection& connection, const std::vector<Circle>&
   for (const Circle& circle : circles) known.insert(circle.number);
   std::vector<Range> ranges;
   forEachRow(connection, statement::ranges(), [&](const Recordset& row) {
-    Range range = readRange(row);
+    Range range = rangeIn(row);
     const bool isHosts = range.key == "LM" || range.key == "AF";
     if (known.contains(range.circle) && !isHosts) ranges.push_back(std::move(range));
   });
@@ -71,11 +45,8 @@ std::vector<Range> readRanges(Connection& connection, const std::vector<Circle>&
 
 std::vector<Assignment> readAssignments(Connection& connection, const std::string& origin) {
   std::vector<Assignment> assignments;
-  forEachRow(
-      connection, statement::assignments(Literals(connection), origin), [&](const Recordset& row) {
-        assignments.push_back(
-            {row.Fields("Buchungskreis").toLong(), textOf(row, "NSchl"), textOf(row, "Benutzer")});
-      });
+  forEachRow(connection, statement::assignments(Literals(connection), origin),
+             [&](const Recordset& row) { assignments.push_back(assignmentIn(row)); });
   std::sort(assignments.begin(), assignments.end(), [](const Assignment& a, const Assignment& b) {
     return std::tie(a.circle, a.key, a.user) < std::tie(b.circle, b.key, b.user);
   });
@@ -85,10 +56,7 @@ std::vector<Assignment> readAssignments(Connection& connection, const std::strin
 std::vector<SpecialRange> readSpecialRanges(Connection& connection, const std::string& origin) {
   std::vector<SpecialRange> ranges;
   forEachRow(connection, statement::specialRanges(Literals(connection), origin),
-             [&](const Recordset& row) {
-               ranges.push_back({textOf(row, "U_NSchl"), textOf(row, "NSchl"),
-                                 textOf(row, "NBezeichnung"), flagOf(row, "Aktiviert")});
-             });
+             [&](const Recordset& row) { ranges.push_back(specialRangeIn(row)); });
   std::sort(ranges.begin(), ranges.end(),
             [](const SpecialRange& a, const SpecialRange& b) { return a.ownKey < b.ownKey; });
   return ranges;

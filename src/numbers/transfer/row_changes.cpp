@@ -14,17 +14,6 @@ auto keyOf(const Assignment& row) {
 }
 auto keyOf(const SpecialRange& row) { return std::string_view(row.ownKey); }
 
-bool same(const Circle& a, const Circle& b) { return a.description == b.description; }
-bool same(const Range& a, const Range& b) {
-  return std::tie(a.description, a.start, a.current, a.end, a.active, a.sortIndex, a.sharedKey,
-                  a.mask) == std::tie(b.description, b.start, b.current, b.end, b.active,
-                                      b.sortIndex, b.sharedKey, b.mask);
-}
-bool same(const Assignment&, const Assignment&) { return true; }
-bool same(const SpecialRange& a, const SpecialRange& b) {
-  return std::tie(a.key, a.description, a.active) == std::tie(b.key, b.description, b.active);
-}
-
 // Each key once, in order; the first of equal ones counts.
 template <class Row>
 std::vector<const Row*> inOrder(const std::vector<Row>& rows) {
@@ -52,7 +41,7 @@ std::vector<RowChange<Row>> compare(const std::vector<Row>& stored, const std::v
     if (!isStored) {
       changes.push_back({nullptr, row});
     } else {
-      if (!same(**old, *row)) changes.push_back({*old, row});
+      if (!isSame(**old, *row)) changes.push_back({*old, row});
       ++old;
     }
   }
@@ -134,6 +123,17 @@ void describe(ChangedTable table, const std::vector<RowChange<Row>>& rows,
 }
 
 }  // namespace
+
+bool isSame(const Circle& a, const Circle& b) { return a.description == b.description; }
+bool isSame(const Range& a, const Range& b) {
+  return std::tie(a.description, a.start, a.current, a.end, a.active, a.sortIndex, a.sharedKey,
+                  a.mask) == std::tie(b.description, b.start, b.current, b.end, b.active,
+                                      b.sortIndex, b.sharedKey, b.mask);
+}
+bool isSame(const Assignment&, const Assignment&) { return true; }
+bool isSame(const SpecialRange& a, const SpecialRange& b) {
+  return std::tie(a.key, a.description, a.active) == std::tie(b.key, b.description, b.active);
+}
 
 RowChanges compareRows(const Company& stored, const Company& wanted, bool removeOthers,
                        const std::set<std::int32_t>& sharedCircles) {

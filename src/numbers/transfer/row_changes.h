@@ -20,6 +20,12 @@ struct RowChange {
   }
 };
 
+/// Whether rows of one key hold the same.
+bool isSame(const Circle& a, const Circle& b);
+bool isSame(const Range& a, const Range& b);
+bool isSame(const Assignment& a, const Assignment& b);
+bool isSame(const SpecialRange& a, const SpecialRange& b);
+
 /// What differs, by key within each table. The rows belong to the companies compared.
 struct RowChanges {
   std::vector<RowChange<Circle>> circles;
