@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "numbers/failure.h"
 
@@ -14,6 +15,12 @@ inline std::string originOf(std::int32_t application) {
   if (application == 2) return "ORC";
   throw invalidCall("Die Anwendung " + std::to_string(application) +
                     " hat keine eigenen Nummernkreise; möglich sind 1 und 2.");
+}
+
+/// The application with that origin; 0 for none.
+inline std::int32_t applicationOf(std::string_view origin) {
+  if (origin == "ORB") return 1;
+  return origin == "ORC" ? 2 : 0;
 }
 
 }  // namespace vexnumkr::numbers

@@ -44,3 +44,11 @@ vexnumkr_test(numbers/rollover_test LABEL unit
 vexnumkr_on_every_engine(rollover_test)
 vexnumkr_numbers_test(transfer_test unit)
 vexnumkr_numbers_test(doctor_test unit)
+
+set(schema "${PROJECT_SOURCE_DIR}/src/app/schema")
+vexnumkr_numbers_test(journal_test unit)
+target_compile_definitions(journal_test PRIVATE SCHEMA_FOLDER="${schema}")
+vexnumkr_test(numbers/journal_saving_test LABEL engine
+  SOURCES contract/qt_main.cpp LINKS vexnumkr_numbers vexnumkr_core_session)
+target_compile_definitions(journal_saving_test PRIVATE SCHEMA_FOLDER="${schema}")
+vexnumkr_on_every_engine(journal_saving_test)

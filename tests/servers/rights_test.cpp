@@ -3,6 +3,7 @@
 #include <QTextStream>
 
 #include <vexnumkr/adapters.h>
+#include <vexnumkr/number_journal.h>
 
 #include "app/schema/schema.h"
 #include "contract/database_language.h"
@@ -12,6 +13,7 @@
 #include "hosting/start_up.h"
 #include "rules/activity.h"
 #include "rules/saving_session.h"
+#include "support/journal_scripts.h"
 
 namespace vexnumkr {
 namespace {
@@ -118,6 +120,46 @@ TEST_F(RightsTest, TheyAllowNothingElse) {
         "DELETE FROM Nummernkreis_Sonderkreise", "CREATE TABLE Mehr (a INTEGER)",
         "ALTER TABLE Nummernkreise ADD Mehr INTEGER"})
     EXPECT_NE(test::errorOf(*connection, statement).number(), 0) << statement;
+}
+
+TEST_F(RightsTest, TheJournalIsWrittenByUsersWhoCannotTouchIt) {
+  const auto administrator = openQtSqlConnection(database().connectionString());
+  test::runJournalScript(*administrator, database().schema(), "protokoll");
+  test::run(*administrator, "INSERT INTO Nummernkreis_Buchungskreise VALUES (5, 'Ost', 'ORB')");
+  const auto connection = open();
+  EXPECT_EQ(test::run(*connection, "DELETE FROM Nummernkreis_Buchungskreise"), 1);
+  for (const char* const statement :
+       {"SELECT * FROM Nummernkreis_Protokoll", "DELETE FROM Nummernkreis_Protokoll",
+        "UPDATE Nummernkreis_Protokoll SET Aktion = 'neu'", "DROP TABLE Nummernkreis_Protokoll",
+        "INSERT INTO Nummernkreis_Protokoll (Tabelle, Aktion) VALUES ('Nummernkreise', 'neu')",
+        "TRUNCATE TABLE Nummernkreis_Protokoll", "DROP TRIGGER Nummernkreis_Protokoll_bleibt"})
+    EXPECT_NE(test::errorOf(*connection, statement).number(), 0) << statement;
+  Texts recorded;
+  numbers::readJournal(*administrator, {}, [&](const numbers::JournalEntry& entry) {
+    recorded.push_back(entry.login + " " + entry.changes.front().change.what);
+  });
+  const std::string user = database().name() + "_u";
+  ASSERT_EQ(recorded.size(), 2U);
+  EXPECT_TRUE(recorded[1] == user + " Buchungskreis 5" ||
+              recorded[1] == user + "@localhost Buchungskreis 5")
+      << recorded[1];
+}
+
+TEST_F(RightsTest, TheyAreEnoughToSaveWhileTheJournalIsWritten) {
+  test::runJournalScript(*openQtSqlConnection(database().connectionString()), database().schema(),
+                         "protokoll");
+  company();
+  basAllgemein::basTerminate(session());
+  const auto connection = open();
+  session().Conn(connection);
+  basAllgemein::basInititialize(session());
+  LoadItems();
+  table().create();
+  session().Conn().BeginTrans();
+  editedTable();
+  session().blnChanged(true);
+  EXPECT_TRUE(save());
+  EXPECT_TRUE(boxes().empty());
 }
 
 TEST_F(RightsTest, AWrongPasswordIsRefusedAndNotTold) {

@@ -30,6 +30,7 @@ vexnumkr_server_test(servers/private_server_test fault 120
   ENGINES mariadb SOURCES servers/private_server.cpp)
 vexnumkr_server_test(servers/rights_test engine 120 FIXTURE
   ENGINES mariadb odbc-postgresql SOURCES contract/database_language.cpp)
+target_link_libraries(rights_test PRIVATE vexnumkr_numbers)
 target_compile_definitions(rights_test
   PRIVATE SCHEMA_FOLDER="${PROJECT_SOURCE_DIR}/src/app/schema")
 

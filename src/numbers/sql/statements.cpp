@@ -68,6 +68,22 @@ std::string specialRanges(const Literals& literals, const std::string& origin) {
 
 std::string users() { return "SELECT strUserName_PK FROM tblUser"; }
 
+std::string journalProbe() { return "SELECT Tabelle FROM Nummernkreis_Protokoll WHERE 1 = 0"; }
+
+// What may be larger than 32 bits comes as a text.
+std::string journal(const Literals& literals, const std::string& since, const std::string& before,
+                    const std::string& last, std::int32_t count) {
+  return "SELECT CAST(Eintrag AS CHAR(20)) AS Nr, Zeitpunkt, Anmeldung, Anwender, CAST(Sitzung AS "
+         "CHAR(20)) AS Sitzung, CAST(Vorgang AS CHAR(20)) AS Vorgang, Tabelle, Aktion, Herkunft, "
+         "Buchungskreis, NSchl, U_NSchl, Benutzer, NBezeichnung, StartWert, AktuellerWert, "
+         "EndWert, "
+         "Aktiviert, SortierIndex, IstNSchlVon, Maske, Beschreibung FROM Nummernkreis_Protokoll "
+         "WHERE Eintrag > " +
+         last + (since.empty() ? "" : " AND Zeitpunkt >= " + literals.text(since)) +
+         (before.empty() ? "" : " AND Zeitpunkt < " + literals.text(before)) +
+         " ORDER BY Eintrag LIMIT " + Literals::number(count);
+}
+
 std::string usedNumbers(const std::string& select, std::optional<std::int64_t> above,
                         std::int32_t count) {
   return "SELECT Nummer, COUNT(*) AS Anzahl FROM (" + select + "\n) Q WHERE Nummer " +

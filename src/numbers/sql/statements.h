@@ -42,6 +42,14 @@ std::string users();
 std::string usedNumbers(const std::string& select, std::optional<std::int64_t> above,
                         std::int32_t count);
 
+/// Fails where there is no journal to read.
+std::string journalProbe();
+
+/// The lines of the journal behind that of number `last`, in order, at most `count` of them: Nr
+/// (the number), and its columns by their names. Times as texts; an empty one does not matter.
+std::string journal(const Literals& literals, const std::string& since, const std::string& before,
+                    const std::string& last, std::int32_t count);
+
 /// The circles of other applications.
 std::string circlesOfOthers(const Literals& literals, const std::string& origin);
 
