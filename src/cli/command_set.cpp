@@ -141,12 +141,14 @@ void Command::addFlag(const std::string& name, bool& value, const std::string& d
 }
 
 void Command::addDate(std::string& value) {
-  addOption(app_, {"--date", "JJJJMMTT", "das Verarbeitungsdatum; ohne Angabe gilt das heutige"},
-            value)
-      ->check([](const std::string& given) {
-        return isDate(given) ? std::string()
-                             : "muss ein Datum der Form jjjjmmtt sein, nicht \"" + given + "\".";
-      });
+  addDate({"--date", "JJJJMMTT", "das Verarbeitungsdatum; ohne Angabe gilt das heutige"}, value);
+}
+
+void Command::addDate(const OptionText& text, std::string& value) {
+  addOption(app_, text, value)->check([](const std::string& given) {
+    return isDate(given) ? std::string()
+                         : "muss ein Datum der Form jjjjmmtt sein, nicht \"" + given + "\".";
+  });
 }
 
 void Command::addDryRun() {

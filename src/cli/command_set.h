@@ -52,6 +52,8 @@ class Command {
   void addFlag(const std::string& name, bool& value, const std::string& description);
   /// --date, a date as "yyyymmdd".
   void addDate(std::string& value);
+  /// Another date.
+  void addDate(const OptionText& text, std::string& value);
   /// --dry-run: lets the command be tried out.
   void addDryRun();
 

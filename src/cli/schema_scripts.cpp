@@ -59,4 +59,16 @@ std::vector<std::string> statementsOf(std::string_view script) {
   return result;
 }
 
+std::vector<std::string> paragraphsOf(std::string_view script) {
+  const std::string text = withoutComments(script);
+  std::vector<std::string> result;
+  for (std::size_t start = text.find_first_not_of('\n'); start < text.size();
+       start = text.find_first_not_of('\n', start)) {
+    const std::size_t end = std::min(text.find(";\n\n", start), text.rfind(';'));
+    result.push_back(text.substr(start, end - start));
+    start = end + 1;
+  }
+  return result;
+}
+
 }  // namespace vexnumkr::cli

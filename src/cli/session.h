@@ -34,7 +34,9 @@ class Session {
   /// The connection string, empty until it is read.
   const std::string& connectionText() const { return connectionText_; }
 
+  /// 1 where none is named.
   std::int32_t application() const { return options_.application == "2" ? 2 : 1; }
+  bool namesApplication() const { return !options_.application.empty(); }
   bool json() const { return options_.json; }
   bool dryRun() const { return options_.dryRun; }
 

@@ -10,6 +10,7 @@ void addCommands(CommandSet& commands) {
   addRollover(commands);
   addTransfer(commands);
   addReport(commands);
+  addJournal(commands);
   addDoctor(commands);
   addSchema(commands);
 }

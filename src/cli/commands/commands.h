@@ -9,6 +9,7 @@ void addCheck(CommandSet& commands);
 void addDoctor(CommandSet& commands);
 void addDraw(CommandSet& commands);
 void addGaps(CommandSet& commands);
+void addJournal(CommandSet& commands);
 void addMask(CommandSet& commands);
 void addReport(CommandSet& commands);
 void addRollover(CommandSet& commands);

@@ -21,6 +21,7 @@ struct SchemaOptions {
 std::string_view partOf(const SchemaScripts& scripts, const std::string& part) {
   if (part == "ranges") return scripts.ranges;
   if (part == "settings") return scripts.settings;
+  if (part == "protokoll") return scripts.journal;
   return scripts.rights;
 }
 
@@ -31,8 +32,10 @@ int print(Session& session, const SchemaOptions& options) {
     throw UsageError("Das Datenbanksystem \"" + options.engine + "\" braucht kein Skript \"" +
                      options.part + "\".");
   if (session.json()) {
-    session.printDocument(
-        {{"engine", options.engine}, {"part", options.part}, {"statements", statementsOf(script)}});
+    session.printDocument({{"engine", options.engine},
+                           {"part", options.part},
+                           {"statements", options.part == "protokoll" ? paragraphsOf(script)
+                                                                      : statementsOf(script)}});
   } else {
     session.out() << script;
   }
@@ -133,10 +136,11 @@ void addSchema(CommandSet& commands) {
        "schema print --engine postgresql | psql -d firma"},
       Needs::nothing, [options](Session& session) { return print(session, *options); });
   printing.addText(engineText(), options->engine, Presence::required);
-  printing.addChoice({"--part", "TEIL",
-                      "ranges für die fünf Tabellen (ohne Angabe), settings für die Einstellungen, "
-                      "rechte für die Rechte des Benutzers"},
-                     options->part, {"ranges", "settings", "rechte"});
+  printing.addChoice(
+      {"--part", "TEIL",
+       "ranges für die fünf Tabellen (ohne Angabe), settings für die Einstellungen, "
+       "rechte für die Rechte des Benutzers, protokoll für das Protokoll der Änderungen"},
+      options->part, {"ranges", "settings", "rechte", "protokoll"});
   Command creating = commands.addTo(
       "schema",
       {"create", "Legt die Tabellen in der Datenbank an; was es schon gibt, bleibt.",

@@ -9,6 +9,7 @@
 #include "cli/commands/commands.h"
 #include "cli/exit_status.h"
 #include "cli/text_table.h"
+#include "cli/transfer/change_text.h"
 #include "cli/transfer/company_json.h"
 #include "cli/transfer/company_tables.h"
 #include "cli/usage_error.h"
@@ -17,7 +18,6 @@ namespace vexnumkr::cli {
 namespace {
 
 using numbers::Change;
-using numbers::ChangeKind;
 using numbers::Company;
 using numbers::Finding;
 using numbers::ImportPlan;
@@ -48,41 +48,13 @@ Company readWanted(const Session& session, const TransferOptions& options) {
   return wanted;
 }
 
-const char* nameOf(numbers::ChangedTable table) {
-  static constexpr const char* names[] = {"circles", "ranges", "assignments", "specialRanges"};
-  return names[static_cast<std::size_t>(table)];
-}
-
-const char* germanNameOf(numbers::ChangedTable table) {
-  static constexpr const char* names[] = {"Buchungskreis", "Nummernkreis", "Zuordnung",
-                                          "Sonderkreis"};
-  return names[static_cast<std::size_t>(table)];
-}
-
-const char* nameOf(ChangeKind kind) {
-  static constexpr const char* names[] = {"added", "changed", "removed"};
-  return names[static_cast<std::size_t>(kind)];
-}
-
-char signOf(ChangeKind kind) { return "+~-"[static_cast<std::size_t>(kind)]; }
-
 void printText(Session& session, const std::vector<Change>& changes) {
-  for (const Change& change : changes) {
-    session.out() << signOf(change.kind) << ' ' << germanNameOf(change.table) << " (" << change.what
-                  << ")";
-    for (std::size_t i = 0; i < change.fields.size(); ++i)
-      session.out() << (i == 0 ? ": " : ", ") << change.fields[i];
-    session.out() << '\n';
-  }
+  for (const Change& change : changes) session.out() << textOf(change) << '\n';
 }
 
-Json described(const std::vector<Change>& changes) {
+Json listOf(const std::vector<Change>& changes) {
   Json list = Json::array();
-  for (const Change& change : changes)
-    list.push_back({{"change", nameOf(change.kind)},
-                    {"table", nameOf(change.table)},
-                    {"what", change.what},
-                    {"fields", change.fields}});
+  for (const Change& change : changes) list.push_back(described(change));
   return list;
 }
 
@@ -119,7 +91,7 @@ int runDiff(Session& session, const TransferOptions& options) {
   const Company stored = numbers::readCompany(session.connection(), session.application());
   const std::vector<Change> changes = numbers::differences(stored, wanted, all);
   if (session.json()) {
-    session.printDocument({{"changes", described(changes)}});
+    session.printDocument({{"changes", listOf(changes)}});
   } else {
     printText(session, changes);
     session.out() << (changes.empty() ? "Kein Unterschied." : countOf(changes) + ".") << '\n';
@@ -142,7 +114,7 @@ int runImport(Session& session, const TransferOptions& options) {
                         {"key", finding.key},
                         {"text", finding.text}});
     session.printDocument(
-        {{"stored", stored}, {"changes", described(plan.changes)}, {"broken", broken}});
+        {{"stored", stored}, {"changes", listOf(plan.changes)}, {"broken", broken}});
   } else {
     printText(session, plan.changes);
     for (const Finding& finding : plan.broken) session.out() << "FEHLER  " << finding.text << '\n';
