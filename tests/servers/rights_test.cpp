@@ -153,13 +153,15 @@ TEST_F(RightsTest, TheyAreEnoughToSaveWhileTheJournalIsWritten) {
   const auto connection = open();
   session().Conn(connection);
   basAllgemein::basInititialize(session());
+  RefreshCombo();
   LoadItems();
+  RefreshSGroups();
   table().create();
   session().Conn().BeginTrans();
   editedTable();
   session().blnChanged(true);
   EXPECT_TRUE(save());
-  EXPECT_TRUE(boxes().empty());
+  for (const auto& box : boxes()) ADD_FAILURE() << box.prompt;
 }
 
 TEST_F(RightsTest, AWrongPasswordIsRefusedAndNotTold) {
