@@ -60,6 +60,73 @@ TEST_F(TransferCommandTest, ARoundTripGivesTheSameBytes) {
             "Kein Unterschied; es ist nichts zu tun.\n");
 }
 
+TEST_F(TransferCommandTest, ARoundTripThroughCsvGivesTheSameBytes) {
+  sql("UPDATE Nummernkreise SET NBezeichnung = 'Zeile' WHERE Buchungskreis = 1");
+  circle(3, "\"");
+  circle(4, "");
+  range(4, "AN", -5, -5, 7, {.active = false, .sharedKey = "RE"});
+  sql("UPDATE Nummernkreise SET StartWert = NULL WHERE Buchungskreis = 4");
+  const std::string first = printed(call("export", {"--with-current"}));
+  printed(call("export", {"--with-current", "--format", "csv", "-o", path("csv")}));
+  EXPECT_EQ(printed(call("diff", {path("csv"), "--with-current"})), "Kein Unterschied.\n");
+  empty();
+  EXPECT_TRUE(printed(call("import", {path("csv"), "--with-current"}))
+                  .ends_with("9 Änderungen gespeichert.\n"));
+  EXPECT_EQ(printed(call("export", {"--with-current"})), first);
+  printed(call("export", {"--with-current", "--format", "csv", "-o", path("again")}));
+  for (const char* const table : {"Nummernkreise", "Buchungskreise", "Zuordnungen", "Sonderkreise"})
+    EXPECT_EQ(contentOf(path("again") + "/" + table + ".csv"),
+              contentOf(path("csv") + "/" + table + ".csv"));
+}
+
+TEST_F(TransferCommandTest, CsvFromASpreadsheetIsTaken) {
+  printed(call("export", {"--format", "csv", "-o", path("csv")}));
+  write(path("csv/Buchungskreise.csv"),
+        "\xEF\xBB\xBF"
+        "Beschreibung;Buchungskreis\n\"Werk\n\"\"Süd\"\"\";1\n\n");
+  EXPECT_EQ(printed(call("import", {path("csv")})),
+            "~ Buchungskreis (Buchungskreis 1): Beschreibung \"Werk \"Süd\"\" -> "
+            "\"Werk\n\"Süd\"\"\n1 Änderung gespeichert.\n");
+  EXPECT_EQ(current(1, "RE"), 150);
+}
+
+TEST_F(TransferCommandTest, EveryFaultInCsvIsNamedAndNothingIsStored) {
+  printed(call("export", {"--format", "csv", "-o", path("csv")}));
+  const auto refusal = [&](const char* file, const std::string& content) {
+    const std::string before = contentOf(path(file));
+    write(path(file), content);
+    const ProgramRun run = vexnumkr(call("import", {path("csv")}));
+    write(path(file), before);
+    EXPECT_EQ(run.exitCode, 2);
+    return run.errors;
+  };
+  EXPECT_EQ(
+      refusal("csv/Nummernkreise.csv",
+              "NSchl;NBezeichnung;Buchungskreis;StartWert;EndWert;Aktiviert;SortierIndex;"
+              "IstNSchlVon;Maske\r\nRE;Neu;1;100;19x;ja;1;;\r\nRE;Neu;2;9999999999;199;wahr;;;"
+              "\r\nRE;1\r\n"),
+      "vexnumkr: Die Dateien sind so nicht zu verwenden:\n"
+      "Nummernkreise.csv, Zeile 2: EndWert ist keine Zahl mit 32 Bit: \"19x\".\n"
+      "Nummernkreise.csv, Zeile 3: StartWert ist keine Zahl mit 32 Bit: \"9999999999\".\n"
+      "Nummernkreise.csv, Zeile 3: Aktiviert muss ja oder nein sein, nicht \"wahr\".\n"
+      "Nummernkreise.csv, Zeile 3: SortierIndex fehlt.\n"
+      "Nummernkreise.csv, Zeile 4: hat 2 Zellen statt 9.\n");
+  EXPECT_EQ(refusal("csv/Zuordnungen.csv", "Benutzer;NSchl\r\nALL;RE\r\n"),
+            "vexnumkr: In der Datei Zuordnungen.csv fehlt die Spalte Buchungskreis.\n");
+  EXPECT_EQ(refusal("csv/Buchungskreise.csv", "Buchungskreis;Beschreibung\r\n1;\"Werk"),
+            "vexnumkr: Die Datei Buchungskreise.csv ist so nicht zu verwenden: Zeile 2 beginnt "
+            "einen Text, der nicht endet.\n");
+  EXPECT_EQ(
+      refusal("csv/Buchungskreise.csv",
+              "Buchungskreis;Beschreibung\r\n1;S\xFC"
+              "d\r\n"),
+      "vexnumkr: Die Datei Buchungskreise.csv ist nicht in UTF-8; Tabellenprogramme nennen das "
+      "\"CSV UTF-8\".\n");
+  EXPECT_EQ(refusal("csv/Buchungskreise.csv", "Buchungskreis;Beschreibung\r\n1;a\r\n1;b\r\n"),
+            "vexnumkr: In der Datei steht zweimal: Buchungskreis 1.\n");
+  EXPECT_EQ(printed(call("diff", {path("csv")})), "Kein Unterschied.\n");
+}
+
 TEST_F(TransferCommandTest, WithoutCurrentValuesTheyStay) {
   printed(call("export", {"-o", path("a.json")}));
   EXPECT_EQ(contentOf(path("a.json")).find("current"), std::string::npos);

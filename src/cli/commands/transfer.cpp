@@ -1,8 +1,8 @@
+#include <filesystem>
 #include <fstream>
-#include <iostream>
 #include <memory>
 #include <ostream>
-#include <sstream>
+#include <set>
 
 #include <vexnumkr/number_transfer.h>
 
@@ -10,8 +10,10 @@
 #include "cli/exit_status.h"
 #include "cli/text_table.h"
 #include "cli/transfer/change_text.h"
+#include "cli/transfer/company_csv.h"
 #include "cli/transfer/company_json.h"
 #include "cli/transfer/company_tables.h"
+#include "cli/transfer/file_content.h"
 #include "cli/usage_error.h"
 
 namespace vexnumkr::cli {
@@ -28,23 +30,35 @@ struct TransferOptions {
   std::string format = "json";
 };
 
-std::string contentOf(const std::string& file) {
-  std::ostringstream content;
-  if (file == "-") {
-    content << std::cin.rdbuf();
-    return content.str();
-  }
-  std::ifstream in(file, std::ios::binary);
-  if (in) content << in.rdbuf();
-  if (!in) throw UsageError("Die Datei " + file + " ist nicht zu lesen.");
-  return content.str();
+// What a file says twice could be stored once only.
+template <class Row, class KeyOf>
+void requireEachOnce(const std::vector<Row>& rows, const char* what, KeyOf&& keyOf) {
+  std::set<std::string> keys;
+  for (const Row& row : rows)
+    if (const std::string key = keyOf(row); !keys.insert(key).second)
+      throw UsageError(std::string("In der Datei steht zweimal: ") + what + " " + key + ".");
 }
 
+void requireEachOnce(const Company& company) {
+  const auto number = [](std::int32_t value) { return std::to_string(value); };
+  requireEachOnce(company.circles, "Buchungskreis",
+                  [&](const numbers::Circle& row) { return number(row.number); });
+  requireEachOnce(company.ranges, "Nummernkreis", [&](const numbers::Range& row) {
+    return row.key + ", Buchungskreis " + number(row.circle);
+  });
+  requireEachOnce(company.specialRanges, "Sonderkreis",
+                  [](const numbers::SpecialRange& row) { return row.ownKey; });
+}
+
+// A folder holds the tables of export --format csv.
 Company readWanted(const Session& session, const TransferOptions& options) {
-  Company wanted = companyOf(contentOf(options.file));
+  Company wanted = std::filesystem::is_directory(options.file)
+                       ? companyInFolder(options.file, session.application())
+                       : companyOf(contentOf(options.file));
   if (wanted.application != session.application())
     throw UsageError("Die Datei ist von der Anwendung " + std::to_string(wanted.application) +
                      ", nicht von " + std::to_string(session.application()) + ".");
+  requireEachOnce(wanted);
   return wanted;
 }
 
@@ -136,7 +150,9 @@ void addCurrent(Command& command, TransferOptions& options) {
 }
 
 void addFile(Command& command, TransferOptions& options) {
-  command.addText({"DATEI", "DATEI", "die Datei von export; - liest die Standardeingabe"},
+  command.addText({"DATEI", "DATEI",
+                   "die Datei von export, oder der Ordner von export --format csv; - liest die "
+                   "Standardeingabe"},
                   options.file, Presence::required);
 }
 
@@ -150,7 +166,7 @@ void addExport(CommandSet& commands) {
       {"-o,--output", "ZIEL", "die Datei, bei csv der Ordner; ohne Angabe die Standardausgabe"},
       options->file);
   command.addChoice(
-      {"--format", "FORM", "json (ohne Angabe), csv oder xlsx; einlesen lässt sich json"},
+      {"--format", "FORM", "json (ohne Angabe), csv oder xlsx; einlesen lassen sich json und csv"},
       options->format, {"json", "csv", "xlsx"});
   addCurrent(command, *options);
 }

@@ -50,15 +50,19 @@ std::vector<RowChange<Row>> compare(const std::vector<Row>& stored, const std::v
   return changes;
 }
 
+// The changes are in the order of their keys.
 template <class Row>
 std::vector<Row> appliedRows(const std::vector<Row>& stored,
                              const std::vector<RowChange<Row>>& changes) {
   std::vector<Row> rows;
   for (const Row& row : stored) {
-    const auto change = std::find_if(changes.begin(), changes.end(), [&](const auto& one) {
-      return one.stored != nullptr && keyOf(*one.stored) == keyOf(row);
-    });
-    if (change == changes.end()) {
+    const auto change = std::lower_bound(
+        changes.begin(), changes.end(), keyOf(row), [](const RowChange<Row>& one, const auto& key) {
+          return keyOf(one.stored == nullptr ? *one.wanted : *one.stored) < key;
+        });
+    const bool isOfRow = change != changes.end() && change->stored != nullptr &&
+                         keyOf(*change->stored) == keyOf(row);
+    if (!isOfRow) {
       rows.push_back(row);
     } else if (change->wanted != nullptr) {
       rows.push_back(*change->wanted);
