@@ -8,7 +8,8 @@ set_tests_properties(servers_start PROPERTIES FIXTURES_SETUP servers TIMEOUT 180
 set_tests_properties(servers_stop PROPERTIES FIXTURES_CLEANUP servers TIMEOUT 180)
 
 # Where tests run besides SQLite: on the other engines, and on what is reached by ODBC.
-set(VEXNUMKR_ENGINES ${VEXNUMKR_ENGINE_NAMES} odbc-postgresql odbc-sqlite)
+include(support/test_engines.cmake)
+set(VEXNUMKR_ENGINES ${VEXNUMKR_TEST_WAYS})
 list(REMOVE_ITEM VEXNUMKR_ENGINES sqlite)
 
 # vexnumkr_engine_environment(VARIABLE ENGINE)
@@ -58,5 +59,6 @@ endfunction()
 
 # What a FreshDatabase needs.
 add_library(vexnumkr_fresh_database STATIC support/fresh_database.cpp)
-target_include_directories(vexnumkr_fresh_database PUBLIC "${PROJECT_SOURCE_DIR}/tests")
+target_include_directories(vexnumkr_fresh_database PUBLIC "${PROJECT_SOURCE_DIR}/tests"
+  "${CMAKE_CURRENT_BINARY_DIR}/generated")
 target_link_libraries(vexnumkr_fresh_database PUBLIC vexnumkr_qtsql PRIVATE vexnumkr_options)

@@ -5,6 +5,7 @@
 #include <QSqlError>
 #include <QSqlQuery>
 #include <QUuid>
+#include <algorithm>
 #include <cstdlib>
 #include <fstream>
 #include <stdexcept>
@@ -21,11 +22,24 @@ std::string environment(const char* name) {
   return value == nullptr ? std::string() : value;
 }
 
-std::string serverFolder(const std::string& engine) {
+std::string serverFolder(std::string_view engine) {
   std::ifstream file(environment("VEXNUMKR_TEST_SERVERS"));
   std::string folder;
   if (!std::getline(file, folder)) throw std::runtime_error("there are no test servers");
-  return folder + (engine == "mariadb" ? "/mariadb" : "/postgresql");
+  return folder + "/" + std::string(engine);
+}
+
+template <typename Entry, std::size_t count>
+const Entry& entryOf(const Entry (&entries)[count], std::string_view name) {
+  const auto* const found = std::find_if(std::begin(entries), std::end(entries),
+                                         [&](const Entry& entry) { return entry.name == name; });
+  if (found != std::end(entries)) return *found;
+  throw std::runtime_error("no engine is called " + std::string(name));
+}
+
+void replace(std::string& text, std::string_view what, const std::string& by) {
+  for (auto at = text.find(what); at != std::string::npos; at = text.find(what, at + by.size()))
+    text.replace(at, what.size(), by);
 }
 
 std::string makeFile(const QTemporaryDir& folder) {
@@ -45,65 +59,40 @@ std::string engineUnderTest() {
 }
 
 FreshDatabase::FreshDatabase(const std::string& engine)
-    : engine_(engine), name_(isOnServer() ? newName() : makeFile(folder_)) {
-  if (isPostgresql()) administer("CREATE DATABASE " + name_);
-  if (engine_ == "mariadb")
-    administer("CREATE DATABASE " + name_ + " CHARACTER SET utf8mb4 COLLATE utf8mb4_nopad_bin");
-  connectionString_ = compose(isPostgresql() ? "vexnumkr" : isOnServer() ? "root" : "", name_);
+    : way_(entryOf(testWays, engine)),
+      engine_(entryOf(testEngines, way_.engine)),
+      name_(isOnServer() ? newName() : makeFile(folder_)),
+      connectionString_(connectionString(std::string(engine_.user), "")) {
+  if (isOnServer()) administer(filledIn(engine_.create));
 }
 
 FreshDatabase::~FreshDatabase() {
   try {
-    if (isOnServer())
-      administer("DROP DATABASE " + name_ + (isPostgresql() ? " WITH (FORCE)" : ""));
+    if (isOnServer()) administer(filledIn(engine_.drop));
   } catch (const std::exception&) {
     // The server is gone, and its files with it.
   }
 }
 
-bool FreshDatabase::isOnServer() const { return isPostgresql() || engine_ == "mariadb"; }
-
-std::string FreshDatabase::schema() const { return engine_.substr(engine_.find('-') + 1); }
+bool FreshDatabase::isOnServer() const { return !engine_.administration.empty(); }
 
 std::string FreshDatabase::connectionString(const std::string& user,
                                             const std::string& password) const {
-  ConnectionSettings settings = parseConnectionString(compose(user, name_));
+  ConnectionSettings settings = parseConnectionString(filledIn(way_.connection));
+  settings.user = user;
   settings.password = password;
   return composeConnectionString(settings);
 }
 
-std::string FreshDatabase::compose(const std::string& user, const std::string& database) const {
-  ConnectionSettings settings;
-  settings.user = user;
-  settings.database = database;
-  if (engine_ == "sqlite") {
-    settings.driver = "QSQLITE";
-  } else if (engine_ == "postgresql") {
-    settings.driver = "QPSQL";
-    settings.server = serverFolder(engine_);
-  } else if (engine_ == "mariadb") {
-    settings.driver = "QMYSQL";
-    settings.server = serverFolder(engine_) + "/socket";
-  } else if (engine_ == "odbc-postgresql") {
-    settings.driver = "QODBC";
-    settings.database = "DRIVER={PostgreSQL Unicode};Servername=" + serverFolder(engine_) +
-                        ";Port=5432;Database=" + database;
-  } else if (engine_ == "odbc-sqlite") {
-    settings.driver = "QODBC";
-    settings.database = "DRIVER={SQLite3};Database=" + database + ";NoCreat=1";
-  } else {
-    throw std::runtime_error("no engine is called " + engine_);
-  }
-  return composeConnectionString(settings);
+std::string FreshDatabase::filledIn(std::string_view text) const {
+  std::string result(text);
+  replace(result, "%name%", name_);
+  if (isOnServer()) replace(result, "%folder%", serverFolder(engine_.name));
+  return result;
 }
 
 void FreshDatabase::administer(const std::string& statement) const {
-  const bool onPostgresql = isPostgresql();
-  ConnectionSettings settings;
-  settings.driver = onPostgresql ? "QPSQL" : "QMYSQL";
-  settings.server = serverFolder(engine_) + (onPostgresql ? "" : "/socket");
-  settings.database = onPostgresql ? "postgres" : "mysql";
-  settings.user = onPostgresql ? "vexnumkr" : "root";
+  const ConnectionSettings settings = parseConnectionString(filledIn(engine_.administration));
   const qtsql::DatabaseHandle server(qtsql::driverOf(settings.driver), settings);
   QSqlQuery query(server.get());
   if (!query.exec(QString::fromStdString(statement)))

@@ -1,13 +1,16 @@
 // A database of a test's own, on the engine that the test run asks for.
 //
-// ctest runs many programs once per engine: the environment variable VEXNUMKR_TEST_ENGINE names it
-// (sqlite where it is not set, postgresql, mariadb, odbc-postgresql, odbc-sqlite), and
-// VEXNUMKR_TEST_SERVERS the file that says where the servers are (tests/servers/fixture.sh).
+// ctest runs many programs once per engine and way to reach it: the environment variable
+// VEXNUMKR_TEST_ENGINE names the way (sqlite where it is not set; the engines' folders say which there
+// are, in test_databases.cmake), and VEXNUMKR_TEST_SERVERS the file that says where the servers are (tests/servers/fixture.sh).
 #pragma once
 
 #include <QTemporaryDir>
 #include <memory>
 #include <string>
+#include <string_view>
+
+#include "support/test_engines.h"
 
 namespace vexnumkr::test {
 
@@ -27,9 +30,9 @@ class FreshDatabase {
   const std::string& connectionString() const { return connectionString_; }
   /// The same for another user of the server.
   std::string connectionString(const std::string& user, const std::string& password) const;
-  const std::string& engine() const { return engine_; }
+  std::string engine() const { return std::string(way_.name); }
   /// The name of the engine whose definitions make the host's tables here.
-  std::string schema() const;
+  std::string schema() const { return std::string(way_.engine); }
 
   /// Runs a statement on the server as its administrator, outside this database.
   void administer(const std::string& statement) const;
@@ -38,10 +41,11 @@ class FreshDatabase {
 
  private:
   bool isOnServer() const;
-  bool isPostgresql() const { return engine_.ends_with("postgresql"); }
-  std::string compose(const std::string& user, const std::string& database) const;
+  // With this database's name and its server's folder in their places.
+  std::string filledIn(std::string_view text) const;
 
-  std::string engine_;
+  const TestWay& way_;
+  const TestEngine& engine_;
   QTemporaryDir folder_;  // Where there is no server.
   std::string name_;
   std::string connectionString_;
