@@ -1,6 +1,6 @@
 // The activity rule against what it means, over a plain list of rows: whoever has rows of a number
 // key has an active one, if need be the standard range's. The row behind a user's last one has its
-// say in that user's last key; that is how the applications have always had it.
+// say in that user's last key; activity.h says why.
 #include <algorithm>
 #include <random>
 #include <set>
