@@ -144,9 +144,11 @@ class VEXNUMKR_API Connection {
                                              std::int32_t& recordsAffected) = 0;
 
   /// Refuses tables that know no transactions, so that what is done to them could not be taken
-  /// back; the text says what to do. To be called before the first transaction that changes them.
-  /// Implementations whose tables all have transactions need not do anything; names of tables that
-  /// are not there are passed over. Error: 3251.
+  /// back; the text says what to do. To be called before the first transaction that changes them;
+  /// from then on an isolated transaction may change something before LockTable is called in it,
+  /// and sees under the lock what is stored then. Implementations whose tables all have
+  /// transactions need not do anything; names of tables that are not there are passed over. Error:
+  /// 3251.
   virtual void RequireTransactions(const std::vector<std::string>& /*tables*/) {}
 
   /// Transactions do not nest: beginning a second one, or ending one that is not open, is an error.

@@ -115,7 +115,10 @@ struct Engine {
   const char* afterChange;
   /// With Recovery::savepoint: goes back there.
   const char* undo;
-  /// What begins an isolated transaction that goes on to lock tables, and what keeps others from
+  /// What begins an isolated transaction that changes something before it locks tables: what it
+  /// reads under the lock has to be what is stored then, not what was when it began.
+  Statements beginBeforeLocking;
+  /// What begins an isolated transaction that locks tables first, and what keeps others from
   /// changing one (named as a statement names it) until it ends; null where the first is
   /// enough.
   Statements beginForWriting;
@@ -139,6 +142,9 @@ struct Engine {
   /// Whether a select with a failure of that code has met a text that is not in the database's
   /// encoding, or cannot be put into the connection's.
   bool (*isUnreadable)(std::string_view code);
+  /// Whether a failure of that code was a lock or a change of somebody else's, so that the same
+  /// work may succeed when it is done again from its beginning.
+  bool (*isLocked)(std::string_view code);
   /// Whether a failure of that code says that the connection is gone.
   bool (*isLost)(std::string_view code);
   /// The engine's code for a statement that names a column or table which does not exist.

@@ -61,6 +61,16 @@ const Engine* engineThatAnswers(const AskText& ask) {
   return nullptr;
 }
 
+bool meansLocked(const Error& error) {
+  const std::string& source = error.source();
+  return std::any_of(allEngines().begin(), allEngines().end(), [&](const Engine* engine) {
+    const std::string_view code = std::string_view(source).substr(
+        std::min(source.size(), engine->title.size() + std::string_view(" ").size()));
+    return source.starts_with(engine->title) &&
+           (engine->isLocked(code) || engine->isLocked(std::to_string(error.number())));
+  });
+}
+
 std::string engineTitles(std::span<const Engine* const> engines) {
   std::string titles;
   for (std::size_t i = 0; i < engines.size(); ++i) {

@@ -7,6 +7,8 @@
 #include <string>
 #include <string_view>
 
+#include <vexnumkr/error.h>
+
 #include "engines/engine.h"
 
 namespace vexnumkr {
@@ -28,6 +30,11 @@ EngineDriver engineOfQtDriver(std::string_view name);
 using AskText = std::function<std::optional<std::string>(const char* select)>;
 /// The engine that answers; null where it is none of these.
 const Engine* engineThatAnswers(const AskText& ask);
+
+/// Whether an engine has failed because of a lock or a change of somebody else's, so that trying
+/// again may work. The adapters name the engine as the error's source, with a code behind it where
+/// that is not the number.
+bool meansLocked(const Error& error);
 
 /// "A, B and C", for messages (German).
 std::string engineTitles(std::span<const Engine* const> engines);

@@ -1,7 +1,6 @@
 #include "numbers/transaction.h"
 
-#include <algorithm>
-#include <array>
+#include "engines/engines.h"
 
 namespace vexnumkr::numbers {
 namespace {
@@ -49,21 +48,13 @@ void inTransaction(Connection& connection, Ending ending, const std::function<vo
   if (ending == Ending::rollBack) connection.RollbackTrans();
 }
 
-// SQLite's "busy" and "locked" with their extended codes, PostgreSQL's serialization failure,
-// MariaDB's "changed meanwhile", lock timeout and deadlock.
-bool isLocked(const Error& error) {
-  static constexpr std::array codes = {5, 6, 261, 262, 517, 518, 40001, 1020, 1205, 1213};
-  return error.source() != "vexnumkr" &&
-         std::find(codes.begin(), codes.end(), error.number()) != codes.end();
-}
-
 void whileLocked(const std::function<void()>& attempt) {
   constexpr int attempts = 10;
   for (int left = attempts - 1; left > 0; --left) {
     try {
       return attempt();
     } catch (const Error& error) {
-      if (!isLocked(error)) throw;
+      if (!meansLocked(error)) throw;
     }
   }
   attempt();

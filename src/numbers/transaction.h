@@ -18,9 +18,6 @@ enum class Ending { commit, rollBack };
 /// REQUIRES: no transaction runs on `connection`.
 void inTransaction(Connection& connection, Ending ending, const std::function<void()>& work);
 
-/// Whether a failure was a lock that somebody else held, so that trying again may work.
-bool isLocked(const Error& error);
-
 /// Runs `attempt` until it does not fail because of a lock, at most ten times; each waits for the
 /// lock as long as the adapter does. Errors: of the last attempt.
 void whileLocked(const std::function<void()>& attempt);

@@ -85,7 +85,10 @@ TEST_F(EngineSessions, AHostsOwnTransactionIsNotTakenOver) {
   ASSERT_TRUE(own.exec(QStringLiteral("BEGIN")));
   ASSERT_TRUE(own.exec(QStringLiteral("INSERT INTO Kreise VALUES (1, 'Wirt', 0)")));
   EXPECT_NE(errorOf([&] { borrowed->BeginTrans(); }).number(), 0);
-  ASSERT_TRUE(own.exec(QStringLiteral("ROLLBACK")));
+  for (const auto& end : {&Connection::RollbackTrans, &Connection::CommitTrans})
+    EXPECT_EQ(errorOf([&] { (borrowed.get()->*end)(); }).description(),
+              "Es läuft keine Transaktion.");
+  ASSERT_TRUE(own.exec(QStringLiteral("ROLLBACK"))) << "it is still the host's";
   EXPECT_EQ(stored(), Texts{});
   borrowed->BeginTrans();
   borrowed->RollbackTrans();

@@ -24,6 +24,22 @@ TEST_F(ServerSessions, BothConnectionsAreSerializable) {
   conn->RollbackTrans();
 }
 
+TEST_F(ServerSessions, WhoHasChangedSomethingSeesUnderTheLockWhatIsStoredByThen) {
+  run("INSERT INTO Kreise VALUES (1, 'alt', 0)");
+  conn->IsolationLevel(ado::isolated);
+  conn->RequireTransactions({"Kreise"});
+  conn->BeginTrans();
+  run("INSERT INTO Kreise VALUES (2, 'mein', 0)");
+  const auto other = open();
+  test::run(*other, "UPDATE Kreise SET Text = 'von anderen' WHERE Nr = 1");
+  conn->LockTable("Kreise");
+  EXPECT_EQ(test::rows(*conn, "SELECT Text FROM Kreise ORDER BY Nr", {"Text"}),
+            (Texts{"'von anderen'", "'mein'"}));
+  EXPECT_EQ(run("UPDATE Kreise SET Wahr = -1"), 2);
+  conn->CommitTrans();
+  EXPECT_EQ(test::rows(*other, "SELECT Wahr FROM Kreise", {"Wahr"}), (Texts{"-1", "-1"}));
+}
+
 TEST_F(ServerSessions, AfterALockThatCouldNotBeHadNothingGoesOnBeforeTheRollBack) {
   const auto other = open();
   other->BeginTrans();

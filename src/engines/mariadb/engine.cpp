@@ -105,6 +105,12 @@ bool endsTransaction(std::string_view code) {
   return isOneOf(code, codes);
 }
 
+// Rows changed meanwhile, a lock waited for too long, a deadlock.
+bool isLocked(std::string_view code) {
+  static constexpr std::array codes = {1020, 1205, 1213};
+  return isOneOf(code, codes);
+}
+
 bool isLost(std::string_view code) {
   static constexpr std::array codes = {1053, 1152, 1158, 1159, 1160, 1161, 1184,
                                        1927, 2001, 2002, 2003, 2006, 2013, 2055};
@@ -169,6 +175,7 @@ const Engine mariadb = {
     .transactionQuery = "SELECT @@in_transaction",
     .afterChange = nullptr,
     .undo = nullptr,
+    .beginBeforeLocking = beginIsolated,
     .beginForWriting = beginIsolated,
     .lockTable = lockTable,
     .withoutTransactions = withoutTransactions,
@@ -178,6 +185,7 @@ const Engine mariadb = {
     .nameQuote = '`',
     .endsTransaction = endsTransaction,
     .isUnreadable = neverUnreadable,
+    .isLocked = isLocked,
     .isLost = isLost,
     .unknownName = 0};
 

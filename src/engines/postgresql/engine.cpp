@@ -39,6 +39,10 @@ std::string limit(std::int32_t seconds) {
 
 constexpr std::array begin = {"BEGIN; SAVEPOINT vexnumkr"};
 constexpr std::array beginIsolated = {"BEGIN ISOLATION LEVEL SERIALIZABLE; SAVEPOINT vexnumkr"};
+// A serializable transaction goes on seeing what was stored at its first statement, and fails where
+// it changes what others have changed since.
+constexpr std::array beginBeforeLocking = {
+    "BEGIN ISOLATION LEVEL READ COMMITTED; SAVEPOINT vexnumkr"};
 
 // Before the first select, so that what the transaction sees is what is stored once it has the
 // lock.
@@ -58,6 +62,11 @@ bool endsTransaction(std::string_view code) {
 
 // What stands in the database, and what the connection's encoding lacks.
 bool isUnreadable(std::string_view code) { return code == "22021" || code == "22P05"; }
+
+// Serialization failures and deadlocks, and locks that were waited for too long.
+bool isLocked(std::string_view code) {
+  return code == "40001" || code == "40P01" || code == "55P03";
+}
 
 // Classes 08 and 57P are about the connection; without any code the server has not answered.
 bool isLost(std::string_view code) {
@@ -105,6 +114,7 @@ const Engine postgresql = {
     .transactionQuery = nullptr,
     .afterChange = "RELEASE SAVEPOINT vexnumkr; SAVEPOINT vexnumkr",
     .undo = "ROLLBACK TO SAVEPOINT vexnumkr",
+    .beginBeforeLocking = beginBeforeLocking,
     .beginForWriting = beginIsolated,
     .lockTable = lockTable,
     .withoutTransactions = nullptr,
@@ -114,6 +124,7 @@ const Engine postgresql = {
     .nameQuote = '"',
     .endsTransaction = endsTransaction,
     .isUnreadable = isUnreadable,
+    .isLocked = isLocked,
     .isLost = isLost,
     .unknownName = 0};
 

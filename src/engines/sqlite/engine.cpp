@@ -41,13 +41,24 @@ std::string limit(std::int32_t seconds) {
   return "PRAGMA busy_timeout = " + std::to_string(wait * 1000);
 }
 
-// Out of memory, interrupted, disk errors, a damaged file, a full disk; extended codes have more in
-// their upper bytes. Whoever cannot have the lock is told so at the first change already.
-bool endsTransaction(std::string_view code) {
-  static constexpr std::array codes = {7, 9, 10, 11, 13};
+// Extended codes have more in their upper bytes; what is negative is no code of SQLite's.
+int primaryCode(std::string_view code) {
   int number = 0;
   std::from_chars(code.data(), code.data() + code.size(), number);
-  return std::find(codes.begin(), codes.end(), number & 0xff) != codes.end();
+  return number < 0 ? 0 : number & 0xff;
+}
+
+// Out of memory, interrupted, disk errors, a damaged file, a full disk. Whoever cannot have the
+// lock is told so at the first change already.
+bool endsTransaction(std::string_view code) {
+  static constexpr std::array codes = {7, 9, 10, 11, 13};
+  return std::find(codes.begin(), codes.end(), primaryCode(code)) != codes.end();
+}
+
+// "Busy" and "locked".
+bool isLocked(std::string_view code) {
+  const int number = primaryCode(code);
+  return number == 5 || number == 6;
 }
 
 bool neverLost(std::string_view /*code*/) { return false; }
@@ -91,6 +102,7 @@ const Engine sqlite = {
     .transactionQuery = nullptr,
     .afterChange = nullptr,
     .undo = nullptr,
+    .beginBeforeLocking = begin,
     .beginForWriting = beginForWriting,
     .lockTable = nullptr,
     .withoutTransactions = nullptr,
@@ -100,6 +112,7 @@ const Engine sqlite = {
     .nameQuote = '"',
     .endsTransaction = endsTransaction,
     .isUnreadable = neverUnreadable,
+    .isLocked = isLocked,
     .isLost = neverLost,
     .unknownName = 1};
 

@@ -99,6 +99,7 @@ class Session {
   void reconnect();
   void requireReady();
   void requireNoOtherTransaction();
+  void requireOneOfItsOwn() const;
 
   RowSet run(const QString& text);
   RowSet readRows(const QString& text);
@@ -136,6 +137,7 @@ class Session {
   std::string lackingEncoding_;           // Of the texts that the engine sends; mostly empty.
   std::int32_t limit_ = 0;
   bool inTransaction_ = false;
+  bool locksLater_ = false;   // Its transactions may change something before.
   bool onlyReads_ = false;    // The statement that runs.
   bool beginsLater_ = false;  // The transaction has begun, but not on the engine yet.
   bool isLost_ = false;

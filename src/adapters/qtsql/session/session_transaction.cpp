@@ -48,7 +48,8 @@ bool Session::engineInTransaction() {
 }
 
 Statements Session::beginStatements() const {
-  return isolation_ == ado::isolated ? engine_->beginIsolated : engine_->begin;
+  if (isolation_ != ado::isolated) return engine_->begin;
+  return locksLater_ ? engine_->beginBeforeLocking : engine_->beginIsolated;
 }
 
 // The rules come first: on MariaDB the isolation is for whatever is sent next.
@@ -77,6 +78,12 @@ void Session::requireSameFile() {
   throw moved;
 }
 
+// On a connection that others use as well, one that the engine knows of would be theirs.
+void Session::requireOneOfItsOwn() const {
+  if (inTransaction_ || (engine_->guardsTransactions && database_.isOwned())) return;
+  throw transactionMissing();
+}
+
 // What has been sent since the transaction ended is committed already, and the rest is not to be.
 void Session::requireItsTransaction() {
   if (engineInTransaction()) return;
@@ -87,7 +94,7 @@ void Session::requireItsTransaction() {
 
 void Session::commit() {
   if (endedBy_) throw *endedBy_;
-  if (!inTransaction_ && !beginsLater_ && !engine_->guardsTransactions) throw transactionMissing();
+  if (!beginsLater_) requireOneOfItsOwn();
   requireReady();
   if (beginsLater_) {
     beginsLater_ = false;
@@ -102,6 +109,7 @@ void Session::commit() {
 }
 
 void Session::requireTransactions(const std::vector<std::string>& tables) {
+  locksLater_ = true;
   if (engine_->withoutTransactions == nullptr || tables.empty()) return;
   requireReady();
   std::string literals;
@@ -138,7 +146,7 @@ void Session::rollback() {
     beginsLater_ = false;
     return;
   }
-  if (!inTransaction_ && !engine_->guardsTransactions) throw transactionMissing();
+  requireOneOfItsOwn();
   const bool hasEnded = endedBy_.has_value();
   const bool wasInTransaction = inTransaction_;
   endedBy_.reset();
