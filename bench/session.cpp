@@ -98,7 +98,7 @@ void Session::load() {
 
 void Session::save() {
   session().blnChanged(true);
-  session().Conn().BeginTrans();
+  session().beginTransaction();
   const bool saved = basAllgemein::Save(session(), surroundings_->display, false);
   surroundings_->requireNoFailure();
   if (!saved) throw std::runtime_error("nothing was saved");

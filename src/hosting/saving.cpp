@@ -33,9 +33,14 @@ class Saving {
   Saving(Session& session, RangeDisplay& display)
       : session_(session), display_(display), data_(session.data()) {}
 
+  // Whether rows were replaced under lock; once it is committed the dialog closes, but a failure
+  // leaves it open.
+  bool hasUnshownChanges() const { return hasUnshownChanges_; }
+
   // Whether everything is written and committed. Errors: what keeps it from that.
   bool run() {
     requireOrigin();
+    session_.requireTransaction();
     const auto before = firstReading();
     if (!before || !isValid()) return false;
     writeAndCommit(*before);
@@ -53,22 +58,24 @@ class Saving {
   // Outside of the transaction, so that hosts go on drawing while the user thinks. Nothing when the
   // user gives up values for those that others have stored.
   std::optional<StoredRanges> firstReading() {
-    StoredRanges stored =
-        readStoredRanges(*session_.source().queryAside(statement::ranges()), data_);
+    StoredRanges stored = readStoredRanges(*session_.source().queryAside(statement::ranges()),
+                                           data_, Others::passOver);
     const StoredChanges changes = takeStoredChanges(data_, stored);
-    if (changes.conflicts.empty() || usersValuesAreWanted(changes.conflicts)) {
-      keepUsersValues(data_.known, changes.conflicts);
-      if (changes.replaced) display_.showChanges();
-      return stored;
-    }
-    takeStoredValues(data_, changes.conflicts);
-    display_.showChanges();
-    return std::nullopt;
+    const std::int32_t answer =
+        changes.conflicts.empty() ? msg_box::yes : answerAbout(changes.conflicts);
+    if (answer == msg_box::yes) keepUsersValues(data_.known, changes.conflicts);
+    // Whoever could not be asked has not given up anything; the next attempt asks again.
+    if (answer == msg_box::no) takeStoredValues(data_, changes.conflicts);
+    if (changes.replaced || answer == msg_box::no) display_.showChanges();
+    if (answer != msg_box::yes) return std::nullopt;
+    return stored;
   }
 
-  bool usersValuesAreWanted(const std::vector<Conflict>& conflicts) {
-    return session_.boxes().MsgBoxEx(conflictQuestion(conflicts), yesOrNo, "Abfrage") ==
-           msg_box::yes;
+  // Yes or no, or 0 where the user could not be asked.
+  std::int32_t answerAbout(const std::vector<Conflict>& conflicts) {
+    const std::int32_t answer =
+        session_.boxes().MsgBoxEx(conflictQuestion(conflicts), yesOrNo, "Abfrage");
+    return answer == msg_box::yes || answer == 0 ? answer : msg_box::no;
   }
 
   bool isValid() {
@@ -81,12 +88,13 @@ class Saving {
     const Work work(session_.progress(), "Nummernkreise werden gespeichert…");
     StatementSource& source = session_.source();
     session_.Conn().LockTable("Nummernkreise");
-    const StoredRanges underLock = readStoredRanges(*source.query(statement::ranges()), data_);
-    takeDrawnNumbers(data_, before, underLock);
+    const StoredRanges underLock =
+        readStoredRanges(*source.query(statement::ranges()), data_, Others::read);
+    hasUnshownChanges_ = takeDrawnNumbers(data_, before, underLock);
     writeTable(data_.table, source, session_.progress());
     for (const RangeRow& range : underLock.unknown) InsertIntoNummernkreise(source, range);
     readBack(underLock.unknown);
-    session_.Conn().CommitTrans();
+    session_.commitTransaction();
     knowAsStored(data_);
     session_.progress().advance();
   }
@@ -102,16 +110,18 @@ class Saving {
   Session& session_;
   RangeDisplay& display_;
   RangeData data_;
+  bool hasUnshownChanges_ = false;
 };
 
-// A failure leaves a fresh transaction behind.
+// A failure leaves a fresh transaction behind, and what the display shows is what the table holds.
 bool saveOrRollBack(Session& session, RangeDisplay& display) {
+  Saving saving(session, display);
   bool saved = false;
-  if (reportingFailures(session.reporter(), saveProcedure,
-                        [&] { saved = Saving(session, display).run(); }))
+  if (reportingFailures(session.reporter(), saveProcedure, [&] { saved = saving.run(); }))
     return saved;
-  ignoringFailures([&] { session.Conn().RollbackTrans(); });
-  reportingFailures(session.reporter(), saveProcedure, [&] { session.Conn().BeginTrans(); });
+  ignoringFailures([&] { session.rollBackTransaction(); });
+  reportingFailures(session.reporter(), saveProcedure, [&] { session.beginTransaction(); });
+  if (saving.hasUnshownChanges()) display.showChanges();
   return false;
 }
 
@@ -130,7 +140,7 @@ bool Save(Session& session, RangeDisplay& display, bool askFirst) {
   reportingFailures(session.reporter(), saveProcedure, [&] {
     switch (decide(session, askFirst)) {
       case Decision::Discard:
-        session.Conn().RollbackTrans();
+        session.rollBackTransaction();
         mayClose = true;
         break;
       case Decision::Save:

@@ -1,6 +1,7 @@
 #include "hosting/session.h"
 
 #include "data/sql/guarded_connection.h"
+#include "data/sql/statements.h"
 
 namespace vexnumkr {
 namespace {
@@ -24,6 +25,28 @@ Connection& Session::Conn() const { return required(guardedConn_.get()); }
 void Session::Conn(std::shared_ptr<Connection> connection) {
   Conn_ = std::move(connection);
   guardedConn_ = guardedConnection(Conn_);
+  inTransaction_ = false;
+}
+
+void Session::beginTransaction() {
+  inTransaction_ = false;
+  Conn().RequireTransactions(statement::writtenTables());
+  Conn().BeginTrans();
+  inTransaction_ = true;
+}
+
+void Session::commitTransaction() {
+  Conn().CommitTrans();
+  inTransaction_ = false;
+}
+
+void Session::rollBackTransaction() {
+  inTransaction_ = false;
+  Conn().RollbackTrans();
+}
+
+void Session::requireTransaction() {
+  if (!inTransaction_) beginTransaction();
 }
 
 void Session::LngApplication(std::int32_t code) {

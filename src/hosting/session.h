@@ -65,6 +65,18 @@ class Session {
   void createColUser() { colUser_.emplace(); }
   void releaseColUser() { colUser_.reset(); }
 
+  // The transaction in which the dialog changes the database, on the host's connection.
+
+  /// Refuses tables that know no transactions, so that none begins over them. Errors: the
+  /// connection's.
+  void beginTransaction();
+  void commitTransaction();
+  /// It counts as ended also where that fails.
+  void rollBackTransaction();
+  /// Begins it where none runs, since loading or an earlier save has failed: nothing is ever
+  /// changed outside of it. Errors: as for beginning.
+  void requireTransaction();
+
   // The working objects of an open dialog: there from start-up to tear-down.
 
   /// The command and the working connection.
@@ -100,6 +112,7 @@ class Session {
   KnownRanges known_;
   std::unique_ptr<BookingCircleDialog> dlgBuchungskreise_;
   bool blnChanged_ = false;
+  bool inTransaction_ = false;
 };
 
 }  // namespace vexnumkr

@@ -11,20 +11,20 @@ namespace {
 
 constexpr std::size_t toldOneByOne = 10;
 
+// By exactly its key: a range without a key is one among others where it comes to what is stored.
 bool isInTable(const XArray& table, const RangeId& range) {
-  return table.findRange(alleBenutzer, range.Buchungskreis, range.NSchl) != -1;
+  return !table.rangeRows(alleBenutzer, range.Buchungskreis, range.NSchl).empty();
 }
 
-// Writes the values into the row of every user.
+// Writes the values into every row that stands for the range.
 void replaceValues(const RangeData& data, const RangeId& range, const RangeValues& values) {
-  for (const std::string& user : data.users) {
-    const std::int32_t row = data.table.findRange(user, range.Buchungskreis, range.NSchl);
-    if (row == -1) continue;
-    data.table.setValue(row, &RangeRow::StartWert, values.StartWert);
-    data.table.setValue(row, &RangeRow::AktuellerWert, values.AktuellerWert);
-    data.table.setValue(row, &RangeRow::EndWert, values.EndWert);
-    data.table.setValue(row, &RangeRow::Maske, values.Maske);
-  }
+  for (const std::string& user : data.users)
+    for (const std::int32_t row : data.table.rangeRows(user, range.Buchungskreis, range.NSchl)) {
+      data.table.setValue(row, &RangeRow::StartWert, values.StartWert);
+      data.table.setValue(row, &RangeRow::AktuellerWert, values.AktuellerWert);
+      data.table.setValue(row, &RangeRow::EndWert, values.EndWert);
+      data.table.setValue(row, &RangeRow::Maske, values.Maske);
+    }
 }
 
 const RangeValues* find(const std::map<RangeId, RangeValues>& ranges, const RangeId& range) {
@@ -57,14 +57,14 @@ std::vector<RangeRow> commonRows(const XArray& table) {
 
 }  // namespace
 
-StoredRanges readStoredRanges(Recordset& records, const RangeData& data) {
+StoredRanges readStoredRanges(Recordset& records, const RangeData& data, Others others) {
   StoredRanges stored;
   for (; !records.EndOfFile(); records.MoveNext()) {
     const auto range = rangeIdOf(records);
     if (!range) continue;
     if (isInTable(data.table, *range))
       stored.ofTable.insert_or_assign(*range, rangeValuesOf(records));
-    else if (!data.known.wasRead(*range))
+    else if (others == Others::read && !data.known.wasRead(*range))
       stored.unknown.push_back(storedRange(records, data.table));
   }
   records.Close();
@@ -114,8 +114,9 @@ void takeStoredValues(const RangeData& data, const std::vector<Conflict>& confli
   keepUsersValues(data.known, conflicts);
 }
 
-void takeDrawnNumbers(const RangeData& data, const StoredRanges& before,
+bool takeDrawnNumbers(const RangeData& data, const StoredRanges& before,
                       const StoredRanges& underLock) {
+  std::map<RangeId, RangeValues> drawn;
   for (const RangeRow& row : commonRows(data.table)) {
     const RangeId range = RangeId::of(row);
     const RangeValues* first = find(before.ofTable, range);
@@ -126,9 +127,13 @@ void takeDrawnNumbers(const RangeData& data, const StoredRanges& before,
     if (!differInCurrentValueAlone(*first, *now) || !isWithinItsBounds(*now) ||
         writableValues(row) != *first)
       failChangedJustNow(row);
-    replaceValues(data, range, *now);
-    data.known.values(range, *now);
+    drawn.insert_or_assign(range, *now);
   }
+  for (const auto& [range, values] : drawn) {
+    replaceValues(data, range, values);
+    data.known.values(range, values);
+  }
+  return !drawn.empty();
 }
 
 void knowAsStored(const RangeData& data) {

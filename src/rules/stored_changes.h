@@ -23,9 +23,13 @@ struct StoredRanges {
   std::vector<RangeRow> unknown;
 };
 
+/// Whether the unknown ranges are wanted as well.
+enum class Others { passOver, read };
+
 /// Reads the records of the loading statement. Errors 6, 13 and 94 for a value of a range of the
-/// table or of an unknown range that does not convert; other records are not looked at.
-StoredRanges readStoredRanges(Recordset& records, const RangeData& data);
+/// table, or of an unknown range that is wanted, that does not convert; other records are not
+/// looked at.
+StoredRanges readStoredRanges(Recordset& records, const RangeData& data, Others others);
 
 /// A range that the user and somebody else have changed.
 struct Conflict {
@@ -57,8 +61,9 @@ void takeStoredValues(const RangeData& data, const std::vector<Conflict>& confli
 
 /// Compares two readings, the later one under lock. A range that has only drawn numbers since, and
 /// that the user has left alone, takes them over. Error 3023 for any other difference: somebody has
-/// changed a range that the user has changed too, or in another way.
-void takeDrawnNumbers(const RangeData& data, const StoredRanges& before,
+/// changed a range that the user has changed too, or in another way; no row is replaced then.
+/// Returns whether one was.
+bool takeDrawnNumbers(const RangeData& data, const StoredRanges& before,
                       const StoredRanges& underLock);
 
 /// All of the table has been stored: its values are known from then on.

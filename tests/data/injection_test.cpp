@@ -74,7 +74,7 @@ TEST_F(InjectionTest, AValueThatIsSavedChangesNoOtherRow) {
     for (const std::string& attempt : attempts) {
       SCOPED_TRACE("column " + std::to_string(place) + ": " + attempt.substr(0, 60));
       start(1, {"Max"});
-      session().Conn().BeginTrans();
+      session().beginTransaction();
       std::vector<Value> cells{
           "Alle Benutzer", 1, "Nord", "RE", "Rechnung", 1, 2, 9, true, 50, "", ""};
       cells[place] = attempt;
@@ -87,7 +87,7 @@ TEST_F(InjectionTest, AValueThatIsSavedChangesNoOtherRow) {
       const Texts own = select(
           "SELECT Buchungskreis FROM Nummernkreise WHERE NSchl NOT IN ('OPFER', 'LM', 'OPFER2')");
       EXPECT_EQ(own.size(), saved ? 1U : 0U) << "one range, or none of it";
-      if (!saved) session().Conn().RollbackTrans();
+      if (!saved) session().rollBackTransaction();
       sql("DELETE FROM Nummernkreise WHERE Buchungskreis=1");
       sql("DELETE FROM Nummernkreis_Zuordnung WHERE Herkunft='ORB'");
       if (HasFailure()) return;
@@ -99,12 +99,12 @@ TEST_F(InjectionTest, ALongTextIsStoredAsAWholeOrReported) {
   const bool fits = !database().engine().ends_with("postgresql");
   const std::string text(70'000, 'x');
   start(1, {"Max"});
-  session().Conn().BeginTrans();
+  session().beginTransaction();
   row({"Alle Benutzer", 1, "Nord", "RE", text, 1, 2, 9, true, 50, "", text});
   session().blnChanged(true);
   EXPECT_EQ(save(), fits);
   EXPECT_EQ(boxes().size(), fits ? 0U : 1U);
-  if (!fits) session().Conn().RollbackTrans();
+  if (!fits) session().rollBackTransaction();
   EXPECT_EQ(select("SELECT NBezeichnung, Maske FROM Nummernkreise WHERE Buchungskreis=1"),
             fits ? Texts{text + "|" + text} : Texts{});
 }
@@ -115,13 +115,13 @@ TEST_F(InjectionTest, AUserNameChangesNoOtherRow) {
     SCOPED_TRACE(attempt.substr(0, 60));
     start(1, {attempt});
     AktiviertDB(1, "RE", attempt);
-    session().Conn().BeginTrans();
+    session().beginTransaction();
     row({attempt, 1, "Nord", "RE", "Rechnung", 1, 2, 9, true, 50, "", ""});
     session().blnChanged(true);
     const bool saved = save();
     boxes();
     EXPECT_EQ(others(), before);
-    if (!saved) session().Conn().RollbackTrans();
+    if (!saved) session().rollBackTransaction();
     sql("DELETE FROM Nummernkreis_Zuordnung WHERE Herkunft='ORB'");
   }
 }
@@ -131,7 +131,7 @@ TEST_F(InjectionTest, ACaptionChangesNoOtherRow) {
   for (const std::string& attempt : attempts) {
     SCOPED_TRACE(attempt.substr(0, 60));
     start(1, {"Max"});
-    session().Conn().BeginTrans();
+    session().beginTransaction();
     row({"Alle Benutzer", 1, attempt, "RE", "Rechnung", 1, 2, 9, true, 50, "", ""});
     session().blnChanged(true);
     EXPECT_TRUE(save()) << "captions are not saved";
@@ -141,7 +141,7 @@ TEST_F(InjectionTest, ACaptionChangesNoOtherRow) {
 
 TEST_F(InjectionTest, AStatementThatAValueHasTurnedIntoAnotherIsRefusedBySaving) {
   start(1, {"Max"});
-  session().Conn().BeginTrans();
+  session().beginTransaction();
   row({"Alle Benutzer", 1, "Nord", "RE", "Rechnung", 1, 2, 9, true, 50, "", ""});
   table().setValue(0, &RangeRow::Maske, "' || (SELECT strUserName_PK FROM tblUser) || '");
   session().blnChanged(true);

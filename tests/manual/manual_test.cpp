@@ -132,10 +132,10 @@ class ManualMessages : public test::CoreSession {
   void save(std::int32_t application) {
     start(application);
     range("RE", "Rechnung", 1, "Zentrale Ulm", 1, 1, 9);
-    session().Conn().BeginTrans();
+    session().beginTransaction();
     session().blnChanged(true);
     EXPECT_FALSE(Save(false));
-    session().Conn().RollbackTrans();
+    session().rollBackTransaction();
   }
   void raiseSavingMessages() {
     save(3);

@@ -63,7 +63,7 @@ TEST_F(DrawingHostsTest, NoDrawnNumberLiesAboveTheStoredCurrentValue) {
   startDrawing();
   waitForDraws(10);
   LoadItems();
-  session().Conn().BeginTrans();
+  session().beginTransaction();
   std::int32_t end = 150;
   for (int saves = 0; drawn_ < draws; ++saves) {
     waitForDraws(std::min(draws, drawn_ + 100));
@@ -71,15 +71,36 @@ TEST_F(DrawingHostsTest, NoDrawnNumberLiesAboveTheStoredCurrentValue) {
     session().blnChanged(true);
     ASSERT_TRUE(Save(false)) << "attempt " << saves;
     EXPECT_GE(storedCurrent(), last_) << "drawn before the save";
-    session().Conn().BeginTrans();
+    session().beginTransaction();
   }
-  session().Conn().RollbackTrans();
+  session().rollBackTransaction();
   ASSERT_TRUE(host_.waitForFinished(longestRunMilliseconds));
   EXPECT_EQ(host_.exitCode(), 0) << host_.readAllStandardError().toStdString();
   EXPECT_EQ(storedCurrent(), 1000 + draws) << "every number once, and none left out";
   EXPECT_EQ(last_, 1000 + draws);
   EXPECT_EQ(select("SELECT EndWert FROM Nummernkreise WHERE Buchungskreis=1 AND NSchl='AN'"),
             std::vector<std::string>{std::to_string(end)});
+}
+
+// The transaction has begun before the numbers are drawn, since it changes the circles.
+TEST_F(DrawingHostsTest, NumbersAreDrawnWhileTheCirclesHaveBeenChanged) {
+  if (database().engine().ends_with("sqlite")) GTEST_SKIP() << "there is one writer at a time";
+  LoadItems();
+  session().beginTransaction();
+  std::int32_t found = 0;
+  test::realConnection(*hostConnection())
+      .Execute("UPDATE Nummernkreis_Buchungskreise SET Beschreibung='Norden'", found);
+  startDrawing();
+  waitForDraws(100);
+  SetValueAll("AN", 1, &RangeRow::EndWert, 150);
+  session().blnChanged(true);
+  EXPECT_TRUE(Save(false));
+  EXPECT_GE(storedCurrent(), last_) << "drawn before the save";
+  waitForDraws(draws);
+  ASSERT_TRUE(host_.waitForFinished(longestRunMilliseconds));
+  EXPECT_EQ(storedCurrent(), 1000 + draws);
+  EXPECT_EQ(select("SELECT Beschreibung FROM Nummernkreis_Buchungskreise"),
+            std::vector<std::string>{"Norden"});
 }
 
 }  // namespace

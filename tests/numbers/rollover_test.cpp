@@ -54,7 +54,7 @@ class RolloverTest : public CoreSession {
   void pressTheButtonAndSave() {
     start(2, {"Anna"});
     LoadItems();
-    session().Conn().BeginTrans();
+    session().beginTransaction();
     forms().answer(yes);
     EXPECT_TRUE(StartAutoNum());
     EXPECT_EQ(boxes().size(), 1U);

@@ -59,7 +59,7 @@ class BrokenHostTest : public test::CoreSession {
   /// Loads, raises a current value and saves.
   bool loadEditAndSave() {
     LoadItems();
-    session().Conn().BeginTrans();
+    session().beginTransaction();
     SetValueAll("RE", 1, &RangeRow::AktuellerWert, 160);
     session().blnChanged(true);
     return Save(true);

@@ -19,9 +19,9 @@ class ReadBackTest : public test::SavingSession {
   }
   /// The host's connection forgets what it knows of the tables, and begins anew.
   void onTheDatabase(const std::string& text) {
-    session().Conn().RollbackTrans();
+    session().rollBackTransaction();
     sql(text);
-    session().Conn().BeginTrans();
+    session().beginTransaction();
   }
   void notStored(const std::string& what) {
     EXPECT_FALSE(save());
@@ -81,11 +81,11 @@ TEST_F(ReadBackTest, ATriggerThatPassesOverARangeThatTheDialogHasNotRead) {
 }
 
 TEST_F(ReadBackTest, ATableWithoutAKeyWouldHoldRangesTwice) {
-  session().Conn().RollbackTrans();
+  session().rollBackTransaction();
   sql("CREATE TABLE Ohne AS SELECT * FROM Nummernkreise");
   sql("DROP TABLE Nummernkreise");
   sql("ALTER TABLE Ohne RENAME TO Nummernkreise");
-  session().Conn().BeginTrans();
+  session().beginTransaction();
   notStored("Belegart RE, Gruppe");
 }
 

@@ -88,12 +88,12 @@ class RefusedRowsTest : public SavingSession, public ::testing::WithParamInterfa
     std::erase_if(spared_, [](const std::string& line) {
       return !line.starts_with("0|LM|") && !line.starts_with("1|AF|") && !line.starts_with("7|RE|");
     });
-    session().Conn().RollbackTrans();
+    session().rollBackTransaction();
     saving_ = hostConnection();
     if (cause().asUser) saveAsUser();
     arrange(cause().arrange);
     if (GetParam().engine == notStrict) acceptWhatDoesNotFit();
-    session().Conn().BeginTrans();
+    session().beginTransaction();
     session().blnChanged(true);
     editedTable();
     change(table().findCircle(2), [this](RangeRow& row) {
@@ -119,9 +119,9 @@ class RefusedRowsTest : public SavingSession, public ::testing::WithParamInterfa
     }
   }
   void removeTheCause() {
-    session().Conn().RollbackTrans();
+    session().rollBackTransaction();
     arrange(cause().remove);
-    session().Conn().BeginTrans();
+    session().beginTransaction();
   }
 
   // What the save has come to, from its one box.
@@ -188,7 +188,7 @@ class RefusedRowsTest : public SavingSession, public ::testing::WithParamInterfa
     basAllgemein::basInititialize(session());
     RefreshCombo();
     open();
-    session().Conn().RollbackTrans();
+    session().rollBackTransaction();
   }
   void removeUser() {
     basAllgemein::basTerminate(session());

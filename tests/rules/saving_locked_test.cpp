@@ -57,6 +57,24 @@ TEST_F(SavingLockedTest, ARangeThatSomebodyElseIsInserting) {
   EXPECT_EQ(storedAssignments().size(), 8U);
 }
 
+// Without a transaction nothing could be taken back: neither this attempt nor the next one writes.
+TEST_F(SavingLockedTest, TablesWithoutTransactions) {
+  if (database().engine() != "mariadb") GTEST_SKIP() << "every table has transactions here";
+  session().rollBackTransaction();
+  execute(test::realConnection(*hostConnection()), "ALTER TABLE Nummernkreise ENGINE=MyISAM");
+  for (int attempts = 0; attempts < 3; ++attempts) {
+    EXPECT_FALSE(save());
+    const auto raised = boxes();
+    EXPECT_FALSE(raised.empty());
+    for (const test::Box& box : raised)
+      EXPECT_NE(box.prompt.find("kennt keine Transaktionen"), std::string::npos) << box.prompt;
+    EXPECT_EQ(stored(), before);
+  }
+  execute(test::realConnection(*hostConnection()), "ALTER TABLE Nummernkreise ENGINE=InnoDB");
+  EXPECT_TRUE(save());
+  EXPECT_NE(stored(), before);
+}
+
 // Nobody uses the range, so nothing else of the save has that key.
 TEST_F(SavingLockedTest, AKeyThatIsTooLongForItsColumn) {
   if (!isServer()) GTEST_SKIP() << "every text fits";

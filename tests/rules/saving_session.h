@@ -87,7 +87,7 @@ inline void SavingSession::open() {
   const auto records = realConnection(*hostConnection()).Execute(statement::ranges(), found);
   for (; !records->EndOfFile(); records->MoveNext())
     session().data().known.read(*rangeIdOf(*records));
-  session().Conn().BeginTrans();
+  session().beginTransaction();
   session().blnChanged(true);
   sent();
 }

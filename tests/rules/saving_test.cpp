@@ -32,7 +32,7 @@ class SavingTest : public test::SavingSession {
   }
   bool transactionIsOpen() {
     try {
-      session().Conn().RollbackTrans();
+      session().rollBackTransaction();
       return true;
     } catch (const Error&) {
       return false;
@@ -204,7 +204,7 @@ TEST_F(SavingTest, WithoutOriginNothingIsWritten) {
                                           " hat keine eigenen Nummernkreise.")});
     EXPECT_EQ(sentAndRead(), (Texts{"conn: ROLLBACK", "conn: BEGIN"}));
     EXPECT_EQ(stored(), before);
-    session().Conn().RollbackTrans();
+    session().rollBackTransaction();
   }
 }
 
@@ -316,6 +316,7 @@ class TransactionFailureTest : public SavingTest {
   void SetUp() override {
     company();
     session().Conn(std::make_shared<test::LoggedConnection>(log_, "conn"));
+    session().beginTransaction();
     log_.take();
   }
   void TearDown() override {

@@ -27,7 +27,7 @@ class StoredChangesTest : public test::SavingSession {
     store("0, 'AN', 'Angebot', 400, 410, 499, -1, 20, '', ''");
     start(1, {"Max"});
     LoadItems();
-    session().Conn().BeginTrans();
+    session().beginTransaction();
     sentAndRead();
   }
   void store(const std::string& values) {
@@ -145,6 +145,69 @@ TEST_F(StoredChangesTest, NumbersDrawnWhileItIsSavedAreKept) {
   EXPECT_TRUE(save());
   EXPECT_EQ(storedRow(1, "RE"), "200|251|299|2NN");
   EXPECT_EQ(storedRow(1, "AN"), "300|310|398|");
+}
+
+TEST_F(StoredChangesTest, WhatWasDrawnWhileItWasSavedShowsAlsoAfterAFailure) {
+  type(1, "AN", &RangeRow::EndWert, 398);
+  afterFirstReading([this] {
+    draw(1, "RE", 251);
+    script().failStatement(2);
+  });
+  EXPECT_FALSE(save());
+  EXPECT_EQ(boxes(), Boxes{errorBox(4711, "basAllgemein", "Save", "Absichtlicher Fehler")});
+  EXPECT_EQ(row("Max", 1, "RE"), "200 251 299 2NN");
+  EXPECT_EQ(takeShownChanges(), 1);
+  EXPECT_TRUE(save());
+  EXPECT_EQ(storedRow(1, "RE"), "200|251|299|2NN");
+}
+
+TEST_F(StoredChangesTest, NamesPlacesAndAssignmentsAreTheDialogs) {
+  sql("UPDATE Nummernkreise SET NBezeichnung='Neu', SortierIndex=77, Aktiviert=0 WHERE "
+      "Buchungskreis=1 AND NSchl='RE'");
+  sql("INSERT INTO Nummernkreis_Zuordnung VALUES (1, 'RE', 'Max', 'ORB')");
+  type(1, "AN", &RangeRow::EndWert, 398);
+  EXPECT_TRUE(save());
+  EXPECT_EQ(select("SELECT NBezeichnung, SortierIndex FROM Nummernkreise WHERE Buchungskreis=1 AND "
+                   "NSchl='RE'"),
+            Texts{"Rechnung|10"});
+  EXPECT_EQ(
+      select("SELECT Benutzer FROM Nummernkreis_Zuordnung WHERE NSchl='RE' AND Benutzer='Max' "
+             "AND Buchungskreis=1"),
+      Texts{});
+}
+
+// Elsewhere a range without a key stands for all keys.
+class StoredWithoutKeyTest : public StoredChangesTest {
+ protected:
+  void SetUp() override {
+    store("0, '', 'Ohne', 800, 810, 899, -1, 5, '', ''");
+    store("1, '', 'Ohne', 900, 910, 999, -1, 5, '', ''");
+    StoredChangesTest::SetUp();
+  }
+};
+
+TEST_F(StoredWithoutKeyTest, ItIsARangeOfItsOwn) {
+  draw(1, "RE", 250);
+  store("1, 'LS', 'Lieferschein', 700, 710, 799, 0, 30, '', ''");
+  type(1, "", &RangeRow::EndWert, 998);
+  EXPECT_TRUE(save());
+  EXPECT_EQ(storedRow(1, "RE"), "200|250|299|2NN");
+  EXPECT_EQ(storedRow(1, ""), "900|910|998|");
+  EXPECT_EQ(storedRow(1, "LS"), "700|710|799|") << "nobody has read it";
+}
+
+TEST_F(StoredChangesTest, OfRangesThatAreNotItsOwnOnlyTheKeyIsReadBeforeTheLock) {
+  store("1, 'LS', 'Lieferschein', 700, 710, 799, 0, 30, '', ''");
+  sql("UPDATE Nummernkreise SET StartWert=NULL WHERE NSchl='LS'");
+  draw(1, "RE", 250);
+  type(1, "RE", &RangeRow::EndWert, 298);
+  forms().answer(msg_box::no);
+  EXPECT_FALSE(save());
+  EXPECT_EQ(boxes(), Boxes{question("Rechnung, Nord: Aktuell 210 -> 250\r\n")});
+  type(1, "AN", &RangeRow::EndWert, 398);
+  EXPECT_FALSE(save());
+  EXPECT_EQ(boxes(),
+            Boxes{errorBox(94, "basAllgemein", "Save", "Unzulässige Verwendung von Null")});
 }
 
 TEST_F(StoredChangesTest, ARangeThatBothChangeAtThatMomentIsSavedOnceMore) {

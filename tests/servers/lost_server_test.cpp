@@ -117,7 +117,7 @@ TEST_F(LostServerTest, ItIsKilledAtEveryStageOfASave) {
     expectFailure();
     server().start();
     EXPECT_EQ(stored(), before);
-    session().Conn().RollbackTrans();
+    session().rollBackTransaction();
     company();
     editedTable();
   }
@@ -135,7 +135,7 @@ TEST_F(LostServerTest, WhatWasCommittedSurvivesItsKilling) {
 
 TEST_F(LostServerTest, CancellingNeedsNoServer) {
   server().kill();
-  EXPECT_NO_THROW(session().Conn().RollbackTrans());
+  EXPECT_NO_THROW(session().rollBackTransaction());
   server().start();
   EXPECT_EQ(stored(), before);
 }
@@ -149,7 +149,7 @@ TEST_F(LostServerTest, TheWorkingConnectionComesBackToo) {
   EXPECT_EQ(boxes().size(), 1U);
   fetch();
   EXPECT_EQ(boxes().size(), 0U);
-  session().Conn().RollbackTrans();
+  session().rollBackTransaction();
 }
 
 }  // namespace vexnumkr

@@ -84,7 +84,7 @@ TEST_F(RightsTest, TheyAreEnoughToLoadAndSave) {
   EXPECT_FALSE(rows().empty());
   EXPECT_EQ(boxes().size(), 0U);
   table().create();
-  session().Conn().BeginTrans();
+  session().beginTransaction();
   editedTable();
   session().blnChanged(true);
   EXPECT_TRUE(save());

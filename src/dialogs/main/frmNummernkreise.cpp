@@ -3,7 +3,6 @@
 #include "data/circle_changes.h"
 #include "data/loading.h"
 #include "data/special_ranges.h"
-#include "data/sql/statements.h"
 #include "dialogs/main/refresh_font.h"
 #include "dialogs/side/frmOptionen.h"
 #include "dialogs/side/frmSonderkreise.h"
@@ -86,9 +85,7 @@ void frmNummernkreise::Form_Load() {
     session_.forms().DoEvents();
     loadRanges();
     cboUser_.ListIndex(0);
-    // Where a failed save could not be taken back, there is no transaction and so no saving.
-    session_.Conn().RequireTransactions(statement::writtenTables());
-    session_.Conn().BeginTrans();
+    session_.beginTransaction();
   });
 }
 
@@ -188,6 +185,7 @@ void frmNummernkreise::cmdAuto_Click() {
 
 void frmNummernkreise::cmdBuchungskreise_Click() {
   onInput("cmdBuchungskreise_Click", [&] {
+    session_.requireTransaction();
     const BookingCircleList before = session_.Buchungskreise();
     if (!basAllgemein::CallBuchungskreise(session_, session_.Herkunft())) return;
     refillFilter();
@@ -212,6 +210,7 @@ void frmNummernkreise::refillFilter() {
 
 void frmNummernkreise::cmdSonderkreise_Click() {
   onInput("cmdSonderkreise_Click", [&] {
+    session_.requireTransaction();
     {
       frmSonderkreise dialog(session_);
       if (session_.Herkunft() == "ORB")
@@ -272,7 +271,7 @@ void frmNummernkreise::Form_QueryUnload(bool& Cancel, std::int16_t /*UnloadMode*
       if (!basAllgemein::Save(session_, *this, askFirst)) Cancel = true;
     };
     if (closeMode_ == ByOK) save(session_.Herkunft() == "ORB");
-    if (closeMode_ == ByCancel) session_.Conn().RollbackTrans();
+    if (closeMode_ == ByCancel) session_.rollBackTransaction();
     if (closeMode_ == ByCloseButton) save(true);
     if (viewReset_) resetFilters();
   });

@@ -165,6 +165,27 @@ TEST_F(DialogLoadingTest, WithoutTheCirclesThereIsNothingToChooseAndLoadingEnds)
   });
 }
 
+TEST_F(DialogLoadingTest, WhatIsChangedAfterLoadingHasEndedCanBeTakenBack) {
+  smallCompany("ORC");
+  init(2);
+  script().failStatement(2);
+  show([&] {
+    boxes();
+    statements();
+    host().plain.circleDialog.whenShown = [](Connection& connection) {
+      std::int32_t affected = 0;
+      realConnection(connection).Execute("DELETE FROM Nummernkreis_Buchungskreise", affected);
+    };
+    press("cmdBuchungskreise");
+    EXPECT_EQ(statements().front(), "conn: BEGIN");
+    boxes();
+    press("cmdCancel");
+    EXPECT_FALSE(isOpen());
+    EXPECT_EQ(statements().back(), "conn: ROLLBACK");
+  });
+  EXPECT_EQ(rows("SELECT COUNT(*) FROM Nummernkreis_Buchungskreise"), Lines{"2"});
+}
+
 TEST_F(DialogLoadingTest, FailedRangesAreReportedAndTheTransactionBegins) {
   smallCompany("ORC");
   init(2);
