@@ -77,7 +77,7 @@ void frmOptionen::cmdCancel_Click() {
 }
 
 void frmOptionen::Form_Unload() {
-  ignoringFailures([&] { settings_.reset(); });
+  settings_.reset();
   ignoringFailures([&] {
     if (connection_ != nullptr) connection_->Close();
   });

@@ -81,7 +81,7 @@ void frmSonderkreise::SaveSettings() {
 }
 
 void frmSonderkreise::cmdOK_Click() {
-  ignoringFailures([&] { SaveSettings(); });
+  SaveSettings();
   ignoringFailures([&] { form_->Unload(); });
 }
 
