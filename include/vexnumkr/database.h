@@ -139,6 +139,11 @@ class VEXNUMKR_API Connection {
   /// values end; an implementation for such a database has to say so.
   virtual bool BackslashEscapes() const { return false; }
 
+  /// Whether its engine takes an INSERT of several rows, `VALUES (...) , (...)`, and computes with
+  /// CASE, as PostgreSQL, MariaDB and SQLite do. An implementation that cannot tell keeps the
+  /// component to statements of single rows, also where it asks in sets.
+  virtual bool TakesSeveralRows() const { return false; }
+
   /// As Command::Execute, for a text without a command of its own.
   virtual std::unique_ptr<Recordset> Execute(const std::string& text,
                                              std::int32_t& recordsAffected) = 0;

@@ -4,6 +4,7 @@
 
 #include <string>
 
+#include "data/sql/set_statements.h"
 #include "data/sql/statements.h"
 
 namespace vexnumkr {
@@ -50,6 +51,49 @@ TEST_F(StatementShapesTest, EveryStatementOfTheComponentIsItsOwnWhateverItsValue
         EXPECT_TRUE(isOwn(text)) << text;
     }
   }
+}
+
+TEST_F(StatementShapesTest, StatementsOfManyRowsAreItsOwnHoweverManyTheyAre) {
+  std::vector<RangeRow> ranges;
+  std::vector<statement::KeysOfCircle> keys;
+  std::vector<statement::UsersOfRange> users;
+  for (std::int32_t i = 0; i < 30; ++i) {
+    RangeRow row = range("größer; -- x", "J\"N", "/* y */");
+    row.NSchl = range("K" + std::to_string(i)).NBezeichnung;
+    row.Buchungskreis = row.StartWert == Cell() ? i / 4 - 2 : 0;
+    row.StartWert = -i;
+    ranges.push_back(row);
+    keys.push_back({-i, std::vector<std::string_view>(static_cast<std::size_t>(i % 3 + 1), "A")});
+    users.push_back(
+        {-i, "K", std::vector<std::string_view>(static_cast<std::size_t>(i % 3 + 1), "B")});
+    for (const std::string& text :
+         {statement::removeRanges(keys), statement::insertRanges(ranges),
+          statement::updateRanges(ranges, true), statement::updateRanges(ranges, false),
+          statement::removeAssignments(users, "ORB"), statement::insertAssignments(users, "ORB"),
+          statement::removeRange(-i, "K"), statement::removeAssignment(-i, "K", "U", "ORB"),
+          statement::assignments("ORB"), statement::wholeAssignments("ORB"),
+          statement::sharedRanges("ORB"), statement::deletableRanges("ORC")})
+      EXPECT_TRUE(isOwn(text)) << text;
+  }
+  EXPECT_FALSE(isOwn(statement::insertRanges(ranges) + " , ('K' , 1)"));
+  EXPECT_FALSE(isOwn(statement::removeRanges(keys) + " OR 1=1"));
+  EXPECT_FALSE(isOwn(statement::removeRanges(keys) + " OR Buchungskreis=1"));
+  EXPECT_FALSE(isOwn(statement::updateRanges(ranges, true) + " OR Buchungskreis=1"));
+}
+
+// Nothing that a value adds to the statement of one row makes it one of many rows.
+TEST_F(StatementShapesTest, AStatementOfOneRowDoesNotBecomeOneOfMany) {
+  for (const char* value :
+       {"x','ORB'), (1, 'RE', 'y", "x' , 'ORB') , ('ORB' , 1 , 'RE' , 'y",
+        "x' OR Buchungskreis=1 AND NSchl IN ('y') OR Buchungskreis=1 AND NSchl='y",
+        "x') OR Buchungskreis=1 AND NSchl IN ('y", "x' , 'y"}) {
+    EXPECT_FALSE(isOwn(statement::insertAssignment(1, "RE", value, "ORB"))) << value;
+    EXPECT_FALSE(isOwn(statement::removeAssignment(1, "RE", value, "ORB"))) << value;
+    EXPECT_FALSE(isOwn(statement::removeRange(1, value))) << value;
+    EXPECT_FALSE(statement::isPlain(value));
+  }
+  EXPECT_FALSE(statement::isPlain("x\\"));
+  EXPECT_TRUE(statement::isPlain("Größe \"1\"; -- /*"));
 }
 
 TEST_F(StatementShapesTest, OtherStatementsAreNot) {

@@ -47,6 +47,7 @@ class ScriptedConnection : public Connection {
   }
   void Close() override { real_->Close(); }
   bool BackslashEscapes() const override { return real_->BackslashEscapes(); }
+  bool TakesSeveralRows() const override { return real_->TakesSeveralRows(); }
 
   std::unique_ptr<Recordset> Execute(const std::string& text,
                                      std::int32_t& recordsAffected) override {

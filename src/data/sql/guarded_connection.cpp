@@ -41,6 +41,7 @@ class GuardedConnection final : public Connection {
   }
   void Close() override { real_->Close(); }
   bool BackslashEscapes() const override { return real_->BackslashEscapes(); }
+  bool TakesSeveralRows() const override { return real_->TakesSeveralRows(); }
   void RequireTransactions(const std::vector<std::string>& tables) override {
     real_->RequireTransactions(tables);
   }

@@ -15,7 +15,8 @@ bool isLiteral(const Token& token) {
 
 // Behind one of these, a minus belongs to the number that follows.
 bool takesSignedNumber(const Token& token) {
-  return token.isSymbol('=') || token.isSymbol(',') || token.isSymbol('(');
+  return token.isSymbol('=') || token.isSymbol(',') || token.isSymbol('(') || token.is("WHEN") ||
+         token.is("THEN");
 }
 
 bool isSign(const std::vector<Token>& tokens, std::size_t i) {
@@ -40,7 +41,38 @@ std::vector<std::string> ownStatements() {
           statement::insertRange({}),
           statement::updateRange({}),
           statement::assignmentCount(""),
-          statement::insertAssignment(0, "", "", "")};
+          statement::insertAssignment(0, "", "", ""),
+          statement::assignments(""),
+          statement::wholeAssignments(""),
+          statement::sharedRanges(""),
+          statement::deletableRanges(""),
+          statement::removeRange(0, ""),
+          statement::removeAssignment(0, "", "", "")};
+}
+
+// Those of many rows, with one.
+std::vector<std::string> ownSetStatements() {
+  const std::vector<statement::KeysOfCircle> keys = {{0, {""}}};
+  const std::vector<statement::UsersOfRange> users = {{0, "", {""}}};
+  const std::vector<RangeRow> range(1);
+  return {statement::removeRanges(keys),           statement::insertRanges(range),
+          statement::updateRanges(range, true),    statement::updateRanges(range, false),
+          statement::removeAssignments(users, ""), statement::insertAssignments(users, "")};
+}
+
+// `shape` with one of what is repeated behind each `head`.
+std::string withoutRepetition(const std::string& shape, const statement::Repetition& repetition) {
+  std::string result;
+  std::size_t copied = 0;
+  for (std::size_t at = shape.find(repetition.head); at != std::string::npos;
+       at = shape.find(repetition.head, at)) {
+    at += repetition.head.size();
+    result.append(shape, copied, at - copied);
+    while (shape.compare(at, repetition.more.size(), repetition.more) == 0)
+      at += repetition.more.size();
+    copied = at;
+  }
+  return result.append(shape, copied);
 }
 
 // Between its quotes a text may hold none, doubled or not, and no backslash that has a meaning.
@@ -88,10 +120,14 @@ bool isOpenForAll(std::string_view text, const std::vector<Token>& tokens) {
 
 }  // namespace
 
-StatementShapes::StatementShapes() {
+StatementShapes::StatementShapes() : repetitions_(statement::repetitions()) {
   for (const std::string& text : ownStatements()) {
     takeApart(text, false);
     shapes_.insert(shapeOf(text));
+  }
+  for (const std::string& text : ownSetStatements()) {
+    takeApart(text, false);
+    shapesOfSets_.insert(shapeOf(text));
   }
 }
 
@@ -99,7 +135,14 @@ bool StatementShapes::isOwn(std::string_view text, bool backslashEscapes) {
   takeApart(text, backslashEscapes);
   if (endsInsideLiteral(tokens_)) return isOpenForAll(text, tokens_);
   if (!valuesStayInside(tokens_, backslashEscapes)) return false;
-  return shapes_.contains(shapeOf(text));
+  const std::string& shape = shapeOf(text);
+  return shapes_.contains(shape) || shapesOfSets_.contains(withoutRepetitions(shape));
+}
+
+std::string StatementShapes::withoutRepetitions(std::string shape) const {
+  for (const statement::Repetition& repetition : repetitions_)
+    shape = withoutRepetition(shape, repetition);
+  return shape;
 }
 
 void StatementShapes::takeApart(std::string_view text, bool backslashEscapes) {

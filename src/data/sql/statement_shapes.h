@@ -6,11 +6,13 @@
 #include <string_view>
 #include <vector>
 
+#include "data/sql/set_statements.h"
 #include "platform/sql_tokens.h"
 
 namespace vexnumkr {
 
-/// Knows the shapes of the component's own statements: their texts with the literals taken out.
+/// Knows the shapes of the component's own statements: their texts with the literals taken out, and
+/// of those that hold several rows' values all but the first.
 ///
 /// Values stand in the statements as they are, so a quote in one ends its literal, and the rest of
 /// the value would be read as SQL. A statement that a value has given another shape is none of
@@ -34,8 +36,12 @@ class StatementShapes {
   void takeApart(std::string_view text, bool backslashEscapes);
   /// What was taken apart, with a mark for each literal.
   const std::string& shapeOf(std::string_view text);
+  /// That of a statement of many rows, as if it had one.
+  std::string withoutRepetitions(std::string shape) const;
 
   std::set<std::string> shapes_;
+  std::set<std::string> shapesOfSets_;
+  std::vector<statement::Repetition> repetitions_;
   std::vector<Token> tokens_;  // Of the text at hand; both are kept for their memory.
   std::string shape_;
 };

@@ -49,6 +49,7 @@ class SqlConnection final : public Connection {
   std::unique_ptr<Recordset> Execute(const std::string& text,
                                      std::int32_t& recordsAffected) override;
   bool BackslashEscapes() const override;
+  bool TakesSeveralRows() const override { return true; }
   void RequireTransactions(const std::vector<std::string>& tables) override;
   void LockTable(const std::string& table) override;
   void BeginTrans() override;
