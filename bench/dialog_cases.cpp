@@ -56,7 +56,7 @@ class Sample {
   void showDialog() {
     test::DialogHost host;
     const CloseWhenPainted closing;
-    QtComponent component(host);
+    QtComponent component(host, DatabaseAccess::inSets);
     if (!component.Init(connection_, 1, "Benutzer"))
       throw std::runtime_error("the component does not start");
     component.ShowDialog();

@@ -4,14 +4,16 @@
 #include <memory>
 
 #include <vexnumkr/VXNummernkreise.h>
+#include <vexnumkr/database_access.h>
 #include <vexnumkr/export.h>
 #include <vexnumkr/host_components.h>
 
 namespace vexnumkr {
 
 /// A new component for a Qt application. REQUIRES: a QApplication exists, and this is its thread.
-/// `host` is borrowed and must outlive the component.
-VEXNUMKR_API std::unique_ptr<VXNummernkreise> createVXNummernkreise(HostComponents& host);
+/// `host` is borrowed and must outlive the component. `access` is how it asks the database.
+VEXNUMKR_API std::unique_ptr<VXNummernkreise> createVXNummernkreise(
+    HostComponents& host, DatabaseAccess access = DatabaseAccess::inSets);
 
 /// A host that offers nothing: no component can be created (error 429), texts and boxes are plain.
 VEXNUMKR_API HostComponents& emptyHost();
@@ -20,8 +22,8 @@ VEXNUMKR_API HostComponents& emptyHost();
 
 /// Creates the component by its class name, for hosts that load the library at run time and look
 /// this function up. "VXNummernkreise" and "VEXNummernkreise.VXNummernkreise" are known, in any
-/// case. `host` may be null. Returns null for an unknown name, and when the component cannot be
-/// made. The caller releases the object with vexnumkrReleaseObject.
+/// case; it asks the database in sets. `host` may be null. Returns null for an unknown name, and
+/// when the component cannot be made. The caller releases the object with vexnumkrReleaseObject.
 ///
 /// A host without Qt calls this on the thread that is to show the dialogs: it gets a QApplication,
 /// which stays until the process ends. Where there is no display the result is null, and so it is

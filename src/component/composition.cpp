@@ -17,16 +17,16 @@ class SystemClock final : public Clock {
 
 }  // namespace
 
-QtComponent::QtComponent(HostComponents& host)
-    : QtComponent(host, makeQtFormsToolkit(), std::chrono::steady_clock::now) {}
+QtComponent::QtComponent(HostComponents& host, DatabaseAccess access)
+    : QtComponent(host, access, makeQtFormsToolkit(), std::chrono::steady_clock::now) {}
 
-QtComponent::QtComponent(HostComponents& host, std::unique_ptr<FormsToolkit> forms,
-                         ProgressClock now)
+QtComponent::QtComponent(HostComponents& host, DatabaseAccess access,
+                         std::unique_ptr<FormsToolkit> forms, ProgressClock now)
     : forms_(std::move(forms)),
       clock_(std::make_unique<SystemClock>()),
       progress_(makeQtProgressDisplay(std::move(now))),
-      component_(std::make_unique<Nummernkreise>(Services{*forms_, host, *clock_, progress_.get()},
-                                                 createMainDialog)) {}
+      component_(std::make_unique<Nummernkreise>(
+          Services{*forms_, host, *clock_, progress_.get(), access}, createMainDialog)) {}
 
 QtComponent::~QtComponent() = default;
 

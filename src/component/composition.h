@@ -4,6 +4,7 @@
 #include <memory>
 
 #include <vexnumkr/VXNummernkreise.h>
+#include <vexnumkr/database_access.h>
 #include <vexnumkr/host_components.h>
 
 #include "adapters/qtforms/progress/qt_progress_display.h"
@@ -15,9 +16,10 @@ namespace vexnumkr {
 /// The component with the Qt dialogs. `host` is borrowed and outlives it.
 class QtComponent final : public VXNummernkreise {
  public:
-  explicit QtComponent(HostComponents& host);
+  QtComponent(HostComponents& host, DatabaseAccess access);
   /// With forms of another kind; `now` tells how long work has lasted.
-  QtComponent(HostComponents& host, std::unique_ptr<FormsToolkit> forms, ProgressClock now);
+  QtComponent(HostComponents& host, DatabaseAccess access, std::unique_ptr<FormsToolkit> forms,
+              ProgressClock now);
   ~QtComponent() override;
 
   bool Init(std::shared_ptr<Connection> Conn, std::int32_t LngApplication,

@@ -27,9 +27,10 @@ bool isClassName(std::string_view name) {
 
 }  // namespace
 
-std::unique_ptr<VXNummernkreise> createVXNummernkreise(HostComponents& host) {
+std::unique_ptr<VXNummernkreise> createVXNummernkreise(HostComponents& host,
+                                                       DatabaseAccess access) {
   stayLoaded();
-  return std::make_unique<QtComponent>(host);
+  return std::make_unique<QtComponent>(host, access);
 }
 
 HostComponents& emptyHost() {

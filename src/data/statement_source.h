@@ -6,6 +6,7 @@
 #include <string>
 
 #include <vexnumkr/database.h>
+#include <vexnumkr/database_access.h>
 
 #include "data/origin.h"
 
@@ -19,11 +20,18 @@ class StatementSource {
   const Origin& origin() const { return origin_; }
   void origin(Origin origin) { origin_ = origin; }
 
+  /// How whoever has a choice asks.
+  DatabaseAccess access() const { return access_; }
+  void access(DatabaseAccess access) { access_ = access; }
+
   Command& cmdSQL() const;
   void cmdSQL(std::unique_ptr<Command> command) { cmdSQL_ = std::move(command); }
 
   Connection& ConnWork() const;
   void ConnWork(std::unique_ptr<Connection> connection) { ConnWork_ = std::move(connection); }
+
+  /// As the connection says.
+  bool takesSeveralRows() const { return ConnWork().TakesSeveralRows(); }
 
   /// The rows of a statement, and how many there are, by the shared command.
   std::unique_ptr<Recordset> query(const std::string& text);
@@ -37,6 +45,7 @@ class StatementSource {
 
  private:
   Origin origin_;
+  DatabaseAccess access_ = DatabaseAccess::rowByRow;
   std::unique_ptr<Connection> ConnWork_;
   std::unique_ptr<Command> cmdSQL_;
 };

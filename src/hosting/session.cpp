@@ -18,7 +18,9 @@ Session::Session(const Services& services)
     : services_(services),
       display_(services.forms, services.progress),
       progress_(&display_),
-      boxes_(services.forms, services.host, progress_) {}
+      boxes_(services.forms, services.host, progress_) {
+  source_.access(services.access);
+}
 
 Connection& Session::Conn() const { return required(guardedConn_.get()); }
 

@@ -3,6 +3,7 @@
 
 #include <string>
 
+#include <vexnumkr/database_access.h>
 #include <vexnumkr/host_components.h>
 
 #include "platform/forms.h"
@@ -29,6 +30,7 @@ struct Services {
   HostComponents& host;
   const Clock& clock;
   ProgressDisplay* progress = nullptr;  ///< null where nobody is to see any
+  DatabaseAccess access = DatabaseAccess::rowByRow;
 };
 
 }  // namespace vexnumkr

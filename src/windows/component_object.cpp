@@ -103,9 +103,11 @@ class ComponentObject final : public Unknown<ComponentObject, _VXNummernkreise> 
   friend Unknown;
   ~ComponentObject() = default;
 
-  // Made late: an object that a host creates and never uses does not bring up Qt.
+  // Made late: an object that a host creates and never uses does not bring up Qt. Its database may
+  // be behind any provider, of which nobody knows what it takes besides plain statements.
   QtComponent& component() {
-    if (component_ == nullptr) component_ = std::make_unique<QtComponent>(host_);
+    if (component_ == nullptr)
+      component_ = std::make_unique<QtComponent>(host_, DatabaseAccess::rowByRow);
     return *component_;
   }
 

@@ -20,6 +20,8 @@ constexpr std::array forms = {
     "application N",
     "user NAME",
     "date TEXT",
+    "access rows",
+    "access sets",
     "init",
     "show",
     "answer ANSWERS",

@@ -12,7 +12,7 @@ Session::Session(const std::string& connectionString) : database_(connectionStri
 }
 
 void Session::createComponent() {
-  if (component_ == nullptr) component_ = std::make_unique<QtComponent>(host_);
+  if (component_ == nullptr) component_ = std::make_unique<QtComponent>(host_, data_.access);
 }
 
 bool Session::init() {

@@ -18,6 +18,7 @@ struct SessionData {
   std::int32_t application = 0;
   std::string user;
   std::optional<std::string> date;
+  DatabaseAccess access = DatabaseAccess::rowByRow;  ///< Of the component made next.
 };
 
 /// The host's side of a scenario: its database with an open connection to it, its components and

@@ -17,6 +17,14 @@ void user(Stage& stage, const Command& command) { stage.session.data().user = co
 
 void date(Stage& stage, const Command& command) { stage.session.data().date = command.argument(0); }
 
+void accessInRows(Stage& stage, const Command&) {
+  stage.session.data().access = DatabaseAccess::rowByRow;
+}
+
+void accessInSets(Stage& stage, const Command&) {
+  stage.session.data().access = DatabaseAccess::inSets;
+}
+
 void init(Stage& stage, const Command&) {
   stage.requireNoDialog();
   stage.session.createComponent();
@@ -63,6 +71,8 @@ Handlers sessionHandlers() {
           {"application", application},
           {"user", user},
           {"date", date},
+          {"access rows", accessInRows},
+          {"access sets", accessInSets},
           {"init", init},
           {"show", show},
           {"release", release},

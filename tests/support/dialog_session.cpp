@@ -53,7 +53,8 @@ void hideToolTips() {
 
 DialogSession::DialogSession()
     : database_(fresh_.connectionString()),
-      component_(host_, std::make_unique<FaultyForms>(makeQtFormsToolkit(), faults_),
+      component_(host_, DatabaseAccess::rowByRow,
+                 std::make_unique<FaultyForms>(makeQtFormsToolkit(), faults_),
                  [this] { return now_ += lookTakes_; }),
       watchdog_(patience, giveUp) {
   calmApplication();
