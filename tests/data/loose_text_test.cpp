@@ -1,0 +1,57 @@
+#include "data/table/loose_text.h"
+
+#include <gtest/gtest.h>
+
+#include "data/table/assigned_ranges.h"
+
+namespace vexnumkr {
+namespace {
+
+TEST(LooseTextTest, LeavesOutCaseAccentsAndBlanksAtTheEnd) {
+  EXPECT_EQ(looseText("Müller  "), "muller");
+  EXPECT_EQ(looseText("MULLER"), "muller");
+  EXPECT_EQ(looseText("Mu\xCC\x88ller"), "muller") << "with a combining accent";
+  EXPECT_EQ(looseText(" a b"), " a b");
+  EXPECT_EQ(looseText("ŻÓŁĆ"), "zolc");
+  EXPECT_EQ(looseText("Æ"), looseText("æ"));
+  EXPECT_EQ(looseText("Ж"), looseText("ж"));
+  EXPECT_EQ(looseText("   "), "");
+  EXPECT_NE(looseText("Max"), looseText("May"));
+  EXPECT_EQ(looseText("a\xC3"), looseText("A\xC3")) << "cut off in the middle of a character";
+}
+
+TEST(LooseTextTest, FindsNamesExactlyAndLoosely) {
+  LooseNames names;
+  EXPECT_EQ(names.add("Max"), 0U);
+  EXPECT_EQ(names.add("Anna"), 1U);
+  EXPECT_EQ(names.add("MAX"), 2U);
+  EXPECT_EQ(names.add("Max"), 0U);
+  EXPECT_EQ(names.find("max"), LooseNames::none);
+  EXPECT_EQ(names.similar("máx").size(), 2U);
+  EXPECT_TRUE(names.hasSimilar(0));
+  EXPECT_FALSE(names.hasSimilar(1));
+  EXPECT_TRUE(names.similar("Eva").empty());
+}
+
+TEST(AssignedRangesTest, OnlyTheDatabaseKnowsOfAssignmentsThatDifferInCaseOrAccents) {
+  AssignedRanges assigned;
+  for (const char* key : {"RE", "re", "AN"}) assigned.addKey(key);
+  for (const char* user : {"Max", "Anna"}) assigned.addUser(user);
+  assigned.add(1, "AN", "Max");
+  assigned.add(2, "an ", "ÁNNA");
+  assigned.add(3, "RE", "Max");
+  assigned.add(4, "AN", "Somebody");
+  assigned.addDoubtful(5, "AN", "Max");
+  EXPECT_EQ(assigned.find(1, "AN", "Max"), Assigned::Yes);
+  EXPECT_EQ(assigned.find(1, "AN", "Anna"), Assigned::No);
+  EXPECT_EQ(assigned.find(2, "AN", "Anna"), Assigned::Perhaps);
+  EXPECT_EQ(assigned.find(3, "RE", "Max"), Assigned::Yes);
+  EXPECT_EQ(assigned.find(3, "re", "Max"), Assigned::Perhaps);
+  EXPECT_EQ(assigned.find(4, "AN", "Max"), Assigned::No);
+  EXPECT_EQ(assigned.find(5, "AN", "Max"), Assigned::Perhaps);
+  EXPECT_EQ(assigned.find(6, "AN", "Max"), Assigned::No);
+  EXPECT_EQ(assigned.find(1, "XX", "Max"), Assigned::Perhaps) << "nobody has told of the key";
+}
+
+}  // namespace
+}  // namespace vexnumkr
