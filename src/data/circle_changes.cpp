@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <vector>
 
+#include "data/range_questions.h"
 #include "data/range_rows.h"
 #include "data/range_table.h"
 
@@ -38,16 +39,18 @@ std::vector<RangeRow> rowsOfMissingCircles(const RangeData& data) {
   return rows;
 }
 
-void addOrRenameCircles(const RangeData& data, StatementSource& source, Reporter& reporter,
+void addOrRenameCircles(const RangeData& data, RangeQuestions& questions, Reporter& reporter,
                         Progress& progress) {
   for (const BookingCircle& circle : data.circles) {
     if (circle.Buchungskreis == 0) continue;
     const std::int32_t row = data.table.findCircle(circle.Buchungskreis);
-    if (row == -1)
-      AddDataBuchungskreis(data, source, reporter, progress, alleBenutzer, circle.Buchungskreis, "",
-                           "", true);
-    else if (data.table.at(row).Gruppe != circle.Beschreibung)
+    if (row == -1) {
+      questions.expectSharedValues();
+      AddDataBuchungskreis(data, questions, reporter, progress, alleBenutzer, circle.Buchungskreis,
+                           "", "", true);
+    } else if (data.table.at(row).Gruppe != circle.Beschreibung) {
       renameCircle(data.table, row, circle);
+    }
   }
 }
 
@@ -61,7 +64,7 @@ bool RefreshInXArray(const RangeData& data, StatementSource& source, Reporter& r
     // Taken before circles are added and renamed.
     const std::vector<RangeRow> missing = rowsOfMissingCircles(data);
     progress.expect(lackingRows(data) + static_cast<std::int64_t>(missing.size()));
-    addOrRenameCircles(data, source, reporter, progress);
+    addOrRenameCircles(data, *makeRangeQuestions(source, reporter), reporter, progress);
     for (const RangeRow& row : missing) {
       if (DeleteInXArray(data.table, data.users, reporter, row.Buchungskreis, row.NSchl.str(),
                          true))

@@ -1,8 +1,10 @@
 #include "data/loading.h"
 
 #include <algorithm>
+#include <memory>
 #include <unordered_set>
 
+#include "data/range_questions.h"
 #include "data/range_rows.h"
 #include "data/range_table.h"
 #include "data/sql/statements.h"
@@ -15,10 +17,15 @@ namespace {
 class Loading {
  public:
   Loading(const RangeData& data, StatementSource& source, Reporter& reporter, Progress& progress)
-      : data_(data), source_(source), reporter_(reporter), progress_(progress) {}
+      : data_(data),
+        source_(source),
+        reporter_(reporter),
+        progress_(progress),
+        questions_(makeRangeQuestions(source, reporter)) {}
 
   void run() {
     readRanges();
+    questions_->expectAssignments(data_);
     spreadOverCircles();
     data_.table.sort(RowOrder::circleAndKey);
     deriveUserRows();
@@ -30,7 +37,7 @@ class Loading {
     for (; !records->EndOfFile(); records->MoveNext()) {
       const RangeRow range = loadedRange(*records);
       data_.known.read(RangeId::of(range));
-      AddDataGroup(data_, source_, reporter_, range, false);
+      AddDataGroup(data_, *questions_, reporter_, range, false);
     }
     records->Close();
   }
@@ -57,7 +64,7 @@ class Loading {
         range.Benutzer = table.text(alleBenutzer);
         range.Buchungskreis = circle.Buchungskreis;
         range.Gruppe = Text();
-        AddDataGroup(data_, source_, reporter_, range, true);
+        AddDataGroup(data_, *questions_, reporter_, range, true);
         progress_.advance();
       }
     }
@@ -83,8 +90,8 @@ class Loading {
     if (FoundInXArray(data_.table, reporter_, user, common.Buchungskreis, key) != -1) return;
     RangeRow range = common;
     range.Benutzer = data_.table.text(user);
-    range.Aktiviert = AktiviertDB(source_, reporter_, common.Buchungskreis, key, user);
-    AddDataGroup(data_, source_, reporter_, range, false);
+    range.Aktiviert = questions_->AktiviertDB(common.Buchungskreis, key, user);
+    AddDataGroup(data_, *questions_, reporter_, range, false);
   }
 
   // The common rows that spreading adds: number keys times booking circles, less those that are
@@ -112,6 +119,7 @@ class Loading {
   StatementSource& source_;
   Reporter& reporter_;
   Progress& progress_;
+  const std::unique_ptr<RangeQuestions> questions_;
 };
 
 }  // namespace

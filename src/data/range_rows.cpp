@@ -4,15 +4,11 @@
 #include <tuple>
 #include <vector>
 
-#include "data/sql/statements.h"
-
 namespace vexnumkr::basAllgemein {
 namespace {
 
 // What stands for the caption of a circle that the list does not have.
 constexpr const char* notListed = "-1";
-
-constexpr std::int32_t unknownCount = -1;
 
 // The standard rows of `user` for the key (all for an empty one) in the order of their display.
 std::vector<RangeRow> standardRows(const XArray& table, const std::string& user,
@@ -32,33 +28,18 @@ std::vector<RangeRow> standardRows(const XArray& table, const std::string& user,
 }
 
 // Gives a copy of a standard row what the database has for its booking circle.
-void takeStoredValues(StatementSource& source, Reporter& reporter, RangeRow& row) {
-  std::int32_t start = 0;
-  std::int32_t end = 0;
-  std::int32_t current = 0;
-  GetBuchungskreisData(source, reporter, row.Buchungskreis, row.NSchl.str(), start, end, current);
-  row.StartWert = start;
-  row.AktuellerWert = current;
-  row.EndWert = end;
+void takeStoredValues(RangeQuestions& questions, RangeRow& row) {
+  const SharedValues stored = questions.GetBuchungskreisData(row.Buchungskreis, row.NSchl.str());
+  row.StartWert = stored.StartWert;
+  row.AktuellerWert = stored.AktuellerWert;
+  row.EndWert = stored.EndWert;
   row.Maske = Text();
   row.Aktiviert = false;
 }
 
 }  // namespace
 
-bool AktiviertDB(StatementSource& source, Reporter& reporter, std::int32_t Buchungskreis,
-                 const std::string& NSchl, const std::string& Benutzer) {
-  bool active = false;
-  reportingFailures(reporter, {generalModule, "AktiviertDB"}, [&] {
-    std::int32_t found = 0;
-    const auto records = source.query(
-        statement::assignment(Buchungskreis, NSchl, Benutzer, source.origin().Herkunft()), found);
-    active = found == unknownCount ? !records->EndOfFile() : found != 0;
-  });
-  return active;
-}
-
-void AddDataGroup(const RangeData& data, StatementSource& source, Reporter& reporter,
+void AddDataGroup(const RangeData& data, RangeQuestions& questions, Reporter& reporter,
                   RangeRow range, bool AlleBenutzer) {
   reportingFailures(reporter, {generalModule, "AddDataGroup"}, [&] {
     if (range.Gruppe.empty() && range.isStandard()) {
@@ -70,14 +51,14 @@ void AddDataGroup(const RangeData& data, StatementSource& source, Reporter& repo
     }
     if (AlleBenutzer) {
       range.StartWert = range.AktuellerWert = range.EndWert = range.Maske = 0;
-      range.Aktiviert = AktiviertDB(source, reporter, range.Buchungskreis, range.NSchl.str(),
-                                    range.Benutzer.str());
+      range.Aktiviert =
+          questions.AktiviertDB(range.Buchungskreis, range.NSchl.str(), range.Benutzer.str());
     }
     data.table.append(range);
   });
 }
 
-void AddDataBuchungskreis(const RangeData& data, StatementSource& source, Reporter& reporter,
+void AddDataBuchungskreis(const RangeData& data, RangeQuestions& questions, Reporter& reporter,
                           Progress& progress, const std::string& Benutzer,
                           std::int32_t Buchungskreis, std::string Gruppe, const std::string& NSchl,
                           bool AusDatenbank) {
@@ -87,26 +68,10 @@ void AddDataBuchungskreis(const RangeData& data, StatementSource& source, Report
     for (RangeRow row : standardRows(data.table, Benutzer, NSchl)) {
       row.Buchungskreis = Buchungskreis;
       row.Gruppe = data.table.text(Gruppe);
-      if (AusDatenbank) takeStoredValues(source, reporter, row);
+      if (AusDatenbank) takeStoredValues(questions, row);
       data.table.append(row);
       progress.advance();
     }
-  });
-}
-
-void GetBuchungskreisData(StatementSource& source, Reporter& reporter, std::int32_t Buchungskreis,
-                          const std::string& NSchl, std::int32_t& StartWert, std::int32_t& EndWert,
-                          std::int32_t& AktuellerWert) {
-  reportingFailures(reporter, {generalModule, "GetBuchungskreisData"}, [&] {
-    StartWert = EndWert = AktuellerWert = 0;
-    const auto others = source.queryAside(
-        statement::otherOriginsOfCircle(Buchungskreis, source.origin().Herkunft()));
-    if (others->Fields("Anzahl").toLong() != 1) return;
-    const auto stored = source.queryAside(statement::storedRange(NSchl, Buchungskreis));
-    if (stored->EndOfFile()) return;
-    StartWert = stored->Fields("StartWert").toLong();
-    EndWert = stored->Fields("EndWert").toLong();
-    AktuellerWert = stored->Fields("AktuellerWert").toLong();
   });
 }
 

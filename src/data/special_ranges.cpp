@@ -1,5 +1,6 @@
 #include "data/special_ranges.h"
 
+#include "data/range_questions.h"
 #include "data/range_rows.h"
 #include "data/range_table.h"
 #include "data/sql/statements.h"
@@ -33,18 +34,19 @@ RangeRow standardRange(XArray& table, const SpecialRange& special) {
 }
 
 // `left` is the number of special ranges still to come, this one included.
-void add(const RangeData& data, StatementSource& source, Reporter& reporter, Progress& progress,
+void add(const RangeData& data, RangeQuestions& questions, Reporter& reporter, Progress& progress,
          const SpecialRange& special, std::int64_t left) {
   if (data.table.findNumberKey(special.U_NSchl) != -1) return;
   RangeRow range = standardRange(data.table, special);
   for (const std::string& user : data.users) {
     range.Benutzer = data.table.text(user);
-    AddDataGroup(data, source, reporter, range, false);
+    AddDataGroup(data, questions, reporter, range, false);
   }
+  if (data.circles.size() > 0) questions.expectSharedValues();
   progress.expect(left * static_cast<std::int64_t>(data.circles.size()));
   for (const BookingCircle& circle : data.circles)
-    AddDataBuchungskreis(data, source, reporter, progress, alleBenutzer, circle.Buchungskreis, "",
-                         special.U_NSchl, true);
+    AddDataBuchungskreis(data, questions, reporter, progress, alleBenutzer, circle.Buchungskreis,
+                         "", special.U_NSchl, true);
 }
 
 // At most `rows` rows go, as many as the table had before special ranges were added.
@@ -73,13 +75,14 @@ void RefreshSGroups(const RangeData& data, StatementSource& source, Reporter& re
   reportingFailures(reporter, {generalModule, "RefreshSGroups"}, [&] {
     const Work work(progress, "Sonderkreise werden übernommen…");
     const std::int32_t rowsBefore = data.table.size();
+    const auto questions = makeRangeQuestions(source, reporter);
     std::int32_t left = 0;
     const auto records =
         source.query(statement::specialRangesByKey(source.origin().Herkunft()), left);
     for (; !records->EndOfFile(); records->MoveNext(), --left) {
       const SpecialRange special = specialRange(*records);
       if (special.Aktiviert)
-        add(data, source, reporter, progress, special, left);
+        add(data, *questions, reporter, progress, special, left);
       else
         remove(data.table, special.U_NSchl, rowsBefore);
     }

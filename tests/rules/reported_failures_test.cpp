@@ -34,7 +34,9 @@ TEST_F(ReportedFailuresTest, WithoutTheRangeTable) {
   expectReport("RefreshInXArray", [&] { RefreshInXArray(); });
   expectReport("SetValue", [&] { SetValue("RE", "Nord", "Anna", true); });
   expectReport("AddDataGroup", [&] {
-    basAllgemein::AddDataGroup(session().data(), source(), session().reporter(), RangeRow(), false);
+    const auto questions = makeRangeQuestions(source(), session().reporter());
+    basAllgemein::AddDataGroup(session().data(), *questions, session().reporter(), RangeRow(),
+                               false);
   });
   expectReport("AddDataBuchungskreis", [&] { AddDataBuchungskreis("Anna", 1, "Nord", "", false); });
   expectReport("LoadItems", [&] { LoadItems(); });

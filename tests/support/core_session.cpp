@@ -5,6 +5,7 @@
 #include "app/schema/schema.h"
 #include "data/circle_changes.h"
 #include "data/loading.h"
+#include "data/range_answers.h"
 #include "data/range_rows.h"
 #include "data/range_table.h"
 #include "data/special_ranges.h"
@@ -132,8 +133,9 @@ bool CoreSession::AktiviertDB(std::int32_t circle, const std::string& key,
 void CoreSession::AddDataBuchungskreis(const std::string& user, std::int32_t circle,
                                        const std::string& caption, const std::string& key,
                                        bool fromDatabase) {
-  basAllgemein::AddDataBuchungskreis(session_.data(), session_.source(), session_.reporter(),
-                                     session_.progress(), user, circle, caption, key, fromDatabase);
+  basAllgemein::AddDataBuchungskreis(
+      session_.data(), *makeRangeQuestions(session_.source(), session_.reporter()),
+      session_.reporter(), session_.progress(), user, circle, caption, key, fromDatabase);
 }
 
 void CoreSession::GetBuchungskreisData(std::int32_t circle, const std::string& key,
