@@ -10,7 +10,7 @@
 #include "adapters/automation/com/failure.h"
 #include "adapters/automation/components/automation_host.h"
 #include "component/composition.h"
-#include "hosting/reporting.h"
+#include "platform/reporter.h"
 #include "windows/dialog_application.h"
 #include "windows/floating_point.h"
 #include "windows/host_windows.h"
