@@ -29,6 +29,9 @@ namespace vexnumkr {
 /// On servers a lost connection is opened again by whatever comes next; its transaction has to be
 /// rolled back first. No error text holds a password.
 ///
+/// A connection, with its commands and recordsets, serves the thread that has opened it. On any
+/// other its members raise error 5; releasing it there does no harm once nobody uses it.
+///
 /// REQUIRES: a QCoreApplication. Errors: a malformed string, an unknown driver, and whatever the
 /// engine says on opening.
 VEXNUMKR_API std::shared_ptr<Connection> openQtSqlConnection(const std::string& connectionString);
@@ -41,7 +44,8 @@ VEXNUMKR_API std::unique_ptr<Connection> createQtSqlConnection();
 /// port, user, password and options. No setting of the database is changed: how long it waits for
 /// locks, whether it enforces foreign keys and what a backslash means is the host's choice. While a
 /// transaction of the host's runs, none can begin. A transaction begun by the result and still open
-/// then is rolled back. Errors: 3709 when it is not open; 3706 for an unknown driver, and for one
+/// then is rolled back. When the host closes or removes the database meanwhile, whatever needs it
+/// fails with 3704. Errors: 3709 when it is not open; 3706 for an unknown driver, and for one
 /// that silently connects again.
 VEXNUMKR_API std::shared_ptr<Connection> borrowQtSqlConnection(const QSqlDatabase& database);
 

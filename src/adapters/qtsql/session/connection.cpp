@@ -46,6 +46,7 @@ std::string connectionStringOf(const QSqlDatabase& database, const Driver& drive
 
 const std::shared_ptr<Session>& SessionSlot::require() const {
   if (!session) throw connectionClosed();
+  session->requireOwnThread();
   return session;
 }
 
@@ -74,7 +75,7 @@ void SqlConnection::IsolationLevel(std::int32_t level) {
 
 void SqlConnection::CommandTimeout(std::int32_t seconds) {
   requireTimeout(seconds);
-  if (slot_->session) slot_->session->limit(seconds);
+  if (slot_->session) slot_->require()->limit(seconds);
   commandTimeout_ = seconds;
 }
 

@@ -16,7 +16,7 @@ namespace vexnumkr::qtsql {
 struct SessionSlot {
   std::shared_ptr<Session> session;
 
-  /// Error: 3704 when nothing is open.
+  /// Errors: 3704 when nothing is open; 5 on another thread than the one that has opened it.
   const std::shared_ptr<Session>& require() const;
   std::unique_ptr<Recordset> execute(const std::string& text, std::int32_t& recordsAffected) const;
 };

@@ -18,7 +18,8 @@ bool takesAppendix(const Statement& statement) { return statement.tokens.back().
 }  // namespace
 
 Session::Session(const Driver& driver, const ConnectionSettings& settings, std::int32_t isolation)
-    : driver_(driver),
+    : thread_(QThread::currentThreadId()),
+      driver_(driver),
       database_(driver, settings),
       engine_(&engineBehind(database_.get(), driver)),
       sessionIsolation_(isolation) {
@@ -26,7 +27,10 @@ Session::Session(const Driver& driver, const ConnectionSettings& settings, std::
 }
 
 Session::Session(const Driver& driver, const QSqlDatabase& borrowed)
-    : driver_(driver), database_(borrowed), engine_(&engineBehind(borrowed, driver)) {
+    : thread_(QThread::currentThreadId()),
+      driver_(driver),
+      database_(borrowed),
+      engine_(&engineBehind(borrowed, driver)) {
   prepare();
 }
 
@@ -49,6 +53,12 @@ void Session::prepare() {
     if (limit_ != 0) runAll(engine_->limit(limit_));
   }
   learnRules();
+}
+
+void Session::requireOwnThread() const {
+  if (QThread::currentThreadId() != thread_)
+    throw failure(error_number::invalidCall,
+                  "Die Datenbankverbindung gehört zu einem anderen Thread.");
 }
 
 void Session::limit(std::int32_t seconds) {

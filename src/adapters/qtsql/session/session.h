@@ -3,6 +3,7 @@
 
 #include <QSqlError>
 #include <QSqlQuery>
+#include <QThread>
 #include <QVariant>
 #include <cstdint>
 #include <memory>
@@ -69,6 +70,10 @@ class Session {
   /// Runs a select with a value for each `?` in it that yields one number.
   std::int32_t count(const QString& text, const QVariantList& values);
 
+  /// Error: 5 on another thread than the one on which this was made. Drivers and engine libraries
+  /// would be used by two threads at once, or remember things per thread.
+  void requireOwnThread() const;
+
   /// Limits each statement and its waits, where the database is the adapter's own; 0 is the
   /// engine's own limits. Holds for reopened connections too.
   void limit(std::int32_t seconds);
@@ -124,6 +129,7 @@ class Session {
   bool isGone(const QSqlError& error);
   bool takesEightBits() const;
 
+  const Qt::HANDLE thread_;
   const Driver driver_;
   DatabaseHandle database_;
   const Engine* engine_;
