@@ -29,6 +29,7 @@ bool isClassName(std::string_view name) {
 
 std::unique_ptr<VXNummernkreise> createVXNummernkreise(HostComponents& host,
                                                        DatabaseAccess access) {
+  requireDialogThread();
   stayLoaded();
   return std::make_unique<QtComponent>(host, access);
 }

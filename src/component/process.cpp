@@ -3,10 +3,13 @@
 #include <dlfcn.h>
 
 #include <QApplication>
-#include <QThread>
 #include <clocale>
 #include <memory>
 #include <string>
+
+#include <vexnumkr/error.h>
+
+#include "adapters/qt/dialog_thread.h"
 
 namespace vexnumkr {
 namespace {
@@ -38,10 +41,15 @@ void stayLoaded() noexcept {
     dlopen(self.dli_fname, RTLD_LAZY | RTLD_NOLOAD | RTLD_NODELETE);
 }
 
+void requireDialogThread() {
+  if (!isDialogThread())
+    throw Error(error_number::cannotCreateObject, "VEXNummernkreise",
+                "Es gibt keine QApplication, oder dies ist nicht ihr Thread.");
+}
+
 bool haveApplication() {
   if (QCoreApplication::instance() == nullptr && hasDisplay()) makeApplication();
-  const auto* application = qobject_cast<QApplication*>(QCoreApplication::instance());
-  return application != nullptr && application->thread() == QThread::currentThread();
+  return isDialogThread();
 }
 
 }  // namespace vexnumkr

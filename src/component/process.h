@@ -7,6 +7,9 @@ namespace vexnumkr {
 /// host that closes it after a dialog would crash later. Does nothing where it is no library.
 void stayLoaded() noexcept;
 
+/// Error 429 unless there is a QApplication and this is its thread.
+void requireDialogThread();
+
 /// Makes the QApplication that dialogs need, for hosts that know nothing of Qt. It takes nothing
 /// from the host's command line, leaves the C locale as it was, never ends the host, and stays
 /// until the process ends. True when there is one and this is its thread; false also where it could
