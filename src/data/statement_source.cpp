@@ -11,6 +11,11 @@ Object& required(const std::unique_ptr<Object>& object) {
   return *object;
 }
 
+std::unique_ptr<Recordset> requiredRows(std::unique_ptr<Recordset> rows) {
+  required(rows);
+  return rows;
+}
+
 }  // namespace
 
 Command& StatementSource::cmdSQL() const { return required(cmdSQL_); }
@@ -23,20 +28,24 @@ std::unique_ptr<Recordset> StatementSource::query(const std::string& text) {
 }
 
 std::unique_ptr<Recordset> StatementSource::query(const std::string& text, std::int32_t& found) {
-  Command& command = cmdSQL();
-  command.CommandText(text);
-  return command.Execute(found);
+  return requiredRows(send(text, found));
 }
 
 std::int32_t StatementSource::execute(const std::string& text) {
   std::int32_t recordsAffected = 0;
-  query(text, recordsAffected);
+  send(text, recordsAffected);
   return recordsAffected;
 }
 
 std::unique_ptr<Recordset> StatementSource::queryAside(const std::string& text) {
   std::int32_t found = 0;
-  return ConnWork().Execute(text, found);
+  return requiredRows(ConnWork().Execute(text, found));
+}
+
+std::unique_ptr<Recordset> StatementSource::send(const std::string& text, std::int32_t& found) {
+  Command& command = cmdSQL();
+  command.CommandText(text);
+  return command.Execute(found);
 }
 
 }  // namespace vexnumkr

@@ -13,8 +13,9 @@
 namespace vexnumkr {
 
 /// The shared command on the host's connection, the working connection beside it, and whose
-/// statements they are. What has not been set up, or was released, raises error 91 when it is used;
-/// all else that is raised is the database's.
+/// statements they are. What has not been set up, or was released, raises error 91 when it is used,
+/// as does a select for which the host hands back no recordset; all else that is raised is the
+/// database's.
 class StatementSource {
  public:
   const Origin& origin() const { return origin_; }
@@ -44,6 +45,8 @@ class StatementSource {
   std::unique_ptr<Recordset> queryAside(const std::string& text);
 
  private:
+  std::unique_ptr<Recordset> send(const std::string& text, std::int32_t& found);
+
   Origin origin_;
   DatabaseAccess access_ = DatabaseAccess::rowByRow;
   std::unique_ptr<Connection> ConnWork_;

@@ -1,10 +1,14 @@
 #include "numbers/query.h"
 
+#include <vexnumkr/error.h>
+
 namespace vexnumkr::numbers {
 
 std::unique_ptr<Recordset> select(Connection& connection, const std::string& text) {
   std::int32_t found = 0;
-  return connection.Execute(text, found);
+  auto rows = connection.Execute(text, found);
+  if (rows == nullptr) throw Error::objectNotSet();
+  return rows;
 }
 
 std::int32_t execute(Connection& connection, const std::string& text) {

@@ -10,7 +10,8 @@
 
 namespace vexnumkr::numbers {
 
-/// The rows of a select, on the first of them. Errors: the engine's, here and below.
+/// The rows of a select, on the first of them. Errors: the engine's, here and below; 91 where the
+/// host hands back no recordset.
 std::unique_ptr<Recordset> select(Connection& connection, const std::string& text);
 
 /// Runs a statement; returns the number of records that it reports.

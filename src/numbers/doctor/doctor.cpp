@@ -183,6 +183,7 @@ class Doctor {
   std::string secondConnectionProblem() {
     return messageOf([&] {
       const auto second = connection_.createConnection();
+      if (second == nullptr) throw Error::objectNotSet();
       second->ConnectionString(connection_.ConnectionString());
       second->Open({}, {}, ado::unspecified);
       second->Close();
