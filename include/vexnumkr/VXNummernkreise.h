@@ -16,9 +16,22 @@ namespace vexnumkr {
 /// component.h. Both members are called on the host's user-interface thread, which ShowDialog
 /// blocks. Neither raises an error: failures are reported to the user in a box. Whether the user
 /// saved or cancelled is visible in the database alone.
+///
+/// On any other thread, and when the QApplication is gone, Init returns False and ShowDialog does
+/// nothing, without a word: there is nobody to show a box to. Called by the host while one of them
+/// runs (in a timer, an event, a call that the component makes), they do the same.
 class VEXNUMKR_API VXNummernkreise {
  public:
   /// Releases the user list; the connection stays open.
+  ///
+  /// The host may release the component at any time, also in the middle of a call that the
+  /// component makes to it and while the dialog is open. The dialog, and what stands over it, then
+  /// closes at once without asking, and the transaction is rolled back, but for a statement or a
+  /// commit of the host's own database layer that is running: that ends first. From then on the
+  /// host is called no more. Init or ShowDialog, which still runs, returns as soon as the host has;
+  /// until then the connection and the host's components that are in use are kept. On another
+  /// thread than the dialogs' all of this happens when that next handles its events, so that the
+  /// host must live until then.
   virtual ~VXNummernkreise() = default;
 
   /// Hands over the session.

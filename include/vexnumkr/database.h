@@ -5,6 +5,9 @@
 // Failures: every member raises vexnumkr::Error with the engine's own code and message.
 // A C++ host hands in one of the supplied adapters (adapters.h) or implements these itself; the
 // contract is tested by tests/contract/database_contract.h, which any implementation should pass.
+// Where one hands back null for an object, the component fails with error 91, which the user is
+// told; whatever it raises besides vexnumkr::Error is told as error 51, and error 7 for
+// std::bad_alloc.
 #pragma once
 
 #include <cstdint>

@@ -2,7 +2,9 @@
 // creates by name, and the host's texts and message boxes.
 //
 // Threads: everything is called on the host's user-interface thread.
-// Failures: every member may raise vexnumkr::Error; the component reports it and goes on.
+// Failures: every member may raise vexnumkr::Error; the component reports it and goes on. What is
+// of another type is told as error 51, std::bad_alloc as error 7. Every member may release the
+// component (see VXNummernkreise), and call it, which does nothing.
 #pragma once
 
 #include <cstdint>
@@ -115,7 +117,7 @@ class VEXNUMKR_API HostComponents {
  public:
   virtual ~HostComponents() = default;
   /// A new object of that name, of the class that belongs to it (see component_name). Error 429 for
-  /// one that is not there.
+  /// one that is not there; null and an object of another class are told as that too.
   virtual std::unique_ptr<HostComponent> CreateObject(const std::string& name) = 0;
   /// The text catalogue and the message facility, or null in a host without; owned by the host.
   virtual HostTexts* Texts() = 0;

@@ -1,7 +1,9 @@
 #include "component/composition.h"
 
+#include <QCoreApplication>
 #include <QDate>
 
+#include "adapters/qt/dialog_thread.h"
 #include "adapters/qtforms/qt_forms_toolkit.h"
 #include "dialogs/main/frmNummernkreise.h"
 
@@ -17,26 +19,53 @@ class SystemClock final : public Clock {
 
 }  // namespace
 
+// In the order in which they need each other.
+struct QtComponent::Parts {
+  std::unique_ptr<FormsToolkit> forms;
+  SystemClock clock;
+  std::unique_ptr<ProgressDisplay> progress;
+  Nummernkreise component;
+
+  Parts(HostComponents& host, DatabaseAccess access, std::unique_ptr<FormsToolkit> toolkit,
+        ProgressClock now)
+      : forms(std::move(toolkit)),
+        progress(makeQtProgressDisplay(std::move(now))),
+        component({*forms, host, clock, progress.get(), access}, createMainDialog) {}
+};
+
 QtComponent::QtComponent(HostComponents& host, DatabaseAccess access)
     : QtComponent(host, access, makeQtFormsToolkit(), std::chrono::steady_clock::now) {}
 
 QtComponent::QtComponent(HostComponents& host, DatabaseAccess access,
                          std::unique_ptr<FormsToolkit> forms, ProgressClock now)
-    : forms_(std::move(forms)),
-      clock_(std::make_unique<SystemClock>()),
-      progress_(makeQtProgressDisplay(std::move(now))),
-      component_(std::make_unique<Nummernkreise>(
-          Services{*forms_, host, *clock_, progress_.get(), access}, createMainDialog)) {}
+    : parts_(std::make_shared<Parts>(host, access, std::move(forms), std::move(now))) {}
 
-QtComponent::~QtComponent() = default;
-
-bool QtComponent::Init(std::shared_ptr<Connection> Conn, std::int32_t LngApplication,
-                       const std::string& strUser, const std::string& jmtVerarbeitungsdatum) {
-  return component_->Init(std::move(Conn), LngApplication, strUser, jmtVerarbeitungsdatum);
+// Without an application there is no dialog any more.
+QtComponent::~QtComponent() {
+  QCoreApplication* const application = QCoreApplication::instance();
+  if (application == nullptr || isDialogThread()) {
+    parts_->component.abandon();
+    return;
+  }
+  QMetaObject::invokeMethod(
+      application, [parts = std::move(parts_)] { parts->component.abandon(); },
+      Qt::QueuedConnection);
 }
 
-void QtComponent::ShowDialog() { component_->ShowDialog(); }
+// The host may release this object while one of its members runs.
+bool QtComponent::Init(std::shared_ptr<Connection> Conn, std::int32_t LngApplication,
+                       const std::string& strUser, const std::string& jmtVerarbeitungsdatum) {
+  if (!isDialogThread()) return false;
+  const auto parts = parts_;
+  return parts->component.Init(std::move(Conn), LngApplication, strUser, jmtVerarbeitungsdatum);
+}
 
-Session& QtComponent::session() { return component_->session(); }
+void QtComponent::ShowDialog() {
+  if (!isDialogThread()) return;
+  const auto parts = parts_;
+  parts->component.ShowDialog();
+}
+
+Session& QtComponent::session() { return parts_->component.session(); }
 
 }  // namespace vexnumkr

@@ -14,6 +14,10 @@
 namespace vexnumkr {
 
 /// The component with the Qt dialogs. `host` is borrowed and outlives it.
+///
+/// It may go at any time: what is running of it ends first (Nummernkreise::abandon), and its parts
+/// live until that has returned. On another thread than the dialogs' Init and ShowDialog do
+/// nothing, and the parts go on the dialogs' thread as soon as that handles its events.
 class QtComponent final : public VXNummernkreise {
  public:
   QtComponent(HostComponents& host, DatabaseAccess access);
@@ -29,10 +33,9 @@ class QtComponent final : public VXNummernkreise {
   Session& session();
 
  private:
-  std::unique_ptr<FormsToolkit> forms_;
-  std::unique_ptr<Clock> clock_;
-  std::unique_ptr<ProgressDisplay> progress_;
-  std::unique_ptr<Nummernkreise> component_;
+  struct Parts;
+
+  std::shared_ptr<Parts> parts_;
 };
 
 }  // namespace vexnumkr

@@ -9,6 +9,13 @@ constexpr std::int32_t failureText = 10055;  // the host's text that names the f
 constexpr std::int16_t failureKind = 3;
 constexpr std::int16_t questionKind = 4;
 
+// Asked for anew before each use: the host may take it away in the use before.
+template <class Facility>
+Facility& facility(Facility* offered) {
+  if (offered == nullptr) throw Error::objectNotSet();
+  return *offered;
+}
+
 }  // namespace
 
 // Whether the host's facility has shown the failure. A host without one has not.
@@ -16,13 +23,11 @@ bool Boxes::shownByHost(std::int32_t number, const std::string& description,
                         const std::string& procedure, std::int16_t kind, std::int32_t buttons,
                         const std::string& module) {
   if (!usesHostsBoxes()) return false;
-  HostMessages* messages = host_.Messages();
-  HostTexts* texts = host_.Texts();
-  if (messages == nullptr || texts == nullptr) return false;
-  messages->ErrorNumber(number);
-  messages->Prepare(description, kind, std::nullopt);
-  const std::string text = texts->Text(failureText, {procedure});
-  messages->Show(text, kind, Value(module), buttons, std::nullopt, true);
+  if (host_.Messages() == nullptr || host_.Texts() == nullptr) return false;
+  facility(host_.Messages()).ErrorNumber(number);
+  facility(host_.Messages()).Prepare(description, kind, std::nullopt);
+  const std::string text = facility(host_.Texts()).Text(failureText, {procedure});
+  facility(host_.Messages()).Show(text, kind, Value(module), buttons, std::nullopt, true);
   return true;
 }
 

@@ -10,12 +10,13 @@ constexpr const char* moduleName = "VXNummernkreise";
 }  // namespace
 
 Nummernkreise::Nummernkreise(const Services& services, MainDialogFactory createDialog)
-    : session_(services), createDialog_(std::move(createDialog)) {}
+    : forms_(services.forms), session_(services), createDialog_(std::move(createDialog)) {}
 
 bool Nummernkreise::Init(std::shared_ptr<Connection> Conn, std::int32_t LngApplication,
                          const std::string& strUser, const std::string& jmtVerarbeitungsdatum) {
   bool initialised = false;
   if (isBusy()) return initialised;
+  isInitialising_ = true;
   reportingFailures(session_.reporter(), {moduleName, "Init"}, [&] {
     session_.Conn(std::move(Conn));
     session_.createColUser();
@@ -25,12 +26,20 @@ bool Nummernkreise::Init(std::shared_ptr<Connection> Conn, std::int32_t LngAppli
                                                                  : jmtVerarbeitungsdatum);
     session_.colUser().emplace_back(alleBenutzer);
     readUsers();
-    initialised = true;
+    initialised = !session_.isAbandoned();
   });
+  isInitialising_ = false;
   return initialised;
 }
 
-bool Nummernkreise::isBusy() { return isOpen_ || session_.progress().isWorking(); }
+void Nummernkreise::abandon() noexcept {
+  session_.abandon();
+  forms_.closeAll();
+}
+
+bool Nummernkreise::isBusy() {
+  return isOpen_ || isInitialising_ || session_.progress().isWorking();
+}
 
 void Nummernkreise::readUsers() {
   auto users = session_.Conn().createRecordset();

@@ -44,6 +44,12 @@ class Nummernkreise final : public VXNummernkreise {
             const std::string& strUser, const std::string& jmtVerarbeitungsdatum) override;
   void ShowDialog() override;
 
+  /// The component goes. Where its dialog is open, or Init is running, that ends as soon as the
+  /// handler returns from which this was called: the windows close now, without asking, the
+  /// transaction is taken back, and nothing of the host is asked any more. REQUIRES: this object
+  /// lives until the members that are running have returned.
+  void abandon() noexcept;
+
   /// The session, for this project's own tests.
   Session& session() { return session_; }
 
@@ -51,8 +57,10 @@ class Nummernkreise final : public VXNummernkreise {
   bool isBusy();
   void readUsers();
 
+  FormsToolkit& forms_;
   Session session_;
   bool isOpen_ = false;
+  bool isInitialising_ = false;
   MainDialogFactory createDialog_;
 };
 

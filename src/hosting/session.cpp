@@ -1,6 +1,5 @@
 #include "hosting/session.h"
 
-#include "data/sql/guarded_connection.h"
 #include "data/sql/statements.h"
 
 namespace vexnumkr {
@@ -16,10 +15,16 @@ Object& required(Object* object) {
 
 Session::Session(const Services& services)
     : services_(services),
+      host_(services.host),
       display_(services.forms, services.progress),
       progress_(&display_),
-      boxes_(services.forms, services.host, progress_) {
+      boxes_(services.forms, host_, progress_) {
   source_.access(services.access);
+}
+
+void Session::abandon() noexcept {
+  host_.giveBack();
+  if (guardedConn_ != nullptr) guardedConn_->shut();
 }
 
 Connection& Session::Conn() const { return required(guardedConn_.get()); }
@@ -59,7 +64,7 @@ void Session::LngApplication(std::int32_t code) {
 Users& Session::colUser() { return required(colUser_ ? &*colUser_ : nullptr); }
 
 BookingCircleDialog& Session::dlgBuchungskreise() const {
-  return required(dlgBuchungskreise_.get());
+  return required(isAbandoned() ? nullptr : dlgBuchungskreise_.get());
 }
 
 void Session::dlgBuchungskreise(std::unique_ptr<BookingCircleDialog> dialog) {

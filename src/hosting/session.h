@@ -12,7 +12,9 @@
 
 #include "data/booking_circles.h"
 #include "data/range_data.h"
+#include "data/sql/guarded_connection.h"
 #include "data/statement_source.h"
+#include "hosting/borrowed_host.h"
 #include "hosting/boxes.h"
 #include "hosting/busy_display.h"
 #include "hosting/failure_log.h"
@@ -30,7 +32,7 @@ class Session {
   Session& operator=(const Session&) = delete;
 
   FormsToolkit& forms() const { return services_.forms; }
-  HostComponents& host() const { return services_.host; }
+  HostComponents& host() { return host_; }
   const Clock& clock() const { return services_.clock; }
   /// Of the work that is going on.
   Progress& progress() { return progress_; }
@@ -39,6 +41,12 @@ class Session {
   /// What has failed since the dialog opened; shows it.
   FailureLog& failures() { return failures_; }
   Reporter& reporter() { return failures_; }
+
+  /// The component goes while something of it is at work: the open transaction is taken back, and
+  /// from now on the host is asked for nothing and its objects are used no more, but for releasing
+  /// them.
+  void abandon() noexcept;
+  bool isAbandoned() const noexcept { return host_.isGivenBack(); }
 
   // Handed over by the host; kept while the component lives.
 
@@ -96,12 +104,13 @@ class Session {
 
  private:
   Services services_;
+  BorrowedHost host_;
   BusyDisplay display_;
   Progress progress_;
   Boxes boxes_;
   FailureLog failures_{boxes_};
   std::shared_ptr<Connection> Conn_;
-  std::unique_ptr<Connection> guardedConn_;
+  std::unique_ptr<GuardedConnection> guardedConn_;
   std::string strUser_;
   std::string strVerarbeitungsdatum_;
   std::optional<Users> colUser_;

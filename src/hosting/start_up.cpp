@@ -23,7 +23,7 @@ void openWorkingConnection(Connection& working, const Connection& host) {
   working.Open("", "", ado::unspecified);
 }
 
-std::unique_ptr<BookingCircleDialog> createBookingCircleDialog(const Session& session) {
+std::unique_ptr<BookingCircleDialog> createBookingCircleDialog(Session& session) {
   auto component = session.host().CreateObject(component_name::bookingCircles);
   auto* dialog = dynamic_cast<BookingCircleDialog*>(component.get());
   if (dialog == nullptr) throw Error::cannotCreateObject();

@@ -286,6 +286,11 @@ class FormsToolkit {
   virtual void SetMousePointer(MousePointer pointer) = 0;
   /// Lets the pending window messages be processed once; no user input among them.
   virtual void DoEvents() = 0;
+  /// Closes all forms and boxes without asking, the newest first: the window goes now, and what has
+  /// shown it returns once the handlers running in it have. A form raises Form_Unload then, and a
+  /// box is answered with 0. Whatever is to be shown afterwards is not, and
+  /// not loaded either.
+  virtual void closeAll() noexcept = 0;
 
  protected:
   FormsToolkit() = default;

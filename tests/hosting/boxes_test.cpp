@@ -31,6 +31,7 @@ class BrokenForms final : public FormsToolkit {
   }
   void SetMousePointer(MousePointer /*pointer*/) override {}
   void DoEvents() override {}
+  void closeAll() noexcept override {}
 
   int attempts = 0;
 };

@@ -48,6 +48,7 @@ class FaultyForms final : public FormsToolkit {
                       const std::string& title) override;
   void SetMousePointer(MousePointer pointer) override;
   void DoEvents() override;
+  void closeAll() noexcept override { real_->closeAll(); }
 
  private:
   std::unique_ptr<FormsToolkit> real_;

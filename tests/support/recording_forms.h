@@ -54,6 +54,7 @@ class RecordingForms final : public FormsToolkit {
 
   void SetMousePointer(MousePointer pointer) override { pointers_.push_back(pointer); }
   void DoEvents() override {}
+  void closeAll() noexcept override {}
 
   /// Answers the next box that has no answer yet.
   void answer(std::int32_t code) { answers_.push_back(code); }

@@ -12,6 +12,7 @@
 #include "adapters/qt/fonts.h"
 #include "adapters/qt/text.h"
 #include "adapters/qtforms/modal_owner.h"
+#include "adapters/qtforms/open_windows.h"
 #include "platform/forms.h"
 
 namespace vexnumkr::qtforms {
@@ -159,9 +160,18 @@ class Box final : public QMessageBox {
 
 std::int32_t showMessageBox(const std::string& prompt, std::int32_t style,
                             const std::string& title) {
+  OpenWindows alone;
+  return showMessageBox(prompt, style, title, alone);
+}
+
+std::int32_t showMessageBox(const std::string& prompt, std::int32_t style, const std::string& title,
+                            OpenWindows& windows) {
+  if (windows.areClosed()) return 0;
   const ModalOwner owner;
   Box box(prompt, style, title, owner.window());
-  return box.ask();
+  const OpenWindows::Entry entry(windows, [&box] { box.done(0); });
+  const std::int32_t answer = box.ask();
+  return windows.areClosed() ? 0 : answer;
 }
 
 }  // namespace vexnumkr::qtforms

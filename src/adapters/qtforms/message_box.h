@@ -6,6 +6,8 @@
 
 namespace vexnumkr::qtforms {
 
+class OpenWindows;
+
 /// Shows a box over the active modal window and returns the code of the button pressed (see
 /// msg_box).
 ///
@@ -16,5 +18,9 @@ namespace vexnumkr::qtforms {
 /// stand for Cancel, or for an OK that is alone; a box with neither can only be answered.
 std::int32_t showMessageBox(const std::string& prompt, std::int32_t style,
                             const std::string& title);
+/// The same for a box that is closed with others: the answer is 0 then, and where they are closed
+/// already.
+std::int32_t showMessageBox(const std::string& prompt, std::int32_t style, const std::string& title,
+                            OpenWindows& windows);
 
 }  // namespace vexnumkr::qtforms

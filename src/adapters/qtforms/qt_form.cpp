@@ -34,10 +34,11 @@ Qt::WindowFlags windowFlagsOf(const FormDescription& description) {
 
 }  // namespace
 
-QtForm::QtForm(const FormDescription& description, FormEvents& events)
+QtForm::QtForm(const FormDescription& description, FormEvents& events, OpenWindows& windows)
     : QDialog(nullptr, windowFlagsOf(description)),
       name_(description.name),
       events_(events),
+      windows_(windows),
       keys_(*this,
             [this](std::int16_t keyCode, std::int16_t shift) {
               guarded("Form_KeyDown", [&] { events_.Form_KeyDown(keyCode, shift); });
@@ -88,16 +89,17 @@ Control* QtForm::FindControl(std::string_view name, int arrayIndex) const {
 }
 
 void QtForm::ShowModal() {
-  if (state_ != State::Made) return;
+  if (state_ != State::Made || windows_.areClosed()) return;
+  const OpenWindows::Entry entry(windows_, [this] { disappear(); });
   state_ = State::Loading;
   guarded("Form_Load", [this] { events_.Form_Load(); });
   if (state_ != State::Loading) return;
 
   const ModalOwner owner;
-  open(owner.window());
-  if (state_ == State::Open) loop_.exec(QEventLoop::DialogExec);
-  if (state_ == State::Open) pressCancel();  // the application ends
-  if (state_ == State::Open) {
+  if (!windows_.areClosed()) open(owner.window());
+  if (isToRun()) loop_.exec(QEventLoop::DialogExec);
+  if (isToRun()) pressCancel();  // the application ends
+  if (state_ != State::Closed) {
     guarded("Form_Unload", [this] { events_.Form_Unload(); });
     finish();
   }
@@ -169,7 +171,12 @@ void QtForm::tryUnload(std::int16_t mode) {
 
 void QtForm::finish() {
   state_ = State::Closed;
+  disappear();
+}
+
+void QtForm::disappear() {
   QCoreApplication::instance()->removeEventFilter(&keys_);
+  closePopups(*this);
   hide();
   loop_.quit();
 }

@@ -8,6 +8,7 @@
 
 #include "adapters/qtforms/control_set.h"
 #include "adapters/qtforms/form_keys.h"
+#include "adapters/qtforms/open_windows.h"
 #include "platform/forms.h"
 
 class QScreen;
@@ -25,10 +26,13 @@ namespace vexnumkr::qtforms {
 /// button. An application that ends while the form is open presses that too, and then closes it.
 ///
 /// A form that is larger than its screen is shown smaller and scrolls.
+///
+/// Closed together with others (OpenWindows) it asks nobody; it is unloaded when the handlers that
+/// run in it have returned.
 class QtForm final : public QDialog, public Form {
  public:
-  /// `events` is borrowed and outlives this.
-  QtForm(const FormDescription& description, FormEvents& events);
+  /// `events` and `windows` are borrowed and outlive this.
+  QtForm(const FormDescription& description, FormEvents& events, OpenWindows& windows);
 
   std::string Name() const override;
   std::int32_t ScaleWidth() const override;
@@ -59,10 +63,13 @@ class QtForm final : public QDialog, public Form {
   QSize withScrollBars(const QSize& content, const QSize& room) const;
   void tryUnload(std::int16_t mode);
   void finish();
+  void disappear();
+  bool isToRun() const { return state_ == State::Open && !windows_.areClosed(); }
   void pressCancel();
 
   std::string name_;
   FormEvents& events_;
+  OpenWindows& windows_;
   FormKeys keys_;
   QWidget* const content_;       // holds the controls; owned by this widget, as every child
   QScrollArea* area_ = nullptr;  // around the content, where the screen is too small; likewise

@@ -6,6 +6,7 @@
 #include "adapters/qt/fonts.h"
 #include "adapters/qtforms/busy_pointer.h"
 #include "adapters/qtforms/message_box.h"
+#include "adapters/qtforms/open_windows.h"
 #include "adapters/qtforms/qt_form.h"
 
 namespace vexnumkr {
@@ -19,13 +20,13 @@ class QtFormsToolkit final : public FormsToolkit {
 
   std::unique_ptr<Form> createForm(const FormDescription& description,
                                    FormEvents& events) override {
-    return std::make_unique<QtForm>(description, events);
+    return std::make_unique<QtForm>(description, events, windows_);
   }
 
   std::int32_t MsgBox(const std::string& prompt, std::int32_t buttons,
                       const std::string& title) override {
     const BusyPointer::Pause ordinaryPointer(pointer_);
-    return showMessageBox(prompt, buttons, title);
+    return showMessageBox(prompt, buttons, title, windows_);
   }
 
   void SetMousePointer(MousePointer pointer) override {
@@ -34,7 +35,10 @@ class QtFormsToolkit final : public FormsToolkit {
 
   void DoEvents() override { QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents); }
 
+  void closeAll() noexcept override { windows_.closeAll(); }
+
  private:
+  OpenWindows windows_;
   BusyPointer pointer_;
 };
 

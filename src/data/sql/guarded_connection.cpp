@@ -1,9 +1,11 @@
 #include "data/sql/guarded_connection.h"
 
+#include <utility>
+
 #include <vexnumkr/error.h>
 
 #include "data/sql/statement_shapes.h"
-#include "platform/statement_gate.h"
+#include "platform/reporter.h"
 
 namespace vexnumkr {
 namespace {
@@ -18,16 +20,62 @@ class Guard {
                 "Sie die Eingaben auf Hochkommas.");
   }
 
+  // Runs something on the host's objects. Error 91 once this is shut.
+  template <class Operation>
+  auto call(Operation&& operation) {
+    if (isShut_) throw Error::objectNotSet();
+    const Running running(*this);
+    return operation();
+  }
+
+  void begun(Connection& connection) { inTransaction_ = &connection; }
+  void ended() { inTransaction_ = nullptr; }
+
+  // The host may shut this in the middle of one of its own members, which is left first.
+  void shut() noexcept {
+    isShut_ = true;
+    if (running_ == 0) rollBack();
+  }
+
  private:
+  class Running {
+   public:
+    explicit Running(Guard& guard) : guard_(guard) { ++guard_.running_; }
+    ~Running() {
+      if (--guard_.running_ == 0 && guard_.isShut_) guard_.rollBack();
+    }
+    Running(const Running&) = delete;
+    Running& operator=(const Running&) = delete;
+
+   private:
+    Guard& guard_;
+  };
+
+  void rollBack() noexcept {
+    Connection* const connection = std::exchange(inTransaction_, nullptr);
+    if (connection != nullptr) ignoringFailures([&] { connection->RollbackTrans(); });
+  }
+
   StatementShapes shapes_;
+  Connection* inTransaction_ = nullptr;  // Where a transaction has begun; it outlives that.
+  int running_ = 0;
+  bool isShut_ = false;
 };
 
-class GuardedConnection final : public Connection {
+// What a host has made, unless it has made nothing.
+template <class Object>
+std::unique_ptr<Object> required(std::unique_ptr<Object> made) {
+  if (made == nullptr) throw Error::objectNotSet();
+  return made;
+}
+
+class Guarded final : public GuardedConnection {
  public:
-  GuardedConnection(std::shared_ptr<Connection> real, std::shared_ptr<Guard> guard)
+  Guarded(std::shared_ptr<Connection> real, std::shared_ptr<Guard> guard)
       : real_(std::move(real)), guard_(std::move(guard)) {}
 
   Connection& real() const { return *real_; }
+  void shut() noexcept override { guard_->shut(); }
 
   std::string ConnectionString() const override { return real_->ConnectionString(); }
   void ConnectionString(const std::string& text) override { real_->ConnectionString(text); }
@@ -37,27 +85,45 @@ class GuardedConnection final : public Connection {
   void ConnectionTimeout(std::int32_t seconds) override { real_->ConnectionTimeout(seconds); }
   void CursorLocation(std::int32_t location) override { real_->CursorLocation(location); }
   void Open(const std::string& user, const std::string& password, std::int32_t options) override {
-    real_->Open(user, password, options);
+    guard_->call([&] { real_->Open(user, password, options); });
   }
   void Close() override { real_->Close(); }
   bool BackslashEscapes() const override { return real_->BackslashEscapes(); }
   bool TakesSeveralRows() const override { return real_->TakesSeveralRows(); }
   void RequireTransactions(const std::vector<std::string>& tables) override {
-    real_->RequireTransactions(tables);
+    guard_->call([&] { real_->RequireTransactions(tables); });
   }
-  void BeginTrans() override { real_->BeginTrans(); }
-  void CommitTrans() override { real_->CommitTrans(); }
-  void RollbackTrans() override { real_->RollbackTrans(); }
-  void LockTable(const std::string& table) override { real_->LockTable(table); }
+  void BeginTrans() override {
+    guard_->call([&] {
+      real_->BeginTrans();
+      guard_->begun(*real_);
+    });
+  }
+  void CommitTrans() override {
+    guard_->call([&] {
+      real_->CommitTrans();
+      guard_->ended();
+    });
+  }
+  void RollbackTrans() override {
+    guard_->call([&] {
+      real_->RollbackTrans();
+      guard_->ended();
+    });
+  }
+  void LockTable(const std::string& table) override {
+    guard_->call([&] { real_->LockTable(table); });
+  }
 
   std::unique_ptr<Recordset> Execute(const std::string& text,
                                      std::int32_t& recordsAffected) override {
     guard_->check(text, *real_);
-    return real_->Execute(text, recordsAffected);
+    return guard_->call([&] { return real_->Execute(text, recordsAffected); });
   }
 
   std::unique_ptr<Connection> createConnection() override {
-    return std::make_unique<GuardedConnection>(real_->createConnection(), guard_);
+    return std::make_unique<Guarded>(
+        guard_->call([&] { return required(real_->createConnection()); }), guard_);
   }
   std::unique_ptr<Command> createCommand() override;
   std::unique_ptr<Recordset> createRecordset() override;
@@ -69,7 +135,7 @@ class GuardedConnection final : public Connection {
 
 // The host's objects want the host's connection.
 Connection& realConnectionOf(Connection& connection) {
-  return dynamic_cast<GuardedConnection&>(connection).real();
+  return dynamic_cast<Guarded&>(connection).real();
 }
 
 class GuardedCommand final : public Command {
@@ -90,7 +156,7 @@ class GuardedCommand final : public Command {
   std::unique_ptr<Recordset> Execute(std::int32_t& recordsAffected) override {
     // Without a connection the command fails by itself.
     if (connection_ != nullptr) guard_->check(text_, *connection_);
-    return real_->Execute(recordsAffected);
+    return guard_->call([&] { return real_->Execute(recordsAffected); });
   }
 
  private:
@@ -111,14 +177,26 @@ class GuardedRecordset final : public Recordset {
             std::int32_t lockType, std::int32_t options) override {
     Connection& real = realConnectionOf(connection);
     guard_->check(source, real);
-    real_->Open(source, real, cursorType, lockType, options);
+    guard_->call([&] { real_->Open(source, real, cursorType, lockType, options); });
   }
-  bool EndOfFile() const override { return real_->EndOfFile(); }
-  void MoveFirst() override { real_->MoveFirst(); }
-  void MoveNext() override { real_->MoveNext(); }
-  Value Fields(std::string_view name) const override { return real_->Fields(name); }
-  void Fields(std::string_view name, const Value& value) override { real_->Fields(name, value); }
-  void Update() override { real_->Update(); }
+  bool EndOfFile() const override {
+    return guard_->call([&] { return real_->EndOfFile(); });
+  }
+  void MoveFirst() override {
+    guard_->call([&] { real_->MoveFirst(); });
+  }
+  void MoveNext() override {
+    guard_->call([&] { real_->MoveNext(); });
+  }
+  Value Fields(std::string_view name) const override {
+    return guard_->call([&] { return real_->Fields(name); });
+  }
+  void Fields(std::string_view name, const Value& value) override {
+    guard_->call([&] { real_->Fields(name, value); });
+  }
+  void Update() override {
+    guard_->call([&] { real_->Update(); });
+  }
   void Close() override { real_->Close(); }
 
  private:
@@ -126,19 +204,21 @@ class GuardedRecordset final : public Recordset {
   std::shared_ptr<Guard> guard_;
 };
 
-std::unique_ptr<Command> GuardedConnection::createCommand() {
-  return std::make_unique<GuardedCommand>(real_->createCommand(), guard_);
+std::unique_ptr<Command> Guarded::createCommand() {
+  return std::make_unique<GuardedCommand>(
+      guard_->call([&] { return required(real_->createCommand()); }), guard_);
 }
 
-std::unique_ptr<Recordset> GuardedConnection::createRecordset() {
-  return std::make_unique<GuardedRecordset>(real_->createRecordset(), guard_);
+std::unique_ptr<Recordset> Guarded::createRecordset() {
+  return std::make_unique<GuardedRecordset>(
+      guard_->call([&] { return required(real_->createRecordset()); }), guard_);
 }
 
 }  // namespace
 
-std::unique_ptr<Connection> guardedConnection(std::shared_ptr<Connection> connection) {
+std::unique_ptr<GuardedConnection> guardedConnection(std::shared_ptr<Connection> connection) {
   if (connection == nullptr) return nullptr;
-  return std::make_unique<GuardedConnection>(std::move(connection), std::make_shared<Guard>());
+  return std::make_unique<Guarded>(std::move(connection), std::make_shared<Guard>());
 }
 
 }  // namespace vexnumkr

@@ -27,6 +27,7 @@ void frmOptionen::Form_Load() {
     // The settings store is the host's, and its statements are its own.
     if (session_.sharedConn() == nullptr) throw Error::objectNotSet();
     connection_ = session_.sharedConn()->createConnection();
+    if (connection_ == nullptr) throw Error::objectNotSet();
     connection_->ConnectionString(session_.Conn().ConnectionString());
     connection_->Open("", "", ado::unspecified);
   });
@@ -39,18 +40,23 @@ void frmOptionen::Form_Load() {
 
 void frmOptionen::createSettings() {
   auto component = session_.host().CreateObject(component_name::settings);
-  auto* settings = dynamic_cast<SettingsStore*>(component.get());
-  if (settings == nullptr) throw Error::cannotCreateObject();
+  auto* created = dynamic_cast<SettingsStore*>(component.get());
+  if (created == nullptr) throw Error::cannotCreateObject();
   static_cast<void>(component.release());
-  settings_.reset(settings);
+  settings_.reset(created);
   if (connection_ == nullptr) throw Error::objectNotSet();
-  settings_->Init(0, *connection_);
+  settings().Init(0, *connection_);
+}
+
+// The host may have taken the component away while its store was at work.
+SettingsStore& frmOptionen::settings() const {
+  if (settings_ == nullptr || session_.isAbandoned()) throw Error::objectNotSet();
+  return *settings_;
 }
 
 std::string frmOptionen::readSetting(const std::string& key, const std::string& defaultValue) {
-  if (settings_ == nullptr) throw Error::objectNotSet();
   std::string value;
-  settings_->GetSetting(section, key, value, standardProfile, standardProfile, defaultValue);
+  settings().GetSetting(section, key, value, standardProfile, standardProfile, defaultValue);
   return value;
 }
 
@@ -60,9 +66,8 @@ void frmOptionen::select(const std::string& pair, const std::string& value) {
 }
 
 void frmOptionen::save(const std::string& pair, const std::string& key) {
-  if (settings_ == nullptr) throw Error::objectNotSet();
   const bool second = form_->control<OptionButton>(pair, 1).Value();
-  settings_->SaveSetting(section, key, second ? secondChoice : firstChoice, standardProfile);
+  settings().SaveSetting(section, key, second ? secondChoice : firstChoice, standardProfile);
 }
 
 void frmOptionen::cmdOK_Click() {

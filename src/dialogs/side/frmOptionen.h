@@ -29,6 +29,7 @@ class frmOptionen final : private FormEvents {
   void cmdCancel_Click();
 
   void createSettings();
+  SettingsStore& settings() const;
   std::string readSetting(const std::string& key, const std::string& defaultValue);
   void select(const std::string& pair, const std::string& value);
   void save(const std::string& pair, const std::string& key);
