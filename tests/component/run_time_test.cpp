@@ -69,6 +69,22 @@ TEST(ALibraryLoadedAtRunTime, BringsTheApplicationAndStays) {
   EXPECT_TRUE(isLoaded());
 }
 
+TEST(ALibraryLoadedAtRunTime, ServesWhatItHasMadeWhenTheHostHasClosedIt) {
+  Library library = load();
+  VXNummernkreise* object = FUNCTION(library, vexnumkrCreateObject)("VXNummernkreise", nullptr);
+  Connection* connection =
+      FUNCTION(library, vexnumkrOpenConnection)("Driver=QSQLITE;Database=:memory:", nullptr, 0);
+  auto* release = FUNCTION(library, vexnumkrReleaseObject);
+  auto* releaseConnection = FUNCTION(library, vexnumkrReleaseConnection);
+  ASSERT_NE(object, nullptr);
+  ASSERT_NE(connection, nullptr);
+  library.reset();
+  std::int32_t affected = 0;
+  connection->Execute("CREATE TABLE tblUser (strUserName_PK VARCHAR(50))", affected);
+  EXPECT_TRUE(object->Init({connection, releaseConnection}, 2, "Becker"));
+  release(object);
+}
+
 TEST(ALibraryLoadedAtRunTime, LeavesTheLocaleAsItWas) {
   EXPECT_STREQ(std::setlocale(LC_ALL, nullptr), "C");
 }
