@@ -11,9 +11,13 @@ target_compile_options(vexnumkr_options INTERFACE
   $<$<CONFIG:Release>:-Wno-restrict> $<$<CONFIG:Release>:-Wno-maybe-uninitialized>
   $<$<BOOL:${VEXNUMKR_WERROR}>:-Werror>)
 if(VEXNUMKR_SANITIZE)
+  set(sanitizers address,undefined)
+  if(VEXNUMKR_SANITIZE STREQUAL "thread")
+    set(sanitizers thread)
+  endif()
   target_compile_options(vexnumkr_options INTERFACE
-    -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
-  target_link_options(vexnumkr_options INTERFACE -fsanitize=address,undefined)
+    -fsanitize=${sanitizers} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(vexnumkr_options INTERFACE -fsanitize=${sanitizers})
 endif()
 
 # vexnumkr_core_library(NAME SOURCES ... LINKS ...)
