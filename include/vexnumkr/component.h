@@ -10,9 +10,9 @@
 
 namespace vexnumkr {
 
-/// A new component for a Qt application. `host` is borrowed and must outlive the component. `access`
-/// is how it asks the database. Error 429 when there is no QApplication (a QCoreApplication or
-/// QGuiApplication is not enough) or this is not its thread.
+/// A new component for a Qt application. `host` is borrowed and must outlive the component.
+/// `access` is how it asks the database. Error 429 when there is no QApplication (a
+/// QCoreApplication or QGuiApplication is not enough) or this is not its thread.
 VEXNUMKR_API std::unique_ptr<VXNummernkreise> createVXNummernkreise(
     HostComponents& host, DatabaseAccess access = DatabaseAccess::inSets);
 

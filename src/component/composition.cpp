@@ -3,7 +3,7 @@
 #include <QCoreApplication>
 #include <QDate>
 
-#include "adapters/qt/dialog_thread.h"
+#include "adapters/qtforms/dialog_thread.h"
 #include "adapters/qtforms/qt_forms_toolkit.h"
 #include "dialogs/main/frmNummernkreise.h"
 

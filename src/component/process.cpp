@@ -9,7 +9,7 @@
 
 #include <vexnumkr/error.h>
 
-#include "adapters/qt/dialog_thread.h"
+#include "adapters/qtforms/dialog_thread.h"
 
 namespace vexnumkr {
 namespace {

@@ -75,7 +75,7 @@ set(seen_by_adapters/qt platform adapters/qt)
 set(seen_by_adapters/qtgrid platform adapters/qt adapters/qtgrid)
 set(seen_by_adapters/qtforms platform adapters/qt adapters/qtgrid/qt_tree_grid.h adapters/qtforms)
 set(seen_by_component platform hosting dialogs/main adapters/qtforms component)
-set(seen_by_windows hosting adapters/automation component windows)
+set(seen_by_windows platform hosting adapters/automation component windows)
 set(seen_by_numbers platform engines data rules numbers)
 set(seen_by_cli app/command_line app/connection_file app/process_list cli)
 foreach(folder engines adapters/automation adapters/qtsql adapters/qt adapters/qtgrid

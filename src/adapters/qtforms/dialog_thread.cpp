@@ -1,4 +1,4 @@
-#include "adapters/qt/dialog_thread.h"
+#include "adapters/qtforms/dialog_thread.h"
 
 #include <QApplication>
 #include <QThread>
