@@ -3,6 +3,7 @@
 #include "data/sql/statements.h"
 #include "rules/read_back.h"
 #include "rules/saving.h"
+#include "rules/saving_in_sets.h"
 #include "rules/stored_changes.h"
 #include "rules/validation.h"
 
@@ -91,12 +92,19 @@ class Saving {
     const StoredRanges underLock =
         readStoredRanges(*source.query(statement::ranges()), data_, Others::read);
     hasUnshownChanges_ = takeDrawnNumbers(data_, before, underLock);
-    writeTable(data_.table, source, session_.progress());
-    for (const RangeRow& range : underLock.unknown) InsertIntoNummernkreise(source, range);
+    write(underLock);
     readBack(underLock.unknown);
     session_.commitTransaction();
     knowAsStored(data_);
     session_.progress().advance();
+  }
+
+  void write(const StoredRanges& underLock) {
+    StatementSource& source = session_.source();
+    if (source.access() == DatabaseAccess::inSets)
+      return writeDifferences(data_.table, underLock, source, session_.progress());
+    writeTable(data_.table, source, session_.progress());
+    for (const RangeRow& range : underLock.unknown) InsertIntoNummernkreise(source, range);
   }
 
   // Asks for both before it judges either.

@@ -27,10 +27,11 @@ namespace basAllgemein {
 /// the ranges could not be read completely, the user gives up values that somebody else has changed
 /// too, or the ranges are not valid: the transaction stays open, False.
 ///
-/// Otherwise the ranges and assignments of the origin are written anew in the order of display,
-/// read back and committed: True. What hosts have drawn and others have stored since the ranges
-/// were read is kept: it is taken over where the user has left a range alone, and asked about where
-/// not. Nothing is locked before the ranges have been found valid.
+/// Otherwise the ranges and assignments of the origin are written (row by row anew and in the order
+/// of display, in sets where they differ from what is stored), read back and committed: True. What
+/// hosts have drawn and others have stored since the ranges were read is kept: it is taken over
+/// where the user has left a range alone, and asked about where not. Nothing is locked before the
+/// ranges have been found valid.
 ///
 /// A failure on the way is reported; then everything is rolled back, a new transaction begins, and
 /// False is returned. The range table keeps the user's values. `askFirst` says whether the user is

@@ -7,7 +7,6 @@
 namespace vexnumkr::basAllgemein {
 namespace {
 
-constexpr const char* everybody = "ALL";
 constexpr std::int64_t deletionsAndCommit = 3;
 
 void writeRow(const RangeRow& row, StatementSource& source, Progress& progress) {

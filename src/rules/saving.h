@@ -30,6 +30,9 @@ bool UpdateIntoNummernkreise(StatementSource& source, const RangeRow& range);
 void InsertIntoNummernkreis_Zuordnung(StatementSource& source, std::int32_t Buchungskreis,
                                       const std::string& NSchl, const std::string& Benutzer);
 
+/// The user for whom assignments of "Alle Benutzer" are stored.
+inline constexpr const char* everybody = "ALL";
+
 /// The name under which assignments of a user are stored: "ALL" for "Alle Benutzer".
 std::string ReplaceUser(const std::string& text);
 

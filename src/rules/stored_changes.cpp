@@ -61,7 +61,11 @@ StoredRanges readStoredRanges(Recordset& records, const RangeData& data, Others 
   StoredRanges stored;
   for (; !records.EndOfFile(); records.MoveNext()) {
     const auto range = rangeIdOf(records);
-    if (!range) continue;
+    if (!range) {
+      stored.hasOthers = true;
+      continue;
+    }
+    stored.records.push_back({*range, storedContent(records)});
     if (isInTable(data.table, *range))
       stored.ofTable.insert_or_assign(*range, rangeValuesOf(records));
     else if (others == Others::read && !data.known.wasRead(*range))

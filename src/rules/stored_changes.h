@@ -11,12 +11,17 @@
 
 #include "data/range_data.h"
 #include "data/range_values.h"
+#include "rules/range_content.h"
 
 namespace vexnumkr {
 
 /// The ranges of a table as they are stored at one moment, and the stored ranges that are none of
 /// it.
 struct StoredRanges {
+  /// All of them, in the order of the records.
+  std::vector<StoredRecord> records;
+  /// Records that can be no range of a table are among them.
+  bool hasOthers = false;
   std::map<RangeId, RangeValues> ofTable;
   /// Ranges that the dialog has never read and that the table does not hold, in the order of the
   /// records; with all columns as they are stored.

@@ -14,9 +14,10 @@ set_tests_properties(refused_rows_test PROPERTIES TIMEOUT 300)
 vexnumkr_core_test(rules/stored_changes_test unit)
 vexnumkr_core_test(rules/saving_locked_test fault)
 vexnumkr_core_test(rules/saving_test unit)
+vexnumkr_core_test(rules/saving_in_sets_test unit)
 vexnumkr_core_test(rules/saving_failure_test fault)
 vexnumkr_core_test(rules/long_work_test unit)
 vexnumkr_core_test(rules/reported_failures_test fault)
 
 vexnumkr_on_every_engine(refused_rows_test saving_locked_test saving_test saving_failure_test
-  stored_changes_test)
+  saving_in_sets_test stored_changes_test)
