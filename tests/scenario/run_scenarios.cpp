@@ -1,6 +1,7 @@
-// run_scenarios [--update] FILE...: runs scenario files with the driver beside this program and
-// compares what each prints with the .expected file beside it. With --update, the .expected files
-// are written anew instead, for a deliberate change.
+// run_scenarios [--update | --both-ways] FILE...: runs scenario files with the driver beside this
+// program and compares what each prints with the .expected file beside it. With --update, the
+// .expected files are written anew instead, for a deliberate change. With --both-ways, each is run
+// row by row and in sets, and what is printed besides the statements is compared.
 #include <stdio.h>
 #include <sys/wait.h>
 
@@ -14,6 +15,7 @@
 #include <string>
 #include <vector>
 
+#include "scenario/both_ways.h"
 #include "scenario/expected_transcript.h"
 #include "support/fresh_database.h"
 
@@ -105,6 +107,14 @@ bool passes(const Result& result, const fs::path& scenario) {
   return false;
 }
 
+bool isSameBothWays(const fs::path& driver, const fs::path& scenario) {
+  std::ifstream in(scenario, std::ios::binary);
+  const std::string text(std::istreambuf_iterator<char>(in), {});
+  const std::string difference = vexnumkr::scenario::runBothWays(driver, text).difference();
+  std::cout << difference;
+  return difference.empty();
+}
+
 // The .expected file on SQLite, the engine's own lines elsewhere.
 bool update(const Result& result, const fs::path& scenario) {
   const std::string engine = vexnumkr::test::engineUnderTest();
@@ -121,16 +131,18 @@ int main(int argc, char** argv) {
   const QCoreApplication application(argc, argv);
   const fs::path driver = fs::path(argv[0]).parent_path() / "vexnumkr-scenario";
   std::vector<std::string> words(argv + 1, argv + argc);
-  const bool updates = !words.empty() && words[0] == "--update";
-  if (updates) words.erase(words.begin());
-  if (words.empty()) {
-    std::cerr << "usage: run_scenarios [--update] FILE...\n";
+  const std::string option = !words.empty() && words[0].starts_with("--") ? words[0] : "";
+  if (!option.empty()) words.erase(words.begin());
+  if (words.empty() || (!option.empty() && option != "--update" && option != "--both-ways")) {
+    std::cerr << "usage: run_scenarios [--update | --both-ways] FILE...\n";
     return 2;
   }
   bool allPass = true;
   for (const fs::path scenario : words) {
-    const Result result = run(driver, scenario);
-    if (updates ? update(result, scenario) : passes(result, scenario)) continue;
+    const bool isRight = option == "--both-ways" ? isSameBothWays(driver, scenario)
+                         : option == "--update"  ? update(run(driver, scenario), scenario)
+                                                 : passes(run(driver, scenario), scenario);
+    if (isRight) continue;
     std::cout << "FAILED: " << scenario.string() << '\n';
     allPass = false;
   }
