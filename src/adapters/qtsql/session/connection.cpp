@@ -89,9 +89,7 @@ void SqlConnection::Open(const std::string& user, const std::string& password,
   if (!password.empty()) settings.password = password;
   const Driver driver = driverOf(settings.driver);
   requireIsolation(isolationLevel_);
-  const auto session = std::make_shared<Session>(driver, settings, isolationLevel_);
-  session->limit(commandTimeout_);
-  slot_->session = session;
+  slot_->session = std::make_shared<Session>(driver, settings, isolationLevel_, commandTimeout_);
 }
 
 void SqlConnection::Close() {

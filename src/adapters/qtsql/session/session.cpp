@@ -17,12 +17,14 @@ bool takesAppendix(const Statement& statement) { return statement.tokens.back().
 
 }  // namespace
 
-Session::Session(const Driver& driver, const ConnectionSettings& settings, std::int32_t isolation)
+Session::Session(const Driver& driver, const ConnectionSettings& settings, std::int32_t isolation,
+                 std::int32_t seconds)
     : thread_(QThread::currentThreadId()),
       driver_(driver),
       database_(driver, settings),
       engine_(&engineBehind(database_.get(), driver)),
-      sessionIsolation_(isolation) {
+      sessionIsolation_(isolation),
+      limit_(seconds) {
   prepare();
 }
 
@@ -43,16 +45,24 @@ void Session::prepare() {
   query_.emplace(database_.get());
   query_->setForwardOnly(true);
   if (engine_->name == "sqlite" && !driver_.isOdbc()) sqlite_ = SqliteClient::of(database_.get());
-  if (database_.isOwned()) {
-    for (const char* const statement : engine_->openingStatements) {
-      run(QString::fromLatin1(statement));
-      runRest();
-    }
-    if (sessionIsolation_ == ado::isolated && engine_->isolateSession != nullptr)
-      run(QString::fromLatin1(engine_->isolateSession));
-    if (limit_ != 0) runAll(engine_->limit(limit_));
-  }
+  if (database_.isOwned()) prepareOwned();
   learnRules();
+}
+
+// Over a network a text is a round trip, so the drivers of servers get one that says it all.
+void Session::prepareOwned() {
+  std::vector<std::string> statements(engine_->openingStatements.begin(),
+                                      engine_->openingStatements.end());
+  if (sessionIsolation_ == ado::isolated && engine_->isolateSession != nullptr)
+    statements.emplace_back(engine_->isolateSession);
+  if (limit_ != 0) statements.push_back(engine_->limit(limit_));
+  const bool takesAll = !driver_.isOdbc() && !engine_->opensFiles;
+  std::string text;
+  for (const std::string& statement : statements) {
+    if (!takesAll) runAll(statement);
+    text += (text.empty() ? "" : "; ") + statement;
+  }
+  if (takesAll) runAll(text);
 }
 
 void Session::requireOwnThread() const {

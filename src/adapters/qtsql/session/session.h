@@ -40,9 +40,10 @@ namespace vexnumkr::qtsql {
 /// the transaction is rolled back by its owner.
 class Session {
  public:
-  /// Opens an own database. `isolation` also holds for statements outside transactions.
+  /// Opens an own database. `isolation` also holds for statements outside transactions; `seconds`
+  /// limits them as by limit().
   Session(const Driver& driver, const ConnectionSettings& settings,
-          std::int32_t isolation = ado::unspecified);
+          std::int32_t isolation = ado::unspecified, std::int32_t seconds = 0);
   Session(const Driver& driver, const QSqlDatabase& borrowed);
 
   /// Rolls back a transaction that was begun here and is still running.
@@ -99,6 +100,7 @@ class Session {
 
  private:
   void prepare();
+  void prepareOwned();
   void learnRules();
   void relearnRules();
   void reconnect();

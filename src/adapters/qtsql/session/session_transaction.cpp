@@ -52,9 +52,10 @@ Statements Session::beginStatements() const {
   return locksLater_ ? engine_->beginBeforeLocking : engine_->beginIsolated;
 }
 
-// The rules come first: on MariaDB the isolation is for whatever is sent next.
+// The rules come first: on MariaDB the isolation is for whatever is sent next. Nobody else changes
+// those of an own connection.
 void Session::beginNow(Statements statements) {
-  learnRules();
+  if (!database_.isOwned()) learnRules();
   for (const char* const statement : statements) {
     run(QString::fromLatin1(statement));
     runRest();
@@ -135,9 +136,10 @@ void Session::lockTable(const std::string& table) {
   requireSameFile();
   if (beginsLater_) beginNow(engine_->beginForWriting);
   if (engine_->lockTable == nullptr) return;
-  run(QString::fromStdString(engine_->lockTable(table)));
+  std::string text = engine_->lockTable(table);
   // Going back to a savepoint before it would give up the lock.
-  if (engine_->recovery == Recovery::savepoint) runAll(engine_->afterChange);
+  if (engine_->recovery == Recovery::savepoint) text.append("; ").append(engine_->afterChange);
+  runAll(text);
 }
 
 void Session::rollback() {
