@@ -28,6 +28,20 @@ vexnumkr_server_test(servers/lost_server_test fault 300
   ENGINES mariadb odbc-postgresql SOURCES servers/private_server.cpp)
 vexnumkr_server_test(servers/private_server_test fault 120
   ENGINES mariadb SOURCES servers/private_server.cpp)
+
+# Hosts killed at random moments; tools/soak.sh --kills N for many of them.
+add_executable(saving_program servers/saving_program.cpp)
+target_include_directories(saving_program PRIVATE "${PROJECT_SOURCE_DIR}/tests")
+target_link_libraries(saving_program
+  PRIVATE vexnumkr_hosting vexnumkr_qtsql Qt6::Core vexnumkr_options)
+set_target_properties(saving_program PROPERTIES
+  RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/tests")
+vexnumkr_server_test(servers/random_kills_test fault 900
+  ENGINES mariadb sqlite SOURCES servers/private_server.cpp)
+target_compile_definitions(random_kills_test PRIVATE
+  SAVING_PROGRAM="$<TARGET_FILE:saving_program>")
+add_dependencies(random_kills_test saving_program)
+
 vexnumkr_server_test(servers/rights_test engine 120 FIXTURE
   ENGINES mariadb odbc-postgresql SOURCES contract/database_language.cpp)
 target_link_libraries(rights_test PRIVATE vexnumkr_numbers)
