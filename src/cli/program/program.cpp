@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 #include <iostream>
+#include <new>
 
 #include <vexnumkr/connection_string.h>
 #include <vexnumkr/error.h>
@@ -42,6 +43,20 @@ int reportFailure(const SharedOptions& options, const Session& session, const Er
                 error.number());
 }
 
+// What no command expects: memory that has run out, a fault of a library or of this program.
+int reportUnexpected(const SharedOptions& options, const Session& session) {
+  try {
+    throw;
+  } catch (const std::bad_alloc&) {
+    return report(options, exit_status::database, "Der Arbeitsspeicher reicht nicht.");
+  } catch (const std::exception& error) {
+    return report(options, exit_status::database,
+                  withoutPasswords(error.what(), session.connectionText()));
+  } catch (...) {
+    return report(options, exit_status::database, "Etwas Unbekanntes ist fehlgeschlagen.");
+  }
+}
+
 int run(const CommandSet& commands, const Action& action) {
   Session session(commands.shared(), std::cout, std::cerr);
   try {
@@ -53,6 +68,8 @@ int run(const CommandSet& commands, const Action& action) {
     return report(commands.shared(), exit_status::wrongCall, error.what());
   } catch (const Error& error) {
     return reportFailure(commands.shared(), session, error);
+  } catch (...) {
+    return reportUnexpected(commands.shared(), session);
   }
 }
 
