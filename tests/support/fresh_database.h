@@ -1,8 +1,9 @@
 // A database of a test's own, on the engine that the test run asks for.
 //
 // ctest runs many programs once per engine and way to reach it: the environment variable
-// VEXNUMKR_TEST_ENGINE names the way (sqlite where it is not set; the engines' folders say which there
-// are, in test_databases.cmake), and VEXNUMKR_TEST_SERVERS the file that says where the servers are (tests/servers/fixture.sh).
+// VEXNUMKR_TEST_ENGINE names the way (sqlite where it is not set; the engines' folders say which
+// there are, in test_databases.cmake), and VEXNUMKR_TEST_SERVERS the file that says where the
+// servers are (tests/servers/fixture.sh).
 #pragma once
 
 #include <QTemporaryDir>
