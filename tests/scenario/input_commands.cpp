@@ -11,6 +11,7 @@
 #include <QWindow>
 
 #include "scenario/controls.h"
+#include "scenario/grid_access.h"
 #include "scenario/input.h"
 #include "scenario/stage.h"
 
@@ -49,12 +50,18 @@ QPoint entryCentre(QAbstractItemView& list, const QModelIndex& entry) {
   return list.visualRect(entry).center();
 }
 
-// A list that did not open because the user was told something first is no failure: then the choice
-// does not take place.
+// Whether an entry that was refused still stands in its cell, with or without a word about it.
+bool isStillEditing(QWidget& form) {
+  return GridAccess::isIn(form) && GridAccess(form).grid().isEditing();
+}
+
+// A list that did not open because the user was told something first, or an entry was refused, is
+// no failure: then the choice does not take place.
 void chooseFromOpenList(const Stage& stage, QComboBox& combo, int entry, int boxesBefore) {
   QAbstractItemView& list = *combo.view();
   if (!list.isVisible()) {
-    if (stage.boxesAnswered == boxesBefore) throw CannotDo("the drop-down list does not open");
+    if (stage.boxesAnswered == boxesBefore && !isStillEditing(*combo.window()))
+      throw CannotDo("the drop-down list does not open");
     return;
   }
   const QModelIndex index =
