@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <bit>
 #include <limits>
-#include <ranges>
 
 #include "data/table/radix_order.h"
 
@@ -80,8 +79,8 @@ std::optional<std::int32_t> firstInWhichAnotherBegins(const std::vector<Stretch>
                                                       const std::vector<std::uint32_t>& order) {
   std::optional<std::int32_t> first;
   HighestOfOthers begins;  // negated, so that the lowest one is the highest
-  for (const std::uint32_t place : std::views::reverse(order)) {
-    const Stretch& stretch = stretches[place];
+  for (auto place = order.rbegin(); place != order.rend(); ++place) {
+    const Stretch& stretch = stretches[*place];
     begins.enter(stretch.sequence);
     if (begins.reaches(-std::int64_t{stretch.high}, stretch.owner))
       first = std::min(stretch.row, first.value_or(stretch.row));
