@@ -30,7 +30,7 @@ VEXNUMKR_API bool isDated(std::string_view mask);
 
 /// The month ("yyyymm") nearest to `date` at which the mask's lowest number is `start`: the one of
 /// `date` itself where that is so, otherwise up to fifty years before or behind it. Empty where
-/// there is none, or where the mask cannot be read.
+/// there is none, or where the mask cannot be read. Error: 13 for a `date` that is none.
 VEXNUMKR_API std::string monthOfStart(std::string_view mask, std::int32_t start,
                                       std::string_view date);
 

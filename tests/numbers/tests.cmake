@@ -20,6 +20,7 @@ function(vexnumkr_numbers_test name label)
   vexnumkr_on_every_engine(${name})
 endfunction()
 
+vexnumkr_test(numbers/masks_test LABEL unit LINKS vexnumkr_numbers)
 vexnumkr_numbers_test(draw_test unit)
 
 add_executable(drawing_program numbers/drawing_program.cpp)
