@@ -24,10 +24,10 @@ class GapsCommandTest : public ProgramDatabase {
     arguments.insert(arguments.end(), further.begin(), further.end());
     return arguments;
   }
-  std::string file(const char* lines) {
+  std::string file(const std::string& lines) {
     QFile written(folder_.filePath(QStringLiteral("nummern.txt")));
     EXPECT_TRUE(written.open(QIODevice::WriteOnly));
-    written.write(lines);
+    written.write(QByteArray::fromStdString(lines));
     return written.fileName().toStdString();
   }
 
@@ -72,6 +72,18 @@ TEST_F(GapsCommandTest, ComparesALineEachOfAFile) {
             "Nummernkreis \"RE\", Werk (vergeben 101–110):\n"
             "  Lücke: 102–110 (9 Nummern)\n"
             "1 Nummer gelesen, 1 Lücke mit 9 Nummern, 2 unlesbar.\n");
+}
+
+TEST_F(GapsCommandTest, OfALineThatIsNoNumberTheBeginningIsShownAndNothingForTheTerminal) {
+  const std::string binary = file("\x1b[2J\n" + std::string(255, 'x') + "äy\n101\n");
+  EXPECT_EQ(printed(gaps({"--numbers-from", binary}), 1),
+            "Zeile 1 ist keine Nummer: ?[2J\n"
+            "Zeile 2 ist keine Nummer: " +
+                std::string(255, 'x') +
+                "\n"
+                "Nummernkreis \"RE\", Werk (vergeben 101–110):\n"
+                "  Lücke: 102–110 (9 Nummern)\n"
+                "1 Nummer gelesen, 1 Lücke mit 9 Nummern, 2 unlesbar.\n");
 }
 
 TEST_F(GapsCommandTest, ChangesNothingWhateverItIsGiven) {

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <fstream>
 #include <iostream>
 #include <memory>
@@ -8,6 +9,7 @@
 
 #include "cli/commands/commands.h"
 #include "cli/exit_status.h"
+#include "cli/numbers_file.h"
 #include "cli/progress.h"
 #include "cli/text_table.h"
 #include "cli/usage_error.h"
@@ -77,6 +79,14 @@ std::string rangeTitle(const numbers::Company& company, const numbers::Range& ra
          "):";
 }
 
+// Without what a terminal would take for orders.
+std::string printable(std::string text) {
+  std::replace_if(
+      text.begin(), text.end(),
+      [](char c) { return static_cast<unsigned char>(c) < 0x20 || c == '\x7F'; }, '?');
+  return text;
+}
+
 class Printer {
  public:
   Printer(Session& session, const numbers::Company& company)
@@ -93,7 +103,7 @@ class Printer {
     if (session_.json()) {
       session_.printLine({{"kind", "unreadable"}, {"line", line}, {"text", text}});
     } else if (tally_.unreadable <= shown) {
-      session_.out() << "Zeile " << line << " ist keine Nummer: " << text << '\n';
+      session_.out() << "Zeile " << line << " ist keine Nummer: " << printable(text) << '\n';
     }
   }
 
@@ -189,43 +199,19 @@ bool isSelect(const std::string& source) {
   return word == "select" || word == "with";
 }
 
-std::string trimmed(const std::string& line) {
-  const std::size_t first = line.find_first_not_of(" \t\r");
-  if (first == std::string::npos) return {};
-  return line.substr(first, line.find_last_not_of(" \t\r") + 1 - first);
-}
-
 // Without what would end the statement that it becomes a part of.
 std::string withoutSemicolon(std::string select) {
   select.erase(select.find_last_not_of(" \t\r\n;") + 1);
   return select;
 }
 
-std::optional<std::int32_t> numberIn(const std::string& text) {
-  const std::size_t sign = text.starts_with('-') || text.starts_with('+') ? 1 : 0;
-  const bool isNumber = text.size() > sign && text.size() <= 12 &&
-                        text.find_first_not_of("0123456789", sign) == std::string::npos;
-  if (!isNumber) return std::nullopt;
-  const long long number = std::stoll(text);
-  if (number < INT32_MIN || number > INT32_MAX) return std::nullopt;
-  return static_cast<std::int32_t>(number);
-}
-
 void readLines(std::istream& lines, numbers::UsedNumbers& used, Printer& printer) {
   Progress progress("Nummern gelesen:");
-  std::uint64_t at = 0;
-  for (std::string line; std::getline(lines, line);) {
-    ++at;
-    const std::string text = trimmed(line);
-    if (text.empty()) continue;
-    if (const auto number = numberIn(text)) {
-      used.add(*number);
-    } else {
-      printer.printUnreadable(at, text);
-    }
-    if (at % 65536 == 0) progress.show(at);
-  }
-  if (lines.bad()) throw UsageError("Die Nummern sind nicht zu Ende zu lesen.");
+  readNumbers(lines,
+              {.number = [&](std::int32_t number) { used.add(number); },
+               .unreadable = [&](std::uint64_t line,
+                                 const std::string& text) { printer.printUnreadable(line, text); },
+               .progress = [&](std::uint64_t read) { progress.show(read); }});
 }
 
 void readFile(const std::string& file, numbers::UsedNumbers& used, Printer& printer) {
