@@ -185,9 +185,25 @@ TEST_F(TransferCommandTest, FilesThatAreNoneAreRefusedWithTheirFault) {
       refusal(R"({"format":"vexnumkr","version":1,"application":1,"circles":[{"number":"1"}]})"),
       "vexnumkr: Die Datei ist so nicht zu verwenden: circles[0] hat in \"number\" keine Zahl "
       "mit 32 Bit.\n");
+  EXPECT_EQ(refusal(R"({"format":"vexnumkr","version":1,"application":18446744073709551617})"),
+            "vexnumkr: Die Datei ist so nicht zu verwenden: Die Datei hat in \"application\" keine "
+            "Zahl mit 32 Bit.\n");
+  EXPECT_EQ(refusal(R"({"format":"vexnumkr","version":1,"application":18446744073709551615})"),
+            "vexnumkr: Die Datei ist so nicht zu verwenden: Die Datei hat in \"application\" keine "
+            "Zahl mit 32 Bit.\n");
+  EXPECT_EQ(refusal(R"({"version":1e400})"),
+            "vexnumkr: Die Datei ist so nicht zu verwenden: Eine Zahl ist zu groß.\n");
+  constexpr std::size_t deep = 1'000'000;
+  EXPECT_EQ(refusal("{\"version\":" + std::string(deep, '[') + std::string(deep, ']') + "}"),
+            "vexnumkr: Die Datei ist nicht von \"vexnumkr export\".\n");
   EXPECT_EQ(refusal(R"({"format":"vexnumkr","version":1,"application":2,"circles":[],"ranges":[],)"
                     R"("assignments":[],"specialRanges":[]})"),
             "vexnumkr: Die Datei ist von der Anwendung 2, nicht von 1.\n");
+}
+
+TEST_F(TransferCommandTest, AFileWithoutAnEndIsNotReadToIt) {
+  EXPECT_EQ(vexnumkr(call("import", {"/dev/zero"})).errors,
+            "vexnumkr: Die Datei /dev/zero ist zu groß; mehr als 256 MiB werden nicht gelesen.\n");
 }
 
 TEST_F(TransferCommandTest, SpreadsheetsGetTables) {

@@ -52,7 +52,8 @@ void requireEachOnce(const Company& company) {
 
 // A folder holds the tables of export --format csv.
 Company readWanted(const Session& session, const TransferOptions& options) {
-  Company wanted = std::filesystem::is_directory(options.file)
+  std::error_code none;
+  Company wanted = std::filesystem::is_directory(options.file, none)
                        ? companyInFolder(options.file, session.application())
                        : companyOf(contentOf(options.file));
   if (wanted.application != session.application())

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <tuple>
+#include <utility>
 
 #include "cli/usage_error.h"
 
@@ -87,9 +88,7 @@ class Row {
   std::optional<std::int32_t> optionalNumber(const char* name) const {
     const auto member = object_.find(name);
     if (member == object_.end() || member->is_null()) return std::nullopt;
-    const bool fits = member->is_number_integer() && member->get<std::int64_t>() >= INT32_MIN &&
-                      member->get<std::int64_t>() <= INT32_MAX;
-    if (!fits) fail(std::string("hat in \"") + name + "\" keine Zahl mit 32 Bit");
+    if (!fits(*member)) fail(std::string("hat in \"") + name + "\" keine Zahl mit 32 Bit");
     return member->get<std::int32_t>();
   }
   std::string text(const char* name) const {
@@ -106,6 +105,13 @@ class Row {
   }
 
  private:
+  // A number without a sign may be too large for one with a sign.
+  static bool fits(const Json& number) {
+    if (number.is_number_unsigned())
+      return std::in_range<std::int32_t>(number.get<std::uint64_t>());
+    return number.is_number_integer() && std::in_range<std::int32_t>(number.get<std::int64_t>());
+  }
+
   [[noreturn]] void fail(const std::string& what) const {
     throw UsageError("Die Datei ist so nicht zu verwenden: " + place_ + " " + what + ".");
   }
@@ -140,11 +146,20 @@ Range rangeOf(const Row& row) {
   return range;
 }
 
+// What is nested deeper than any document of ours would be walked through call by call, and take
+// the whole stack.
 Json parsed(const std::string& text) {
+  constexpr int deepest = 16;
+  const auto refuseDeeper = [](int depth, Json::parse_event_t, const Json&) {
+    if (depth > deepest) throw UsageError("Die Datei ist nicht von \"vexnumkr export\".");
+    return true;
+  };
   try {
-    return Json::parse(text);
+    return Json::parse(text, refuseDeeper);
   } catch (const Json::parse_error& error) {
     throw UsageError("Die Datei ist kein JSON (Stelle " + std::to_string(error.byte) + ").");
+  } catch (const Json::out_of_range&) {
+    throw UsageError("Die Datei ist so nicht zu verwenden: Eine Zahl ist zu groß.");
   }
 }
 
