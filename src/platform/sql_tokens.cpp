@@ -63,12 +63,19 @@ class Scanner {
 
   // `start` itself where neither white space nor a comment begins.
   std::size_t blankEnd(std::size_t start) const {
-    if (isSpace(sql_[start])) return start + 1;
+    if (isSpace(sql_[start])) return spaceEnd(start);
     if (rules_.byteOrderMarkIsBlank && has(start, byteOrderMark))
       return start + byteOrderMark.size();
     if (startsLineComment(start)) return behind("\n", start);
     if (has(start, "/*") && !isDirective(start)) return blockCommentEnd(start);
     return start;
+  }
+
+  std::size_t spaceEnd(std::size_t start) const {
+    std::size_t end = start + 1;
+    if (rules_.verticalTabFollowsBlanks)
+      while (isSpace(at(end)) || at(end) == '\v') ++end;
+    return end;
   }
 
   bool startsLineComment(std::size_t start) const {

@@ -26,6 +26,7 @@ struct LexicalRules {
   /// What follows the digits of a number is a token of its own, not a part of it.
   bool strictNumbers = false;
   bool verticalTabIsBlank = false;
+  bool verticalTabFollowsBlanks = false;  ///< It is white space right behind other white space.
   bool byteOrderMarkIsBlank = false;
   bool triggersHoldStatements = false;  ///< The body of a trigger is made of them.
 

@@ -68,6 +68,7 @@ bool neverUnreadable(std::string_view /*code*/) { return false; }
 LexicalRules rules(std::string_view /*mode*/) {
   return {.backquotedNames = true,
           .bracketedNames = true,
+          .verticalTabFollowsBlanks = true,
           .byteOrderMarkIsBlank = true,
           .triggersHoldStatements = true};
 }
