@@ -108,28 +108,53 @@ std::ptrdiff_t characterCount(std::string_view text) {
   });
 }
 
+// Texts to be found in another one, each where it begins.
+class Forms {
+ public:
+  // REQUIRES: `form` is not empty.
+  void add(std::string form) {
+    begins_[static_cast<unsigned char>(form.front())] = true;
+    forms_.push_back(std::move(form));
+  }
+  void sort() {
+    std::sort(forms_.begin(), forms_.end(), [](const std::string& a, const std::string& b) {
+      return a.size() != b.size() ? a.size() > b.size() : a < b;
+    });
+    forms_.erase(std::unique(forms_.begin(), forms_.end()), forms_.end());
+  }
+  // The length of the longest that stands there, or 0. REQUIRES: sorted, and `at` in the message.
+  std::size_t longest(std::string_view message, std::size_t at) const {
+    if (!begins_[static_cast<unsigned char>(message[at])]) return 0;
+    const auto found = std::find_if(forms_.begin(), forms_.end(), [&](const std::string& form) {
+      return message.compare(at, form.size(), form) == 0;
+    });
+    return found == forms_.end() ? 0 : found->size();
+  }
+
+ private:
+  std::vector<std::string> forms_;
+  std::array<bool, 256> begins_{};  // The first bytes of all of them.
+};
+
 // The texts to be masked: those long enough to be no accident, and the others.
 struct Secrets {
-  std::vector<std::string> anywhere;
-  std::vector<std::string> behindKeys;
-  std::vector<std::string> inQuotes;
+  Forms anywhere;
+  Forms behindKeys;
+  Forms inQuotes;
 
   void add(const std::string& password) {
     if (password.empty()) return;
-    std::vector<std::string>& forms = isShort(password) ? behindKeys : anywhere;
+    Forms& forms = isShort(password) ? behindKeys : anywhere;
     const std::string inBraces = '{' + doubled(password, '}') + '}';
     for (const std::string& form :
          {password, '"' + doubled(password, '"') + '"', inBraces, doubled(password, '}')}) {
-      forms.push_back(form);
-      forms.push_back(doubled(form, '"'));
+      forms.add(form);
+      forms.add(doubled(form, '"'));
     }
     addWords(password);
   }
   void sort() {
-    for (auto* const forms : {&anywhere, &behindKeys, &inQuotes})
-      std::sort(forms->begin(), forms->end(), [](const std::string& a, const std::string& b) {
-        return a.size() != b.size() ? a.size() > b.size() : a < b;
-      });
+    for (Forms* const forms : {&anywhere, &behindKeys, &inQuotes}) forms->sort();
   }
 
  private:
@@ -143,7 +168,7 @@ struct Secrets {
       const std::size_t end = std::min(password.find_first_of(separators), password.size());
       if (end > 0)
         (isShort(password.substr(0, end)) ? inQuotes : anywhere)
-            .emplace_back(password.substr(0, end));
+            .add(std::string(password.substr(0, end)));
       password.remove_prefix(std::min(end + 1, password.size()));
     }
   }
@@ -176,26 +201,19 @@ class Masking {
  private:
   // The length of the secret that begins there, or 0.
   std::size_t secretAt(std::size_t at) const {
-    if (const std::size_t length = longest(secrets_.anywhere, at)) return length;
+    if (const std::size_t length = secrets_.anywhere.longest(message_, at)) return length;
     if (isBehindKey(at)) {
-      const std::size_t length = longest(secrets_.behindKeys, at);
+      const std::size_t length = secrets_.behindKeys.longest(message_, at);
       if (length > 0 && !isWordCharacter(character(at + length))) return length;
     }
     if (at > 0 && message_[at - 1] == '"') {
-      const std::size_t length = longest(secrets_.inQuotes, at);
+      const std::size_t length = secrets_.inQuotes.longest(message_, at);
       if (length > 0 && character(at + length) == '"') return length;
     }
     return 0;
   }
 
   char character(std::size_t at) const { return at < message_.size() ? message_[at] : '\0'; }
-
-  std::size_t longest(const std::vector<std::string>& forms, std::size_t at) const {
-    const auto found = std::find_if(forms.begin(), forms.end(), [&](const std::string& form) {
-      return message_.compare(at, form.size(), form) == 0;
-    });
-    return found == forms.end() ? 0 : found->size();
-  }
 
   bool isBehindKey(std::size_t at) const {
     std::string_view before = trimEnd(message_.substr(0, at));
