@@ -63,7 +63,8 @@ Chord pressedWith(Chord chord, Qt::KeyboardModifiers modifiers) {
   chord.modifiers = modifiers;
   if (modifiers & Qt::ShiftModifier) {
     if (chord.key == Qt::Key_Tab) chord.key = Qt::Key_Backtab;
-    chord.text = chord.text.toUpper();
+    // Not the text's capitals: no key types the two of "ß".
+    for (QChar& character : chord.text) character = character.toUpper();
   }
   if (modifiers & (Qt::ControlModifier | Qt::AltModifier)) chord.text.clear();
   return chord;

@@ -31,6 +31,11 @@ TEST(Chord, ReadsModifiers) {
   expectChord("Alt+o", Qt::Key_O, Qt::AltModifier, {});
 }
 
+TEST(Chord, TypesOneCharacterAtMost) {
+  expectChord("Shift+ä", Qt::Key_Adiaeresis, Qt::ShiftModifier, QStringLiteral("Ä"));
+  expectChord("Shift+ß", Qt::Key_ssharp, Qt::ShiftModifier, QStringLiteral("ß"));
+}
+
 TEST(Chord, ReportsShiftAndTabAsKeyboardsDo) {
   expectChord("Shift+Tab", Qt::Key_Backtab, Qt::ShiftModifier, QStringLiteral("\t"));
 }
