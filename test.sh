@@ -7,7 +7,7 @@
 # dev (the default) tests with the sanitizers and only builds the release; release tests that; all
 # tests both. What is installed of the release is checked each time, and the standard C++ targets are
 # built with the Windows cross compiler; the library for Windows hosts is tested under Wine where its
-# Qt has been built before.
+# Qt has been built before; what reads texts from outside is fuzzed for a minute where clang is.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")"
 
@@ -60,6 +60,8 @@ test_windows() {
 }
 
 status=0
+echo "== fuzz"
+tools/fuzz.sh || status=$?
 echo "== installed"
 tests/install/run.sh build/release || status=$?
 echo "== windows"

@@ -19,6 +19,10 @@ if(VEXNUMKR_SANITIZE)
     -fsanitize=${sanitizers} -fno-sanitize-recover=all -fno-omit-frame-pointer)
   target_link_options(vexnumkr_options INTERFACE -fsanitize=${sanitizers})
 endif()
+# Tells a fuzzer which ways an input has taken.
+if(VEXNUMKR_FUZZ)
+  target_compile_options(vexnumkr_options INTERFACE -fsanitize=fuzzer-no-link)
+endif()
 
 # vexnumkr_core_library(NAME SOURCES ... LINKS ...)
 # A static library of plain standard C++: it sees the public headers and src/, and links no Qt.

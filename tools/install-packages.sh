@@ -13,7 +13,8 @@ set -euo pipefail
 
 build=(cmake g++ libcli11-dev libxlsxwriter-dev ninja-build nlohmann-json3-dev qt6-base-dev)
 runtime=(fonts-liberation libqt6sql6-sqlite)
-testing=(g++-mingw-w64-x86-64-posix libbenchmark-dev libgtest-dev qt6-base-private-dev)
+testing=(g++-mingw-w64-x86-64-posix libbenchmark-dev libgtest-dev libsqlite3-dev
+  qt6-base-private-dev)
 # What checks what is installed.
 installed=(appstream bash-completion binutils desktop-file-utils file jq man-db pkgconf zsh)
 manuals=(fonts-liberation pandoc weasyprint)
@@ -26,9 +27,11 @@ windows=(dpkg-dev g++-mingw-w64-i686-posix g++-mingw-w64-x86-64-posix libwine mi
 # Wine with what its ODBC leads to, a display with a window manager, and a keyboard for it.
 wine=(debootstrap fonts-wine googletest libsqliteodbc odbcinst openbox sqlite3 unixodbc wine wine64
   xdotool xvfb)
-# Of use where the distribution has them: the formatter of the sources, a display of another kind,
-# German texts of Qt itself.
+# Of use where the distribution has them: the formatter of the sources, the compiler for the
+# fuzzers, a display of another kind, German texts of Qt itself.
 formatter=(clang-format-14)
+# The compiler with the fuzzer, and its sanitizers.
+fuzzer=(clang libclang-rt-dev)
 display=()
 [ -n "${WAYLAND_DISPLAY:-}" ] && display=(qt6-wayland)
 translations=(qt6-translations-l10n)
@@ -40,7 +43,7 @@ case "${1:-}" in
     ;;
   test)
     needed=("${build[@]}" "${runtime[@]}" "${testing[@]}" "${engines[@]}" "${installed[@]}")
-    welcome=("${formatter[@]}")
+    welcome=("${formatter[@]}" "${fuzzer[@]}")
     ;;
   package)
     needed=("${build[@]}" "${manuals[@]}" "${packaging[@]}")

@@ -27,4 +27,5 @@ endfunction()
 foreach(engine IN LISTS VEXNUMKR_ENGINE_NAMES)
   include("${PROJECT_SOURCE_DIR}/src/engines/${engine}/test_databases.cmake")
 endforeach()
-configure_file(support/test_engines.h.in generated/support/test_engines.h @ONLY)
+configure_file("${CMAKE_CURRENT_LIST_DIR}/test_engines.h.in"
+  "${PROJECT_BINARY_DIR}/tests/generated/support/test_engines.h" @ONLY)
