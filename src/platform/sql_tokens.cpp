@@ -67,7 +67,7 @@ class Scanner {
     if (rules_.byteOrderMarkIsBlank && has(start, byteOrderMark))
       return start + byteOrderMark.size();
     if (startsLineComment(start)) return behind("\n", start);
-    if (has(start, "/*") && !isDirective(start)) return blockCommentEnd(start);
+    if (startsBlockComment(start)) return blockCommentEnd(start);
     return start;
   }
 
@@ -83,6 +83,12 @@ class Scanner {
     if (!has(start, "--")) return false;
     return !rules_.dashesNeedBlank || start + 2 == sql_.size() || sql_[start + 2] == ' ' ||
            isControl(sql_[start + 2]);
+  }
+
+  // With nothing behind it, it is a mistake, which the engine is to see.
+  bool startsBlockComment(std::size_t start) const {
+    const bool hasContent = start + 2 < sql_.size() || rules_.executableComments;
+    return has(start, "/*") && hasContent && !isDirective(start);
   }
 
   bool isDirective(std::size_t start) const {

@@ -67,6 +67,7 @@ TEST(SqlTokens, GoOnToTheEndWhenUnclosed) {
   EXPECT_EQ(tokensOf("a [b; c"), (Texts{"a", "[b; c"}));
   EXPECT_EQ(tokensOf("a /* b; c"), (Texts{"a"}));
   EXPECT_EQ(tokensOf("a /*/ b; c"), (Texts{"a"}));
+  EXPECT_EQ(tokensOf("a /*"), (Texts{"a", "/", "*"})) << "which is a mistake for the engine to see";
 }
 
 TEST(SqlTokens, KnowNumbers) {
