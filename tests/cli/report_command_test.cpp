@@ -57,7 +57,8 @@ TEST_F(ReportCommandTest, ItsFiguresAreThoseOfTheDatabase) {
                  {"NSchl", "Buchungskreis", "StartWert", "AktuellerWert", "EndWert", "Frei"}));
   EXPECT_EQ(found(page, R"re(<tr class="(\w+)" data-key)re"),
             (Lines{"fine", "warning", "critical"}));
-  EXPECT_EQ(found(page, R"re(<span style="width:([\d.]+)%">)re"), (Lines{"49.5", "90.0", "100.0"}));
+  EXPECT_EQ(found(page, R"re(<div class="bar"><span style="width:([\d.]+)%">)re"),
+            (Lines{"49.5", "90.0", "100.0"}));
   EXPECT_EQ(found(page, R"re(data-critical="(\d+)" data-warnings="(\d+)")re"), Lines{"1|2"});
 }
 
@@ -66,8 +67,21 @@ TEST_F(ReportCommandTest, SequencesShowTheirRangesAndWhatIsFree) {
             (Lines{"range|1–100", "gap|100 frei", "range|201–301", "range|302–402"}));
 }
 
+TEST_F(ReportCommandTest, SequencesAreLinesToScale) {
+  EXPECT_EQ(found(report(), R"re(style="left:([\d.]+)%;width:([\d.]+)%" title="([\d–]+) )re"
+                            R"re([^"]*"><i style="width:([\d.]+)%">)re"),
+            (Lines{"0.000|24.688|1–100|49.495", "49.875|24.938|201–301|90.000",
+                   "75.062|24.938|302–402|100.000"}));
+}
+
+TEST_F(ReportCommandTest, CirclesInARowAreShort) {
+  for (int number : {1, 2, 4, 5, 6, 8}) assign("Max", number, "RE");
+  EXPECT_EQ(found(report(), R"re(<tr data-user="(Max)">.*?<b>(\w+)</b>: ([\d– ]+)</span>)re"),
+            Lines{"Max|RE|1 2 4–6 8"});
+}
+
 TEST_F(ReportCommandTest, UsersHaveTheirRanges) {
-  EXPECT_EQ(found(report(), R"re(<tr data-user="(\w+)">.*?<b>(\w+)</b>: ([\d ]+);)re"),
+  EXPECT_EQ(found(report(), R"re(<tr data-user="(\w+)">.*?<b>(\w+)</b>: ([\d–, ]+)</span>)re"),
             (Lines{"ALL|RE|0", "Anna|RE|1"}));
 }
 

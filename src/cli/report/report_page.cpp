@@ -48,9 +48,9 @@ std::string escaped(const std::string& text) {
   return result;
 }
 
-std::string percentText(double percent, char point) {
+std::string percentText(double percent, char point, int decimals = 1) {
   std::ostringstream text;
-  text << std::fixed << std::setprecision(1) << percent;
+  text << std::fixed << std::setprecision(decimals) << percent;
   std::string result = text.str();
   std::replace(result.begin(), result.end(), '.', point);
   return result;
@@ -145,10 +145,9 @@ class ReportWriter {
          << escaped(range.key) << ")</td><td>" << escaped(company_.circleName(range.circle))
          << "</td><td class=\"number\">" << *range.start << "</td><td class=\"number\">"
          << *range.end << "</td><td class=\"number\">" << *range.current
-         << "</td><td class=\"number\">" << grouped(level.left()) << "</td><td>"
-         << percentText(level.percent(), ',')
-         << " %<div class=\"bar\"><span style=\"width:" << percent
-         << "%\"></span></div></td></tr>\n";
+         << "</td><td class=\"number\">" << grouped(level.left())
+         << "</td><td class=\"level\"><div class=\"bar\"><span style=\"width:" << percent
+         << "%\"></span></div>" << percentText(level.percent(), ',') << " %</td></tr>\n";
   }
 
   void writeSequences() {
@@ -156,9 +155,9 @@ class ReportWriter {
     for (const Range& range : company_.ranges)
       if (range.active && range.start && range.end && *range.start < *range.end)
         sequences[range.sequence()].push_back(&range);
-    out_ << "<section id=\"folgen\">\n<h2>Nummernfolgen</h2>\n<p class=\"soft\">Jede Folge mit "
-            "ihren "
-            "Nummernkreisen und den freien Nummern dazwischen, nicht maßstäblich.</p>\n";
+    out_ << "<section id=\"folgen\">\n<h2>Nummernfolgen</h2>\n<p class=\"soft\">Jede Folge als "
+            "Zahlenstrahl vom ersten bis zum letzten Nummernkreis, darunter die Nummernkreise und "
+            "die freien Nummern dazwischen.</p>\n";
     for (auto& [key, ranges] : sequences) {
       std::stable_sort(ranges.begin(), ranges.end(),
                        [](const Range* a, const Range* b) { return *a->start < *b->start; });
@@ -167,8 +166,17 @@ class ReportWriter {
     out_ << "</section>\n";
   }
 
+  // The description that most likely stands for the whole sequence is that of its own key.
+  static std::string titleOf(const std::string& key, const std::vector<const Range*>& ranges) {
+    const auto own = std::find_if(ranges.begin(), ranges.end(),
+                                  [&](const Range* range) { return range->key == key; });
+    return own == ranges.end() ? key : (*own)->description + " (" + key + ")";
+  }
+
   void writeSequence(const std::string& key, const std::vector<const Range*>& ranges) {
-    out_ << "<h3>" << escaped(key) << "</h3>\n<ol class=\"line\">\n";
+    out_ << "<div class=\"sequence\"><h3>" << escaped(titleOf(key, ranges)) << "</h3>\n";
+    writeScale(ranges);
+    out_ << "<ol class=\"line\">\n";
     std::int64_t next = *ranges.front()->start;
     for (const Range* range : ranges) {
       if (*range->start > next)
@@ -179,7 +187,38 @@ class ReportWriter {
            << escaped(company_.circleName(range->circle)) << "</li>\n";
       next = std::max(next, std::int64_t{*range->end} + 1);
     }
-    out_ << "</ol>\n";
+    out_ << "</ol></div>\n";
+  }
+
+  // Where each range lies between the first number and the last, and how much of it is issued. A
+  // range that is too short to be seen is shown at its least width.
+  void writeScale(const std::vector<const Range*>& ranges) {
+    const std::int64_t first = *ranges.front()->start;
+    std::int64_t last = first;
+    for (const Range* range : ranges) last = std::max(last, std::int64_t{*range->end});
+    const auto percentOf = [&](std::int64_t numbers, std::int64_t all) {
+      return percentText(100.0 * static_cast<double>(numbers) / static_cast<double>(all), '.', 3);
+    };
+    out_ << "<div class=\"scale\">";
+    for (const Range* range : ranges) {
+      const std::int64_t numbers = std::int64_t{*range->end} - *range->start;
+      const std::int64_t issued = std::clamp<std::int64_t>(
+          range->current ? std::int64_t{*range->current} - *range->start : 0, 0, numbers);
+      out_ << "<span class=\"" << classOf(*range)
+           << "\" style=\"left:" << percentOf(*range->start - first, last - first)
+           << "%;width:" << percentOf(numbers, last - first) << "%\" title=\"" << *range->start
+           << "–" << *range->end << ' ' << escaped(company_.circleName(range->circle))
+           << "\"><i style=\"width:" << percentOf(issued, numbers) << "%\"></i></span>";
+    }
+    out_ << "</div>\n";
+  }
+
+  // Assignments name circles by their numbers.
+  void writeCircles() {
+    out_ << "<p class=\"soft\">Buchungskreise: 0 Standard";
+    for (const numbers::Circle& circle : company_.circles)
+      out_ << ", " << circle.number << ' ' << escaped(circle.description);
+    out_ << "</p>\n";
   }
 
   // The keys of each user with their circles; assignments come by circle, key and user.
@@ -191,9 +230,10 @@ class ReportWriter {
       if (circles.empty() || circles.back() != assignment.circle)
         circles.push_back(assignment.circle);
     }
-    out_
-        << "<section id=\"benutzer\">\n<h2>Benutzer und ihre Nummernkreise</h2>\n<table>\n<thead>"
-           "<tr><th>Benutzer</th><th>Nummernschlüssel: Buchungskreise</th></tr></thead>\n<tbody>\n";
+    out_ << "<section id=\"benutzer\">\n<h2>Benutzer und ihre Nummernkreise</h2>\n";
+    writeCircles();
+    out_ << "<table>\n<thead><tr><th>Benutzer</th><th>Nummernschlüssel: Buchungskreise</th></tr>"
+            "</thead>\n<tbody>\n";
     for (const auto& [user, keys] : users) {
       const bool isCommon = user == numbers::everybody;
       out_ << "<tr data-user=\"" << escaped(user) << "\"><td>"
@@ -206,9 +246,15 @@ class ReportWriter {
   }
 
   void writeKey(const std::string& key, const std::vector<std::int32_t>& circles) {
-    out_ << "<b>" << escaped(key) << "</b>:";
-    for (const std::int32_t circle : circles) out_ << ' ' << circle;
-    out_ << "; ";
+    out_ << "<span class=\"key\"><b>" << escaped(key) << "</b>:";
+    for (std::size_t first = 0; first < circles.size();) {
+      std::size_t last = first;
+      while (last + 1 < circles.size() && circles[last + 1] == circles[last] + 1) ++last;
+      out_ << ' ' << circles[first];
+      if (last > first) out_ << (last == first + 1 ? " " : "–") << circles[last];
+      first = last + 1;
+    }
+    out_ << "</span> ";
   }
 
   std::ostream& out_;

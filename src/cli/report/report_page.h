@@ -15,9 +15,9 @@ struct ReportHeading {
   std::string database;  ///< without a password
 };
 
-/// Writes the page: findings first, then the fill level of each range, each sequence as a line of
-/// its ranges and the free numbers between them, and the users with their ranges. No script and no
-/// network; light or dark as its reader has it, and on paper light.
+/// Writes the page: findings first, then the fill level of each range, each sequence as a number
+/// line to scale with its ranges and the free numbers between them, and the users with their
+/// ranges. No script and no network; light or dark as its reader has it, and on paper light.
 ///
 /// The rows of the fill levels carry their figures as attributes (data-key, data-circle,
 /// data-start, data-current, data-end, data-left), for programs.

@@ -18,24 +18,37 @@ table { width: 100%; border-collapse: collapse; font-variant-numeric: tabular-nu
 th, td { padding: .3rem .6rem; border-bottom: 1px solid var(--line); text-align: left;
   vertical-align: top; }
 th { color: var(--soft); font-weight: 600; } .number { text-align: right; }
-.bar { min-width: 8rem; height: .8rem; margin-top: .35rem; background: var(--free);
-  border: 1px solid var(--line); border-radius: .2rem; overflow: hidden; }
+.level { white-space: nowrap; }
+.bar { display: inline-block; vertical-align: baseline; width: 8rem; height: .75rem;
+  margin-right: .6rem; background: var(--free); border: 1px solid var(--line);
+  border-radius: .2rem; overflow: hidden; }
 .bar span { display: block; height: 100%; background: var(--bar); }
 .warning .bar span { background: var(--warn); } .critical .bar span { background: var(--bad); }
 ul.findings { padding: 0; list-style: none; }
 ul.findings li { margin: .3rem 0; padding: .3rem .7rem; border-left: .3rem solid var(--warn); }
 ul.findings li.critical { border-color: var(--bad); }
 ul.findings b { color: var(--warn); } ul.findings .critical b { color: var(--bad); }
+.scale { position: relative; height: .75rem; margin: .4rem 0; background: var(--ground);
+  border-bottom: 1px solid var(--soft); border-left: 1px solid var(--soft);
+  border-right: 1px solid var(--soft); }
+.scale span { position: absolute; bottom: 0; height: .6rem; min-width: 3px;
+  background: var(--free); border: 1px solid var(--bar); border-bottom: 0; }
+.scale i { display: block; height: 100%; background: var(--bar); }
+.scale .warning { border-color: var(--warn); } .scale .critical { border-color: var(--bad); }
+.scale .warning i { background: var(--warn); } .scale .critical i { background: var(--bad); }
+.key { display: inline-block; min-width: 6.5rem; margin-right: .6rem; }
 ol.line { display: flex; flex-wrap: wrap; align-items: stretch; gap: .2rem 0; margin: .3rem 0;
   padding: 0; list-style: none; font-variant-numeric: tabular-nums; }
 ol.line li { padding: .2rem .6rem; border: 1px solid var(--line); font-size: .85rem; }
 ol.line .range { background: var(--free); border-top: .25rem solid var(--bar); }
 ol.line .gap { border-style: dashed; color: var(--soft); }
 ol.line .overlap { border-color: var(--bad); color: var(--bad); }
+@page { margin: 14mm; @bottom-right { content: counter(page) " / " counter(pages);
+  font: 9pt sans-serif; } }
 @media print { :root { --ground: #fff; --text: #000; --soft: #444; --line: #999; --bar: #2f6fb2;
   --warn: #9a6700; --bad: #b42318; --free: #eef2f6; }
-  body { margin: 0; max-width: none; font-size: 10pt; } tr, li, h3 { break-inside: avoid; }
-  h2, h3 { break-after: avoid; } .bar, .bar span, ol.line .range {
+  body { margin: 0; max-width: none; font-size: 10pt; } tr, li, .sequence { break-inside: avoid; }
+  h2, h3 { break-after: avoid; } .bar, .bar span, .scale span, .scale i, ol.line .range {
   print-color-adjust: exact; -webkit-print-color-adjust: exact; } }
 )css";
 
