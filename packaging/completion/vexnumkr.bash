@@ -24,4 +24,7 @@ _vexnumkr() {
     awk '/^Befehle:/ { on = 1 } /^$/ { on = 0 } on && /^  [a-z]/ { print $1 }
       match($0, /^ +(-[a-zA-Z],)?--[a-z-]+/) { sub(/^ +(-[a-zA-Z],)?/, ""); sub(/ .*/, ""); print }')
   mapfile -t COMPREPLY < <(compgen -W "$offered" -- "$cur")
+  case ${command[0]-} in
+    import | diff) [[ $cur == -* ]] || _filedir ;;
+  esac
 } && complete -F _vexnumkr vexnumkr

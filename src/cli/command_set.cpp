@@ -116,7 +116,8 @@ void Command::addChoice(const OptionText& text, std::string& value,
       ->check([choices](const std::string& given) {
         const bool isOne = std::find(choices.begin(), choices.end(), given) != choices.end();
         return isOne ? std::string()
-                     : "muss " + listOf(choices) + " sein, nicht \"" + given + "\".";
+                     : "muss " + listOf(choices) + " sein, nicht \"" + given + "\"." +
+                           probably(given, choices);
       });
 }
 

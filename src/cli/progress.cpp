@@ -26,6 +26,10 @@ Progress::~Progress() {
   if (isTerminal_) std::cerr << "\r\033[K" << std::flush;
 }
 
+void Progress::show() {
+  if (isTerminal_) std::cerr << '\r' << what_ << "\033[K" << std::flush;
+}
+
 void Progress::show(std::uint64_t done) {
   constexpr std::int64_t pause = 200;
   if (!isTerminal_ || milliseconds() - shownAt_ < pause) return;

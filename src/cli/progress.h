@@ -15,6 +15,8 @@ class Progress {
   Progress(const Progress&) = delete;
   Progress& operator=(const Progress&) = delete;
 
+  /// Says what goes on, without a number.
+  void show();
   /// So much is done; written a few times a second at most.
   void show(std::uint64_t done);
 

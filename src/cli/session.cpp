@@ -7,6 +7,7 @@
 
 #include "app/command_line.h"
 #include "app/connection_file.h"
+#include "cli/progress.h"
 #include "cli/usage_error.h"
 
 namespace vexnumkr::cli {
@@ -30,6 +31,13 @@ Connection& Session::connection() {
     connection_ = openQtSqlConnection(connectionText_);
   }
   return *connection_;
+}
+
+numbers::Company Session::company() {
+  Connection& database = connection();
+  Progress progress("Nummernkreise werden gelesen …");
+  progress.show();
+  return numbers::readCompany(database, application());
 }
 
 std::string Session::readConnectionText() const {

@@ -7,6 +7,7 @@
 #include <string>
 
 #include <vexnumkr/database.h>
+#include <vexnumkr/number_company.h>
 
 #include "cli/json.h"
 
@@ -33,6 +34,9 @@ class Session {
   bool hasConnection() const;
   /// The connection string, empty until it is read.
   const std::string& connectionText() const { return connectionText_; }
+
+  /// What the database holds, read anew; a terminal is told of it. Errors: of readCompany.
+  numbers::Company company();
 
   /// 1 where none is named.
   std::int32_t application() const { return options_.application == "2" ? 2 : 1; }

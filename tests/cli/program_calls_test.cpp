@@ -51,6 +51,13 @@ INSTANTIATE_TEST_SUITE_P(
                   "--count muss eine Zahl von 1 bis 1000000 sein, nicht \"0\"."},
         WrongCall{"draw --application 1 --user Anna --key RE --circle 1x",
                   "--circle muss eine Zahl"},
+        WrongCall{"check --application 1 --format nagois",
+                  "--format muss table, json, nagios oder openmetrics sein, nicht \"nagois\". "
+                  "Gemeint ist vielleicht nagios."},
+        WrongCall{"report --application 1 -o bericht.doc",
+                  "--output muss auf .html oder .pdf enden, nicht \"bericht.doc\"."},
+        WrongCall{"journal instal",
+                  "Den Befehl \"instal\" gibt es hier nicht. Gemeint ist vielleicht install."},
         WrongCall{"draw --application 1 --user Anna --key", "Die Option --key braucht genau einen"},
         WrongCall{"draw --application 1 --user Anna --key RE", "Es fehlt die Verbindung"},
         WrongCall{"draw --application 1 --user Anna --key RE --connection-file /nirgends",
@@ -96,7 +103,7 @@ TEST(ProgramCallsTest, EveryHelpBeginsWithAnExample) {
         QStringLiteral("Beispiel:\n  vexnumkr ") + called.join(QLatin1Char(' '));
     EXPECT_TRUE(help.startsWith(example)) << help.toStdString();
   });
-  EXPECT_GE(commands, 11);
+  EXPECT_GE(commands, 15);
 }
 
 TEST(ProgramCallsTest, TheManualKnowsEveryCommandAndOption) {

@@ -179,7 +179,7 @@ int runCheck(Session& session, const CheckOptions& asked) {
   if (options.check.warnPercent > options.check.criticalPercent)
     throw UsageError("--warn darf nicht über --critical liegen.");
   if (session.json()) options.format = "json";
-  const Company company = numbers::readCompany(session.connection(), session.application());
+  const Company company = session.company();
   const CheckResult result = numbers::check(company, options.check);
   const CheckPrinter printer(session, company, result, options.check);
   if (options.format == "nagios") {

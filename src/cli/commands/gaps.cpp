@@ -221,9 +221,21 @@ void readFile(const std::string& file, numbers::UsedNumbers& used, Printer& prin
   readLines(lines, used, printer);
 }
 
+void readSelect(Connection& connection, const std::string& source, numbers::UsedNumbers& used) {
+  Progress progress("Nummern gelesen:");
+  try {
+    numbers::addSelected(used, connection, withoutSemicolon(source),
+                         [&](std::uint64_t read) { progress.show(read); });
+  } catch (const Error& error) {
+    throw Error(error.number(), error.source(),
+                error.description() +
+                    "\nGefragt wurde nach den Nummern von --numbers-from; ihre Spalte muss Nummer "
+                    "heißen.");
+  }
+}
+
 int runGaps(Session& session, const GapOptions& options) {
-  const numbers::Company company =
-      numbers::readCompany(session.connection(), session.application());
+  const numbers::Company company = session.company();
   const auto ranges =
       numbers::rangesToCompare(company, options.key, options.circle ? &*options.circle : nullptr);
   if (ranges.empty())
@@ -231,9 +243,7 @@ int runGaps(Session& session, const GapOptions& options) {
   Printer printer(session, company);
   numbers::UsedNumbers used;
   if (isSelect(options.source)) {
-    Progress progress("Nummern gelesen:");
-    numbers::addSelected(used, session.connection(), withoutSemicolon(options.source),
-                         [&](std::uint64_t read) { progress.show(read); });
+    readSelect(session.connection(), options.source, used);
   } else {
     readFile(options.source, used, printer);
   }

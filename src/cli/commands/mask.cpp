@@ -90,8 +90,7 @@ int explain(Session& session, const MaskOptions& asked) {
   if (options.date.empty()) options.date = today();
   const MaskNumbers numbers = read(options);
   std::optional<Company> company;
-  if (session.hasConnection())
-    company = numbers::readCompany(session.connection(), session.application());
+  if (session.hasConnection()) company = session.company();
   const auto overlaps =
       company ? overlapping(*company, numbers, options.key) : std::vector<const Range*>();
   if (session.json()) {

@@ -68,11 +68,13 @@ void printPdf(const QString& page, const std::string& file) {
 int runReport(Session& session, const ReportOptions& asked) {
   ReportOptions options = asked;
   if (options.check.date.empty()) options.check.date = today();
-  const numbers::Company company =
-      numbers::readCompany(session.connection(), session.application());
+  const bool asPdf = options.file.ends_with(".pdf");
+  if (!asPdf && !options.file.ends_with(".html"))
+    throw UsageError("--output muss auf .html oder .pdf enden, nicht \"" + options.file + "\".");
+  const numbers::Company company = session.company();
   const numbers::CheckResult result = numbers::check(company, options.check);
   const ReportHeading heading{options.check.date, databaseName(session)};
-  if (options.file.ends_with(".pdf")) {
+  if (asPdf) {
     const QTemporaryDir folder;
     const QString page = folder.filePath(QStringLiteral("bericht.html"));
     writePage(page.toStdString(), company, result, heading);

@@ -91,9 +91,8 @@ int runRollover(Session& session, const RolloverOptions& options) {
   const std::string date = options.date.empty() ? today() : options.date;
   const bool apply = options.apply && !session.dryRun();
   Connection& connection = session.connection();
-  const RolloverPlan plan =
-      apply ? numbers::applyRollover(connection, session.application(), date)
-            : numbers::planRollover(numbers::readCompany(connection, session.application()), date);
+  const RolloverPlan plan = apply ? numbers::applyRollover(connection, session.application(), date)
+                                  : numbers::planRollover(session.company(), date);
   const bool applied = apply && plan.isPossible();
   if (session.json()) {
     Json document{{"date", date}, {"applied", applied}};

@@ -78,7 +78,7 @@ std::string countOf(const std::vector<Change>& changes) {
 }
 
 int runExport(Session& session, const TransferOptions& options) {
-  const Company company = numbers::readCompany(session.connection(), session.application());
+  const Company company = session.company();
   const bool toScreen = options.file == "-";
   if (options.format != "json") {
     if (toScreen)
@@ -103,7 +103,7 @@ int runDiff(Session& session, const TransferOptions& options) {
   const Company wanted = readWanted(session, options);
   numbers::TransferOptions all = options.transfer;
   all.removeOthers = true;
-  const Company stored = numbers::readCompany(session.connection(), session.application());
+  const Company stored = session.company();
   const std::vector<Change> changes = numbers::differences(stored, wanted, all);
   if (session.json()) {
     session.printDocument({{"changes", listOf(changes)}});
