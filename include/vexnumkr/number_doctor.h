@@ -21,8 +21,9 @@ struct Diagnosis {
 
 /// Looks at the tables and their columns, NULLs that keep the dialog from opening, whether the user
 /// of the connection may read and write, whether keys, texts and truth values are what the dialog
-/// takes them for, whether a roll-back takes everything back, whether a second connection can be
-/// opened, the users and the server's clock. Everything, whatever fails.
+/// takes them for, settings that change texts, whether others see what is not committed, whether a
+/// roll-back takes everything back, whether a second connection can be opened, the users and the
+/// server's clock. Everything, whatever fails.
 ///
 /// Rows are written for that in a transaction that is rolled back; their booking circle is the
 /// lowest number of all, their key "~vexnumkr". Where the roll-back does not work they are deleted

@@ -6,6 +6,7 @@
 
 #include "numbers/doctor/probes.h"
 #include "numbers/query.h"
+#include "numbers/sql/literals.h"
 
 namespace vexnumkr::numbers {
 namespace {
@@ -153,6 +154,49 @@ class Doctor {
     add("key", "Primärschlüssel",
         takesTwice ? "Nummernkreise nimmt denselben Nummernkreis zweimal auf." : "",
         "Nummernkreise braucht den Primärschlüssel (Buchungskreis, NSchl).");
+    add("settings", "Einstellungen", settingsProblem(),
+        "Auf MariaDB sql_mode mit NO_BACKSLASH_ESCAPES und einen Zeichensatz, der alle Texte "
+        "aufnimmt (utf8mb4); auf PostgreSQL standard_conforming_strings = on.");
+    add("isolation", "Isolation", isolationProblem(),
+        "Andere dürfen erst sehen, was bestätigt ist, und müssen solange lesen können: auf MariaDB "
+        "transaction_isolation = REPEATABLE-READ, auf SQLite locking_mode = NORMAL.");
+  }
+
+  // Settings of the session that change what is stored show in texts.
+  std::string settingsProblem() {
+    if (connection_.BackslashEscapes())
+      return "In Texten hat der Rückstrich eine Bedeutung; was der Dialog schreibt, würde "
+             "verändert.";
+    const std::string written = "C:\\neu \"5 €\" it's";
+    std::string read;
+    const std::string failure = messageOf([&] {
+      execute(connection_, probe::describeRange(probeKey, Literals(connection_).text(written)));
+      read = textOf(*select(connection_, probe::readRange(probeKey)), "NBezeichnung");
+    });
+    if (!failure.empty()) return failure;
+    return read == written ? std::string() : "Aus " + written + " wurde " + read + ".";
+  }
+
+  // What is written but not committed is still there on this connection.
+  std::string isolationProblem() {
+    constexpr std::int32_t longestWait = 2;
+    std::int32_t seen = 0;
+    const std::string failure = messageOf([&] {
+      const auto second = openSecond();
+      second->CommandTimeout(longestWait);
+      seen = select(*second, probe::countRanges(probeKey))->Fields("Anzahl").toLong();
+      second->Close();
+    });
+    if (!failure.empty()) return "Wer gleichzeitig liest, muss warten: " + failure;
+    return seen == 0 ? std::string() : "Andere sehen, was noch nicht bestätigt ist.";
+  }
+
+  std::unique_ptr<Connection> openSecond() {
+    auto second = connection_.createConnection();
+    if (second == nullptr) throw Error::objectNotSet();
+    second->ConnectionString(connection_.ConnectionString());
+    second->Open({}, {}, ado::unspecified);
+    return second;
   }
 
   std::string typeProblem() {
@@ -181,13 +225,7 @@ class Doctor {
   }
 
   std::string secondConnectionProblem() {
-    return messageOf([&] {
-      const auto second = connection_.createConnection();
-      if (second == nullptr) throw Error::objectNotSet();
-      second->ConnectionString(connection_.ConnectionString());
-      second->Open({}, {}, ado::unspecified);
-      second->Close();
-    });
+    return messageOf([&] { openSecond()->Close(); });
   }
 
   std::string clockProblem() {

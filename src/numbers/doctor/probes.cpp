@@ -53,6 +53,10 @@ std::string updateRange(const std::string& key) {
   return "UPDATE Nummernkreise SET AktuellerWert = 1" + atRange(key);
 }
 
+std::string describeRange(const std::string& key, const std::string& literal) {
+  return "UPDATE Nummernkreise SET NBezeichnung = " + literal + atRange(key);
+}
+
 std::string readRange(const std::string& key) {
   return "SELECT NBezeichnung, StartWert, AktuellerWert, EndWert, Aktiviert FROM Nummernkreise" +
          atRange(key);

@@ -29,6 +29,8 @@ std::string serverDate();
 /// A range of the probe's with that key.
 std::string insertRange(const std::string& key);
 std::string updateRange(const std::string& key);
+/// Gives it a description, written as `literal`.
+std::string describeRange(const std::string& key, const std::string& literal);
 /// Its values, and how many the key finds, as Anzahl.
 std::string readRange(const std::string& key);
 std::string countRanges(const std::string& key);
