@@ -47,5 +47,6 @@ void addTableCases(Comparisons& comparisons, const Scale& scale);
 void addGridCases(Comparisons& comparisons, const Scale& scale);
 void addDialogCases(Comparisons& comparisons, const Scale& scale);
 void addEditorCases(Comparisons& comparisons, const Scale& scale);
+void addNumbersCases(Comparisons& comparisons, const Scale& scale);
 
 }  // namespace vexnumkr::bench

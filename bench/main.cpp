@@ -24,6 +24,7 @@
 //   grid            the tree grid filled, painted, scrolled through, and edited
 //   dialog          from Init to the window on the screen
 //   editor          the sample company loaded, a hundred rows changed, saved
+//   numbers         a company read and checked, and reported on; a number drawn
 //   dialog_least    the statements of the dialog through the bare driver, and Qt's plain controls
 //   editor_least    the statements of that task through the bare driver
 //
@@ -69,6 +70,7 @@ Comparisons allComparisons(const Scale& scale) {
   addGridCases(all, scale);
   addDialogCases(all, scale);
   addEditorCases(all, scale);
+  addNumbersCases(all, scale);
   return all;
 }
 

@@ -38,6 +38,8 @@ class RangeDirectory {
   bool isUsable(const Range& range) const {
     return usable_.contains(place(range.circle, numbers_.at(range.key)));
   }
+  /// Those of numberOf are below it.
+  std::size_t keyCount() const { return numbers_.size(); }
   /// The keys with a range to draw from, ascending.
   const std::vector<std::string>& usableKeys() const { return keys_; }
   std::optional<KeyNumber> numberOf(const std::string& key) const {
@@ -65,52 +67,71 @@ struct Served {
   std::int32_t usable = 0;
 };
 
-using ServedKeys = std::unordered_map<KeyNumber, Served>;
+// Somebody who is assigned ranges, or could be; by the numbers of the keys.
+struct Drawer {
+  bool isUser = false;
+  std::vector<Served> served;
+};
+
+// What the assignments of one range have in common.
+struct Place {
+  const Range* range = nullptr;
+  bool isUsable = false;
+  std::optional<KeyNumber> key{};  ///< where assignments to it count
+};
 
 class AssignmentCheck {
  public:
   AssignmentCheck(const Company& company, std::vector<Finding>& findings)
-      : company_(company),
-        directory_(company),
-        users_(company.users.begin(), company.users.end()),
-        findings_(findings) {
+      : company_(company), directory_(company), findings_(findings) {
     circles_.insert(0);
     for (const Circle& circle : company.circles) circles_.insert(circle.number);
+    for (const std::string& user : company.users) drawers_[user].isUser = true;
   }
 
+  // They come by circle, key and user.
   void run() {
     const Assignment* previous = nullptr;
+    Place place;
     for (const Assignment& assignment : company_.assignments) {
-      const bool isRepeated = previous != nullptr && previous->circle == assignment.circle &&
-                              previous->key == assignment.key && previous->user == assignment.user;
-      if (!isRepeated) examine(assignment);
+      const bool isSamePlace = previous != nullptr && previous->circle == assignment.circle &&
+                               previous->key == assignment.key;
+      const bool isRepeated = isSamePlace && previous->user == assignment.user;
+      if (!isSamePlace) place = placeOf(assignment);
+      if (!isRepeated) examine(assignment, place);
       previous = &assignment;
     }
     for (const std::string& user : company_.users) examine(user);
   }
 
  private:
-  void examine(const Assignment& assignment) {
-    const Range* const range = directory_.find(assignment.circle, assignment.key);
-    if (range == nullptr) {
+  // Assignments in circles of others do not count, nor do those of keys that there are none of.
+  Place placeOf(const Assignment& assignment) const {
+    Place place;
+    place.range = directory_.find(assignment.circle, assignment.key);
+    place.isUsable = place.range != nullptr && directory_.isUsable(*place.range);
+    if (circles_.contains(assignment.circle)) place.key = directory_.numberOf(assignment.key);
+    return place;
+  }
+
+  void examine(const Assignment& assignment, const Place& place) {
+    if (place.range == nullptr) {
       add(assignment, FindingKind::assignmentWithoutRange,
           "Diesen Nummernkreis gibt es nicht (mehr).");
-    } else if (!directory_.isUsable(*range)) {
+    } else if (!place.isUsable) {
       add(assignment, FindingKind::assignmentOfInactiveRange,
           "Dieser Nummernkreis ist nicht aktiviert.");
     }
-    if (assignment.user != everybody && !users_.contains(assignment.user))
+    Drawer& drawer = drawers_[assignment.user];
+    if (!drawer.isUser && assignment.user != everybody)
       add(assignment, FindingKind::assignmentWithoutUser, "Diesen Benutzer gibt es nicht (mehr).");
-    count(assignment, range);
+    if (place.key) count(drawer, *place.key, place.isUsable);
   }
 
-  // Assignments in circles of others do not count, nor do those of keys that there are none of.
-  void count(const Assignment& assignment, const Range* range) {
-    const auto key = directory_.numberOf(assignment.key);
-    if (!key || !circles_.contains(assignment.circle)) return;
-    Served& served = served_[assignment.user][*key];
-    ++served.assigned;
-    if (range != nullptr && directory_.isUsable(*range)) ++served.usable;
+  void count(Drawer& drawer, KeyNumber key, bool isUsable) const {
+    if (drawer.served.empty()) drawer.served.resize(directory_.keyCount());
+    ++drawer.served[key].assigned;
+    if (isUsable) ++drawer.served[key].usable;
   }
 
   void add(const Assignment& assignment, FindingKind kind, const std::string& text) {
@@ -144,10 +165,10 @@ class AssignmentCheck {
 
   Served servedWith(const std::string& user, KeyNumber key) const {
     for (const std::string& name : {user, std::string(everybody)}) {
-      const auto keys = served_.find(name);
-      if (keys == served_.end()) continue;
-      const auto served = keys->second.find(key);
-      if (served != keys->second.end()) return served->second;
+      const auto drawer = drawers_.find(name);
+      if (drawer == drawers_.end() || drawer->second.served.empty()) continue;
+      const Served served = drawer->second.served[key];
+      if (served.assigned > 0) return served;
     }
     return {};
   }
@@ -170,9 +191,8 @@ class AssignmentCheck {
 
   const Company& company_;
   RangeDirectory directory_;
-  std::unordered_set<std::string> users_;
   std::unordered_set<std::int32_t> circles_;
-  std::unordered_map<std::string, ServedKeys> served_;
+  std::unordered_map<std::string, Drawer> drawers_;
   std::vector<Finding>& findings_;
 };
 
