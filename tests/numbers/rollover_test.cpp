@@ -1,6 +1,8 @@
 // Turning the year without the dialog, and with it: the same ranges are stored.
 #include <gtest/gtest.h>
 
+#include <random>
+
 #include <vexnumkr/adapters.h>
 #include <vexnumkr/number_rollover.h>
 
@@ -76,6 +78,36 @@ TEST_F(RolloverTest, StoresWhatTheDialogsButtonStores) {
   for (const std::string& row : stored())
     if (row != "1|AN|0|0|0") dialogs.push_back(row);  // it also stores what it shows empty
   EXPECT_EQ(dialogs, ours);
+}
+
+TEST_F(RolloverTest, StoresTheSameForRandomMasks) {
+  const unsigned seed = std::random_device{}();
+  SCOPED_TRACE("seed " + std::to_string(seed));
+  std::mt19937 random(seed);
+  const auto oneOf = [&](const Texts& choices) {
+    return choices[std::uniform_int_distribution<std::size_t>(0, choices.size() - 1)(random)];
+  };
+  Texts ranges;
+  for (const char* const key : {"AN", "LS", "RE"})
+    for (int circle = 0; circle <= 2; ++circle) {
+      const std::string first = std::to_string(circle + 1);  // so that circles do not overlap
+      const std::string mask = oneOf({"", first + oneOf({"JJ", "jj", "J", "%%J", "JJMM", "5"}) +
+                                              oneOf({"N", "NN", "nnn", "NNNN"})});
+      const std::string number = first + "00";
+      ranges.push_back(std::to_string(circle) + ", '" + key + "', 'Beleg', " + number + ", " +
+                       number + ", " + first + "99, -1, 10, '', '" + mask + "'");
+    }
+  const auto fillRandomly = [&] {
+    sql("DELETE FROM Nummernkreise");
+    for (const std::string& values : ranges) range(values);
+  };
+  fillRandomly();
+  const RolloverPlan done = apply();
+  ASSERT_TRUE(done.isPossible());
+  const Texts ours = stored();
+  fillRandomly();
+  pressTheButtonAndSave();
+  EXPECT_EQ(stored(), ours);
 }
 
 TEST_F(RolloverTest, PlanningChangesNothing) {
