@@ -1,2 +1,2 @@
 vexnumkr_test(engines/sql_dialects_test LABEL unit LINKS vexnumkr_engines)
-vexnumkr_test(engines/locked_failures_test LABEL unit LINKS vexnumkr_numbers)
+vexnumkr_test(engines/locked_failures_test LABEL unit LINKS vexnumkr_numbers vexnumkr_engines)
