@@ -35,9 +35,16 @@ void Session::Conn(std::shared_ptr<Connection> connection) {
   inTransaction_ = false;
 }
 
+// A server that is away just now has been asked when the dialog opened; the transaction begins with
+// the first statement once it is back.
 void Session::beginTransaction() {
+  constexpr std::int32_t withoutTransactions = 3251;
   inTransaction_ = false;
-  Conn().RequireTransactions(statement::writtenTables());
+  try {
+    Conn().RequireTransactions(statement::writtenTables());
+  } catch (const Error& error) {
+    if (error.number() == withoutTransactions) throw;
+  }
   Conn().BeginTrans();
   inTransaction_ = true;
 }

@@ -58,7 +58,7 @@ TEST_F(JournalSavingTest, SavingStoresWhatItStoresWithoutTheJournal) {
 
 TEST_F(JournalSavingTest, AnUnchangedSaveLeavesNoTrace) {
   company();
-  session().Conn().RollbackTrans();
+  session().rollBackTransaction();
   CoreSession::sql(
       "UPDATE Nummernkreise SET StartWert = Buchungskreis * 10 + 1, AktuellerWert = "
       "Buchungskreis * 10 + 2, EndWert = Buchungskreis * 10 + 9 WHERE NSchl <> 'SO'");

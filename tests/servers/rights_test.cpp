@@ -157,7 +157,7 @@ TEST_F(RightsTest, TheyAreEnoughToSaveWhileTheJournalIsWritten) {
   LoadItems();
   RefreshSGroups();
   table().create();
-  session().Conn().BeginTrans();
+  session().beginTransaction();
   editedTable();
   session().blnChanged(true);
   EXPECT_TRUE(save());
