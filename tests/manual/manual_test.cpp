@@ -67,13 +67,19 @@ bool endsLikeASentence(const std::string& line) {
   return goesOn || std::string(".!?:").find(line.back()) != std::string::npos;
 }
 
+// In a statement a question mark stands for a value.
+bool hasPlaceholders(const std::string& line) {
+  return line.find(" ?") != std::string::npos || line.find("(?") != std::string::npos;
+}
+
 // What the user reads begins with a capital letter and ends like a sentence, or with the dots of
 // what is going on.
 bool isSentence(const std::string& line) {
   const auto first = static_cast<unsigned char>(line[0]);
   const bool capital = (first >= 'A' && first <= 'Z') || line.rfind("Ä", 0) == 0 ||
                        line.rfind("Ö", 0) == 0 || line.rfind("Ü", 0) == 0;
-  return capital && endsLikeASentence(line) && line.find(' ') != std::string::npos;
+  return capital && endsLikeASentence(line) && !hasPlaceholders(line) &&
+         line.find(' ') != std::string::npos;
 }
 
 // A word or two of German, as failures are described.
