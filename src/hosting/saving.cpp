@@ -127,8 +127,7 @@ bool saveOrRollBack(Session& session, RangeDisplay& display) {
   bool saved = false;
   if (reportingFailures(session.reporter(), saveProcedure, [&] { saved = saving.run(); }))
     return saved;
-  ignoringFailures([&] { session.rollBackTransaction(); });
-  reportingFailures(session.reporter(), saveProcedure, [&] { session.beginTransaction(); });
+  reportingFailures(session.reporter(), saveProcedure, [&] { session.restartTransaction(); });
   if (saving.hasUnshownChanges()) display.showChanges();
   return false;
 }

@@ -1,5 +1,7 @@
 #include "hosting/session.h"
 
+#include <utility>
+
 #include "data/sql/statements.h"
 
 namespace vexnumkr {
@@ -47,6 +49,7 @@ void Session::beginTransaction() {
   }
   Conn().BeginTrans();
   inTransaction_ = true;
+  isRolledBack_ = false;
 }
 
 void Session::commitTransaction() {
@@ -56,7 +59,14 @@ void Session::commitTransaction() {
 
 void Session::rollBackTransaction() {
   inTransaction_ = false;
+  if (std::exchange(isRolledBack_, false)) return;
   Conn().RollbackTrans();
+}
+
+void Session::restartTransaction() {
+  ignoringFailures([&] { rollBackTransaction(); });
+  isRolledBack_ = true;
+  beginTransaction();
 }
 
 void Session::requireTransaction() {

@@ -81,6 +81,9 @@ class Session {
   void commitTransaction();
   /// It counts as ended also where that fails.
   void rollBackTransaction();
+  /// Rolls back, whatever comes of that, and begins anew. Where nothing can begin, since the server
+  /// is away, there is nothing left to roll back either. Errors: as for beginning.
+  void restartTransaction();
   /// Begins it where none runs, since loading or an earlier save has failed: nothing is ever
   /// changed outside of it. Errors: as for beginning.
   void requireTransaction();
@@ -122,6 +125,7 @@ class Session {
   std::unique_ptr<BookingCircleDialog> dlgBuchungskreise_;
   bool blnChanged_ = false;
   bool inTransaction_ = false;
+  bool isRolledBack_ = false;  // And no other has begun since.
 };
 
 }  // namespace vexnumkr

@@ -20,8 +20,8 @@ void Session::begin(std::int32_t isolation) {
     beginsLater_ = true;
   } catch (const Error&) {
     if (!isLost_ || !mayHaveBeenLostBefore) throw;
-    beginsLater_ = true;  // If the server is still away now.
-    requireReady();
+    requireReady();  // Fails if the server is still away now.
+    beginsLater_ = true;
   }
 }
 
