@@ -139,14 +139,14 @@ class RandomKillsTest : public ::testing::Test {
     return host;
   }
 
-  std::chrono::microseconds saveTo(int which) {
+  std::chrono::milliseconds saveTo(int which) {
     const auto host = start(which);
     const auto begun = Clock::now();
     EXPECT_TRUE(host->state() == QProcess::NotRunning || host->waitForFinished(patience));
     const auto taken = Clock::now() - begun;
     EXPECT_EQ(host->readAllStandardOutput(), "saving\nsaved\n") << errorsOf(*host);
     current_ = which;
-    return std::chrono::duration_cast<std::chrono::microseconds>(taken);
+    return std::chrono::duration_cast<std::chrono::milliseconds>(taken);
   }
 
   static std::string errorsOf(QProcess& host) { return host.readAllStandardError().toStdString(); }
@@ -154,8 +154,8 @@ class RandomKillsTest : public ::testing::Test {
   void killOnce(bool withServer) {
     const int wanted = 1 - current_;
     const auto host = start(wanted);
-    std::uniform_int_distribution<long long> moment(0, longest_.count());
-    std::this_thread::sleep_for(std::chrono::microseconds(moment(random_)));
+    std::uniform_int_distribution moment(0, static_cast<int>(longest_.count()));
+    host->waitForFinished(moment(random_));
     if (withServer) server_->kill();
     host->kill();
     host->waitForFinished(patience);
@@ -203,7 +203,7 @@ class RandomKillsTest : public ::testing::Test {
   std::optional<FreshDatabase> database_;
   Contents states_[2];
   int current_ = 0;
-  std::chrono::microseconds longest_{0};
+  std::chrono::milliseconds longest_{0};
   int old_ = 0;
   int new_ = 0;
   int told_ = 0;
