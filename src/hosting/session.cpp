@@ -64,8 +64,12 @@ void Session::rollBackTransaction() {
 }
 
 void Session::restartTransaction() {
-  ignoringFailures([&] { rollBackTransaction(); });
-  isRolledBack_ = true;
+  bool isRolledBack = false;
+  ignoringFailures([&] {
+    rollBackTransaction();
+    isRolledBack = true;
+  });
+  isRolledBack_ = isRolledBack;
   beginTransaction();
 }
 

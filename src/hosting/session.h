@@ -81,8 +81,9 @@ class Session {
   void commitTransaction();
   /// It counts as ended also where that fails.
   void rollBackTransaction();
-  /// Rolls back, whatever comes of that, and begins anew. Where nothing can begin, since the server
-  /// is away, there is nothing left to roll back either. Errors: as for beginning.
+  /// Rolls back, whatever comes of that, and begins anew. Where that was done and nothing can
+  /// begin, since the server is away, there is nothing left to roll back either. Errors: as for
+  /// beginning.
   void restartTransaction();
   /// Begins it where none runs, since loading or an earlier save has failed: nothing is ever
   /// changed outside of it. Errors: as for beginning.

@@ -17,11 +17,12 @@ struct CallLog {
   std::vector<std::string> lines;
   /// The line that fails, on its first occurrence; the call is noted all the same.
   std::string failing;
+  std::string failingThen;  // behind that one
 
   void called(const std::string& line) {
     lines.push_back(line);
     if (line != failing) return;
-    failing.clear();
+    failing = std::exchange(failingThen, {});
     throw Error(4711, "CallLog", "Absichtlicher Fehler");
   }
   std::vector<std::string> take() { return std::exchange(lines, {}); }

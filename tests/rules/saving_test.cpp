@@ -363,6 +363,20 @@ TEST_F(TransactionFailureTest, ATransactionThatCannotBeBegunIsReported) {
   log_.failing = "conn.BeginTrans";
   EXPECT_FALSE(save());
   EXPECT_EQ(boxes(), (Boxes{failure(), failure()}));
+  log_.take();
+  EXPECT_NO_THROW(session().rollBackTransaction());
+  EXPECT_EQ(log_.take(), Texts{}) << "the failed one is rolled back already";
+}
+
+TEST_F(TransactionFailureTest, WhatCouldNotBeRolledBackIsRolledBackByCancelling) {
+  script().failStatement(1);
+  log_.failing = "conn.RollbackTrans";
+  log_.failingThen = "conn.BeginTrans";
+  EXPECT_FALSE(save());
+  EXPECT_EQ(boxes(), (Boxes{failure(), failure()}));
+  log_.take();
+  session().rollBackTransaction();
+  EXPECT_EQ(log_.take(), Texts{"conn.RollbackTrans"});
 }
 
 }  // namespace
