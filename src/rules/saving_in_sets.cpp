@@ -34,6 +34,17 @@ std::size_t batchSize(std::span<const RangeRow> rows, std::size_t atMost) {
   return size;
 }
 
+// Hands over all of them, at most so many at once, until that returns false.
+template <class Item, class Work>
+bool inBatches(std::span<const Item> items, std::size_t atMost, Work&& work) {
+  while (!items.empty()) {
+    const std::size_t size = std::min(items.size(), atMost);
+    if (!work(items.first(size))) return false;
+    items = items.subspan(size);
+  }
+  return true;
+}
+
 class RangeWriting {
  public:
   RangeWriting(StatementSource& source, Progress& progress)
@@ -42,9 +53,10 @@ class RangeWriting {
         rowsPerStatement_(source.takesSeveralRows() ? rowsPerStatement : 1) {}
 
   void remove(const std::vector<RangeId>& ranges) {
-    for (std::size_t begin = 0; begin < ranges.size(); begin += rowsPerStatement_)
-      removeBatch(
-          std::span(ranges).subspan(begin, std::min(rowsPerStatement_, ranges.size() - begin)));
+    inBatches(std::span(ranges), rowsPerStatement_, [&](std::span<const RangeId> batch) {
+      removeBatch(batch);
+      return true;
+    });
   }
 
   void update(std::vector<RangeRow> ranges, bool numbersOnly) {
@@ -129,15 +141,15 @@ class AssignmentWriting {
   // Whether exactly the assignments went that were meant to: columns may take others for the same.
   bool remove(const AssignmentChanges& changes) {
     std::int64_t removed = 0;
-    const std::span all(changes.leaving);
-    for (std::size_t begin = 0; begin < all.size(); begin += rowsPerStatement_) {
-      const std::int32_t found = source_.execute(
-          removal(all.subspan(begin, std::min(rowsPerStatement_, all.size() - begin))));
+    const auto removeBatch = [&](std::span<const StoredAssignment> batch) {
+      const std::int32_t found = source_.execute(removal(batch));
       if (found < 0) return false;
       removed += found;
-      progress_.advance(static_cast<std::int64_t>(rowsPerStatement_));
-    }
-    return removed == changes.leavingRecords;
+      progress_.advance(static_cast<std::int64_t>(batch.size()));
+      return true;
+    };
+    return inBatches(std::span(changes.leaving), rowsPerStatement_, removeBatch) &&
+           removed == changes.leavingRecords;
   }
 
   void insert(const std::vector<const RangeRow*>& rows) {
