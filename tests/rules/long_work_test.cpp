@@ -261,6 +261,19 @@ TEST_F(LongWorkTest, AFailedCommitEndsItsProgressShortOfTheEnd) {
   EXPECT_EQ(told.back(), "end");
 }
 
+TEST_F(LongWorkTest, ASaveInSetsEndsItsProgressShortOfTheEndToo) {
+  company();
+  editedTable();
+  session().source().access(DatabaseAccess::inSets);
+  script().failCommit();
+  log();
+  EXPECT_FALSE(save());
+  EXPECT_EQ(boxes().size(), 1U);
+  const Texts told = log();
+  EXPECT_LT(std::stoi(told[told.size() - 2]), ProgressDisplay::full);
+  EXPECT_EQ(told.back(), "end");
+}
+
 TEST_F(LongWorkTest, SavingThatIsRefusedIsNoWork) {
   company();
   editedTable();
