@@ -4,6 +4,7 @@
 
 #include <vexnumkr/number_company.h>
 
+#include "data/hosts_keys.h"
 #include "numbers/company_rows.h"
 #include "numbers/origin.h"
 #include "numbers/query.h"
@@ -34,7 +35,7 @@ std::vector<Range> readRanges(Connection& connection, const std::vector<Circle>&
   std::vector<Range> ranges;
   forEachRow(connection, statement::ranges(), [&](const Recordset& row) {
     Range range = rangeIn(row);
-    const bool isHosts = range.key == "LM" || range.key == "AF";
+    const bool isHosts = isHostsKey(range.key);
     if (known.contains(range.circle) && !isHosts) ranges.push_back(std::move(range));
   });
   std::sort(ranges.begin(), ranges.end(), [](const Range& a, const Range& b) {

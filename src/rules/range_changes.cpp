@@ -3,12 +3,11 @@
 #include <map>
 #include <set>
 
+#include "data/hosts_keys.h"
 #include "data/table/loose_text.h"
 
 namespace vexnumkr {
 namespace {
-
-bool isHostsKey(const std::string& NSchl) { return NSchl == "LM" || NSchl == "AF"; }
 
 // What is stored of a range and what is to be.
 struct Range {

@@ -6,6 +6,7 @@
 
 #include <vexnumkr/error.h>
 
+#include "data/hosts_keys.h"
 #include "data/range_values.h"
 
 namespace vexnumkr {
@@ -81,8 +82,6 @@ Stored readAll(Recordset& records) {
   return stored;
 }
 
-bool isHostsKey(const RangeRow& row) { return row.NSchl == "LM" || row.NSchl == "AF"; }
-
 RangeId writtenId(const RangeRow& row) { return {row.Buchungskreis, writtenText(row.NSchl)}; }
 
 // A range that is none of the table has no caption.
@@ -121,7 +120,7 @@ void requireStoredAsWritten(const XArray& table, const std::vector<RangeRow>& ot
                             Recordset& records, std::int64_t assignments) {
   const ReadBack readBack(records, table, others);
   for (const RangeRow& row : table)
-    if (row.isCommon() && !isHostsKey(row) && !readBack.isAsWritten(row))
+    if (row.isCommon() && !isHostsKey(row.NSchl.str()) && !readBack.isAsWritten(row))
       failNotAsWritten(row.NBezeichnung.str() + ", " + row.Gruppe.str());
   for (const RangeRow& row : others)
     if (!readBack.isAsWritten(row)) failNotAsWritten(told(row));
