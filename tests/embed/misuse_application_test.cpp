@@ -10,6 +10,8 @@
 #include <vexnumkr/error.h>
 #include <vexnumkr/message_box.h>
 
+#include "support/error_of.h"
+
 namespace vexnumkr::test {
 namespace {
 
@@ -17,19 +19,9 @@ int argumentCount = 1;
 char name[] = "test";
 char* arguments[] = {name, nullptr};
 
-template <class Call>
-std::int32_t numberOf(Call&& call) {
-  try {
-    call();
-    return 0;
-  } catch (const Error& error) {
-    return error.number();
-  }
-}
-
 void expectNoDialogs() {
-  EXPECT_EQ(numberOf([] { createVXNummernkreise(emptyHost()); }), error_number::cannotCreateObject);
-  EXPECT_EQ(numberOf([] { showMessageBox("Text", 0, "Titel"); }), error_number::cannotCreateObject);
+  EXPECT_EQ(errorOf([] { createVXNummernkreise(emptyHost()); }), error_number::cannotCreateObject);
+  EXPECT_EQ(errorOf([] { showMessageBox("Text", 0, "Titel"); }), error_number::cannotCreateObject);
 }
 
 void expectNothingByName() {
@@ -40,14 +32,14 @@ void expectNothingByName() {
 // By name a host without an application is given one, which would last.
 TEST(MisuseApplicationTest, WithoutOneNothingIsMade) {
   expectNoDialogs();
-  EXPECT_NE(numberOf([] { openQtSqlConnection("Driver=QSQLITE;Database=:memory:"); }), 0);
+  EXPECT_NE(errorOf([] { openQtSqlConnection("Driver=QSQLITE;Database=:memory:"); }), 0);
 }
 
 TEST(MisuseApplicationTest, OneWithoutWindowsServesConnectionsOnly) {
   const QCoreApplication application(argumentCount, arguments);
   expectNoDialogs();
   expectNothingByName();
-  EXPECT_EQ(numberOf([] { openQtSqlConnection("Driver=QSQLITE;Database=:memory:"); }), 0);
+  EXPECT_EQ(errorOf([] { openQtSqlConnection("Driver=QSQLITE;Database=:memory:"); }), 0);
 }
 
 TEST(MisuseApplicationTest, OneWithoutWidgetsIsNotEnough) {

@@ -5,6 +5,7 @@
 #include <vexnumkr/numbers.h>
 
 #include "embed/misuse/misuse_session.h"
+#include "support/error_of.h"
 
 namespace vexnumkr::test {
 namespace {
@@ -17,21 +18,11 @@ class MisuseThreadsTest : public MisuseSession {
   }
 };
 
-template <class Call>
-std::int32_t numberOf(Call&& call) {
-  try {
-    call();
-    return 0;
-  } catch (const Error& error) {
-    return error.number();
-  }
-}
-
 TEST_F(MisuseThreadsTest, TheFactoriesRefuse) {
   onAnotherThread([&] {
-    EXPECT_EQ(numberOf([&] { createVXNummernkreise(host); }), error_number::cannotCreateObject);
+    EXPECT_EQ(errorOf([&] { createVXNummernkreise(host); }), error_number::cannotCreateObject);
     EXPECT_EQ(vexnumkrCreateObject("VXNummernkreise", &host), nullptr);
-    EXPECT_EQ(numberOf([] { showMessageBox("Text", 0, "Titel"); }),
+    EXPECT_EQ(errorOf([] { showMessageBox("Text", 0, "Titel"); }),
               error_number::cannotCreateObject);
     char text[200] = {};
     EXPECT_EQ(vexnumkrOpenConnection("Driver=QSQLITE;Database=:memory:", text, sizeof text),
@@ -56,7 +47,7 @@ TEST_F(MisuseThreadsTest, AConnectionServesTheThreadThatHasOpenedIt) {
   command->CommandText("SELECT 1");
   auto rows = real->createRecordset();
   onAnotherThread([&] {
-    const auto refused = [](auto&& call) { EXPECT_EQ(numberOf(call), error_number::invalidCall); };
+    const auto refused = [](auto&& call) { EXPECT_EQ(errorOf(call), error_number::invalidCall); };
     refused([&] { real->Execute("SELECT 1", affected); });
     refused([&] { command->Execute(affected); });
     refused([&] { rows->Open("SELECT 1", *real, 0, 1, -1); });

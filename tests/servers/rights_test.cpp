@@ -63,6 +63,16 @@ class RightsTest : public test::SavingSession {
   std::shared_ptr<Connection> open() {
     return openQtSqlConnection(database().connectionString(user_, password));
   }
+  /// The company, as the dialog of that user has loaded it.
+  void loadAsThatUser() {
+    company();
+    basAllgemein::basTerminate(session());
+    session().Conn(open());
+    basAllgemein::basInititialize(session());
+    RefreshCombo();
+    LoadItems();
+    RefreshSGroups();
+  }
 
  private:
   void sql(const std::string& statement) { CoreSession::sql(statement); }
@@ -73,14 +83,7 @@ class RightsTest : public test::SavingSession {
 }  // namespace
 
 TEST_F(RightsTest, TheyAreEnoughToLoadAndSave) {
-  company();
-  basAllgemein::basTerminate(session());
-  const auto connection = open();
-  session().Conn(connection);
-  basAllgemein::basInititialize(session());
-  RefreshCombo();
-  LoadItems();
-  RefreshSGroups();
+  loadAsThatUser();
   EXPECT_FALSE(rows().empty());
   EXPECT_EQ(boxes().size(), 0U);
   table().create();
@@ -148,14 +151,7 @@ TEST_F(RightsTest, TheJournalIsWrittenByUsersWhoCannotTouchIt) {
 TEST_F(RightsTest, TheyAreEnoughToSaveWhileTheJournalIsWritten) {
   test::runJournalScript(*openQtSqlConnection(database().connectionString()), database().schema(),
                          "protokoll");
-  company();
-  basAllgemein::basTerminate(session());
-  const auto connection = open();
-  session().Conn(connection);
-  basAllgemein::basInititialize(session());
-  RefreshCombo();
-  LoadItems();
-  RefreshSGroups();
+  loadAsThatUser();
   table().create();
   session().beginTransaction();
   editedTable();

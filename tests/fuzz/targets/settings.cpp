@@ -1,6 +1,5 @@
 // The stand-alone host's settings: what was saved last under a name is what comes back, whatever
 // stands in it.
-#include <QCoreApplication>
 #include <QString>
 #include <QStringDecoder>
 #include <memory>
@@ -12,6 +11,7 @@
 
 #include "app/components/settings_store.h"
 #include "app/sql.h"
+#include "fuzz/support/application.h"
 #include "fuzz/support/input.h"
 #include "fuzz/support/property.h"
 
@@ -104,10 +104,7 @@ class Attack {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace vexnumkr::fuzz;
-  static int count = 1;
-  static char name[] = "fuzz";
-  static char* arguments[] = {name, nullptr};
-  static QCoreApplication application(count, arguments);
+  needApplication();
   static Attack attack;
   Input input(data, size);
   attack.run(input);

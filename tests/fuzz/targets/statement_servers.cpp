@@ -3,7 +3,6 @@
 // does in SQLite with its values bound, and what is refused does nothing.
 //
 // Takes the servers of tests/servers; VEXNUMKR_TEST_SERVERS says where they are.
-#include <QCoreApplication>
 #include <QStringDecoder>
 #include <algorithm>
 #include <array>
@@ -19,6 +18,7 @@
 #include "app/schema/schema.h"
 #include "app/sql.h"
 #include "data/sql/guarded_connection.h"
+#include "fuzz/support/application.h"
 #include "fuzz/support/own_statements.h"
 #include "fuzz/support/property.h"
 #include "fuzz/support/sqlite_model.h"
@@ -212,10 +212,7 @@ class Attack {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace vexnumkr::fuzz;
-  static int count = 1;
-  static char name[] = "fuzz";
-  static char* arguments[] = {name, nullptr};
-  static QCoreApplication application(count, arguments);
+  needApplication();
   static Attack attack;
   Input input(data, size);
   attack.run(input);
