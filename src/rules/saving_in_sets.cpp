@@ -86,16 +86,17 @@ class RangeWriting {
   // Ranges whose texts are not plain stand alone.
   template <class Write>
   void forEachBatch(std::vector<RangeRow> ranges, Write&& write) {
-    const auto others = std::ranges::stable_partition(
-        ranges, [](const RangeRow& range) { return statement::isPlain(range); });
-    std::span<const RangeRow> left(ranges.begin(), others.begin());
+    const auto others =
+        std::stable_partition(ranges.begin(), ranges.end(),
+                              [](const RangeRow& range) { return statement::isPlain(range); });
+    std::span<const RangeRow> left(ranges.begin(), others);
     while (!left.empty()) {
       const std::size_t size = batchSize(left, rowsPerStatement_);
       write(left.first(size));
       progress_.advance(static_cast<std::int64_t>(size));
       left = left.subspan(size);
     }
-    for (const RangeRow& range : others) {
+    for (const RangeRow& range : std::span<const RangeRow>(others, ranges.end())) {
       write(std::span(&range, 1));
       progress_.advance();
     }
