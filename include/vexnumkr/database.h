@@ -110,6 +110,24 @@ class VEXNUMKR_API Command {
   Command& operator=(const Command&) = default;
 };
 
+/// Hears of a statement that waits until somebody else lets go of a lock. What the calls do must
+/// not use the connection.
+class VEXNUMKR_API LockWait {
+ public:
+  virtual ~LockWait() = default;
+  virtual void Begins() = 0;
+  /// About fifty times a second while it lasts. What is raised here is raised by the statement,
+  /// which then counts as not run.
+  virtual void Lasts() = 0;
+  /// The statement has the lock, or has given up.
+  virtual void Ends() noexcept = 0;
+
+ protected:
+  LockWait() = default;
+  LockWait(const LockWait&) = default;
+  LockWait& operator=(const LockWait&) = default;
+};
+
 /// A connection to a database. It also makes the other objects of its provider, and further
 /// connections of the same kind, so that a host hands over nothing but this.
 class VEXNUMKR_API Connection {
@@ -158,6 +176,17 @@ class VEXNUMKR_API Connection {
   /// transactions need not do anything; names of tables that are not there are passed over. Error:
   /// 3251.
   virtual void RequireTransactions(const std::vector<std::string>& /*tables*/) {}
+
+  /// Who is told while statements of this connection wait for locks, once that is more than a
+  /// moment; borrowed, null for nobody. How long they wait does not change. Implementations that do
+  /// not notice tell nobody.
+  virtual void OnLockWait(LockWait* /*told*/) {}
+
+  /// How many characters a column for texts has room for; 0 where the database does not say, or
+  /// there is no such column.
+  virtual std::int32_t TextLimit(const std::string& /*table*/, const std::string& /*column*/) {
+    return 0;
+  }
 
   /// Transactions do not nest: beginning a second one, or ending one that is not open, is an error.
   /// What is read before a transaction has changed anything, or LockTable was called, may be read

@@ -127,6 +127,10 @@ struct Engine {
   /// name, its kind, and the statement that gives it some. Null where every table does.
   std::string (*withoutTransactions)(const std::string& tables);
 
+  /// Selects how many characters a column for texts has room for; no row, NULL or 0 where that is
+  /// not said. Both are named as a statement names them.
+  std::string (*textLimit)(const std::string& table, const std::string& column);
+
   /// The names of a record's built-in unique number; a table's own column of that name hides it.
   std::span<const char* const> rowNumberNames;
   /// Asks about `table`, which is named as a statement names it, perhaps `schema.table`, perhaps in

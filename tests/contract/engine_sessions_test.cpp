@@ -147,6 +147,15 @@ TEST_F(EngineSessions, ATableThatIsNotThereFailsItsLockAndNothingElse) {
   EXPECT_EQ(stored(), Texts{"'a'"});
 }
 
+TEST_F(EngineSessions, AColumnTellsHowManyCharactersItHolds) {
+  run("CREATE TABLE Breiten (Kurz VARCHAR(17), Lang TEXT, Zahl INTEGER)");
+  EXPECT_EQ(conn->TextLimit("Breiten", "Kurz"), 17);
+  EXPECT_EQ(conn->TextLimit("Breiten", "Lang"), isSqlite() || isPostgresql() ? 0 : 65535);
+  EXPECT_EQ(conn->TextLimit("Breiten", "Zahl"), 0);
+  EXPECT_EQ(conn->TextLimit("Breiten", "Fehlt"), 0);
+  EXPECT_EQ(conn->TextLimit("Nirgends", "Kurz"), 0);
+}
+
 TEST_F(EngineSessions, TablesWithTransactionsAreNotRefused) {
   EXPECT_NO_THROW(conn->RequireTransactions({"Kreise", "Nirgends"}));
 }

@@ -65,6 +65,10 @@ class ScriptedConnection : public Connection {
     script_.commit(label_ + ": COMMIT", [&] { real_->CommitTrans(); });
   }
   void LockTable(const std::string& table) override { real_->LockTable(table); }
+  void OnLockWait(LockWait* told) override { real_->OnLockWait(told); }
+  std::int32_t TextLimit(const std::string& table, const std::string& column) override {
+    return real_->TextLimit(table, column);
+  }
   void RollbackTrans() override {
     script_.transaction(label_ + ": ROLLBACK", [&] { real_->RollbackTrans(); });
   }

@@ -114,6 +114,10 @@ class Guarded final : public GuardedConnection {
   void LockTable(const std::string& table) override {
     guard_->call([&] { real_->LockTable(table); });
   }
+  void OnLockWait(LockWait* told) override { real_->OnLockWait(told); }
+  std::int32_t TextLimit(const std::string& table, const std::string& column) override {
+    return guard_->call([&] { return real_->TextLimit(table, column); });
+  }
 
   std::unique_ptr<Recordset> Execute(const std::string& text,
                                      std::int32_t& recordsAffected) override {

@@ -126,6 +126,14 @@ bool hidesBackslashes(std::string_view mode) {
 
 bool neverUnreadable(std::string_view /*code*/) { return false; }
 
+// Of those without a size in characters it says how many bytes they hold; the largest hold more
+// than the number that is returned can say.
+std::string textLimit(const std::string& table, const std::string& column) {
+  return "SELECT LEAST(CHARACTER_MAXIMUM_LENGTH, 2147483647) FROM information_schema.COLUMNS "
+         "WHERE TABLE_SCHEMA = DATABASE() AND TABLE_NAME = '" +
+         table + "' AND COLUMN_NAME = '" + column + "'";
+}
+
 LexicalRules rules(std::string_view mode) {
   const auto has = [&](std::string_view part) { return mode.find(part) != std::string_view::npos; };
   const bool backslashEscapes = !has("NO_BACKSLASH_ESCAPES");
@@ -179,6 +187,7 @@ const Engine mariadb = {
     .beginForWriting = beginIsolated,
     .lockTable = lockTable,
     .withoutTransactions = withoutTransactions,
+    .textLimit = textLimit,
     .rowNumberNames = {},
     .keys = mariadbKeys,
     .keyEquals = " = ",

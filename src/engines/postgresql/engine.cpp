@@ -73,6 +73,14 @@ bool isLost(std::string_view code) {
   return code.empty() || code.starts_with("08") || code.starts_with("57P");
 }
 
+// The modifier counts four more than the characters.
+std::string textLimit(const std::string& table, const std::string& column) {
+  return "SELECT a.atttypmod - 4 FROM pg_attribute a JOIN pg_type t ON t.oid = a.atttypid "
+         "WHERE a.attrelid = to_regclass('" +
+         table + "') AND a.attname = lower('" + column +
+         "') AND a.atttypmod > 4 AND t.typname IN ('varchar', 'bpchar')";
+}
+
 // A vertical tab is white space from version 16 on; before, it makes the whole text a mistake.
 LexicalRules rules(std::string_view mode) {
   return {.backslashEscapes = mode == "off",
@@ -120,6 +128,7 @@ const Engine postgresql = {
     .beginForWriting = beginIsolated,
     .lockTable = lockTable,
     .withoutTransactions = nullptr,
+    .textLimit = textLimit,
     .rowNumberNames = {},
     .keys = postgresqlKeys,
     .keyEquals = " = ",

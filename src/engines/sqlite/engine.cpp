@@ -65,6 +65,12 @@ bool neverLost(std::string_view /*code*/) { return false; }
 
 bool neverUnreadable(std::string_view /*code*/) { return false; }
 
+// The size is not kept to, but it is what the table was made for.
+std::string textLimit(const std::string& table, const std::string& column) {
+  return "SELECT CAST(substr(type, instr(type, '(') + 1) AS INTEGER) FROM pragma_table_info('" +
+         table + "') WHERE name = '" + column + "' COLLATE NOCASE";
+}
+
 LexicalRules rules(std::string_view /*mode*/) {
   return {.backquotedNames = true,
           .bracketedNames = true,
@@ -107,6 +113,7 @@ const Engine sqlite = {
     .beginForWriting = beginForWriting,
     .lockTable = nullptr,
     .withoutTransactions = nullptr,
+    .textLimit = textLimit,
     .rowNumberNames = rowNumbers,
     .keys = sqliteKeys,
     .keyEquals = " IS ",

@@ -22,6 +22,8 @@ struct SqliteClient::Functions {
   const unsigned char* (*column_text)(void* statement, int column);
   int (*column_bytes)(void* statement, int column);
   int (*finalize)(void* statement);
+  int (*busy_handler)(void* database, int (*handler)(void* argument, int calls), void* argument);
+  int (*busy_timeout)(void* database, int milliseconds);
 
   bool resolve(QLibrary& library) {
     const auto find = [&](auto& function, const char* name) {
@@ -33,7 +35,8 @@ struct SqliteClient::Functions {
            find(prepare_v2, "prepare_v2") && find(step, "step") &&
            find(column_count, "column_count") && find(column_type, "column_type") &&
            find(column_text, "column_text") && find(column_bytes, "column_bytes") &&
-           find(finalize, "finalize");
+           find(finalize, "finalize") && find(busy_handler, "busy_handler") &&
+           find(busy_timeout, "busy_timeout");
   }
 };
 
@@ -69,6 +72,20 @@ SqliteClient::~SqliteClient() = default;
 bool SqliteClient::hasMoved() const {
   int moved = 0;
   return functions_->file_control(database_, "main", fcntlHasMoved, &moved) == done && moved != 0;
+}
+
+// The library asks only where waiting may help: not where each of two would wait for the other.
+SqliteClient::Impatience::Impatience(const SqliteClient& client, int wait)
+    : client_(client), wait_(wait) {
+  const auto refuse = [](void* metLock, int /*calls*/) {
+    *static_cast<bool*>(metLock) = true;
+    return 0;
+  };
+  client_.functions_->busy_handler(client_.database_, refuse, &metLock_);
+}
+
+SqliteClient::Impatience::~Impatience() {
+  client_.functions_->busy_timeout(client_.database_, wait_);
 }
 
 void SqliteClient::forEachUnreadable(

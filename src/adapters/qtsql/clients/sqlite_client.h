@@ -5,6 +5,7 @@
 #include <functional>
 #include <memory>
 #include <string_view>
+#include <utility>
 
 class QSqlDatabase;
 
@@ -20,6 +21,25 @@ class SqliteClient {
 
   /// Whether the file was deleted, renamed or replaced since it was opened.
   bool hasMoved() const;
+
+  /// While one of these lives, whoever meets a lock is not kept waiting by the library. The waits
+  /// of before are back when it goes.
+  class Impatience {
+   public:
+    /// `wait` is what the library is to wait again afterwards, in milliseconds.
+    Impatience(const SqliteClient& client, int wait);
+    ~Impatience();
+    Impatience(const Impatience&) = delete;
+    Impatience& operator=(const Impatience&) = delete;
+
+    /// Whether a lock was met since the last call for which waiting may help.
+    bool takeMetLock() { return std::exchange(metLock_, false); }
+
+   private:
+    const SqliteClient& client_;
+    const int wait_;
+    bool metLock_ = false;
+  };
 
   /// Runs a select (UTF-8) once more and calls `found` for each text in its rows that is not
   /// readable in UTF-8, with its row and column.

@@ -89,7 +89,10 @@ void SqlConnection::Open(const std::string& user, const std::string& password,
   if (!password.empty()) settings.password = password;
   const Driver driver = driverOf(settings.driver);
   requireIsolation(isolationLevel_);
-  slot_->session = std::make_shared<Session>(driver, settings, isolationLevel_, commandTimeout_);
+  const auto session =
+      std::make_shared<Session>(driver, settings, isolationLevel_, commandTimeout_);
+  session->onLockWait(told_);
+  slot_->session = session;
 }
 
 void SqlConnection::Close() {
@@ -111,6 +114,15 @@ void SqlConnection::RequireTransactions(const std::vector<std::string>& tables) 
 }
 
 void SqlConnection::LockTable(const std::string& table) { slot_->require()->lockTable(table); }
+
+void SqlConnection::OnLockWait(LockWait* told) {
+  told_ = told;
+  if (slot_->session) slot_->session->onLockWait(told);
+}
+
+std::int32_t SqlConnection::TextLimit(const std::string& table, const std::string& column) {
+  return slot_->require()->textLimit(table, column);
+}
 
 void SqlConnection::BeginTrans() { slot_->require()->begin(isolationLevel_); }
 

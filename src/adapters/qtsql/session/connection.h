@@ -52,6 +52,8 @@ class SqlConnection final : public Connection {
   bool TakesSeveralRows() const override { return true; }
   void RequireTransactions(const std::vector<std::string>& tables) override;
   void LockTable(const std::string& table) override;
+  void OnLockWait(LockWait* told) override;
+  std::int32_t TextLimit(const std::string& table, const std::string& column) override;
   void BeginTrans() override;
   void CommitTrans() override;
   void RollbackTrans() override;
@@ -68,6 +70,7 @@ class SqlConnection final : public Connection {
   std::string connectionString_;
   std::int32_t isolationLevel_ = ado::unspecified;
   std::int32_t commandTimeout_ = 0;
+  LockWait* told_ = nullptr;
   std::shared_ptr<SessionSlot> slot_ = std::make_shared<SessionSlot>();
 };
 

@@ -1,5 +1,7 @@
 #include "adapters/qtsql/session/session.h"
 
+#include <algorithm>
+
 #include "adapters/qtsql/clients/mariadb_client.h"
 #include "adapters/qtsql/session/eight_bit_text.h"
 #include "adapters/qtsql/session/failure.h"
@@ -44,6 +46,7 @@ Session::~Session() {
 void Session::prepare() {
   query_.emplace(database_.get());
   query_->setForwardOnly(true);
+  usualWait_.reset();
   if (engine_->name == "sqlite" && !driver_.isOdbc()) sqlite_ = SqliteClient::of(database_.get());
   if (database_.isOwned()) prepareOwned();
   learnRules();
@@ -141,7 +144,10 @@ std::int32_t Session::rowsAffected(const Statement& statement) {
 }
 
 RowSet Session::run(const QString& text) {
-  if (!query_->exec(text)) fail(*query_);
+  const bool settles = text.startsWith(QLatin1String("PRAGMA"), Qt::CaseInsensitive);
+  const auto attempt = [&] { return query_->exec(text); };
+  if (!(settles ? attempt() : patiently(attempt))) fail(*query_);
+  if (settles) usualWait_.reset();
   if (!query_->isSelect()) return RowSet();
   RowSet rows = readRows(text);
   if (query_->lastError().isValid()) fail(*query_);
@@ -176,9 +182,9 @@ std::int32_t Session::change(const QString& text, const QVariantList& values) {
   beginBeforeChanging();
   {
     QSqlQuery query(database_.get());
-    if (!query.prepare(text)) fail(query);
+    if (!patiently([&] { return query.prepare(text); })) fail(query);
     for (const QVariant& value : values) query.addBindValue(value);
-    if (!query.exec()) fail(query);
+    if (!patiently([&] { return query.exec(); })) fail(query);
     changed = query.numRowsAffected();
   }
   if (inTransaction_ && engine_->recovery == Recovery::savepoint) {
@@ -196,6 +202,11 @@ std::int32_t Session::count(const QString& text, const QVariantList& values) {
   for (const QVariant& value : values) query.addBindValue(value);
   if (!query.exec() || !query.next()) fail(query);
   return query.value(0).toInt();
+}
+
+std::int32_t Session::textLimit(const std::string& table, const std::string& column) {
+  const RowSet found = read(QString::fromStdString(engine_->textLimit(table, column)));
+  return found.rowCount() == 0 ? 0 : std::max(found.at(0, 0).toInt(), 0);
 }
 
 bool Session::takesEightBits() const { return driver_.isOdbc() && engine_->odbc->hasEightBitText; }

@@ -5,7 +5,9 @@
 #include <QSqlQuery>
 #include <QThread>
 #include <QVariant>
+#include <chrono>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -79,9 +81,14 @@ class Session {
   /// engine's own limits. Holds for reopened connections too.
   void limit(std::int32_t seconds);
 
+  /// As Connection::OnLockWait. Noticed on SQLite, on a database of the adapter's own.
+  void onLockWait(LockWait* told) { told_ = told; }
+
   /// As Connection::RequireTransactions and LockTable; tables are plain names.
   void requireTransactions(const std::vector<std::string>& tables);
   void lockTable(const std::string& table);
+  /// As Connection::TextLimit; both are plain names.
+  std::int32_t textLimit(const std::string& table, const std::string& column);
 
   /// Begins a transaction. On the engine it begins with the first statement that may change
   /// something, or with lockTable: until then nothing is locked, and no reading grows old. Where
@@ -108,6 +115,8 @@ class Session {
   void requireNoOtherTransaction();
   void requireOneOfItsOwn() const;
 
+  std::chrono::milliseconds usualWait();
+  bool patiently(const std::function<bool()>& attempt);
   RowSet run(const QString& text);
   RowSet readRows(const QString& text);
   bool isWholeByItself() const;
@@ -144,6 +153,8 @@ class Session {
   std::unique_ptr<SqliteClient> sqlite_;  // Where Qt's driver for it is used.
   std::string lackingEncoding_;           // Of the texts that the engine sends; mostly empty.
   std::int32_t limit_ = 0;
+  LockWait* told_ = nullptr;      // Borrowed.
+  std::optional<int> usualWait_;  // For a lock, in milliseconds; once it is known.
   bool inTransaction_ = false;
   bool locksLater_ = false;   // Its transactions may change something before.
   bool onlyReads_ = false;    // The statement that runs.
