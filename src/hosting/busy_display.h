@@ -18,6 +18,12 @@ class BusyDisplay final : public ProgressDisplay {
   void Show(int thousandths) noexcept override {
     if (display_ != nullptr) display_->Show(thousandths);
   }
+  void OfferCancel(bool offered) noexcept override {
+    if (display_ != nullptr) display_->OfferCancel(offered);
+  }
+  bool IsCancelled() const noexcept override {
+    return display_ != nullptr && display_->IsCancelled();
+  }
   void End() noexcept override;
   void Pause() noexcept override;
   void Resume() noexcept override;

@@ -18,6 +18,7 @@
 #include "hosting/boxes.h"
 #include "hosting/busy_display.h"
 #include "hosting/failure_log.h"
+#include "hosting/lock_notice.h"
 #include "platform/progress.h"
 #include "platform/services.h"
 
@@ -36,6 +37,8 @@ class Session {
   const Clock& clock() const { return services_.clock; }
   /// Of the work that is going on.
   Progress& progress() { return progress_; }
+  /// Tells the user while statements wait for locks.
+  LockNotice& lockNotice() { return lockNotice_; }
   /// The boxes in which failures are shown and questions asked.
   Boxes& boxes() { return boxes_; }
   /// What has failed since the dialog opened; shows it.
@@ -111,6 +114,7 @@ class Session {
   BorrowedHost host_;
   BusyDisplay display_;
   Progress progress_;
+  LockNotice lockNotice_{progress_};
   Boxes boxes_;
   FailureLog failures_{boxes_};
   std::shared_ptr<Connection> Conn_;

@@ -37,10 +37,12 @@ void basInititialize(Session& session) {
   session.failures().forget();
   session.data().known.clear();
   reportingFailures(session.reporter(), {generalModule, "basInititialize"}, [&] {
+    session.Conn().OnLockWait(&session.lockNotice());
     session.Conn().IsolationLevel(ado::isolated);
     session.source().cmdSQL(session.Conn().createCommand());
     bindTextCommand(session.source().cmdSQL(), session.Conn());
     session.source().ConnWork(session.Conn().createConnection());
+    session.source().ConnWork().OnLockWait(&session.lockNotice());
     openWorkingConnection(session.source().ConnWork(), session.Conn());
     session.XArray().create();
     session.dlgBuchungskreise(createBookingCircleDialog(session));
@@ -51,6 +53,7 @@ void basInititialize(Session& session) {
 }
 
 void basTerminate(Session& session) {
+  ignoringFailures([&] { session.Conn().OnLockWait(nullptr); });
   ignoringFailures([&] { session.source().ConnWork().Close(); });
   session.source().ConnWork(nullptr);
   session.source().cmdSQL(nullptr);

@@ -2,8 +2,6 @@
 
 #include <algorithm>
 
-#include "platform/reporter.h"
-
 namespace vexnumkr {
 
 void Progress::begin(const std::string& caption) {
@@ -50,7 +48,16 @@ int Progress::position() const {
 void Progress::show() {
   shown_ = position();
   isShown_ = shown_ < ProgressDisplay::full;
+  tellDisplay();
+}
+
+void Progress::pass() {
+  if (working_ && !paused_ && display_ != nullptr && shown_ < ProgressDisplay::full) tellDisplay();
+}
+
+void Progress::tellDisplay() {
   display_->Show(shown_);
+  if (display_->IsCancelled()) throw WorkCancelled{};
 }
 
 Work::~Work() {

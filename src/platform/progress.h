@@ -5,6 +5,7 @@
 #include <string>
 
 #include "platform/progress_display.h"
+#include "platform/reporter.h"
 
 namespace vexnumkr {
 
@@ -29,14 +30,18 @@ class Progress {
     done_ += steps;
     if (isShown_) show();
   }
+  /// Time passes without a step being done.
+  void pass();
   /// The work is done, also where it took fewer steps than expected.
   void finish();
 
  private:
   friend class Work;
   friend class WorkPause;
+  friend class CancelOffer;
 
   void begin(const std::string& caption);
+  void tellDisplay();
   void end();
   void pause();
   void resume();
@@ -51,6 +56,23 @@ class Progress {
   std::int64_t steps_ = 0;  // from base_ to full
   std::int64_t done_ = 0;
   bool isShown_ = false;  // whether there is more to show to a display
+};
+
+/// While one of these lives, the user may give up the work that begins: its steps then raise
+/// WorkCancelled.
+class CancelOffer {
+ public:
+  explicit CancelOffer(Progress& progress) : progress_(progress) { offer(true); }
+  ~CancelOffer() { offer(false); }
+  CancelOffer(const CancelOffer&) = delete;
+  CancelOffer& operator=(const CancelOffer&) = delete;
+
+ private:
+  void offer(bool offered) {
+    if (progress_.display_ != nullptr) progress_.display_->OfferCancel(offered);
+  }
+
+  Progress& progress_;
 };
 
 /// A piece of work, from its making to its end, by success or failure. REQUIRES: no other work is

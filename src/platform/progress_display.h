@@ -22,6 +22,10 @@ class ProgressDisplay {
   /// One more step is done, so many thousandths of the work by now; never fewer than Show said
   /// before. Steps are many: what shows nothing new costs a look at the clock.
   virtual void Show(int thousandths) noexcept = 0;
+  /// Whether the user may give up the work that begins next; not unless this is said.
+  virtual void OfferCancel(bool /*offered*/) noexcept {}
+  /// Whether the user has given up the work that is going on.
+  virtual bool IsCancelled() const noexcept { return false; }
   /// The work is done or has failed.
   virtual void End() noexcept = 0;
   /// Between these two the user is told or asked something: nothing is shown, and input goes where

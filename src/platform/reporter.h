@@ -13,6 +13,10 @@ struct Procedure {
   const char* name;
 };
 
+/// Raised by a step of work that the user has given up. It is no failure: procedures end and let it
+/// pass without a word.
+struct WorkCancelled {};
+
 /// The module of everything that is no dialog of its own.
 inline constexpr const char* generalModule = "basAllgemein";
 
@@ -37,12 +41,15 @@ Error currentFailure();
 void reportCurrentFailure(Reporter& reporter, const Procedure& procedure) noexcept;
 
 /// Runs `body` as the body of a procedure: a failure ends it and is reported under its name. What
-/// the body left in its result stays the procedure's result. True unless it failed.
+/// the body left in its result stays the procedure's result. True unless it failed. Work that the
+/// user has given up ends the procedure too, and those that it works for.
 template <class Body>
 bool reportingFailures(Reporter& reporter, const Procedure& procedure, Body&& body) {
   try {
     std::forward<Body>(body)();
     return true;
+  } catch (const WorkCancelled&) {
+    throw;
   } catch (...) {
     reportCurrentFailure(reporter, procedure);
     return false;

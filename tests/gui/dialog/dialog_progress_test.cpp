@@ -1,9 +1,11 @@
 // Long work of the main dialog: what the user sees of it, and what becomes of his input meanwhile.
 #include <QAccessible>
+#include <QApplication>
 #include <QCoreApplication>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QProgressBar>
+#include <QPushButton>
 #include <QTest>
 #include <QWindow>
 
@@ -43,6 +45,11 @@ class DialogProgressTest : public DialogSession {
       for (const auto type : {QEvent::KeyPress, QEvent::KeyRelease})
         QCoreApplication::postEvent(dialog.windowHandle(),
                                     new QKeyEvent(type, key, Qt::NoModifier));
+  }
+  static QWidget* progressWindow() {
+    for (QWidget* window : QApplication::topLevelWidgets())
+      if (window->objectName() == QLatin1String("progress")) return window;
+    return nullptr;
   }
   static bool pointerIsBusy() { return QGuiApplication::overrideCursor() != nullptr; }
   static void act(QAccessibleInterface* part, const QString& action) {
@@ -109,6 +116,41 @@ TEST_F(DialogProgressTest, LoadingIsShownBeforeTheDialogIs) {
     EXPECT_FALSE(pointerIsBusy());
     EXPECT_EQ(focus(), "sftNummernkreise");
     EXPECT_EQ(grid().ListCount(), 8);
+  });
+}
+
+TEST_F(DialogProgressTest, LoadingCanBeGivenUp) {
+  smallCompany("ORC");
+  init(2);
+  for (const char* way : {"button", "close button", "Escape"}) {
+    everyLookTakes(slow);
+    watch.whenShown = [&] {
+      QWidget& window = *progressWindow();
+      if (way == std::string("button"))
+        QTest::mouseClick(window.findChild<QPushButton*>(QStringLiteral("cancel")), Qt::LeftButton);
+      else if (way == std::string("Escape"))
+        QTest::keyClick(&window, Qt::Key_Escape);
+      else
+        window.close();
+    };
+    component().ShowDialog();
+    EXPECT_EQ(boxes(), Boxes{}) << way;
+    EXPECT_EQ(windows(), Lines{}) << "it never comes up: " << way;
+    for (const std::string& sent : statements())
+      EXPECT_NE(sent, "conn: BEGIN") << "nothing was begun: " << way;
+  }
+  everyLookTakes(milliseconds(0));
+  watch.whenShown = {};
+  show([&] {
+    EXPECT_EQ(grid().ListCount(), 8) << "opening again reads all";
+    press("cmdCancel");
+  });
+}
+
+TEST_F(DialogProgressTest, SavingCannotBeGivenUp) {
+  savedWhile([&] {
+    EXPECT_FALSE(progressWindow()->findChild<QPushButton*>(QStringLiteral("cancel"))->isVisible());
+    progressWindow()->close();
   });
 }
 

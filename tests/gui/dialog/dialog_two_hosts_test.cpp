@@ -1,4 +1,7 @@
 // Two hosts on one database: what another one does while the dialog is open, and when it is saved.
+#include <QApplication>
+#include <QLabel>
+
 #include "app/program.h"
 #include "support/dialog_session.h"
 #include "support/engine_waits.h"
@@ -163,6 +166,26 @@ TEST_P(DialogTwoHostsKeepingTest, ALockThatIsReleasedInTimeIsNotNoticed) {
     EXPECT_FALSE(isOpen());
     EXPECT_EQ(boxes(), Boxes{});
     EXPECT_EQ(pauses, 5);
+  });
+  EXPECT_EQ(stored(), saved_);
+}
+
+TEST_P(DialogTwoHostsKeepingTest, WhileALockIsWaitedForTheUserSeesIt) {
+  inChangedCompany([&] {
+    OtherWriter other(databaseFile());
+    everyLookTakes(std::chrono::milliseconds(200));
+    std::string seen;
+    int pauses = 0;
+    const EngineWaits waits([&] {
+      for (const QWidget* window : QApplication::topLevelWidgets())
+        if (window->objectName() == QLatin1String("progress") && window->isVisible())
+          seen = window->findChild<QLabel*>(QStringLiteral("caption"))->text().toStdString();
+      if (++pauses == 10) other.release();
+    });
+    press("cmdOK");
+    EXPECT_FALSE(isOpen());
+    EXPECT_EQ(seen, "Nummernkreise werden gespeichert…");
+    EXPECT_EQ(boxes(), Boxes{});
   });
   EXPECT_EQ(stored(), saved_);
 }

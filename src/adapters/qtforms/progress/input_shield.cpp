@@ -1,6 +1,7 @@
 #include "adapters/qtforms/progress/input_shield.h"
 
 #include <QApplication>
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QWidget>
 #include <QWindow>
@@ -46,6 +47,11 @@ bool isInput(const QEvent& event) {
   }
 }
 
+bool isKey(const QEvent& event) {
+  return event.type() == QEvent::KeyPress || event.type() == QEvent::KeyRelease ||
+         event.type() == QEvent::Shortcut || event.type() == QEvent::ShortcutOverride;
+}
+
 // Where no widget is: what is released there is not clicked.
 constexpr QPointF nowhere{-20000, -20000};
 
@@ -78,8 +84,23 @@ InputShield::InputShield() {
 
 InputShield::~InputShield() { QCoreApplication::instance()->removeEventFilter(this); }
 
-bool InputShield::eventFilter(QObject* /*receiver*/, QEvent* event) {
-  if (!isInput(*event)) return false;
+void InputShield::spare(const QWidget& window, std::function<void()> escape) {
+  spared_ = &window;
+  escape_ = std::move(escape);
+}
+
+bool InputShield::isSpared(const QObject* receiver, const QEvent& event) const {
+  if (spared_ == nullptr || isKey(event)) return false;
+  const auto* widget = qobject_cast<const QWidget*>(receiver);
+  if (widget != nullptr) return widget->window() == spared_;
+  return receiver == spared_->windowHandle();
+}
+
+bool InputShield::eventFilter(QObject* receiver, QEvent* event) {
+  if (!isInput(*event) || isSpared(receiver, *event)) return false;
+  if (escape_ && event->type() == QEvent::KeyPress &&
+      static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape)
+    escape_();
   // A key asked for as a shortcut is looked for among the shortcuts unless somebody takes it; a
   // window whose close is not refused closes.
   event->setAccepted(event->type() == QEvent::ShortcutOverride);

@@ -2,6 +2,9 @@
 #pragma once
 
 #include <QObject>
+#include <functional>
+
+class QWidget;
 
 namespace vexnumkr::qtforms {
 
@@ -13,7 +16,17 @@ class InputShield final : public QObject {
   InputShield();
   ~InputShield() override;
 
+  /// Lets the mouse through to `window`, and has `escape` called for the key of that name. Both are
+  /// borrowed or copied for as long as this lives.
+  void spare(const QWidget& window, std::function<void()> escape);
+
   bool eventFilter(QObject* receiver, QEvent* event) override;
+
+ private:
+  bool isSpared(const QObject* receiver, const QEvent& event) const;
+
+  const QWidget* spared_ = nullptr;
+  std::function<void()> escape_;
 };
 
 }  // namespace vexnumkr::qtforms

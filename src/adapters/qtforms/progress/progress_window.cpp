@@ -21,13 +21,17 @@ QWidget* ownerWindow() {
   return modal != nullptr ? modal : QApplication::activeWindow();
 }
 
-constexpr Qt::WindowFlags flags = Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
-                                  Qt::MSWindowsFixedSizeDialogHint | Qt::WindowDoesNotAcceptFocus;
+// It has a close button where that means something.
+Qt::WindowFlags flagsFor(bool cancellable) {
+  const Qt::WindowFlags flags = Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
+                                Qt::MSWindowsFixedSizeDialogHint | Qt::WindowDoesNotAcceptFocus;
+  return cancellable ? flags | Qt::WindowCloseButtonHint : flags;
+}
 
 }  // namespace
 
-ProgressWindow::ProgressWindow(const std::string& caption)
-    : QWidget(nullptr, flags), owner_(ownerWindow()) {
+ProgressWindow::ProgressWindow(const std::string& caption, bool cancellable)
+    : QWidget(nullptr, flagsFor(cancellable)), owner_(ownerWindow()) {
   setObjectName(QStringLiteral("progress"));
   setWindowTitle(QStringLiteral("Nummernkreise"));
   setFont(formFont({"Tahoma"}));
@@ -44,6 +48,13 @@ ProgressWindow::ProgressWindow(const std::string& caption)
   rows->setContentsMargins(windowMargin, windowMargin, windowMargin, windowMargin);
   rows->addWidget(&caption_);
   rows->addWidget(&bar_);
+  cancel_.setObjectName(QStringLiteral("cancel"));
+  cancel_.setText(QStringLiteral("Abbrechen"));
+  cancel_.setAutoDefault(false);
+  cancel_.setFocusPolicy(Qt::NoFocus);
+  cancel_.setVisible(cancellable);
+  connect(&cancel_, &QPushButton::clicked, this, &ProgressWindow::cancel);
+  rows->addWidget(&cancel_, 0, Qt::AlignRight);
   setFixedSize(windowWidth, sizeHint().height());
   placeOverOwner();
 }
@@ -57,7 +68,16 @@ void ProgressWindow::show(int thousandths) {
   if (!isVisible()) QWidget::show();
 }
 
-void ProgressWindow::closeEvent(QCloseEvent* event) { event->ignore(); }
+void ProgressWindow::cancel() {
+  isCancelled_ = true;
+  cancel_.setEnabled(false);
+}
+
+// The work has to end first.
+void ProgressWindow::closeEvent(QCloseEvent* event) {
+  event->ignore();
+  if (!cancel_.isHidden()) cancel();
+}
 
 // The owner may go first, so it is none that deletes this.
 void ProgressWindow::placeOverOwner() {

@@ -29,6 +29,7 @@ class QtProgressDisplay final : public ProgressDisplay {
   void Begin(const std::string& caption) noexcept override {
     guarded("Begin", [&] {
       caption_ = caption;
+      isCancelled_ = false;
       begun_ = now_();
     });
   }
@@ -36,6 +37,10 @@ class QtProgressDisplay final : public ProgressDisplay {
   void Show(int thousandths) noexcept override {
     guarded("Show", [&] { show(thousandths); });
   }
+
+  void OfferCancel(bool offered) noexcept override { isCancellable_ = offered; }
+
+  bool IsCancelled() const noexcept override { return isCancelled_; }
 
   void End() noexcept override {
     guarded("End", [this] { close(); });
@@ -64,13 +69,17 @@ class QtProgressDisplay final : public ProgressDisplay {
     }
     painted_ = now;
     window_->show(thousandths);
-    QCoreApplication::processEvents(windowEvents | QEventLoop::ExcludeUserInputEvents);
+    // The shield is in the way of all input but what gives the work up.
+    QCoreApplication::processEvents(
+        isCancellable_ ? windowEvents : windowEvents | QEventLoop::ExcludeUserInputEvents);
+    isCancelled_ = window_->isCancelled();
   }
 
   // Nobody's input is kept from him without a window that says why.
   void open() {
-    auto window = std::make_unique<ProgressWindow>(caption_);
+    auto window = std::make_unique<ProgressWindow>(caption_, isCancellable_);
     shield_.emplace();
+    if (isCancellable_) shield_->spare(*window, [&given = *window] { given.cancel(); });
     window_ = std::move(window);
   }
 
@@ -95,6 +104,8 @@ class QtProgressDisplay final : public ProgressDisplay {
   TimePoint begun_;
   TimePoint pausedAt_;
   TimePoint painted_;
+  bool isCancellable_ = false;
+  bool isCancelled_ = false;
   std::optional<InputShield> shield_;
   std::unique_ptr<ProgressWindow> window_;
 };
