@@ -16,6 +16,8 @@ vexnumkr_core_test(rules/saving_locked_test fault)
 vexnumkr_core_test(rules/saving_test unit)
 vexnumkr_core_test(rules/saving_in_sets_test unit)
 vexnumkr_core_test(rules/saving_failure_test fault)
+vexnumkr_core_test(rules/entry_check_test unit)
+vexnumkr_core_test(rules/fill_level_test unit)
 vexnumkr_core_test(rules/long_work_test unit)
 vexnumkr_core_test(rules/reported_failures_test fault)
 
