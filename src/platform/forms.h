@@ -43,6 +43,7 @@ inline constexpr std::int16_t escape = 27;
 inline constexpr std::int16_t space = 32;
 inline constexpr std::int16_t left = 37;
 inline constexpr std::int16_t right = 39;
+inline constexpr std::int16_t f1 = 112;
 inline constexpr std::int16_t f2 = 113;
 inline constexpr std::int16_t f7 = 118;
 inline constexpr std::int16_t f8 = 119;

@@ -6,6 +6,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -21,6 +22,29 @@ inline constexpr GridColour toolTipBackground = 0x80000018;
 
 /// Where in an item a click went.
 enum class GridArea : std::int16_t { Other = 0, Picture = 4, Cell = 5 };
+
+/// How full a range is, as a bar in a cell shows it.
+enum class FillStage { Plenty, Low, Critical };
+
+struct CellFill {
+  std::int32_t thousandths = 0;
+  FillStage stage = FillStage::Plenty;
+};
+
+/// What a cell shows besides its text. None of it is the text's or the item's own: it is asked for
+/// whenever the cell is painted or described.
+struct CellNote {
+  std::optional<CellFill> fill;
+  bool changed = false;   ///< other than when it was loaded
+  bool involved = false;  ///< its item stands against the entry that is being made
+  std::string text;       ///< what all that means, in words; lines end in a line feed
+};
+
+/// What is said of the text in an open editor.
+struct EntryNote {
+  std::string text;
+  bool refuses = false;  ///< whether it speaks against the entry
+};
 
 /// What the grid tells its form. `key` and `shift` follow key_code and key_shift in forms.h.
 class TreeGridEvents {
@@ -40,6 +64,13 @@ class TreeGridEvents {
                          std::string& text) = 0;
   /// A tool tip is wanted for a cell; `text` holds the grid's proposal.
   virtual void ToolTipText(std::int16_t column, std::string& text) = 0;
+  /// What a shown cell has besides its text is wanted.
+  virtual void DescribeCell(std::int32_t /*index*/, std::int16_t /*column*/, CellNote& /*note*/) {}
+  /// An editor has opened, or its text is another one; what is there to be said of it?
+  virtual void CEChange(std::int32_t /*index*/, std::int16_t /*column*/,
+                        const std::string& /*text*/, EntryNote& /*note*/) {}
+  /// The editor has closed.
+  virtual void CEClosed() {}
 
  protected:
   TreeGridEvents() = default;
@@ -78,6 +109,10 @@ class TreeGrid : public Control {
   virtual void ListIndex(std::int32_t index) = 0;
   virtual void Selected(std::int32_t index, bool selected) = 0;
 
+  /// Scrolls as little as it takes to show a group with its items, from the group on where there is
+  /// no room for all; nothing becomes current.
+  virtual void ShowGroup(std::int32_t index) = 0;
+
   /// The first item at or after `start` whose cell equals `text`; when there is none, the first
   /// whose cell begins with it; else -1. Case-sensitive.
   virtual std::int32_t FindString(std::int32_t start, std::int16_t column,
@@ -89,6 +124,10 @@ class TreeGrid : public Control {
   /// Whether option buttons can be chosen just now. They look so, and assistive technology is told;
   /// nothing else depends on it. In a new grid they can.
   virtual void AcceptsChoices(bool accepts) = 0;
+
+  /// How many characters an editor in that column takes; 0 for any number. A text that a cell holds
+  /// already is never cut.
+  virtual void ColTextLimit(std::int16_t column, std::int32_t characters) = 0;
 
   /// Makes the item current and visible and opens the editor in its cell, the whole text selected.
   virtual void StartEdit(std::int32_t index, std::int16_t column) = 0;

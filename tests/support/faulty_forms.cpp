@@ -141,6 +141,10 @@ class FaultyGrid final : public Faulty<TreeGrid> {
   }
   void AcceptsEntries(bool accepts) override { checked("AcceptsEntries").AcceptsEntries(accepts); }
   void AcceptsChoices(bool accepts) override { checked("AcceptsChoices").AcceptsChoices(accepts); }
+  void ColTextLimit(std::int16_t column, std::int32_t characters) override {
+    checked("ColTextLimit").ColTextLimit(column, characters);
+  }
+  void ShowGroup(std::int32_t index) override { checked("ShowGroup").ShowGroup(index); }
   void BeginUpdate() override { checked("BeginUpdate").BeginUpdate(); }
   void EndUpdate() override { checked("EndUpdate").EndUpdate(); }
   void Events(TreeGridEvents* events) override { checked("Events=").Events(events); }

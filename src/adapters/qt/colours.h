@@ -8,6 +8,9 @@ namespace vexnumkr {
 /// The contrast that makes a text legible (level AA of the WCAG).
 inline constexpr float legibleContrast = 4.5F;
 
+/// The contrast that makes graphics visible (level AA of the WCAG).
+inline constexpr float visibleContrast = 3.0F;
+
 /// How much light a colour gives, from 0 for black to 1 for white.
 float luminance(const QColor& colour);
 

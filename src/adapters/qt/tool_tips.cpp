@@ -14,6 +14,8 @@ namespace {
 constexpr QLatin1String ownBreak("<br>");
 constexpr QLatin1String layoutBreak("<br/>");
 
+constexpr const char* hintProperty = "hint";
+
 // Where a line that is too long ends: behind the last blank that has room, or in the middle of a
 // word that is too long by itself.
 qsizetype endOfFirstLine(const QString& line) {
@@ -64,12 +66,18 @@ void showToolTip(const QHelpEvent& event, const QString& text, QWidget& widget, 
   }
 }
 
+void giveHint(QWidget& widget, const QString& hint) {
+  widget.setProperty(hintProperty, hint);
+  widget.setAccessibleDescription(hint);
+}
+
 bool PlainToolTips::eventFilter(QObject* receiver, QEvent* event) {
   auto* widget = qobject_cast<QWidget*>(receiver);
-  if (event->type() != QEvent::ToolTip || widget == nullptr || widget->toolTip().isEmpty()) {
-    return false;
-  }
-  showToolTip(*static_cast<QHelpEvent*>(event), widget->toolTip(), *widget, QRect());
+  if (event->type() != QEvent::ToolTip || widget == nullptr) return false;
+  const QString text =
+      widget->toolTip().isEmpty() ? widget->property(hintProperty).toString() : widget->toolTip();
+  if (text.isEmpty()) return false;
+  showToolTip(*static_cast<QHelpEvent*>(event), text, *widget, QRect());
   return true;
 }
 

@@ -25,6 +25,9 @@ QString toolTipText(const QString& markup);
 /// It stays while the mouse is in `area`, or in the widget where that is empty.
 void showToolTip(const QHelpEvent& event, const QString& text, QWidget& widget, const QRect& area);
 
+/// A text that is shown where the widget has no tool tip, and told to assistive technology.
+void giveHint(QWidget& widget, const QString& hint);
+
 /// Shows the tool tips of the widgets that it is installed on as event filter.
 class PlainToolTips final : public QObject {
  public:

@@ -2,10 +2,12 @@
 #pragma once
 
 #include <cstdint>
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/tree_grid.h"
 
@@ -17,6 +19,12 @@ namespace vexnumkr {
 struct GridCell {
   std::int32_t item = -1;
   std::int16_t column = 0;
+};
+
+/// What users make of a grid's look.
+struct GridLook {
+  std::map<int, double> widths;           ///< of the shown columns, by column
+  std::vector<std::string> closedGroups;  ///< their captions
 };
 
 /// A tree grid that is a Qt widget.
@@ -36,6 +44,10 @@ class QtTreeGrid : public TreeGrid {
   virtual bool isEditing() const = 0;
   /// The cell whose editor is open.
   virtual std::optional<GridCell> editedCell() const = 0;
+  virtual GridLook look() const = 0;
+  /// Takes over the widths of columns that are shown and closes those groups, as far as there are
+  /// such.
+  virtual void look(const GridLook& look) = 0;
 
  protected:
   QtTreeGrid() = default;

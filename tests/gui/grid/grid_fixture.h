@@ -29,6 +29,9 @@ class GridEvents : public TreeGridEvents {
   std::function<void(bool&, std::string&)> onAfterEdit;
   std::function<void(std::int16_t, std::string&)> onToolTip;
 
+  std::function<void(std::int32_t, std::int16_t, CellNote&)> onDescribe;
+  std::function<void(const std::string&, EntryNote&)> onChange;
+
   void ItemClick(std::int32_t index, std::int16_t column, GridArea area,
                  std::int16_t button) override;
   void KeyDown(std::int16_t key) override;
@@ -36,6 +39,13 @@ class GridEvents : public TreeGridEvents {
                  std::int16_t column) override;
   void AfterEdit(std::int32_t index, std::int16_t column, bool& cancel, std::string& text) override;
   void ToolTipText(std::int16_t column, std::string& text) override;
+  void DescribeCell(std::int32_t index, std::int16_t column, CellNote& note) override {
+    if (onDescribe) onDescribe(index, column, note);
+  }
+  void CEChange(std::int32_t /*index*/, std::int16_t /*column*/, const std::string& text,
+                EntryNote& note) override {
+    if (onChange) onChange(text, note);
+  }
 };
 
 using Lines = std::vector<std::string>;

@@ -80,11 +80,11 @@ TEST_F(GridTest, SpaceAndF2AreTheFormsAlone) {
   EXPECT_FALSE(grid->isEditing());
 }
 
-TEST_F(GridTest, LettersDoNotSearch) {
+TEST_F(GridTest, LettersAreTheFormsTooBeforeTheySearch) {
   grid->ListIndex(1);
-  type("g");
+  type("x");
   EXPECT_EQ(grid->ListIndex(), 1);
-  EXPECT_EQ(events(), Lines{"key 71"});
+  EXPECT_EQ(events(), Lines{"key 88"});
 }
 
 TEST_F(GridTest, FunctionKeysAndDigitsHaveTheirCodes) {

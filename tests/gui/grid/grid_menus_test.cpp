@@ -151,5 +151,57 @@ TEST_F(GridMenusTest, MenusHaveTheFontOfTheirPlace) {
   EXPECT_EQ(openMenu(bar, bar.rect().center()).font().pixelSize(), 20);
 }
 
+TEST_F(GridMenusTest, ARowOffersItsCommands) {
+  QGuiApplication::clipboard()->setText(QStringLiteral("1\t2"));
+  click(textOf(2, 2), Qt::RightButton);
+  QMenu& menu = *qobject_cast<QMenu*>(QApplication::activePopupWidget());
+  EXPECT_EQ(captions(menu),
+            (Lines{"Bearbeiten", "Kopieren", "Einfügen", "Alle aufklappen", "Alle zuklappen"}));
+  EXPECT_EQ(enabled(menu), captions(menu));
+  EXPECT_EQ(grid->ListIndex(), 2);
+  choose(menu, "Kopieren");
+  EXPECT_EQ(QGuiApplication::clipboard()->text(), QStringLiteral("Filiale 1\t1002\t\t\t"));
+  events();
+  choose(menu, "Bearbeiten");
+  EXPECT_EQ(events(), Lines{"key 113"});
+  choose(menu, "Alle zuklappen");
+  EXPECT_FALSE(inSight(2));
+  choose(menu, "Alle aufklappen");
+  EXPECT_TRUE(inSight(2));
+}
+
+TEST_F(GridMenusTest, WhatCannotBeDoneToARowIsNotOffered) {
+  QGuiApplication::clipboard()->clear();
+  const auto offered = [&](int item) {
+    click(textOf(item, 1), Qt::RightButton);
+    const Lines lines = enabled(*qobject_cast<QMenu*>(QApplication::activePopupWidget()));
+    closeMenu();
+    return lines;
+  };
+  EXPECT_EQ(offered(2), (Lines{"Bearbeiten", "Kopieren", "Alle aufklappen", "Alle zuklappen"}));
+  EXPECT_EQ(offered(0), (Lines{"Kopieren", "Alle aufklappen", "Alle zuklappen"}));
+  grid->AcceptsEntries(false);
+  EXPECT_EQ(offered(2), (Lines{"Kopieren", "Alle aufklappen", "Alle zuklappen"}));
+}
+
+TEST_F(GridMenusTest, TheMenuKeyOpensItOnTheCurrentRow) {
+  grid->ListIndex(2);
+  QContextMenuEvent wanted(QContextMenuEvent::Keyboard, QPoint(), QPoint());
+  QApplication::sendEvent(view().viewport(), &wanted);
+  const QWidget* menu = QApplication::activePopupWidget();
+  ASSERT_NE(menu, nullptr);
+  const QPoint corner = view().viewport()->mapFromGlobal(menu->pos());
+  EXPECT_NEAR(corner.y(), cellRect(2, 1).bottom(), 3);
+}
+
+TEST_F(GridMenusTest, WhereAnEntryStaysOpenThereIsNoMenu) {
+  handler.onAfterEdit = [](bool& cancel, std::string&) { cancel = true; };
+  grid->StartEdit(2, 2);
+  type("x");
+  click(textOf(3, 2), Qt::RightButton);
+  EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+  EXPECT_TRUE(editorHasFocus());
+}
+
 }  // namespace
 }  // namespace vexnumkr::test

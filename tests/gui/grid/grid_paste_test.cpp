@@ -3,7 +3,9 @@
 #include <QClipboard>
 #include <QDropEvent>
 #include <QMimeData>
+#include <QToolTip>
 
+#include "adapters/qt/tool_tips.h"
 #include "gui/grid/grid_fixture.h"
 
 namespace vexnumkr::test {
@@ -59,6 +61,27 @@ TEST_F(GridPasteTest, UndoTakesBackWhatWasPastedAlone) {
   EXPECT_EQ(editor()->text(), QStringLiteral("ABCD"));
   editor()->undo();
   EXPECT_EQ(editor()->text(), QStringLiteral("AB"));
+}
+
+TEST_F(GridPasteTest, AColumnMayTakeSoManyCharactersOnlyAndSaysSo) {
+  grid->ColTextLimit(5, 4);
+  EXPECT_EQ(pasted("J%%JNNN"), "J%%J");
+  EXPECT_EQ(toolTipText(QToolTip::text()), QStringLiteral("höchstens 4 Zeichen"));
+  QToolTip::hideText();
+  grid->StartEdit(2, 5);
+  type("12345");
+  EXPECT_EQ(editor()->text(), QStringLiteral("1234"));
+  EXPECT_EQ(toolTipText(QToolTip::text()), QStringLiteral("höchstens 4 Zeichen"));
+  EXPECT_EQ(pasted("12"), "12");
+}
+
+TEST_F(GridPasteTest, TextsThatAreLongerAlreadyAreNotCut) {
+  grid->List(2, 5, "JJJJMMNNN");
+  grid->ColTextLimit(5, 4);
+  grid->StartEdit(2, 5);
+  EXPECT_EQ(editor()->text(), QStringLiteral("JJJJMMNNN"));
+  EXPECT_TRUE(grid->EndEdit(true));
+  EXPECT_EQ(grid->List(2, 5), "JJJJMMNNN");
 }
 
 TEST_F(GridPasteTest, TypedBlanksStay) {

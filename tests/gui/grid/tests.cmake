@@ -5,7 +5,7 @@ target_link_libraries(vexnumkr_test_grid
   PRIVATE vexnumkr_options)
 
 foreach(name items model mouse keys edit edit_handlers paste rebuild row_copy columns look
-    contrast menus tool_tip)
+    contrast menus notes search tool_tip)
   vexnumkr_test(gui/grid/grid_${name}_test GUI LABEL gui LINKS vexnumkr_test_grid)
 endforeach()
 foreach(name accessibility accessible_events)

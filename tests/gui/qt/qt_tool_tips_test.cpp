@@ -76,5 +76,22 @@ TEST(ToolTipsTest, ATipIsNeitherATowerNorAsWideAsTheScreen) {
   QToolTip::hideText();
 }
 
+TEST(ToolTips, AHintIsShownWhereThereIsNoTip) {
+  QWidget widget;
+  PlainToolTips tips;
+  widget.installEventFilter(&tips);
+  giveHint(widget, QStringLiteral("Speichert (F9)."));
+  const auto shown = [&] {
+    QHelpEvent event(QEvent::ToolTip, QPoint(1, 1), QPoint(1, 1));
+    QApplication::sendEvent(&widget, &event);
+    return toolTipText(QToolTip::text());
+  };
+  EXPECT_EQ(shown(), QStringLiteral("Speichert (F9)."));
+  EXPECT_EQ(widget.accessibleDescription(), QStringLiteral("Speichert (F9)."));
+  widget.setToolTip(QStringLiteral("Eigener Hinweis"));
+  EXPECT_EQ(shown(), QStringLiteral("Eigener Hinweis"));
+  QToolTip::hideText();
+}
+
 }  // namespace
 }  // namespace vexnumkr

@@ -2,6 +2,7 @@
 
 #include <QKeySequence>
 
+#include "adapters/qt/text.h"
 #include "adapters/qtgrid/accessible/picture_accessible.h"
 
 namespace vexnumkr {
@@ -83,7 +84,13 @@ QString CellAccessible::text(QAccessible::Text kind) const {
 }
 
 QString CellAccessible::description() const {
-  if (!isFirst()) return view().pathOf(item_, section_);
+  if (!isFirst()) {
+    const QString note = toQt(view().noteOf(item_, section_).text);
+    const QString path = view().pathOf(item_, section_);
+    return note.isEmpty() ? path
+                          : path + QStringLiteral(", ") +
+                                QString(note).replace(QLatin1Char('\n'), QStringLiteral(", "));
+  }
   QStringList words;
   const QString picture = model().pictureText(item_);
   if (!picture.isEmpty()) words << picture;

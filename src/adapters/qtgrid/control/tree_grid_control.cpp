@@ -4,6 +4,8 @@
 #include <QGuiApplication>
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QShortcut>
+#include <algorithm>
 
 #include <vexnumkr/error.h>
 
@@ -13,6 +15,7 @@
 #include "adapters/qt/text.h"
 #include "adapters/qt/units.h"
 #include "adapters/qtgrid/accessible/grid_accessible.h"
+#include "adapters/qtgrid/control/row_menu.h"
 #include "adapters/qtgrid/control/row_texts.h"
 
 namespace vexnumkr {
@@ -26,7 +29,9 @@ std::int16_t buttonNumber(Qt::MouseButton button) {
 }  // namespace
 
 TreeGridControl::TreeGridControl(const ControlDescription& description, QWidget* parent)
-    : view_(new GridView(description.columns, parent)), edit_(*view_) {
+    : view_(new GridView(description.columns, parent)),
+      edit_(*view_),
+      search_(new GridSearch(*view_, [this](int item) { ListIndex(item); })) {
   view_->setObjectName(toQt(description.name));
   view_->setAccessibleName(
       toQt(description.accessibleName.empty() ? description.caption : description.accessibleName));
@@ -35,10 +40,15 @@ TreeGridControl::TreeGridControl(const ControlDescription& description, QWidget*
   Position(description.position);
   makeAccessible(*view_);
   view_->listen(this);
+  auto* find = new QShortcut(QKeySequence::Find, view_);  // owned by the view
+  QObject::connect(find, &QShortcut::activated, view_, [this] { openSearch(); });
 }
 
 TreeGridControl::~TreeGridControl() {
-  if (view_) view_->listen(nullptr);
+  if (search_) delete search_;
+  if (!view_) return;
+  view_->listen(nullptr);
+  qDeleteAll(view_->findChildren<QShortcut*>(Qt::FindDirectChildrenOnly));
 }
 
 GridView& TreeGridControl::view() const {
@@ -138,6 +148,11 @@ void TreeGridControl::Selected(std::int32_t index, bool selected) {
   view().selectItem(index, selected);
 }
 
+void TreeGridControl::ShowGroup(std::int32_t index) {
+  requireItem(index);
+  view().revealGroup(index);
+}
+
 std::int32_t TreeGridControl::FindString(std::int32_t start, std::int16_t column,
                                          std::string_view text) const {
   return items().find(start, column, text);
@@ -146,6 +161,11 @@ std::int32_t TreeGridControl::FindString(std::int32_t start, std::int16_t column
 void TreeGridControl::AcceptsEntries(bool accepts) { view().acceptEntries(accepts); }
 
 void TreeGridControl::AcceptsChoices(bool accepts) { view().acceptChoices(accepts); }
+
+void TreeGridControl::ColTextLimit(std::int16_t column, std::int32_t characters) {
+  requireColumn(column);
+  edit_.limit(column, characters);
+}
 
 void TreeGridControl::StartEdit(std::int32_t index, std::int16_t column) {
   requireItem(index);
@@ -256,6 +276,62 @@ bool TreeGridControl::keyPressed(const QKeyEvent& event) {
     return false;
   }
   return true;
+}
+
+CellNote TreeGridControl::noteOf(int item, int column) {
+  CellNote note;
+  if (events_ != nullptr)
+    guarded("DescribeCell",
+            [&] { events_->DescribeCell(item, static_cast<std::int16_t>(column), note); });
+  return note;
+}
+
+bool TreeGridControl::mayPaste() const {
+  return current_ >= 0 && items().level(current_) > 0 && model().takesEntries(1) &&
+         !QGuiApplication::clipboard()->text().isEmpty();
+}
+
+// The entries of the menu stand for keys, whose ways they go.
+void TreeGridControl::menuWanted(const QPoint& position) {
+  if (isEditing() || current_ < 0) return;
+  const auto edit = [this] {
+    if (events_ != nullptr) guarded("KeyDown", [&] { events_->KeyDown(key_code::f2); });
+  };
+  const bool mayEdit = items().level(current_) > 0 && model().takesEntries(1);
+  openRowMenu(view(), position,
+              {{"&Bearbeiten", "F2", mayEdit, edit},
+               {"&Kopieren", "Strg+C", true, [this] { copyRow(); }},
+               {"&Einfügen", "Strg+V", mayPaste(), [this] { pasteRow(); }},
+               {},
+               {"Alle &aufklappen", "", true, [this] { view().expandAll(); }},
+               {"Alle &zuklappen", "", true, [this] { view().collapseAllGroups(); }}});
+}
+
+// What is being typed is kept first, as it is before anything else that the user turns to.
+void TreeGridControl::openSearch() {
+  if (view_ && search_ && edit_.end(true)) search_->open();
+}
+
+GridLook TreeGridControl::look() const {
+  GridLook look;
+  for (int section = 0; section < model().columnCount(); ++section)
+    look.widths[model().columnOf(section)] = view().widthOf(model().columnOf(section));
+  for (int item = 0; item < items().count(); ++item)
+    if (view().hasChildren(item) && !view().isOpen(item))
+      look.closedGroups.push_back(items().text(item, model().columnOf(0)));
+  return look;
+}
+
+void TreeGridControl::look(const GridLook& look) {
+  for (const auto& [column, width] : look.widths)
+    if (model().sectionOf(column) >= 0 && width > 0) view().setWidthOf(column, width);
+  for (int item = 0; item < items().count(); ++item) {
+    const auto& closed = look.closedGroups;
+    const bool isClosed = view().hasChildren(item) && view().isOpen(item) &&
+                          std::find(closed.begin(), closed.end(),
+                                    items().text(item, model().columnOf(0))) != closed.end();
+    if (isClosed) view().toggle(item);
+  }
 }
 
 void TreeGridControl::copyRow() const {

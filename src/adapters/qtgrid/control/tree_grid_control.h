@@ -4,6 +4,7 @@
 #include <QPointer>
 #include <optional>
 
+#include "adapters/qtgrid/control/grid_search.h"
 #include "adapters/qtgrid/edit/grid_edit.h"
 #include "adapters/qtgrid/qt_tree_grid.h"
 #include "adapters/qtgrid/view/grid_view.h"
@@ -19,6 +20,8 @@ class TreeGridControl final : public QtTreeGrid, private GridViewListener {
   TreeGridControl& operator=(const TreeGridControl&) = delete;
 
   QWidget* widget() const override { return view_; }
+  GridLook look() const override;
+  void look(const GridLook& look) override;
   bool isEditing() const override { return view_ && edit_.isOpen(); }
   std::optional<GridCell> editedCell() const override { return edit_.cell(); }
 
@@ -46,10 +49,12 @@ class TreeGridControl final : public QtTreeGrid, private GridViewListener {
   std::int32_t ListIndex() const override { return current_; }
   void ListIndex(std::int32_t index) override;
   void Selected(std::int32_t index, bool selected) override;
+  void ShowGroup(std::int32_t index) override;
   std::int32_t FindString(std::int32_t start, std::int16_t column,
                           std::string_view text) const override;
   void AcceptsEntries(bool accepts) override;
   void AcceptsChoices(bool accepts) override;
+  void ColTextLimit(std::int16_t column, std::int32_t characters) override;
   void StartEdit(std::int32_t index, std::int16_t column) override;
   bool EndEdit(bool keepText) override;
   void ItemEditFont(const Font& font) override;
@@ -72,6 +77,8 @@ class TreeGridControl final : public QtTreeGrid, private GridViewListener {
   void currentItemChanged(int item) override;
   QString toolTip(int column, const QString& proposal) override;
   void cellsMoved() override { edit_.layOut(); }
+  CellNote noteOf(int item, int column) override;
+  void menuWanted(const QPoint& position) override;
 
   // Silent from its making to its end, whatever happens in between.
   class Update {
@@ -91,12 +98,15 @@ class TreeGridControl final : public QtTreeGrid, private GridViewListener {
   void requireItem(std::int32_t index) const;
   void requireColumn(std::int16_t column) const;
   void makeCurrent();
+  bool mayPaste() const;
   void copyRow() const;
   void pasteRow();
+  void openSearch();
   void restoreAfterReset();
 
   QPointer<GridView> view_;
   GridEdit edit_;
+  QPointer<GridSearch> search_;  // owned by the view's parent
   TreeGridEvents* events_ = nullptr;
   Rect position_;
   int current_ = -1;

@@ -7,8 +7,11 @@
 #include <QMimeData>
 #include <QPainter>
 #include <QRegularExpression>
+#include <QToolTip>
+#include <algorithm>
 
 #include "adapters/qt/device_pixels.h"
+#include "adapters/qt/tool_tips.h"
 #include "adapters/qtgrid/edit/edit_menu.h"
 #include "adapters/qtgrid/view/cell_layout.h"
 #include "adapters/qtgrid/view/grid_colours.h"
@@ -16,7 +19,8 @@
 namespace vexnumkr {
 namespace {
 
-constexpr int ownMargin = 2;  // what a line edit leaves beside its text by itself
+constexpr int unlimited = 32767;  // as line edits are by themselves
+constexpr int ownMargin = 2;      // what a line edit leaves beside its text by itself
 
 bool isEditorKey(int key) {
   return key == Qt::Key_Escape || key == Qt::Key_Return || key == Qt::Key_Enter ||
@@ -40,7 +44,27 @@ CellEditor::CellEditor(QWidget* viewport) : QLineEdit(viewport) {
   setTextMargins(cellPadding - ownMargin, 0, cellPadding - ownMargin, 0);
   setFocusPolicy(Qt::ClickFocus);
   setAutoFillBackground(true);
+  connect(this, &QLineEdit::inputRejected, this, &CellEditor::tellLimit);
   hide();
+}
+
+void CellEditor::start(const QString& text, int limit) {
+  const int most = limit > 0 ? std::min(limit, unlimited) : unlimited;
+  setMaxLength(std::max(most, static_cast<int>(text.size())));
+  limitNote_ = limit > 0 ? QStringLiteral("höchstens %1 Zeichen").arg(maxLength()) : QString();
+  setText(text);
+}
+
+// Nothing is lost silently.
+void CellEditor::tellLimit() {
+  if (limitNote_.isEmpty()) return;
+  QToolTip::showText(mapToGlobal(rect().bottomLeft()), toolTipMarkup(limitNote_, font()), this);
+}
+
+void CellEditor::tell(const QString& note, bool refuses) {
+  setAccessibleDescription(note.isEmpty() ? limitNote_ : note);
+  isRefused_ = refuses;
+  update();
 }
 
 void CellEditor::useSelectionOf(const QPalette& palette) {
@@ -107,7 +131,9 @@ void CellEditor::dropEvent(QDropEvent* event) {
 void CellEditor::paintEvent(QPaintEvent* event) {
   QLineEdit::paintEvent(event);
   QPainter painter(this);
-  paintFrame(painter, rect(), thinLine(painter), palette().color(QPalette::Highlight));
+  const QColor usual = palette().color(QPalette::Highlight);
+  const QColor colour = isRefused_ ? warningColour(palette()) : usual;
+  paintFrame(painter, rect(), (isRefused_ ? 2 : 1) * thinLine(painter), colour);
 }
 
 void CellEditor::contextMenuEvent(QContextMenuEvent* event) {

@@ -27,6 +27,12 @@ class CellEditor : public QLineEdit {
   explicit CellEditor(QWidget* viewport);
   /// Null for nobody; borrowed.
   void listen(CellEditorListener* listener) { listener_ = listener; }
+  /// Begins with `text`. From then on it takes so many characters, 0 for any number, but never cuts
+  /// the text that it began with; whoever enters more is told.
+  void start(const QString& text, int limit);
+  /// Shows that something speaks against the text, and describes the editor by it; empty texts show
+  /// and say nothing.
+  void tell(const QString& note, bool refuses);
   /// Makes selected text legible on the selection of `palette`; all else follows the grid by
   /// itself.
   void useSelectionOf(const QPalette& palette);
@@ -43,8 +49,11 @@ class CellEditor : public QLineEdit {
 
  private:
   void beginUndoStep();
+  void tellLimit();
 
   CellEditorListener* listener_ = nullptr;
+  QString limitNote_;
+  bool isRefused_ = false;
 };
 
 }  // namespace vexnumkr

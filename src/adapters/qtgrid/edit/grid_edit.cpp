@@ -10,12 +10,18 @@
 
 namespace vexnumkr {
 
-GridEdit::GridEdit(GridView& view) : view_(view), editor_(new CellEditor(view.viewport())) {
+GridEdit::GridEdit(GridView& view)
+    : view_(view),
+      editor_(new CellEditor(view.viewport())),
+      bubble_(new EntryBubble(view.viewport())) {
   editor_->listen(this);
+  QObject::connect(editor_, &QLineEdit::textChanged, bubble_, [this] { describeEntry(); });
 }
 
 GridEdit::~GridEdit() {
+  if (bubble_) bubble_->deleteLater();
   if (!editor_) return;
+  editor_->disconnect(bubble_);
   editor_->listen(nullptr);
   editor_->hide();
   editor_->deleteLater();  // it may be the sender of the key that leads here
@@ -39,7 +45,7 @@ void GridEdit::open(int item, int column) {
   editor_->setAlignment(model.alignmentOf(section));
   editor_->useSelectionOf(view_.palette());
   editor_->setAccessibleName(view_.pathOf(item, section));
-  editor_->setText(toQt(model.items().text(item, column)));
+  editor_->start(toQt(model.items().text(item, column)), limitOf(column));
   session_ = Session{item, static_cast<std::int16_t>(column), editor_->text()};
   ++serial_;
   layOut();
@@ -48,7 +54,29 @@ void GridEdit::open(int item, int column) {
   editor_->selectAll();
   takeFocus();
   if (hadFocus) announceFocus();
+  describeEntry();
   view_.viewport()->update();
+}
+
+// Screen readers read the description when they come to the editor.
+void GridEdit::describeEntry() {
+  if (!session_ || !editor_ || !bubble_) return;
+  EntryNote note;
+  const Session session = *session_;
+  const std::string text = editor_->text().toStdString();
+  if (events_ != nullptr)
+    guarded("CEChange", [&] { events_->CEChange(session.item, session.column, text, note); });
+  if (!session_) return;
+  const QString said = toQt(note.text);
+  editor_->tell(said, note.refuses);
+  bubble_->setFont(view_.font());
+  bubble_->say(said, note.refuses, editor_->geometry());
+  view_.viewport()->update();
+}
+
+int GridEdit::limitOf(int column) const {
+  const auto found = limits_.find(static_cast<std::int16_t>(column));
+  return found == limits_.end() ? 0 : found->second;
 }
 
 // Going from cell to cell, the focus stays in the one editor: nobody would notice.
@@ -68,13 +96,17 @@ void GridEdit::layOut() {
   } else {
     editor_->setGeometry(area);
   }
+  if (bubble_) bubble_->follow(editor_->geometry());
 }
 
 void GridEdit::reveal() {
   if (session_) view_.reveal(session_->item, session_->column);
 }
 
-void GridEdit::enter(const QString& text) { editor_->setText(text); }
+void GridEdit::enter(const QString& text) {
+  editor_->selectAll();
+  editor_->insert(text);
+}
 
 bool GridEdit::end(bool keepText) {
   if (!session_) return true;
@@ -113,6 +145,8 @@ void GridEdit::close() {
   session_.reset();
   ++serial_;
   view_.setFocusProxy(nullptr);
+  if (bubble_) bubble_->hide();
+  if (events_ != nullptr) guarded("CEClosed", [&] { events_->CEClosed(); });
   // A key that ends the edit of one cell may open that of the next: until its handler is through,
   // the focus waits, lest screen readers read the row and the grid in between.
   if (!handlingKey_) leave();

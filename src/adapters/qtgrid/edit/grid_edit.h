@@ -5,9 +5,11 @@
 #include <QPointer>
 #include <QString>
 #include <cstdint>
+#include <map>
 #include <optional>
 
 #include "adapters/qtgrid/edit/cell_editor.h"
+#include "adapters/qtgrid/edit/entry_bubble.h"
 #include "adapters/qtgrid/qt_tree_grid.h"
 #include "adapters/qtgrid/view/grid_view.h"
 #include "platform/tree_grid.h"
@@ -26,6 +28,9 @@ class GridEdit : private CellEditorListener {
 
   void raiseTo(TreeGridEvents* events) { events_ = events; }
   void useFont(const QFont& font);
+
+  /// How many characters the texts of a column have at most from now on; 0 for any number.
+  void limit(std::int16_t column, int characters) { limits_[column] = characters; }
 
   bool isOpen() const { return session_.has_value(); }
   /// The cell being edited.
@@ -52,6 +57,8 @@ class GridEdit : private CellEditorListener {
 
   bool editorKeyPressed(const QKeyEvent& event) override;
   bool endByKey(std::int16_t key, std::int16_t shift);
+  int limitOf(int column) const;
+  void describeEntry();
   bool offerText();
   void refuse(const QString& text);
   void close();
@@ -59,9 +66,11 @@ class GridEdit : private CellEditorListener {
   void announceFocus();
 
   GridView& view_;
-  QPointer<CellEditor> editor_;  // owned by the viewport
+  QPointer<CellEditor> editor_;   // owned by the viewport
+  QPointer<EntryBubble> bubble_;  // likewise
   TreeGridEvents* events_ = nullptr;
   std::optional<Session> session_;
+  std::map<std::int16_t, int> limits_;  // by column
   std::uint32_t serial_ =
       0;  // counts openings and closings, so that a handler's doings are noticed
   bool ending_ = false;

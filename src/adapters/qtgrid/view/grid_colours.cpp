@@ -9,6 +9,9 @@ constexpr GridColour systemColourFlag = 0x80000000;
 constexpr float restingShare = 0.22F;
 constexpr float mutedShare = 0.45F;
 constexpr float deepeningStep = 0.02F;
+constexpr float involvedShare = 0.16F;
+constexpr QColor red(200, 30, 30);
+constexpr QColor yellow(240, 180, 0);
 
 bool isDark(const QPalette& palette) {
   return luminance(palette.color(QPalette::Base)) < luminance(palette.color(QPalette::Text));
@@ -55,7 +58,39 @@ std::optional<CellColours> systemColours(GridColour colour, const QPalette& pale
   }
 }
 
+// In the same tint, as much darker or lighter as it takes to be seen on the palette's ground.
+QColor standingOut(const QColor& colour, const QPalette& palette) {
+  const QColor base = palette.color(QPalette::Base);
+  const QColor away = isDark(palette) ? Qt::white : Qt::black;
+  for (float share = 0; share < 1; share += deepeningStep) {
+    const QColor deepened = blended(colour, away, share);
+    if (contrast(deepened, base) >= visibleContrast) return deepened;
+  }
+  return away;
+}
+
 }  // namespace
+
+QColor warningColour(const QPalette& palette) { return standingOut(red, palette); }
+
+QColor fillColour(FillStage stage, const QPalette& palette) {
+  switch (stage) {
+    case FillStage::Low:
+      return standingOut(yellow, palette);
+    case FillStage::Critical:
+      return warningColour(palette);
+    case FillStage::Plenty:
+      break;
+  }
+  return standingOut(mutedText(palette.color(QPalette::Text), palette.color(QPalette::Base)),
+                     palette);
+}
+
+CellColours involvedColours(const QPalette& palette) {
+  const QColor ground =
+      blended(palette.color(QPalette::Base), warningColour(palette), involvedShare);
+  return {ground, legibleOn(ground, palette.color(QPalette::Text))};
+}
 
 std::optional<CellColours> cellColours(GridColour background, const QPalette& palette) {
   if (background == gridDefaultColour) return std::nullopt;

@@ -24,6 +24,13 @@ struct CellColours {
 /// gridDefaultColour and for system colours that have no counterpart.
 std::optional<CellColours> cellColours(GridColour background, const QPalette& palette);
 
+/// What speaks against something; stands out from the palette's ground as graphics have to.
+QColor warningColour(const QPalette& palette);
+/// The bar of a range that is so full, likewise.
+QColor fillColour(FillStage stage, const QPalette& palette);
+/// The colours of an item that stands against an entry.
+CellColours involvedColours(const QPalette& palette);
+
 /// `text` closer to the `ground` that it stands on, as far as it stays legible.
 QColor mutedText(const QColor& text, const QColor& ground);
 

@@ -2,6 +2,7 @@
 
 #include <QPainter>
 #include <QWidget>
+#include <algorithm>
 
 #include "adapters/qt/device_pixels.h"
 #include "adapters/qt/picture_art.h"
@@ -11,6 +12,10 @@ namespace vexnumkr {
 namespace {
 
 constexpr qreal inertOpacity = 0.5;
+constexpr int barHeight = 2;
+constexpr int barDistance = 1;  // from the rule below the row
+constexpr float trackOpacity = 0.2F;
+constexpr int cornerEdge = 7;
 
 void paintArrow(QPainter* painter, const QRect& area, const QStyleOptionViewItem& option) {
   if (!option.state.testFlag(QStyle::State_Children)) return;
@@ -19,6 +24,27 @@ void paintArrow(QPainter* painter, const QRect& area, const QStyleOptionViewItem
   branch.state &= ~QStyle::State_Sibling;
   const QStyle* style = option.widget->style();
   style->drawPrimitive(QStyle::PE_IndicatorBranch, &branch, painter, option.widget);
+}
+
+// A faint track shows where full would be.
+void paintBar(QPainter* painter, const QRect& track, const QColor& colour, const CellFill& fill) {
+  QColor faint = colour;
+  faint.setAlphaF(trackOpacity);
+  painter->fillRect(onDevicePixels(*painter, track), faint);
+  const qreal share = std::clamp(fill.thousandths, 0, 1000) / 1000.0;
+  const QRectF filled(track.left(), track.top(), track.width() * share, track.height());
+  painter->fillRect(onDevicePixels(*painter, filled), colour);
+}
+
+void paintCorner(QPainter* painter, const QRect& cell, const QColor& colour) {
+  const QPointF corner = QRectF(cell).topRight();
+  painter->save();
+  painter->setRenderHint(QPainter::Antialiasing);
+  painter->setPen(Qt::NoPen);
+  painter->setBrush(colour);
+  painter->drawPolygon(
+      QPolygonF({corner, corner - QPointF(cornerEdge, 0), corner + QPointF(0, cornerEdge)}));
+  painter->restore();
 }
 
 // The cell looks as if the colours were the grid's own.
@@ -36,12 +62,13 @@ void mute(QStyleOptionViewItem& option) {
 
 }  // namespace
 
-void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
-                         const QModelIndex& index) const {
+void GridDelegate::paintCell(QPainter* painter, const QStyleOptionViewItem& option,
+                             const QModelIndex& index, const CellNote& note) const {
   QStyleOptionViewItem cell(option);
   cell.font = cellFont(index, option.font);
   if (!option.state.testFlag(QStyle::State_Selected)) {
-    if (const auto colours = cellColours(styleOf(index).background, option.palette)) {
+    const auto own = cellColours(styleOf(index).background, option.palette);
+    if (const auto colours = note.involved ? involvedColours(option.palette) : own) {
       painter->fillRect(onDevicePixels(*painter, option.rect), colours->background);
       recolour(cell, *colours);
     }
@@ -56,6 +83,23 @@ void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
                  option.widget->palette(), model_.isInert(item) ? inertOpacity : 1.0);
   }
   paintText(painter, parts.text, cell, index);
+  const bool selected = option.state.testFlag(QStyle::State_Selected);
+  const QColor ink = option.palette.color(QPalette::Text);
+  paintNote(painter, option.rect, option.widget->palette(), selected ? ink : QColor(), note);
+}
+
+// On a selected row both are in the colour of its text, which is legible there: `selectedText`.
+void GridDelegate::paintNote(QPainter* painter, const QRect& cell, const QPalette& palette,
+                             const QColor& selectedText, const CellNote& note) const {
+  const auto colour = [&](const QColor& usual) {
+    return selectedText.isValid() ? selectedText : usual;
+  };
+  if (note.fill) {
+    const QRect track(cell.left() + cellPadding, cell.bottom() - barHeight - barDistance,
+                      cell.width() - 2 * cellPadding, barHeight);
+    paintBar(painter, track, colour(fillColour(note.fill->stage, palette)), *note.fill);
+  }
+  if (note.changed) paintCorner(painter, cell, colour(palette.color(QPalette::Highlight)));
 }
 
 // Cells that could take entries, but do not in this view of the list.

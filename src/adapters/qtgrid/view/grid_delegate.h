@@ -9,7 +9,8 @@
 namespace vexnumkr {
 
 /// Paints a cell into the whole of option.rect, the space of the tree included: its own background,
-/// the arrow of a group, the item's picture and the text. The selection
+/// the arrow of a group, the item's picture, the text and what the cell's note says: a bar along
+/// the lower edge for how full a range is, a corner for what has changed, a tint. The selection
 /// behind it and the rule over its lower edge are the view's. A selected cell shows no background
 /// of its own.
 class GridDelegate : public QStyledItemDelegate {
@@ -19,8 +20,8 @@ class GridDelegate : public QStyledItemDelegate {
   GridDelegate(const GridModel& model, QObject* parent)
       : QStyledItemDelegate(parent), model_(model) {}
 
-  void paint(QPainter* painter, const QStyleOptionViewItem& option,
-             const QModelIndex& index) const override;
+  void paintCell(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index,
+                 const CellNote& note) const;
   QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
 
   /// `font` is the grid's; the cell's may be bold.
@@ -33,6 +34,8 @@ class GridDelegate : public QStyledItemDelegate {
   bool isReadOnly(const QModelIndex& index) const;
   CellStyle styleOf(const QModelIndex& index) const;
   QString textOf(const QModelIndex& index) const;
+  void paintNote(QPainter* painter, const QRect& cell, const QPalette& palette, const QColor& text,
+                 const CellNote& note) const;
   void paintText(QPainter* painter, const QRect& area, const QStyleOptionViewItem& option,
                  const QModelIndex& index) const;
 

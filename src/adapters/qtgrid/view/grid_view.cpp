@@ -104,6 +104,20 @@ void GridView::revealAtLayout(int item) {
   scrollAtLayout_.reset();
 }
 
+void GridView::revealGroup(int item) {
+  const QModelIndex group = model_->indexOf(item);
+  if (!group.isValid()) return;
+  executeDelayedItemsLayout();
+  expand(group);
+  scrollTo(model_->index(model_->rowCount(group) - 1, 0, group));
+  scrollTo(group);
+}
+
+void GridView::collapseAllGroups() {
+  executeDelayedItemsLayout();
+  collapseAll();
+}
+
 void GridView::toggle(int item) {
   const QModelIndex index = model_->indexOf(item);
   setExpanded(index, !isExpanded(index));
@@ -284,7 +298,18 @@ void GridView::keyPressEvent(QKeyEvent* event) {
     default:
       if (event->matches(QKeySequence::Copy)) return QTreeView::keyPressEvent(event);
       event->ignore();
+      searchByTyping(*event);
   }
+}
+
+// To the next shown item that begins with what is typed quickly, round the end of the list.
+void GridView::searchByTyping(const QKeyEvent& event) {
+  const QString text = event.text();
+  const bool isText = !text.isEmpty() && text.front().isPrint() && !text.front().isSpace();
+  const auto others = event.modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier);
+  if (!isText || others != Qt::NoModifier) return;
+  keyboardSearch(text);
+  if (currentIndex().isValid()) reveal(GridModel::itemOf(currentIndex()));
 }
 
 // Leaves out the base class, which would choose a current item.
@@ -308,7 +333,11 @@ void GridView::mousePressEvent(QMouseEvent* event) {
 
 void GridView::tellPressed(const QMouseEvent& event) {
   const GridHit hit = hitTest(event.position().toPoint());
-  if (listener_ != nullptr) listener_->pressed(hit, event.button());
+  if (listener_ == nullptr) return;
+  listener_->pressed(hit, event.button());
+  const bool isCurrent = hit.item >= 0 && currentIndex() == model_->indexOf(hit.item);
+  if (event.button() == Qt::RightButton && isCurrent && listener_ != nullptr)
+    listener_->menuWanted(event.globalPosition().toPoint());
 }
 
 void GridView::mouseDoubleClickEvent(QMouseEvent* event) { mousePressEvent(event); }
@@ -321,6 +350,14 @@ void GridView::mouseReleaseEvent(QMouseEvent* event) {
   event->accept();
   const bool inside = viewport()->rect().contains(event->position().toPoint());
   if (event->button() != Qt::LeftButton && inside) tellPressed(*event);
+}
+
+// The mouse's wish for a menu is part of its click; this is the keyboard's.
+void GridView::contextMenuEvent(QContextMenuEvent* event) {
+  event->accept();
+  if (event->reason() != QContextMenuEvent::Keyboard || !currentIndex().isValid()) return;
+  const QRect place = cellRect(currentIndex()).intersected(viewport()->rect());
+  if (listener_ != nullptr) listener_->menuWanted(viewport()->mapToGlobal(place.bottomLeft()));
 }
 
 void GridView::resizeEvent(QResizeEvent* event) {

@@ -33,6 +33,10 @@ class GridViewListener {
   virtual QString toolTip(int column, const QString& proposal) = 0;
   /// Cells may stand elsewhere now.
   virtual void cellsMoved() = 0;
+  /// What a cell shows besides its text.
+  virtual CellNote noteOf(int item, int column) = 0;
+  /// The commands for the current item are wanted, at a position on the screen.
+  virtual void menuWanted(const QPoint& position) = 0;
 
  protected:
   GridViewListener() = default;
@@ -65,6 +69,9 @@ class GridView : public QTreeView {
   /// Scrolls at the next layout: to that position, or until the item is shown; -1 shows the top.
   void scrollAtLayout(int position);
   void revealAtLayout(int item);
+  /// Expands the group and scrolls as little as it takes to show it with its items.
+  void revealGroup(int item);
+  void collapseAllGroups();
   void toggle(int item);
 
   /// A grid column's own width, which fitting the first section leaves alone; 0 hides the column.
@@ -90,6 +97,8 @@ class GridView : public QTreeView {
   QString pathOf(int item, int section) const;
   /// The tool tip of a column where the grid itself proposes none.
   QString toolTipOf(int section) const;
+  /// What a cell shows besides its text.
+  CellNote noteOf(int item, int section) const;
   bool takesEntries(int section) const;
   void acceptEntries(bool accepts);
   void acceptChoices(bool accepts);
@@ -107,7 +116,6 @@ class GridView : public QTreeView {
   void rowsInserted(const QModelIndex& parent, int start, int end) override;
   void dataChanged(const QModelIndex& topLeft, const QModelIndex& bottomRight,
                    const QList<int>& roles = {}) override;
-  void keyboardSearch(const QString&) override {}
 
  protected:
   bool event(QEvent* event) override;
@@ -119,6 +127,7 @@ class GridView : public QTreeView {
   void mouseDoubleClickEvent(QMouseEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void showEvent(QShowEvent* event) override;
   void scrollContentsBy(int dx, int dy) override;
@@ -132,6 +141,7 @@ class GridView : public QTreeView {
   void setUpHeader();
   void enterByKey(int key);
   void tellPressed(const QMouseEvent& event);
+  void searchByTyping(const QKeyEvent& event);
   void chooseByKey(int item);
   void adopt(const QModelIndex& collapsed);
   void expandNewGroup(const QModelIndex& group);

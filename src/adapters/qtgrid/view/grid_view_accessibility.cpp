@@ -73,6 +73,10 @@ QString GridView::toolTipOf(int section) const {
   return listener_->toolTip(model_->columnOf(section), QString());
 }
 
+CellNote GridView::noteOf(int item, int section) const {
+  return listener_ == nullptr ? CellNote() : listener_->noteOf(item, model_->columnOf(section));
+}
+
 bool GridView::takesEntries(int section) const { return model_->takesEntries(section); }
 
 void GridView::acceptEntries(bool accepts) {
@@ -101,6 +105,7 @@ void GridView::announceCurrent() {
 void GridView::dataChanged(const QModelIndex& topLeft, const QModelIndex& bottomRight,
                            const QList<int>& roles) {
   QTreeView::dataChanged(topLeft, bottomRight, roles);
+  viewport()->update();  // what cells show besides their texts follows from those of others
   GridAnnouncer* const told = announcer();
   if (told == nullptr) return;
   const int item = GridModel::itemOf(topLeft);

@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "adapters/qt/device_pixels.h"
+#include "adapters/qt/text.h"
 #include "adapters/qt/tool_tips.h"
 #include "adapters/qtgrid/view/grid_colours.h"
 #include "adapters/qtgrid/view/grid_view.h"
@@ -62,7 +63,8 @@ void GridView::paintCells(QPainter* painter, const QStyleOptionViewItem& row,
     cell.rect = QRect(columnViewportPosition(section), row.rect.top(),
                       header()->sectionSize(section), row.rect.height());
     if (cell.rect.right() < 0 || cell.rect.left() > viewport()->width()) continue;
-    delegate_->paint(painter, cell, index.siblingAtColumn(section));
+    delegate_->paintCell(painter, cell, index.siblingAtColumn(section),
+                         noteOf(GridModel::itemOf(index), section));
   }
 }
 
@@ -81,6 +83,8 @@ bool GridView::showCellToolTip(const QHelpEvent& event) {
     const QString proposal = fits ? QString() : index.data().toString();
     const QString wanted = listener_->toolTip(model_->columnOf(index.column()), proposal);
     if (!wanted.isEmpty()) text = wanted;
+    const QString note = toQt(noteOf(GridModel::itemOf(index), index.column()).text);
+    if (!note.isEmpty()) text = text.isEmpty() ? note : note + QStringLiteral("\n\n") + text;
   }
   showToolTip(event, text, *viewport(), area);
   return true;
