@@ -34,7 +34,8 @@ struct QtComponent::Parts {
 };
 
 QtComponent::QtComponent(HostComponents& host, DatabaseAccess access)
-    : QtComponent(host, access, makeQtFormsToolkit(), std::chrono::steady_clock::now) {}
+    : QtComponent(host, access, makeQtFormsToolkit(usersMemoryFile()),
+                  std::chrono::steady_clock::now) {}
 
 QtComponent::QtComponent(HostComponents& host, DatabaseAccess access,
                          std::unique_ptr<FormsToolkit> forms, ProgressClock now)

@@ -2,6 +2,7 @@
 
 #include <vexnumkr/adapters.h>
 
+#include "adapters/qtforms/qt_forms_toolkit.h"
 #include "scenario/failure.h"
 
 namespace vexnumkr::scenario {
@@ -12,7 +13,9 @@ Session::Session(const std::string& connectionString) : database_(connectionStri
 }
 
 void Session::createComponent() {
-  if (component_ == nullptr) component_ = std::make_unique<QtComponent>(host_, data_.access);
+  if (component_ != nullptr) return;
+  component_ = std::make_unique<QtComponent>(host_, data_.access, makeQtFormsToolkit(),
+                                             std::chrono::steady_clock::now);
 }
 
 bool Session::init() {

@@ -14,7 +14,9 @@
 #include "adapters/qt/scroll_bar.h"
 #include "adapters/qt/text.h"
 #include "adapters/qt/units.h"
+#include "adapters/qtforms/manual.h"
 #include "adapters/qtforms/modal_owner.h"
+#include "adapters/qtgrid/qt_tree_grid.h"
 
 namespace vexnumkr::qtforms {
 namespace {
@@ -34,13 +36,16 @@ Qt::WindowFlags windowFlagsOf(const FormDescription& description) {
 
 }  // namespace
 
-QtForm::QtForm(const FormDescription& description, FormEvents& events, OpenWindows& windows)
+QtForm::QtForm(const FormDescription& description, FormEvents& events, OpenWindows& windows,
+               FormMemory& memory)
     : QDialog(nullptr, windowFlagsOf(description)),
       name_(description.name),
       events_(events),
       windows_(windows),
+      memory_(memory),
       keys_(*this,
             [this](std::int16_t keyCode, std::int16_t shift) {
+              if (keyCode == key_code::f1) openManual();
               guarded("Form_KeyDown", [&] { events_.Form_KeyDown(keyCode, shift); });
             }),
       content_(new QWidget(this)) {
@@ -111,6 +116,10 @@ void QtForm::open(QWidget* owner) {
   if (owner != nullptr) setParent(owner, windowFlags());
   QCoreApplication::instance()->installEventFilter(&keys_);
   const QSize designed = content_->size();
+  if (isResizable()) {
+    const QSize known = memory_.size(objectName());
+    if (known.isValid()) resize(known.expandedTo(minimumSize()));
+  }
   fitScreen(owner != nullptr ? *owner->screen() : *screen());
   QWidget* first = controls_->firstFocus();
   if (focusWidget() == nullptr && first != nullptr) first->setFocus(Qt::OtherFocusReason);
@@ -119,6 +128,29 @@ void QtForm::open(QWidget* owner) {
   guarded("Form_Shown", [this] { events_.Form_Shown(); });
   // Handlers lay out nothing before they know that the form is shown.
   if (content_->size() != designed) guarded("Form_Resize", [this] { events_.Form_Resize(); });
+  recall();
+}
+
+bool QtForm::isResizable() const { return minimumSize() != maximumSize(); }
+
+// After the handlers have laid out the grids for the size of the window.
+void QtForm::recall() {
+  if (!memory_.keeps() || !isResizable()) return;
+  for (Control* control : controls_->inOrder()) {
+    auto* grid = dynamic_cast<QtTreeGrid*>(control);
+    if (grid == nullptr) continue;
+    guarded("recall", [&] { grid->look(memory_.look(objectName(), toQt(grid->Name()))); });
+  }
+}
+
+void QtForm::keep() {
+  if (!memory_.keeps() || !isResizable() || !isVisible()) return;
+  if (!isMaximized() && area_ == nullptr) memory_.keepSize(objectName(), size());
+  for (Control* control : controls_->inOrder()) {
+    auto* grid = dynamic_cast<QtTreeGrid*>(control);
+    if (grid == nullptr) continue;
+    guarded("keep", [&] { memory_.keepLook(objectName(), toQt(grid->Name()), grid->look()); });
+  }
 }
 
 void QtForm::fitScreen(const QScreen& screen) {
@@ -170,6 +202,7 @@ void QtForm::tryUnload(std::int16_t mode) {
 }
 
 void QtForm::finish() {
+  keep();
   state_ = State::Closed;
   disappear();
 }

@@ -8,6 +8,7 @@
 
 #include "adapters/qtforms/control_set.h"
 #include "adapters/qtforms/form_keys.h"
+#include "adapters/qtforms/form_memory.h"
 #include "adapters/qtforms/open_windows.h"
 #include "platform/forms.h"
 
@@ -25,14 +26,16 @@ namespace vexnumkr::qtforms {
 /// Escape drops the text of an open edit, wherever the focus is; without one it presses the cancel
 /// button. An application that ends while the form is open presses that too, and then closes it.
 ///
-/// A form that is larger than its screen is shown smaller and scrolls.
+/// A form that is larger than its screen is shown smaller and scrolls. One that can be resized
+/// comes up as it was left, its grids too. F1 opens the manual.
 ///
 /// Closed together with others (OpenWindows) it asks nobody; it is unloaded when the handlers that
 /// run in it have returned.
 class QtForm final : public QDialog, public Form {
  public:
-  /// `events` and `windows` are borrowed and outlive this.
-  QtForm(const FormDescription& description, FormEvents& events, OpenWindows& windows);
+  /// All but the description are borrowed and outlive this.
+  QtForm(const FormDescription& description, FormEvents& events, OpenWindows& windows,
+         FormMemory& memory);
 
   std::string Name() const override;
   std::int32_t ScaleWidth() const override;
@@ -58,6 +61,9 @@ class QtForm final : public QDialog, public Form {
 
   void setUpWindow(const FormDescription& description);
   void open(QWidget* owner);
+  bool isResizable() const;
+  void recall();
+  void keep();
   void fitScreen(const QScreen& screen);
   void scrollContent(const QSize& least);
   QSize withScrollBars(const QSize& content, const QSize& room) const;
@@ -70,6 +76,7 @@ class QtForm final : public QDialog, public Form {
   std::string name_;
   FormEvents& events_;
   OpenWindows& windows_;
+  FormMemory& memory_;
   FormKeys keys_;
   QWidget* const content_;       // holds the controls; owned by this widget, as every child
   QScrollArea* area_ = nullptr;  // around the content, where the screen is too small; likewise

@@ -1,10 +1,12 @@
 #include "adapters/qtforms/qt_forms_toolkit.h"
 
-#include <QCoreApplication>
 #include <QEventLoop>
+#include <QGuiApplication>
+#include <QStandardPaths>
 
 #include "adapters/qt/fonts.h"
 #include "adapters/qtforms/busy_pointer.h"
+#include "adapters/qtforms/form_memory.h"
 #include "adapters/qtforms/message_box.h"
 #include "adapters/qtforms/open_windows.h"
 #include "adapters/qtforms/qt_form.h"
@@ -16,11 +18,13 @@ using namespace qtforms;
 
 class QtFormsToolkit final : public FormsToolkit {
  public:
-  QtFormsToolkit() { registerFontSubstitutes(); }
+  explicit QtFormsToolkit(const QString& memoryFile) : memory_(memoryFile) {
+    registerFontSubstitutes();
+  }
 
   std::unique_ptr<Form> createForm(const FormDescription& description,
                                    FormEvents& events) override {
-    return std::make_unique<QtForm>(description, events, windows_);
+    return std::make_unique<QtForm>(description, events, windows_, memory_);
   }
 
   std::int32_t MsgBox(const std::string& prompt, std::int32_t buttons,
@@ -39,11 +43,22 @@ class QtFormsToolkit final : public FormsToolkit {
 
  private:
   OpenWindows windows_;
+  FormMemory memory_;
   BusyPointer pointer_;
 };
 
 }  // namespace
 
-std::unique_ptr<FormsToolkit> makeQtFormsToolkit() { return std::make_unique<QtFormsToolkit>(); }
+std::unique_ptr<FormsToolkit> makeQtFormsToolkit(const QString& memoryFile) {
+  return std::make_unique<QtFormsToolkit>(memoryFile);
+}
+
+QString usersMemoryFile() {
+  if (QCoreApplication::instance() == nullptr) return {};
+  const QString platform = QGuiApplication::platformName();
+  if (platform == QLatin1String("offscreen") || platform == QLatin1String("minimal")) return {};
+  return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
+         QLatin1String("/vexal/nummernkreise.ini");
+}
 
 }  // namespace vexnumkr

@@ -11,12 +11,18 @@
 // number and `prompt` the text as it was handed over.
 #pragma once
 
+#include <QString>
 #include <memory>
 
 #include "platform/forms.h"
 
 namespace vexnumkr {
 
-std::unique_ptr<FormsToolkit> makeQtFormsToolkit();
+/// What users make of the windows is kept in a file of that name; nothing is for an empty one. The
+/// forms end before the toolkit does.
+std::unique_ptr<FormsToolkit> makeQtFormsToolkit(const QString& memoryFile = {});
+
+/// Where the user's windows are remembered; empty on platforms that show nobody any.
+QString usersMemoryFile();
 
 }  // namespace vexnumkr

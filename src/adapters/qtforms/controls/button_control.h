@@ -3,8 +3,10 @@
 
 #include <QPushButton>
 
+#include "adapters/qt/tool_tips.h"
 #include "adapters/qtforms/controls/pending_edits.h"
 #include "adapters/qtforms/controls/widget_control.h"
+#include "platform/hinted.h"
 
 namespace vexnumkr::qtforms {
 
@@ -26,12 +28,13 @@ class PushButton final : public QPushButton {
 
 /// Settles the form's open edits before its click takes place: the cancel button drops their texts,
 /// every other button keeps them.
-class ButtonControl final : public WidgetControl<Button, PushButton> {
+class ButtonControl final : public WidgetControl<Button, PushButton>, public Hinted {
  public:
   /// `edits` is borrowed and outlives this.
   ButtonControl(const ControlDescription& description, QWidget& parent, PendingEdits& edits);
 
   void OnClick(std::function<void()> handler) override;
+  void Hint(const std::string& text) override { giveHint(widget_, toQt(text)); }
 
  private:
   void fit() override;

@@ -1,0 +1,10 @@
+// The users' manual, where it is installed.
+#pragma once
+
+namespace vexnumkr::qtforms {
+
+/// Opens the manual in the program that the user reads such pages with. Does nothing where it is
+/// not installed.
+void openManual();
+
+}  // namespace vexnumkr::qtforms
