@@ -26,8 +26,12 @@ void clickCell(Stage& stage, const Command& command, Qt::MouseButton button) {
 
 void click(Stage& stage, const Command& command) { clickCell(stage, command, Qt::LeftButton); }
 
+// Whoever only clicks has no use for the menu that it opens.
 void rightClick(Stage& stage, const Command& command) {
   clickCell(stage, command, Qt::RightButton);
+  stage.rest.push_back([] {
+    if (QWidget* menu = QApplication::activePopupWidget()) menu->close();
+  });
 }
 
 void clickPicture(Stage& stage, const Command& command) {
@@ -99,12 +103,12 @@ void hideToolTips() {
     if (window->inherits("QTipLabel")) window->hide();
 }
 
-// The text that the shown tip stands for.
-std::string shownToolTip() {
+// The text that the shown tip stands for, without what its first part notes of the cell.
+std::string shownToolTip(const QString& note) {
   if (!QToolTip::isVisible()) return {};
-  return toolTipText(QToolTip::text())
-      .replace(QLatin1Char('\n'), QLatin1String("\r\n"))
-      .toStdString();
+  QString text = toolTipText(QToolTip::text());
+  if (!note.isEmpty() && text.startsWith(note)) text = text.mid(note.size()).trimmed();
+  return text.replace(QLatin1Char('\n'), QLatin1String("\r\n")).toStdString();
 }
 
 void cellToolTip(Stage& stage, const Command& command) {
@@ -114,7 +118,9 @@ void cellToolTip(Stage& stage, const Command& command) {
   hideToolTips();
   QHelpEvent wanted(QEvent::ToolTip, centre, viewport.mapToGlobal(centre));
   QApplication::sendEvent(&viewport, &wanted);
-  stage.print("tooltip: " + printedText(shownToolTip()));
+  GridModel& model = access.view().gridModel();
+  const CellNote note = access.view().noteOf(command.number(0), model.sectionOf(command.number(1)));
+  stage.print("tooltip: " + printedText(shownToolTip(QString::fromStdString(note.text))));
   hideToolTips();
 }
 

@@ -9,19 +9,28 @@
 #include "hosting/circle_administration.h"
 #include "hosting/renumbering.h"
 #include "hosting/start_up.h"
+#include "platform/hinted.h"
 #include "rules/activity.h"
 #include "rules/validation.h"
 
 namespace vexnumkr {
 namespace {
 
-constexpr std::int32_t windowIcon = 267;   // in the host's catalogue
-constexpr std::int32_t filterEntries = 2;  // "Alle Buchungskreise" and "Aktive Buchungskreise"
+constexpr std::int32_t windowIcon = 267;     // in the host's catalogue
+constexpr std::int32_t usualMaskLimit = 40;  // where the database names none
+constexpr std::int32_t filterEntries = 2;    // "Alle Buchungskreise" and "Aktive Buchungskreise"
 
 std::int32_t entryWithText(ComboBox& combo, const std::string& text, std::int32_t otherwise) {
   for (std::int32_t i = 0; i < combo.ListCount(); ++i)
     if (combo.List(i) == text) return i;
   return otherwise;
+}
+
+std::set<std::string> numberKeys(const XArray& table) {
+  std::set<std::string> keys;
+  for (const RangeRow& row : table)
+    if (row.isStandard()) keys.insert(row.NSchl.str());
+  return keys;
 }
 
 // Opens the editor on the value of `range` in the grid: found by the key's description, from there
@@ -43,6 +52,7 @@ frmNummernkreise::frmNummernkreise(Session& session)
       form_(session.forms().createForm(mainDialogDescription(), *this)),
       sftNummernkreise_(form_->control<TreeGrid>("sftNummernkreise")),
       tree_(session, sftNummernkreise_),
+      notes_(session, sftNummernkreise_),
       cboBuchungskreis_(form_->control<ComboBox>("cboBuchungskreis")),
       cboUser_(form_->control<ComboBox>("cboUser")) {
   connectControls();
@@ -74,19 +84,28 @@ void frmNummernkreise::Show() { form_->ShowModal(); }
 void frmNummernkreise::Form_Load() {
   const UserAction opening(session_.failures());
   takeIcon();
-  reporting("Form_Load", [&] {
-    layout_.emplace(*form_);
-    closeMode_ = NotClosing;
-    prepare();
-    cboBuchungskreis_.ListIndex(0);
-    fillUserCombo();
-    ShowUserCombo();
-    CreateToolTips();
-    session_.forms().DoEvents();
-    loadRanges();
-    cboUser_.ListIndex(0);
-    session_.beginTransaction();
-  });
+  try {
+    const CancelOffer offer(session_.progress());
+    reporting("Form_Load", [&] { load(); });
+  } catch (const WorkCancelled&) {
+    closeMode_ = Unloaded;
+    form_->Unload();
+  }
+}
+
+void frmNummernkreise::load() {
+  layout_.emplace(*form_);
+  closeMode_ = NotClosing;
+  prepare();
+  cboBuchungskreis_.ListIndex(0);
+  fillUserCombo();
+  ShowUserCombo();
+  CreateToolTips();
+  session_.forms().DoEvents();
+  loadRanges();
+  limitMasks();
+  cboUser_.ListIndex(0);
+  session_.beginTransaction();
 }
 
 void frmNummernkreise::loadRanges() {
@@ -94,6 +113,14 @@ void frmNummernkreise::loadRanges() {
   if (basAllgemein::LoadItems(data, session_.source(), session_.reporter(), session_.progress()))
     basAllgemein::CheckActivity(data.table, data.users, session_.reporter());
   basAllgemein::RefreshSGroups(data, session_.source(), session_.reporter(), session_.progress());
+}
+
+// A mask that does not fit into its column would keep everything from being saved.
+void frmNummernkreise::limitMasks() {
+  std::int32_t limit = 0;
+  ignoringFailures(
+      [&] { limit = session_.source().ConnWork().TextLimit("Nummernkreise", "Maske"); });
+  sftNummernkreise_.ColTextLimit(grid_column::Maske, limit > 0 ? limit : usualMaskLimit);
 }
 
 // What is asked of the database ahead of the ranges; a slow server keeps the pointer busy.
@@ -147,7 +174,10 @@ void frmNummernkreise::Form_Resize() {
   });
 }
 
-void frmNummernkreise::rebuildGrid() { tree_.SyncDataWithControl(shownView()); }
+void frmNummernkreise::rebuildGrid() {
+  notes_.forget();
+  tree_.SyncDataWithControl(shownView());
+}
 
 // Where the circles could not be read, the filter stays as it was, as the list does.
 void frmNummernkreise::RefreshCombo() {
@@ -211,6 +241,7 @@ void frmNummernkreise::refillFilter() {
 void frmNummernkreise::cmdSonderkreise_Click() {
   onInput("cmdSonderkreise_Click", [&] {
     session_.requireTransaction();
+    const std::set<std::string> before = numberKeys(session_.XArray());
     {
       frmSonderkreise dialog(session_);
       if (session_.Herkunft() == "ORB")
@@ -220,7 +251,17 @@ void frmNummernkreise::cmdSonderkreise_Click() {
     basAllgemein::RefreshSGroups(session_.data(), session_.source(), session_.reporter(),
                                  session_.progress());
     rebuildGrid();
+    showNewGroup(before);
   });
+}
+
+// Where one was switched on, or the first of several.
+void frmNummernkreise::showNewGroup(const std::set<std::string>& before) {
+  for (std::int32_t item = 0; item < sftNummernkreise_.ListCount(); ++item) {
+    const bool isNew = sftNummernkreise_.ItemLevel(item) == 0 &&
+                       !before.contains(sftNummernkreise_.List(item, grid_column::NSchl));
+    if (isNew) return sftNummernkreise_.ShowGroup(item);
+  }
 }
 
 void frmNummernkreise::cmdOptionen_Click() {
@@ -317,8 +358,14 @@ void frmNummernkreise::ShowUserCombo() {
   });
 }
 
+void frmNummernkreise::giveHint(const char* button, const char* text) {
+  if (auto* hinted = dynamic_cast<Hinted*>(&form_->control<Button>(button))) hinted->Hint(text);
+}
+
 void frmNummernkreise::CreateToolTips() {
   reporting("CreateToolTips", [&] {
+    giveHint("cmdOK", "Speichert und schließt den Dialog (F9).");
+    giveHint("cmdCancel", "Schließt den Dialog, ohne zu speichern (F10).");
     form_->control<Button>("cmdAuto").ToolTipText(
         "Belegt die Nummernkreise jeweils anhand der eingegebenen Maske neu vor.");
     form_->control<Button>("cmdBuchungskreise")

@@ -4,9 +4,11 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <set>
 #include <string>
 #include <utility>
 
+#include "dialogs/main/cell_notes.h"
 #include "dialogs/main/layout.h"
 #include "dialogs/main/tree.h"
 #include "hosting/nummernkreise.h"
@@ -37,7 +39,13 @@ class frmNummernkreise final : public MainDialog,
 
  private:
   // How the dialog is being closed.
-  enum CloseMode : std::int32_t { NotClosing = -1, ByOK = 0, ByCancel = 1, ByCloseButton = 2 };
+  enum CloseMode : std::int32_t {
+    NotClosing = -1,
+    ByOK = 0,
+    ByCancel = 1,
+    ByCloseButton = 2,
+    Unloaded = 3  // the user has given up loading: there is no transaction yet
+  };
 
   void Form_Load() override;
   void Form_Shown() override;
@@ -62,12 +70,17 @@ class frmNummernkreise final : public MainDialog,
                  std::int16_t column) override;
   void AfterEdit(std::int32_t index, std::int16_t column, bool& cancel, std::string& text) override;
   void ToolTipText(std::int16_t column, std::string& text) override;
+  void DescribeCell(std::int32_t index, std::int16_t column, CellNote& note) override;
+  void CEChange(std::int32_t index, std::int16_t column, const std::string& text,
+                EntryNote& note) override;
+  void CEClosed() override { notes_.closeEntry(); }
 
   void showDefect(const RangeDefect& defect) override;
   void showChanges() override { rebuildGrid(); }
 
   void ShowUserCombo();
   void CreateToolTips();
+  void giveHint(const char* button, const char* text);
 
   template <class Body>
   void reporting(const char* procedure, Body&& body) {
@@ -89,13 +102,16 @@ class frmNummernkreise final : public MainDialog,
   void prepare();
   void applyApplicationStyle();
   void storePictures();
+  void load();
   void fillUserCombo();
+  void limitMasks();
   void loadRanges();
   View shownView() const { return {cboBuchungskreis_.Text(), cboUser_.Text()}; }
   void rebuildGrid();
   void RefreshCombo();
   void refillFilter();
   void resetFilters();
+  void showNewGroup(const std::set<std::string>& before);
   void selectUser(std::int32_t step);
   std::string currentText(std::int32_t index, std::int16_t column);
   void storeValue(std::int32_t index, std::int16_t column, std::string& text);
@@ -107,6 +123,7 @@ class frmNummernkreise final : public MainDialog,
   std::unique_ptr<Form> form_;
   TreeGrid& sftNummernkreise_;
   Tree tree_;
+  CellNotes notes_;
   ComboBox& cboBuchungskreis_;
   ComboBox& cboUser_;
   std::optional<MainDialogLayout> layout_;

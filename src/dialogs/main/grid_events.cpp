@@ -119,6 +119,16 @@ void frmNummernkreise::writeValue(std::int32_t index, std::int16_t column,
                             valueShownIn(column), text);
 }
 
+// A hint that cannot be given is no failure of what the user does.
+void frmNummernkreise::DescribeCell(std::int32_t index, std::int16_t column, CellNote& note) {
+  ignoringFailures([&] { note = notes_.ofCell(index, column, view_.user); });
+}
+
+void frmNummernkreise::CEChange(std::int32_t index, std::int16_t column, const std::string& text,
+                                EntryNote& note) {
+  ignoringFailures([&] { note = notes_.ofEntry(index, column, text); });
+}
+
 void frmNummernkreise::ToolTipText(std::int16_t column, std::string& text) {
   if (column == grid_column::Maske) text = maskToolTip(session_.strVerarbeitungsdatum());
 }

@@ -9,25 +9,33 @@ namespace {
 
 constexpr const char* moduleName = "frmSonderkreise";
 
+constexpr std::int32_t designWidth = 4890;
+constexpr std::int32_t designHeight = 3525;
+constexpr Rect listPosition{120, 420, 4635, 2535};
+constexpr Rect okPosition{1980, 3060, 1335, 345};
+constexpr Rect cancelPosition{3420, 3060, 1335, 345};
+
 FormDescription description() {
   FormDescription form;
   form.name = "frmSonderkreise";
   form.caption = "Sonderkreise";
-  form.width = 4890;
-  form.height = 3525;
+  form.width = designWidth;
+  form.height = designHeight;
   form.font = {"Tahoma"};
+  form.resizable = true;
+  form.minimumWidth = designWidth;
+  form.minimumHeight = 2400;
 
   ControlDescription list =
-      describeControl(ControlKind::CheckList, "lstSonderkreise", {120, 420, 4635, 2535});
+      describeControl(ControlKind::CheckList, "lstSonderkreise", listPosition);
   list.accessibleName = "Sonderkreise";
   list.tabIndex = 0;
   ControlDescription label = describeLabel(
       "lblSonderkreise",
       "Folgende Sonderkreise können noch zusätzlich aktiviert werden:", {120, 120, 4605, 195});
   label.labelled = "lstSonderkreise";
-  form.controls = {
-      label, list, describeButton("cmdOK", "OK", {1980, 3060, 1335, 345}, 1, ButtonRole::Default),
-      describeButton("cmdCancel", "Abbrechen", {3420, 3060, 1335, 345}, 2, ButtonRole::Cancel)};
+  form.controls = {label, list, describeButton("cmdOK", "OK", okPosition, 1, ButtonRole::Default),
+                   describeButton("cmdCancel", "Abbrechen", cancelPosition, 2, ButtonRole::Cancel)};
   return form;
 }
 
@@ -78,6 +86,22 @@ void frmSonderkreise::SaveSettings() {
       session_.progress().advance();
     }
   });
+}
+
+void frmSonderkreise::Form_Resize() {
+  const std::int32_t dW = form_->ScaleWidth() - designWidth;
+  const std::int32_t dH = form_->ScaleHeight() - designHeight;
+  const auto moved = [&](Rect position) {
+    position.left += dW;
+    position.top += dH;
+    return position;
+  };
+  Rect list = listPosition;
+  list.width += dW;
+  list.height += dH;
+  lstSonderkreise_.Position(list);
+  form_->control<Button>("cmdOK").Position(moved(okPosition));
+  form_->control<Button>("cmdCancel").Position(moved(cancelPosition));
 }
 
 void frmSonderkreise::cmdOK_Click() {

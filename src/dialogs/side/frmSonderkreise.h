@@ -24,6 +24,7 @@ class frmSonderkreise final : private FormEvents {
  private:
   void Form_Load() override;
   void Form_Unload() override;
+  void Form_Resize() override;
 
   void cmdOK_Click();
   void cmdCancel_Click();

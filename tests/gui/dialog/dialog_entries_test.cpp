@@ -375,6 +375,17 @@ TEST_F(DialogEntriesTest, NumberingFromMasksShowsTheNewNumbers) {
   });
 }
 
+TEST_F(DialogEntriesTest, AMaskIsNoLongerThanItsColumn) {
+  inCompany(2, [&] {
+    const int limit = session().Conn().TextLimit("Nummernkreise", "Maske");
+    const std::string typed(300, 'N');
+    enter(2, 5, typed);
+    key("Escape");
+    EXPECT_GT(limit, 0);
+    EXPECT_EQ(cell(2, 5), typed.substr(0, static_cast<std::size_t>(limit)));
+  });
+}
+
 TEST_F(DialogEntriesTest, DeclinedNumberingChangesNothing) {
   inCompany(2, [&] {
     for (const char* button : {"no", "cancel"}) {

@@ -3,6 +3,7 @@
 #include <QListWidget>
 #include <QPushButton>
 #include <QScrollBar>
+#include <algorithm>
 
 #include "scenario/controls.h"
 #include "scenario/input.h"
@@ -348,6 +349,36 @@ TEST_F(DialogSpecialRangesTest, OtherApplicationsKeepTheDesignedFonts) {
     inSpecialRanges([&] {
       for (QWidget* each : scenario::controlsOf(dialog()))
         EXPECT_EQ(each->font().family(), QStringLiteral("Tahoma"));
+      press("cmdCancel");
+    });
+  });
+}
+
+TEST_F(DialogSpecialRangesTest, AGroupThatWasSwitchedOnComesIntoView) {
+  inCompanyWithSpecialRanges(2, [&] {
+    resize(dialog().minimumWidth(), dialog().minimumHeight());
+    inSpecialRanges([&] {
+      tick(0);
+      press("cmdOK");
+    });
+    GridView& view = gridAccess().view();
+    const Lines items = tree();
+    const auto group = std::find(items.begin(), items.end(), "Ausland (R1)") - items.begin();
+    ASSERT_LT(static_cast<std::size_t>(group), items.size());
+    const QRect place = view.visualRect(view.gridModel().indexOf(static_cast<int>(group)));
+    EXPECT_TRUE(view.viewport()->rect().contains(place.center()));
+    EXPECT_EQ(grid().ListIndex(), -1) << "nothing becomes current";
+  });
+}
+
+TEST_F(DialogSpecialRangesTest, TheListGrowsWithItsWindow) {
+  inCompanyWithSpecialRanges(2, [&] {
+    inSpecialRanges([&] {
+      const QRect list = control("lstSonderkreise").geometry();
+      const QRect ok = control("cmdOK").geometry();
+      resize(dialog().width() + 100, dialog().height() + 50);
+      EXPECT_EQ(control("lstSonderkreise").geometry(), list.adjusted(0, 0, 100, 50));
+      EXPECT_EQ(control("cmdOK").geometry(), ok.translated(100, 50));
       press("cmdCancel");
     });
   });

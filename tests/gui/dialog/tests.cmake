@@ -6,7 +6,7 @@ target_link_libraries(vexnumkr_dialog_session
   PRIVATE vexnumkr_options Qt6::Test)
 
 foreach(name broken_host circles circles_refresh closing controls editor_walk ending entries failures
-    filters interruptions loading options progress refusals special_ranges ticks tree validation)
+    filters interruptions loading notes options progress refusals special_ranges ticks tree validation)
   vexnumkr_test(gui/dialog/dialog_${name}_test GUI LABEL gui LINKS vexnumkr_dialog_session)
 endforeach()
 
