@@ -6,6 +6,7 @@
 #include <QKeyEvent>
 #include <QPainter>
 #include <QPixmap>
+#include <QShortcut>
 
 #include <vexnumkr/error.h>
 
@@ -123,6 +124,7 @@ void ManualTour::plan(QWidget&) {
   picture(specialRanges, QStringLiteral("sonderkreise"));
   press(specialRanges, "cmdCancel");
   planSaving();
+  planHints();
   press(mainDialog, "cmdCancel");
 }
 
@@ -181,6 +183,24 @@ void ManualTour::planSaving() {
   picture(box, QStringLiteral("meldung"));
   press(box, "ok");
   upperPart(QStringLiteral("meldung-zelle"), 5);
+  then(mainDialog, [](QWidget& dialog) { app::press(dialog, Qt::Key_Escape); });
+}
+
+// The value that was changed before has its mark.
+void ManualTour::planHints() {
+  then(mainDialog, [](QWidget& dialog) {
+    editLine(dialog, 3);
+    app::press(dialog, Qt::Key_Tab);
+    app::press(dialog, Qt::Key_Tab);
+    type(dialog, QStringLiteral("12269999"));
+  });
+  upperPart(QStringLiteral("hinweise"), 8);
+  then(mainDialog, [](QWidget& dialog) {
+    app::press(dialog, Qt::Key_Escape);
+    Q_EMIT grid(dialog).findChild<QShortcut*>()->activated();
+    type(dialog, QStringLiteral("rech"));
+  });
+  upperPart(QStringLiteral("suchen"), 8);
   then(mainDialog, [](QWidget& dialog) { app::press(dialog, Qt::Key_Escape); });
 }
 

@@ -34,6 +34,7 @@ class ManualTour : public GuidedTour {
   void planEditing();
   void planBookingCircles();
   void planSaving();
+  void planHints();
   void choose(const char* combo, int entry);
   void save(const QImage& image, const QString& name);
 
