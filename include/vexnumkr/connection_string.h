@@ -48,7 +48,7 @@ VEXNUMKR_API std::string connectionValue(std::string_view text, std::string_view
 struct ConnectionSettings {
   std::string driver = {};    ///< Qt's name of it, e.g. "QPSQL".
   std::string database = {};  ///< A file, a server's database, or for ODBC a string of its own.
-  std::string server = {};    ///< A host, or the path of a Unix socket.
+  std::string server = {};    ///< A host or the path of a Unix socket, or several; see below.
   std::uint16_t port = 0;     ///< 0 is the engine's own.
   std::string user = {};
   std::string password = {};
@@ -59,12 +59,27 @@ struct ConnectionSettings {
 
 /// Reads a native connection string strictly.
 /// Errors (3001): anything that is not of the form above, an unknown key, a key twice, Driver or
-/// Database missing or empty, a port that is none. The texts never repeat a value or an unknown
-/// key: either may be a part of a password that lacks its quotes.
+/// Database missing or empty, a port that is none, and those of serverAddresses. The texts never
+/// repeat a value or an unknown key: either may be a part of a password that lacks its quotes.
 VEXNUMKR_API ConnectionSettings parseConnectionString(std::string_view text);
 
 /// A text that parses to `settings`, which must hold no zero character; empty ones are left out.
 VEXNUMKR_API std::string composeConnectionString(const ConnectionSettings& settings);
+
+/// One of the servers that a connection string names.
+struct ServerAddress {
+  std::string server = {};  ///< A host or the path of a Unix socket; empty is this machine.
+  std::uint16_t port = 0;   ///< 0 is the engine's own.
+
+  friend bool operator==(const ServerAddress&, const ServerAddress&) = default;
+};
+
+/// The servers in `settings.server`: names with commas between them, behind each perhaps a colon
+/// and its own port ("db1:3307,db2,[fd00::3]:3307"), else that of `settings`. In their order, and
+/// always at least one. A path and an address with several colons outside brackets have no port of
+/// their own.
+/// Errors (3001): one without a name among several, a port that is none.
+VEXNUMKR_API std::vector<ServerAddress> serverAddresses(const ConnectionSettings& settings);
 
 /// The connection string of the SQLite database in `file`.
 VEXNUMKR_API std::string sqliteConnectionString(const std::string& file);

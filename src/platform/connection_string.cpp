@@ -65,13 +65,35 @@ Values readValues(std::string_view text) {
   return values;
 }
 
-std::uint16_t parsePort(const std::string& text) {
+std::optional<std::uint16_t> portIn(std::string_view text) {
   std::uint16_t port = 0;
   const char* const end = text.data() + text.size();
   const auto [stop, error] = std::from_chars(text.data(), end, port);
-  if (error != std::errc() || stop != end || port == 0)
-    throw malformed("Port muss eine Zahl von 1 bis 65535 sein.");
+  if (error != std::errc() || stop != end || port == 0) return std::nullopt;
   return port;
+}
+
+std::uint16_t parsePort(const std::string& text) {
+  if (const auto port = portIn(text)) return *port;
+  throw malformed("Port muss eine Zahl von 1 bis 65535 sein.");
+}
+
+// Where the colon before a server's port stands; npos where there is none.
+std::size_t portColon(std::string_view server) {
+  const std::size_t colon = server.rfind(':');
+  if (server.starts_with('/') || colon == std::string_view::npos) return std::string_view::npos;
+  const bool isInBrackets = server.starts_with('[') && server[colon - 1] == ']';
+  return isInBrackets || server.find(':') == colon ? colon : std::string_view::npos;
+}
+
+ServerAddress parseServer(std::string_view text, std::uint16_t commonPort) {
+  const std::size_t colon = portColon(text);
+  std::string_view name = text.substr(0, colon);
+  if (name.starts_with('[') && name.ends_with(']')) name = name.substr(1, name.size() - 2);
+  if (colon == std::string_view::npos) return {std::string(name), commonPort};
+  const auto port = portIn(text.substr(colon + 1));
+  if (!port) throw malformed("Der Port eines Servers muss eine Zahl von 1 bis 65535 sein.");
+  return {std::string(name), *port};
 }
 
 bool needsQuotes(std::string_view value) {
@@ -108,13 +130,29 @@ ConnectionSettings parseConnectionString(std::string_view text) {
     if (values[required].value_or("").empty())
       throw malformed("Der Schlüssel " + std::string(nativeKeys[required]) + " fehlt.");
   const auto& [driver, database, server, port, user, password, options] = values;
-  return {.driver = *driver,
-          .database = *database,
-          .server = server.value_or(""),
-          .port = port ? parsePort(*port) : std::uint16_t{0},
-          .user = user.value_or(""),
-          .password = password.value_or(""),
-          .options = options.value_or("")};
+  ConnectionSettings settings{.driver = *driver,
+                              .database = *database,
+                              .server = server.value_or(""),
+                              .port = port ? parsePort(*port) : std::uint16_t{0},
+                              .user = user.value_or(""),
+                              .password = password.value_or(""),
+                              .options = options.value_or("")};
+  static_cast<void>(serverAddresses(settings));
+  return settings;
+}
+
+std::vector<ServerAddress> serverAddresses(const ConnectionSettings& settings) {
+  std::vector<ServerAddress> addresses;
+  const bool areSeveral = settings.server.find(',') != std::string::npos;
+  for (std::size_t at = 0; at <= settings.server.size();) {
+    const std::size_t comma = std::min(settings.server.find(',', at), settings.server.size());
+    const std::string_view one = std::string_view(settings.server).substr(at, comma - at);
+    addresses.push_back(parseServer(areSeveral ? trimBlanks(one) : one, settings.port));
+    if (areSeveral && addresses.back().server.empty())
+      throw malformed("In der Aufzählung der Server fehlt ein Name.");
+    at = comma + 1;
+  }
+  return addresses;
 }
 
 std::string composeConnectionString(const ConnectionSettings& settings) {

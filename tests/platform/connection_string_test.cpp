@@ -158,6 +158,42 @@ TEST(ConnectionString, SaysWhatIsWrong) {
               prefix + "Port muss eine Zahl von 1 bis 65535 sein.");
 }
 
+std::string serversIn(const std::string& server, std::uint16_t port = 0) {
+  std::string text;
+  ConnectionSettings settings;
+  settings.server = server;
+  settings.port = port;
+  for (const ServerAddress& address : serverAddresses(settings))
+    text += (text.empty() ? "" : " | ") + address.server + " " + std::to_string(address.port);
+  return text;
+}
+
+TEST(ConnectionString, NamesOneServerOrSeveral) {
+  EXPECT_EQ(serversIn(""), " 0");
+  EXPECT_EQ(serversIn("db", 3306), "db 3306");
+  EXPECT_EQ(serversIn("db:3307", 3306), "db 3307");
+  EXPECT_EQ(serversIn("a:1, b ,c:65535", 7), "a 1 | b 7 | c 65535");
+  EXPECT_EQ(serversIn("/run/a:5,/run/b"), "/run/a:5 0 | /run/b 0");
+  EXPECT_EQ(serversIn("fd00::3"), "fd00::3 0");
+  EXPECT_EQ(serversIn("[fd00::3]:3307,[fd00::4]", 1), "fd00::3 3307 | fd00::4 1");
+}
+
+TEST(ConnectionString, SaysWhichServersAreNone) {
+  const auto text = [](const std::string& servers) {
+    return errorOf([&] { parseConnectionString("Driver=A;Database=b;Server=" + servers); })
+        .description();
+  };
+  for (const char* const servers : {",", "a,", ",a", "a,,b", "a, ,b", "a,:1"})
+    EXPECT_EQ(text(servers),
+              "Verbindungszeichenfolge: In der Aufzählung der Server fehlt ein Name.")
+        << servers;
+  for (const char* const servers : {"a:", "a:0", "a:x,b", "a,b:65536", "[::1]:", "a,[::1]:x"})
+    EXPECT_EQ(
+        text(servers),
+        "Verbindungszeichenfolge: Der Port eines Servers muss eine Zahl von 1 bis 65535 sein.")
+        << servers;
+}
+
 TEST(ConnectionString, NeverRepeatsAPassword) {
   for (const char* const malformed :
        {"Driver=A;PWD=ge;heim", "Driver=A;PWD=ge;heim=x;Database=b", "Driver=A;PWD=heim;PWD=heim",
