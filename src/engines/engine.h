@@ -33,6 +33,9 @@ struct QtDriver {
   std::span<const std::string_view> options;
   /// What the driver is told, for what the user has asked for.
   ConnectionSettings (*prepare)(ConnectionSettings settings);
+  /// Options, with semicolons between them, by which it gives up a server that does not answer; for
+  /// connection strings with several.
+  std::string_view patience = {};
 };
 
 /// How the engine is reached by ODBC.
@@ -151,6 +154,14 @@ struct Engine {
   bool (*isLocked)(std::string_view code);
   /// Whether a failure of that code says that the connection is gone.
   bool (*isLost)(std::string_view code);
+  /// Why the server takes no changes at present, though another of its cluster may (German); empty
+  /// where it does. Null where there is no other.
+  std::string (*unwritable)(const Catalogue& ask);
+  /// Whether a failure of that code says the same.
+  bool (*isUnwritable)(std::string_view code);
+  /// What users are told besides the engine's own message for a failure of that code (German): what
+  /// it means to them, and what to do; mostly empty.
+  std::string_view (*advice)(std::string_view code);
   /// The engine's code for a statement that names a column or table which does not exist.
   std::int32_t unknownName;
 };

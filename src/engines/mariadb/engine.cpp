@@ -43,8 +43,12 @@ ConnectionSettings prepare(ConnectionSettings settings) {
   return settings;
 }
 
-constexpr std::array drivers = {QtDriver{"QMYSQL", options, prepare},
-                                QtDriver{"QMARIADB", options, prepare}};
+// Longer than any lock is waited for.
+constexpr std::string_view patience =
+    "MYSQL_OPT_CONNECT_TIMEOUT=5;MYSQL_OPT_READ_TIMEOUT=60;MYSQL_OPT_WRITE_TIMEOUT=60";
+
+constexpr std::array drivers = {QtDriver{"QMYSQL", options, prepare, patience},
+                                QtDriver{"QMARIADB", options, prepare, patience}};
 
 // Texts mean what stands in them, and one that is too long for its column is an error. By default
 // a table that somebody alters would be waited for a day.
@@ -97,11 +101,12 @@ bool isOneOf(std::string_view code, const std::array<int, size>& codes) {
   return std::find(codes.begin(), codes.end(), number) != codes.end();
 }
 
-// A full disk (1021, 1114), rows changed meanwhile (1020), a failed commit (1180), locks (1205,
-// 1213), values that do not fit (1264, 1366, 1406), cancellations (1317, 1969).
+// A full disk (1021, 1114), rows changed meanwhile (1020), a node that has left its cluster (1047),
+// a failed commit (1180), locks (1205, 1213), values that do not fit (1264, 1366, 1406),
+// cancellations (1317, 1969).
 bool endsTransaction(std::string_view code) {
-  static constexpr std::array codes = {1020, 1021, 1114, 1180, 1205, 1213,
-                                       1264, 1317, 1366, 1406, 1969};
+  static constexpr std::array codes = {1020, 1021, 1047, 1114, 1180, 1205,
+                                       1213, 1264, 1317, 1366, 1406, 1969};
   return isOneOf(code, codes);
 }
 
@@ -115,6 +120,44 @@ bool isLost(std::string_view code) {
   static constexpr std::array codes = {1053, 1152, 1158, 1159, 1160, 1161, 1184,
                                        1927, 2001, 2002, 2003, 2006, 2013, 2055};
   return isOneOf(code, codes);
+}
+
+// A node that has left its cluster, a server that was set to read-only.
+bool isUnwritable(std::string_view code) {
+  static constexpr std::array codes = {1047, 1290};
+  return isOneOf(code, codes);
+}
+
+// What a node of a cluster tells of itself. Status variables can be asked for in every state.
+std::string unwritable(const Catalogue& ask) {
+  std::map<std::string, std::string> states;
+  for (const CatalogueRow& row :
+       ask("SHOW GLOBAL STATUS WHERE Variable_name IN ('wsrep_provider_name', "
+           "'wsrep_cluster_status', 'wsrep_local_state_comment', 'wsrep_ready')"))
+    states[row.at("Variable_name").value_or("")] = row.at("Value").value_or("");
+  const bool isInCluster = !states["wsrep_provider_name"].empty();
+  const std::string& state = states["wsrep_local_state_comment"];
+  if (isInCluster && states["wsrep_cluster_status"] != "Primary")
+    return "Der Knoten hat die Verbindung zur Mehrheit seines Clusters verloren (" +
+           states["wsrep_cluster_status"] + ").";
+  if (isInCluster && state.starts_with("Donor"))
+    return "Der Knoten gibt gerade seinen Datenbestand an einen anderen weiter (" + state + ").";
+  if (isInCluster && (state != "Synced" || states["wsrep_ready"] != "ON"))
+    return "Der Knoten ist noch nicht auf dem Stand der anderen (" + state + ").";
+  if (ask("SELECT @@GLOBAL.read_only AS Nur").at(0).at("Nur") != "0")
+    return "Der Server ist nur zum Lesen freigegeben (read_only).";
+  return {};
+}
+
+std::string_view advice(std::string_view code) {
+  if (code == "1047")
+    return "Der Datenbankknoten arbeitet gerade nicht mit den anderen seines Clusters zusammen und "
+           "nimmt nichts an. Bitte versuchen Sie es in einer Minute noch einmal; bleibt es dabei, "
+           "muss die Datenbankadministration den Knoten wieder aufnehmen.";
+  if (code == "1213")
+    return "Eine gleichzeitige Änderung an anderer Stelle hatte Vorrang, deshalb ist diese "
+           "zurückgenommen. Bitte versuchen Sie es noch einmal.";
+  return {};
 }
 
 // In these the second byte of a character may be that of a backslash, which then escapes nothing.
@@ -196,6 +239,9 @@ const Engine mariadb = {
     .isUnreadable = neverUnreadable,
     .isLocked = isLocked,
     .isLost = isLost,
+    .unwritable = unwritable,
+    .isUnwritable = isUnwritable,
+    .advice = advice,
     .unknownName = 0};
 
 }  // namespace vexnumkr::engines

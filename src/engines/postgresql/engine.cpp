@@ -12,7 +12,11 @@ constexpr std::array<std::string_view, 2> marks = {"postgres", "psql"};
 
 ConnectionSettings prepare(ConnectionSettings settings) { return settings; }
 
-constexpr std::array drivers = {QtDriver{"QPSQL", {}, prepare}};
+constexpr std::string_view patience =
+    "connect_timeout=5;keepalives_idle=10;keepalives_interval=5;keepalives_count=3;"
+    "tcp_user_timeout=30000";
+
+constexpr std::array drivers = {QtDriver{"QPSQL", {}, prepare, patience}};
 
 bool names(const std::string& text, std::string_view word) {
   return inLowerCase(text).find(word) != std::string::npos;
@@ -81,6 +85,28 @@ std::string textLimit(const std::string& table, const std::string& column) {
          "') AND a.atttypmod > 4 AND t.typname IN ('varchar', 'bpchar')";
 }
 
+constexpr std::string_view readOnlyTransaction = "25006";
+
+bool isUnwritable(std::string_view code) { return code == readOnlyTransaction; }
+
+std::string unwritable(const Catalogue& ask) {
+  const CatalogueRow state = ask("SELECT pg_is_in_recovery()::integer AS Standby, "
+                                 "current_setting('default_transaction_read_only') AS Nur")
+                                 .at(0);
+  if (state.at("standby") != "0")
+    return "Der Server ist ein Standby und nimmt keine Änderungen an.";
+  if (state.at("nur") != "off")
+    return "Der Server ist nur zum Lesen freigegeben (default_transaction_read_only).";
+  return {};
+}
+
+std::string_view advice(std::string_view code) {
+  if (code != readOnlyTransaction) return {};
+  return "Der Datenbankserver nimmt zurzeit keine Änderungen an; vielleicht ist inzwischen ein "
+         "anderer der Hauptserver. Bitte versuchen Sie es noch einmal; bleibt es dabei, muss die "
+         "Datenbankadministration die Verbindung richtigstellen.";
+}
+
 // A vertical tab is white space from version 16 on; before, it makes the whole text a mistake.
 LexicalRules rules(std::string_view mode) {
   return {.backslashEscapes = mode == "off",
@@ -137,6 +163,9 @@ const Engine postgresql = {
     .isUnreadable = isUnreadable,
     .isLocked = isLocked,
     .isLost = isLost,
+    .unwritable = unwritable,
+    .isUnwritable = isUnwritable,
+    .advice = advice,
     .unknownName = 0};
 
 }  // namespace vexnumkr::engines

@@ -63,6 +63,8 @@ bool isLocked(std::string_view code) {
 
 bool neverLost(std::string_view /*code*/) { return false; }
 
+std::string_view noAdvice(std::string_view /*code*/) { return {}; }
+
 bool neverUnreadable(std::string_view /*code*/) { return false; }
 
 // The size is not kept to, but it is what the table was made for.
@@ -122,6 +124,9 @@ const Engine sqlite = {
     .isUnreadable = neverUnreadable,
     .isLocked = isLocked,
     .isLost = neverLost,
+    .unwritable = nullptr,
+    .isUnwritable = neverLost,
+    .advice = noAdvice,
     .unknownName = 1};
 
 }  // namespace vexnumkr::engines

@@ -89,10 +89,17 @@ void SqlConnection::Open(const std::string& user, const std::string& password,
   if (!password.empty()) settings.password = password;
   const Driver driver = driverOf(settings.driver);
   requireIsolation(isolationLevel_);
-  const auto session =
-      std::make_shared<Session>(driver, settings, isolationLevel_, commandTimeout_);
+  const auto session = std::make_shared<Session>(driver, settings, isolationLevel_, commandTimeout_,
+                                                 serversOf(settings));
   session->onLockWait(told_);
   slot_->session = session;
+}
+
+std::shared_ptr<Servers> SqlConnection::serversOf(const ConnectionSettings& settings) {
+  std::vector<ServerAddress> addresses = serverAddresses(settings);
+  if (!servers_ || servers_->addresses() != addresses)
+    servers_ = std::make_shared<Servers>(std::move(addresses));
+  return servers_;
 }
 
 void SqlConnection::Close() {
@@ -130,7 +137,11 @@ void SqlConnection::CommitTrans() { slot_->require()->commit(); }
 
 void SqlConnection::RollbackTrans() { slot_->require()->rollback(); }
 
-std::unique_ptr<Connection> SqlConnection::createConnection() { return createQtSqlConnection(); }
+std::unique_ptr<Connection> SqlConnection::createConnection() {
+  auto made = std::make_unique<SqlConnection>();
+  made->servers_ = servers_;
+  return made;
+}
 
 std::unique_ptr<Command> SqlConnection::createCommand() { return std::make_unique<SqlCommand>(); }
 

@@ -27,7 +27,11 @@ struct SessionSlot {
 ///
 /// A connection of the adapter's own that was lost is opened again by whatever comes next, except
 /// inside a transaction, which is lost with it: that has to be rolled back first. One whose
-/// transaction could not begin because the server was away begins it with the next statement.
+/// transaction could not begin because the server was away begins it with the next statement, or
+/// when it is told to begin once more.
+///
+/// Where its string names several servers, those that it makes, with the same ones in theirs, are
+/// on the one that it is on, wherever that moves.
 ///
 /// Closing a connection, or releasing it, rolls back the transaction that was begun on it. The
 /// ConnectionString holds the password, also after opening.
@@ -67,7 +71,10 @@ class SqlConnection final : public Connection {
   static std::shared_ptr<SessionSlot> slotOf(Connection& connection);
 
  private:
+  std::shared_ptr<Servers> serversOf(const ConnectionSettings& settings);
+
   std::string connectionString_;
+  std::shared_ptr<Servers> servers_;  // At first those of the connection that has made this one.
   std::int32_t isolationLevel_ = ado::unspecified;
   std::int32_t commandTimeout_ = 0;
   LockWait* told_ = nullptr;

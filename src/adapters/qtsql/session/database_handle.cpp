@@ -32,25 +32,23 @@ QSqlDatabase newEntry(const Driver& driver) {
 
 // Delegates, so that a failure to open removes the new entry again.
 DatabaseHandle::DatabaseHandle(const Driver& driver, const ConnectionSettings& settings)
-    : DatabaseHandle(newEntry(driver), true) {
-  title_ = driver.isOdbc() ? "ODBC" : driver.engine->title;
-  name_ = settings.database;
-  isFile_ = !driver.isOdbc() && driver.engine->opensFiles;
-  configure(database_, driver, settings);
-  requireSteadyConnection(database_);
-  open();
+    : DatabaseHandle(driver) {
+  open(settings);
 }
 
-void DatabaseHandle::reopen() {
+DatabaseHandle::DatabaseHandle(const Driver& driver) : DatabaseHandle(newEntry(driver), true) {
+  driver_ = driver;
+}
+
+void DatabaseHandle::open(const ConnectionSettings& settings) {
   database_.close();
-  open();
-}
-
-void DatabaseHandle::open() {
+  configure(database_, driver_, settings);
+  requireSteadyConnection(database_);
   if (database_.open()) return;
-  const Error failed = withoutPasswords(openingFailure(database_.lastError(), title_), database_);
-  if (!isFile_) throw failed;
-  throw Error(failed.number(), failed.source(), failed.description() + ": " + name_);
+  const std::string_view title = driver_.isOdbc() ? "ODBC" : driver_.engine->title;
+  const Error failed = withoutPasswords(openingFailure(database_.lastError(), title), database_);
+  if (driver_.isOdbc() || !driver_.engine->opensFiles) throw failed;
+  throw Error(failed.number(), failed.source(), failed.description() + ": " + settings.database);
 }
 
 DatabaseHandle::~DatabaseHandle() {

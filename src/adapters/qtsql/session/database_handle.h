@@ -20,6 +20,9 @@ class DatabaseHandle {
   /// engine's when it cannot open, without passwords, with the name of a file.
   DatabaseHandle(const Driver& driver, const ConnectionSettings& settings);
 
+  /// An own one that is not open yet. Error: 3709 as above.
+  explicit DatabaseHandle(const Driver& driver);
+
   /// Borrows `database`.
   explicit DatabaseHandle(const QSqlDatabase& database) : DatabaseHandle(database, false) {}
 
@@ -29,21 +32,19 @@ class DatabaseHandle {
 
   const QSqlDatabase& get() const { return database_; }
   bool isOwned() const { return owned_; }
-  /// Opens an own one anew. REQUIRES: no query on it. Error: the engine's.
-  void reopen();
+  /// Opens an own one, anew where it is open. REQUIRES: no query on it. Errors as above.
+  void open(const ConnectionSettings& settings);
+  /// REQUIRES: an own one, no query on it.
+  void close() { database_.close(); }
   /// False when the host has closed a borrowed database in the meantime, or a server an own one.
   bool isOpen() const { return database_.isOpen(); }
 
  private:
   DatabaseHandle(const QSqlDatabase& database, bool owned) : database_(database), owned_(owned) {}
 
-  void open();
-
   QSqlDatabase database_;
   bool owned_;
-  std::string_view title_;  // Of whatever fails to open it.
-  std::string name_;        // As it was asked for.
-  bool isFile_ = false;
+  Driver driver_{};  // Of an own one.
 };
 
 }  // namespace vexnumkr::qtsql

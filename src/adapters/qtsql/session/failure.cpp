@@ -28,7 +28,11 @@ Error databaseFailure(const QSqlError& error, std::string source, const QString&
 Error failure(std::int32_t number, const std::string& text) { return Error(number, adapter, text); }
 
 Error engineFailure(const QSqlError& error, const Engine& engine, const QString& code) {
-  return databaseFailure(error, std::string(engine.title), code);
+  const Error failed = databaseFailure(error, std::string(engine.title), code);
+  const std::string_view advice = engine.advice(code.toStdString());
+  if (advice.empty()) return failed;
+  return Error(failed.number(), failed.source(),
+               failed.description() + "\r\n" + std::string(advice));
 }
 
 Error openingFailure(const QSqlError& error, std::string_view title) {

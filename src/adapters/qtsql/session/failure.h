@@ -38,6 +38,7 @@ Error failure(std::int32_t number, const std::string& text);
 /// A failure of the engine: its code and its message, and as its source the engine's title, so that
 /// its numbers are told from others. Codes with letters (PostgreSQL's 42P01) have no number and are
 /// `unspecified`; they stand behind the title, as does `code` where the driver has another one.
+/// What the engine's entry advises to that code stands below the message.
 /// Where the driver failed before the engine was asked, the driver's text and `unspecified`.
 Error engineFailure(const QSqlError& error, const Engine& engine, const QString& code);
 /// The same for a connection that does not open; `title` is the engine's or the driver's.

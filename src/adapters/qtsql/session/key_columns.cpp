@@ -18,15 +18,18 @@ CatalogueRow catalogueRow(const RowSet& rows, std::size_t row) {
 
 }  // namespace
 
-TableKeys keysOf(Session& session, std::string_view table) {
-  const auto ask = [&](const std::string& select) {
+Catalogue catalogueOf(Session& session) {
+  return [&session](const std::string& select) {
     const RowSet rows = session.read(toQString(select));
     std::vector<CatalogueRow> found;
     for (std::size_t row = 0; row < rows.rowCount(); ++row)
       found.push_back(catalogueRow(rows, row));
     return found;
   };
-  return session.engine().keys(ask, table);
+}
+
+TableKeys keysOf(Session& session, std::string_view table) {
+  return session.engine().keys(catalogueOf(session), table);
 }
 
 }  // namespace vexnumkr::qtsql

@@ -9,6 +9,9 @@ namespace vexnumkr::qtsql {
 
 class Session;
 
+/// Asks the session.
+Catalogue catalogueOf(Session& session);
+
 /// Asks the session's engine about `table`, as Engine::keys. Errors: the engine's.
 TableKeys keysOf(Session& session, std::string_view table);
 

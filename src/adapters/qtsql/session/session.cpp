@@ -20,14 +20,15 @@ bool takesAppendix(const Statement& statement) { return statement.tokens.back().
 }  // namespace
 
 Session::Session(const Driver& driver, const ConnectionSettings& settings, std::int32_t isolation,
-                 std::int32_t seconds)
+                 std::int32_t seconds, std::shared_ptr<Servers> servers)
     : thread_(QThread::currentThreadId()),
       driver_(driver),
-      database_(driver, settings),
-      engine_(&engineBehind(database_.get(), driver)),
+      settings_(settings),
+      servers_(servers ? std::move(servers) : std::make_shared<Servers>(serverAddresses(settings))),
+      database_(driver),
       sessionIsolation_(isolation),
       limit_(seconds) {
-  prepare();
+  connect();
 }
 
 Session::Session(const Driver& driver, const QSqlDatabase& borrowed)
@@ -217,20 +218,8 @@ void Session::requireReady() {
     if (!database_.isOwned()) throw connectionClosed();
     isLost_ = true;
   }
-  if (isLost_) reconnect();
+  if (isLost_ || isLeftBehind()) reconnect();
   if (!knowsRules_) learnRules();
-}
-
-// A borrowed connection is the host's to open again.
-void Session::reconnect() {
-  if (database_.isOwned()) {
-    query_.reset();
-    sqlite_.reset();
-    database_.reopen();
-    query_.emplace(database_.get());
-  }
-  isLost_ = false;
-  prepare();
 }
 
 }  // namespace vexnumkr::qtsql

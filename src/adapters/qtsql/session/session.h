@@ -20,6 +20,7 @@
 #include "adapters/qtsql/clients/sqlite_client.h"
 #include "adapters/qtsql/session/database_handle.h"
 #include "adapters/qtsql/session/row_set.h"
+#include "adapters/qtsql/session/servers.h"
 #include "platform/statement_gate.h"
 
 namespace vexnumkr::qtsql {
@@ -40,12 +41,18 @@ namespace vexnumkr::qtsql {
 /// or a full disk, an update in place of the insert that has failed would find no row, and the
 /// commit would lose one (Engine::endsTransaction). Here it is refused with that very failure until
 /// the transaction is rolled back by its owner.
+///
+/// Of several servers it works on the first that answers and takes changes. When that is lost, or
+/// takes none any more, or a session that shares the servers has gone on to another one, what comes
+/// next outside a transaction goes on there too. Error where none takes changes: 3709, with the
+/// reason of each.
 class Session {
  public:
   /// Opens an own database. `isolation` also holds for statements outside transactions; `seconds`
-  /// limits them as by limit().
+  /// limits them as by limit(). `servers` are those of `settings`, shared with other sessions.
   Session(const Driver& driver, const ConnectionSettings& settings,
-          std::int32_t isolation = ado::unspecified, std::int32_t seconds = 0);
+          std::int32_t isolation = ado::unspecified, std::int32_t seconds = 0,
+          std::shared_ptr<Servers> servers = nullptr);
   Session(const Driver& driver, const QSqlDatabase& borrowed);
 
   /// Rolls back a transaction that was begun here and is still running.
@@ -93,7 +100,7 @@ class Session {
   /// Begins a transaction. On the engine it begins with the first statement that may change
   /// something, or with lockTable: until then nothing is locked, and no reading grows old. Where
   /// the connection was lost before, a new one is opened first; fails that too, the transaction has
-  /// begun nevertheless.
+  /// begun nevertheless, and may be begun once more.
   void begin(std::int32_t isolation);
   /// After a failed commit the transaction still runs or can only be rolled back, as after any
   /// other failure.
@@ -110,7 +117,12 @@ class Session {
   void prepareOwned();
   void learnRules();
   void relearnRules();
+  void connect();
+  ConnectionSettings settingsOf(std::size_t server) const;
+  void openAt(std::size_t server);
+  void requireWritable();
   void reconnect();
+  bool isLeftBehind() const;
   void requireReady();
   void requireNoOtherTransaction();
   void requireOneOfItsOwn() const;
@@ -134,6 +146,7 @@ class Session {
   [[noreturn]] void fail(const QSqlQuery& failed);
   [[noreturn]] void fail(const QSqlError& error, const QString& engineCode);
   bool recovers();
+  Error whatHasEnded(const Error& raised) const;
   bool engineInTransaction();
   void requireItsTransaction();
   bool isLost(const QSqlError& error) const;
@@ -142,8 +155,11 @@ class Session {
 
   const Qt::HANDLE thread_;
   const Driver driver_;
+  const ConnectionSettings settings_;  // Of an own database.
+  const std::shared_ptr<Servers> servers_;
+  std::optional<std::size_t> server_;  // Where there are several: the one that was opened.
   DatabaseHandle database_;
-  const Engine* engine_;
+  const Engine* engine_ = nullptr;
   std::int32_t sessionIsolation_ = ado::unspecified;
   std::int32_t isolation_ = ado::unspecified;  // Of the transaction.
   LexicalRules rules_;

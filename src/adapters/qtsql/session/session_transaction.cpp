@@ -182,17 +182,20 @@ void Session::fail(const QSqlError& error, const QString& engineCode) {
   const bool isUnreadable = onlyReads_ && engine_->isUnreadable(engineCode.toStdString());
   const Error raised = isUnreadable ? unreadableText() : engineFailure(error, *engine_, engineCode);
   isLost_ = isLost(error) || (database_.isOwned() && !database_.isOpen());
+  failure_ = QSqlError();
   if (inTransaction_ && !endedBy_ &&
       (isLost_ || !recovers() ||
        (!isUnreadable && engine_->endsTransaction(engineCode.toStdString()))))
-    endedBy_ = raised;
+    endedBy_ = whatHasEnded(raised);
   if (!inTransaction_ || endedBy_) isLost_ = isGone(error);
   throw raised;
 }
 
-// As far as the failure tells; ODBC drivers have codes of their own.
-bool Session::isLost(const QSqlError& error) const {
-  return !driver_.isOdbc() && engine_->isLost(error.nativeErrorCode().toStdString());
+// On a cluster a commit elsewhere may have ended the transaction while a statement failed for a
+// reason of its own: the engine says so when it is asked.
+Error Session::whatHasEnded(const Error& raised) const {
+  if (engine_->recovery != Recovery::askEngine || !failure_.isValid()) return raised;
+  return engineFailure(failure_, *engine_, failure_.nativeErrorCode());
 }
 
 // REQUIRES: no transaction that would notice being asked.
