@@ -23,7 +23,8 @@ struct Diagnosis {
 /// of the connection may read and write, whether keys, texts and truth values are what the dialog
 /// takes them for, settings that change texts, whether others see what is not committed, whether a
 /// roll-back takes everything back, whether a second connection can be opened, the users and the
-/// server's clock. Everything, whatever fails.
+/// server's clock; on a node of a Galera cluster also whether it is in step and every table has a
+/// primary key. Everything, whatever fails.
 ///
 /// Rows are written for that in a transaction that is rolled back; their booking circle is the
 /// lowest number of all, their key "~vexnumkr". Where the roll-back does not work they are deleted

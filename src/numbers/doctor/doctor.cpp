@@ -1,4 +1,5 @@
 #include <functional>
+#include <map>
 
 #include <vexnumkr/error.h>
 #include <vexnumkr/number_doctor.h>
@@ -53,6 +54,7 @@ class Doctor {
       add("users", "Benutzer", userProblem(),
           "Die Benutzer in tblUser eintragen, keiner davon mit dem Namen \"Alle Benutzer\".");
     }
+    examineCluster();
     add("secondConnection", "zweite Verbindung", secondConnectionProblem(),
         "Der Dialog öffnet sie mit der Verbindungszeichenfolge des Programms; die muss alles "
         "enthalten, auch ein Kennwort, und der Server eine weitere Verbindung zulassen.");
@@ -222,6 +224,45 @@ class Doctor {
     for (const std::string& statement : probe::deletesElsewhere())
       succeeds([&] { execute(connection_, statement); });
     return "Was zurückgenommen wurde, steht trotzdem in der Tabelle.";
+  }
+
+  void examineCluster() {
+    auto state = clusterState();
+    if (state["wsrep_provider_name"].empty()) return;
+    std::string problem;
+    if (state["wsrep_cluster_status"] != "Primary" ||
+        state["wsrep_local_state_comment"] != "Synced")
+      problem =
+          "Der Knoten arbeitet nicht mit den anderen zusammen: " + state["wsrep_cluster_status"] +
+          ", " + state["wsrep_local_state_comment"] + ". ";
+    problem += keyProblem();
+    add("cluster", "Cluster", problem,
+        "Im Cluster braucht jede Tabelle einen Primärschlüssel, Nummernkreis_Zuordnung einen, den "
+        "niemand sieht: ALTER TABLE Nummernkreis_Zuordnung ADD COLUMN Zeile BIGINT UNSIGNED NOT "
+        "NULL AUTO_INCREMENT INVISIBLE PRIMARY KEY. Einen Knoten, der nicht \"Primary, Synced\" "
+        "ist, nimmt die Datenbankadministration wieder auf.");
+  }
+
+  // Empty on any other engine.
+  std::map<std::string, std::string> clusterState() {
+    std::map<std::string, std::string> state;
+    succeeds([&] {
+      for (const auto row = select(connection_, probe::clusterState()); !row->EndOfFile();
+           row->MoveNext())
+        state[textOf(*row, "Variable_name")] = textOf(*row, "Value");
+    });
+    return state;
+  }
+
+  std::string keyProblem() {
+    std::string tables;
+    const std::string failure = messageOf([&] {
+      for (const auto row = select(connection_, probe::tablesWithoutKey()); !row->EndOfFile();
+           row->MoveNext())
+        tables += (tables.empty() ? "" : ", ") + textOf(*row, "Tabelle");
+    });
+    if (!failure.empty()) return failure;
+    return tables.empty() ? tables : "Ohne Primärschlüssel: " + tables + ".";
   }
 
   std::string secondConnectionProblem() {

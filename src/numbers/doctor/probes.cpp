@@ -43,6 +43,23 @@ std::string usersCalled(const std::string& name) {
 
 std::string serverDate() { return "SELECT CAST(CURRENT_DATE AS CHAR(10)) AS Tag"; }
 
+std::string clusterState() {
+  return "SHOW GLOBAL STATUS WHERE Variable_name IN ('wsrep_provider_name', "
+         "'wsrep_cluster_status', 'wsrep_local_state_comment')";
+}
+
+std::string tablesWithoutKey() {
+  std::string names;
+  for (const TableShape& table : hostTables())
+    names += (names.empty() ? "'" : ", '") + table.name + "'";
+  return "SELECT t.TABLE_NAME AS Tabelle FROM information_schema.TABLES t WHERE "
+         "t.TABLE_SCHEMA = DATABASE() AND t.TABLE_NAME IN (" +
+         names +
+         ") AND NOT EXISTS (SELECT 1 FROM information_schema.STATISTICS s WHERE s.TABLE_SCHEMA = "
+         "t.TABLE_SCHEMA AND s.TABLE_NAME = t.TABLE_NAME AND s.INDEX_NAME = 'PRIMARY') "
+         "ORDER BY t.TABLE_NAME";
+}
+
 std::string insertRange(const std::string& key) {
   return "INSERT INTO Nummernkreise (Buchungskreis, NSchl, NBezeichnung, StartWert, AktuellerWert, "
          "EndWert, Aktiviert, SortierIndex, IstNSchlVon, Maske) VALUES (" +

@@ -26,6 +26,12 @@ std::string usersCalled(const std::string& name);
 /// The server's date as "yyyy-mm-dd", as Tag.
 std::string serverDate();
 
+/// What a node of a Galera cluster says of itself, as Variable_name and Value; fails, or says
+/// nothing of a wsrep_provider_name, elsewhere.
+std::string clusterState();
+/// Which of the host's tables have no primary key there, as Tabelle.
+std::string tablesWithoutKey();
+
 /// A range of the probe's with that key.
 std::string insertRange(const std::string& key);
 std::string updateRange(const std::string& key);

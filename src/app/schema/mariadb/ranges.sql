@@ -28,12 +28,15 @@ CREATE TABLE Nummernkreis_Buchungskreise (
   PRIMARY KEY (Herkunft, Buchungskreis)
 ) ENGINE = InnoDB CHARACTER SET utf8mb4 COLLATE utf8mb4_nopad_bin;
 
--- Which range is active for whom; the user "ALL" stands for everybody.
+-- Which range is active for whom; the user "ALL" stands for everybody. Zeile is for clusters, which
+-- need a primary key to tell rows apart; no statement sees it.
 CREATE TABLE Nummernkreis_Zuordnung (
   Buchungskreis  INTEGER,
   NSchl          VARCHAR(10),
   Benutzer       VARCHAR(40),
-  Herkunft       VARCHAR(3)
+  Herkunft       VARCHAR(3),
+  Zeile          BIGINT UNSIGNED NOT NULL AUTO_INCREMENT INVISIBLE,
+  PRIMARY KEY (Zeile)
 ) ENGINE = InnoDB CHARACTER SET utf8mb4 COLLATE utf8mb4_nopad_bin;
 
 CREATE INDEX Nummernkreis_Zuordnung_Alle
