@@ -19,9 +19,9 @@ testing=(g++-mingw-w64-x86-64-posix libbenchmark-dev libgtest-dev libsqlite3-dev
 installed=(appstream bash-completion binutils desktop-file-utils file jq man-db pkgconf zsh)
 manuals=(fonts-liberation pandoc weasyprint)
 packaging=(debhelper debootstrap dpkg-dev lintian)
-# The database servers of the tests, and the drivers to reach them and ODBC.
+# The database servers and clusters of the tests, and the drivers to reach them and ODBC.
 engines=(libqt6sql6-psql libqt6sql6-mysql libqt6sql6-odbc odbc-postgresql libsqliteodbc odbcinst
-  postgresql mariadb-server mariadb-client)
+  postgresql mariadb-server mariadb-client galera-4 rsync socat)
 # The cross compiler, and what Qt for Windows is built from and with.
 windows=(dpkg-dev g++-mingw-w64-i686-posix g++-mingw-w64-x86-64-posix libwine mingw-w64-tools)
 # Wine with what its ODBC leads to, a display with a window manager, and a keyboard for it.

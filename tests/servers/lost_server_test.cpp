@@ -3,6 +3,8 @@
 #include <functional>
 #include <optional>
 
+#include <vexnumkr/adapters.h>
+
 #include "data/loading.h"
 #include "hosting/start_up.h"
 #include "rules/saving_session.h"
@@ -138,6 +140,18 @@ TEST_F(LostServerTest, CancellingNeedsNoServer) {
   EXPECT_NO_THROW(session().rollBackTransaction());
   server().start();
   EXPECT_EQ(stored(), before);
+}
+
+TEST_F(LostServerTest, ATransactionThatWasBegunInVainMayBeBegunOnceMore) {
+  const auto host = openQtSqlConnection(connectionString());
+  server().stop();
+  EXPECT_THROW(host->BeginTrans(), Error);
+  EXPECT_THROW(host->BeginTrans(), Error);
+  server().start();
+  host->BeginTrans();
+  EXPECT_THROW(host->BeginTrans(), Error) << "it has begun";
+  host->RollbackTrans();
+  session().Conn().RollbackTrans();
 }
 
 TEST_F(LostServerTest, TheWorkingConnectionComesBackToo) {

@@ -6,7 +6,6 @@
 # The engine is one of those with a server.sh in their folder of src/engines.
 # start makes the server's files where FOLDER lacks them, and returns when the server answers; stop
 # ends it properly; kill ends it at once, as a power failure would. System services are left alone.
-# The servers refuse to run as root, so for root they run as the user that their package made.
 set -euo pipefail
 
 usage() {
@@ -16,39 +15,20 @@ usage() {
 [ $# -eq 3 ] || usage
 engine=$1 action=$2 folder=$3
 
-first_user() {
-  local user
-  for user in "$@"; do
-    if id -u "$user" >/dev/null 2>&1; then
-      echo "$user"
-      return
-    fi
-  done
-}
+here=$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")
+# shellcheck source=tests/servers/as_server.sh
+source "$here/as_server.sh"
 
 # Defines server_user, start_server, stop_server and kill_server.
-engine_script=$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/../../src/engines/$engine/server.sh
+engine_script=$here/../../src/engines/$engine/server.sh
 [ -f "$engine_script" ] || usage
 # shellcheck source=/dev/null
 source "$engine_script"
 
-as_server() {
-  if [ "$(id -u)" -eq 0 ]; then
-    runuser -u "$server_user" -- "$@"
-  else
-    "$@"
-  fi
-}
-
-take_folder() {
-  mkdir -p "$folder"
-  if [ "$(id -u)" -eq 0 ]; then chown "$server_user" "$folder"; fi
-  cd "$folder"
-}
-
 case "$action" in
   start)
-    take_folder
+    take_folder "$folder"
+    cd "$folder"
     start_server
     ;;
   stop | kill)
