@@ -10,6 +10,7 @@
 #include <fstream>
 #include <stdexcept>
 
+#include <vexnumkr/adapters.h>
 #include <vexnumkr/connection_string.h>
 
 #include "adapters/qtsql/session/database_handle.h"
@@ -42,6 +43,36 @@ void replace(std::string& text, std::string_view what, const std::string& by) {
     text.replace(at, what.size(), by);
 }
 
+std::string firstLine(const std::string& file) {
+  std::ifstream stream(file);
+  std::string line;
+  if (!std::getline(stream, line)) throw std::runtime_error("there is no " + file);
+  return line;
+}
+
+// The nodes as clients reach them.
+std::string serversOfCluster(const std::string& folder) {
+  std::string servers;
+  for (int node = 1; QFile::exists(QString::fromStdString(folder + '/' + std::to_string(node)));
+       ++node)
+    servers += (servers.empty() ? "127.0.0.1:" : ",127.0.0.1:") +
+               firstLine(folder + '/' + std::to_string(node) + "/relay");
+  return servers;
+}
+
+std::string clusterUnderTest() { return environment("VEXNUMKR_TEST_CLUSTER"); }
+
+// The same on all nodes of the cluster, where there is one.
+std::string onCluster(const std::string& connectionString) {
+  if (clusterUnderTest().empty()) return connectionString;
+  const std::string folder = serverFolder(clusterUnderTest());
+  ConnectionSettings settings = parseConnectionString(connectionString);
+  settings.server = serversOfCluster(folder);
+  settings.user = "vexnumkr";
+  settings.password = firstLine(folder + "/password");
+  return composeConnectionString(settings);
+}
+
 std::string makeFile(const QTemporaryDir& folder) {
   const QString path = folder.filePath(QStringLiteral("firma.db"));
   QFile(path).open(QIODevice::WriteOnly);
@@ -62,7 +93,7 @@ FreshDatabase::FreshDatabase(const std::string& engine)
     : way_(entryOf(testWays, engine)),
       engine_(entryOf(testEngines, way_.engine)),
       name_(isOnServer() ? newName() : makeFile(folder_)),
-      connectionString_(connectionString(std::string(engine_.user), "")) {
+      connectionString_(onCluster(connectionString(std::string(engine_.user), ""))) {
   if (isOnServer()) administer(filledIn(engine_.create));
 }
 
@@ -92,6 +123,11 @@ std::string FreshDatabase::filledIn(std::string_view text) const {
 }
 
 void FreshDatabase::administer(const std::string& statement) const {
+  if (!clusterUnderTest().empty()) {
+    std::int32_t affected = 0;
+    openQtSqlConnection(onCluster(filledIn(engine_.administration)))->Execute(statement, affected);
+    return;
+  }
   const ConnectionSettings settings = parseConnectionString(filledIn(engine_.administration));
   const qtsql::DatabaseHandle server(qtsql::driverOf(settings.driver), settings);
   QSqlQuery query(server.get());

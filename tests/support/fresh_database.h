@@ -3,7 +3,8 @@
 // ctest runs many programs once per engine and way to reach it: the environment variable
 // VEXNUMKR_TEST_ENGINE names the way (sqlite where it is not set; the engines' folders say which
 // there are, in test_databases.cmake), and VEXNUMKR_TEST_SERVERS the file that says where the
-// servers are (tests/servers/fixture.sh).
+// servers are (tests/servers/fixture.sh). VEXNUMKR_TEST_CLUSTER, where it is set, names the cluster
+// there whose nodes take the place of the one server (tests/cluster/fixture.sh).
 #pragma once
 
 #include <QTemporaryDir>
@@ -27,7 +28,8 @@ class FreshDatabase {
   FreshDatabase(const FreshDatabase&) = delete;
   FreshDatabase& operator=(const FreshDatabase&) = delete;
 
-  /// As for openQtSqlConnection; without a password, for a user who may do everything.
+  /// As for openQtSqlConnection; for a user who may do everything, and who has a password on
+  /// clusters only.
   const std::string& connectionString() const { return connectionString_; }
   /// The same for another user of the server.
   std::string connectionString(const std::string& user, const std::string& password) const;
