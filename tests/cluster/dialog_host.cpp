@@ -34,7 +34,7 @@ std::string oneLine(const std::string& text) {
 class Administrator {
  public:
   Administrator(std::string caption, Clock::time_point end)
-      : caption_(std::move(caption)), end_(end), component_(host_) {}
+      : caption_(std::move(caption)), end_(end), component_(host_, DatabaseAccess::inSets) {}
 
   void work() {
     for (int value = 5000; Clock::now() < end_; ++value) {

@@ -24,6 +24,15 @@ class GaleraTest : public test::ClusterSession {
            test::Texts{"'Primary'"}) {
     }
   }
+  /// Until the other nodes have noticed that the first has gone.
+  void waitUntilTwoAreInStep() const {
+    const auto node = openThrough({2});
+    while (test::rows(*node, "SHOW GLOBAL STATUS LIKE 'wsrep_cluster_size'", {"Value"}) !=
+               test::Texts{"'2'"} ||
+           test::rows(*node, "SHOW GLOBAL STATUS LIKE 'wsrep_local_state_comment'", {"Value"}) !=
+               test::Texts{"'Synced'"}) {
+    }
+  }
 };
 
 }  // namespace
@@ -37,6 +46,7 @@ TEST_F(GaleraTest, BothConnectionsAreOnTheFirstNodeThatIsNamed) {
 TEST_F(GaleraTest, AfterItsNodeWasKilledTheDialogGoesOnOnTheNext) {
   const auto working = second();
   cluster.kill(1);
+  waitUntilTwoAreInStep();
   EXPECT_TRUE(refusal().starts_with("basAllgemein\r\nSave: "));
   expectSavingAgainWorks();
   EXPECT_EQ(nodeOf(first()), "node2");
