@@ -109,6 +109,17 @@ void Session::commit() {
   inTransaction_ = false;
 }
 
+// What goes before a transaction may be the first to meet a connection that was lost meanwhile.
+RowSet Session::readAnew(const QString& text) {
+  const bool mayHaveBeenLostBefore = database_.isOwned() && !inTransaction_;
+  try {
+    return read(text);
+  } catch (const Error&) {
+    if (!isLost_ || !mayHaveBeenLostBefore) throw;
+    return read(text);
+  }
+}
+
 void Session::requireTransactions(const std::vector<std::string>& tables) {
   locksLater_ = true;
   if (engine_->withoutTransactions == nullptr || tables.empty()) return;
@@ -116,7 +127,7 @@ void Session::requireTransactions(const std::vector<std::string>& tables) {
   std::string literals;
   for (const std::string& table : tables)
     literals += (literals.empty() ? "'" : ", '") + table + '\'';
-  const RowSet found = read(QString::fromStdString(engine_->withoutTransactions(literals)));
+  const RowSet found = readAnew(QString::fromStdString(engine_->withoutTransactions(literals)));
   if (found.rowCount() == 0) return;
   const auto text = [&](std::size_t column) {
     return found.at(0, column).toString().toStdString();
