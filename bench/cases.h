@@ -48,5 +48,6 @@ void addGridCases(Comparisons& comparisons, const Scale& scale);
 void addDialogCases(Comparisons& comparisons, const Scale& scale);
 void addEditorCases(Comparisons& comparisons, const Scale& scale);
 void addNumbersCases(Comparisons& comparisons, const Scale& scale);
+void addNetworkCases(Comparisons& comparisons, const Scale& scale);
 
 }  // namespace vexnumkr::bench

@@ -8,7 +8,7 @@
 
 namespace vexnumkr::bench {
 
-enum class Unit { Seconds, Bytes };
+enum class Unit { Seconds, Bytes, Count };
 
 /// What something cost.
 using Measurement = std::function<double()>;

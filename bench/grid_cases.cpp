@@ -131,7 +131,7 @@ void showFirst(QWidget& window) {
 class GridAtWork {
  public:
   explicit GridAtWork(std::int32_t items)
-      : session_(database_.connectionString()),
+      : session_(database_.connectionString(), DatabaseAccess::rowByRow),
         grid_(makeQtTreeGrid(gridOf(mainDialogDescription()), &window_)),
         tree_(session_.session(), *grid_) {
     session_.table().copyFrom(commonTable(items));

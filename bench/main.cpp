@@ -11,8 +11,13 @@
 //
 // The operations:
 //
-//   load            the range table filled from the database: LoadItems, RefreshSGroups
+//   load            the range table filled from the database row by row: LoadItems, RefreshSGroups
 //   save            everything written back in one transaction, the check of the ranges included
+//   load_sets       the range table filled in sets, with the lists that are read before it
+//   save_sets       one changed value saved in sets
+//   network         opened, one value changed, OK, over a network; told in round trips
+//   trips           the round trips of that, counted
+//   open, ok        what a user waits for, over networks of 0, 2 and 10 ms and for three companies
 //   check           CheckValidity over the active common ranges
 //   activity        CheckActivity over every user's ranges
 //   autonum         StartAutoNum: all ranges numbered from their masks
@@ -71,6 +76,7 @@ Comparisons allComparisons(const Scale& scale) {
   addDialogCases(all, scale);
   addEditorCases(all, scale);
   addNumbersCases(all, scale);
+  addNetworkCases(all, scale);
   return all;
 }
 

@@ -41,6 +41,8 @@ std::string cost(double value, const Comparison& comparison) {
   text << std::setprecision(3);
   if (comparison.unit == Unit::Bytes)
     text << value / 1e6 << " MB";
+  else if (comparison.unit == Unit::Count)
+    text << value;
   else
     text << value * 1e3 << " ms";
   return text.str();

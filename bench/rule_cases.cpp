@@ -20,7 +20,8 @@ void require(bool condition, const char* what) {
 }
 
 struct SampleSession {
-  explicit SampleSession(int scale) : database(scale), session(database.connectionString()) {}
+  explicit SampleSession(int scale)
+      : database(scale), session(database.connectionString(), DatabaseAccess::rowByRow) {}
 
   SampleDatabase database;
   Session session;

@@ -1,6 +1,7 @@
 // A database with a sample company, on any engine.
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -21,6 +22,10 @@ class SampleDatabase {
   explicit SampleDatabase(int scale, const std::string& engine = fileEngine);
 
   const std::string& connectionString() const { return database_.connectionString(); }
+  /// The socket in the file system of the server that it is on.
+  std::string serverSocket() const;
+  /// To reach it by another address of the server.
+  std::string connectionString(const std::string& host, std::uint16_t port) const;
   bool isOnPostgresql() const { return database_.engine().ends_with("postgresql"); }
 
  private:

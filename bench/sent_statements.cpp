@@ -20,11 +20,11 @@ SentStatement statementOf(const std::string& entry) {
 
 }  // namespace
 
-SentStatements sentBy(const std::string& connectionString,
+SentStatements sentBy(const std::string& connectionString, DatabaseAccess access,
                       const std::function<void(Session&)>& work,
                       const std::function<void(Session&)>& before) {
   test::ConnectionScript script;
-  Session session(test::scriptedConnection(openQtSqlConnection(connectionString), script));
+  Session session(test::scriptedConnection(openQtSqlConnection(connectionString), script), access);
   before(session);
   script.takeStatements();
   work(session);

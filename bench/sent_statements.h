@@ -19,7 +19,8 @@ using SentStatements = std::vector<SentStatement>;
 
 /// What `work` sends on a session of its own on that database, after `before`.
 SentStatements sentBy(
-    const std::string& connectionString, const std::function<void(Session&)>& work,
+    const std::string& connectionString, DatabaseAccess access,
+    const std::function<void(Session&)>& work,
     const std::function<void(Session&)>& before = [](Session&) {});
 
 /// Sends them, those that fail only where that does not end the transaction.

@@ -7,6 +7,7 @@
 
 #include "data/booking_circles.h"
 #include "data/loading.h"
+#include "data/range_table.h"
 #include "data/special_ranges.h"
 #include "data/sql/statements.h"
 #include "hosting/saving.h"
@@ -46,6 +47,9 @@ class NoDisplay final : public RangeDisplay {
 }  // namespace
 
 struct Session::Surroundings {
+  explicit Surroundings(DatabaseAccess access)
+      : session(Services{forms, host, clock, nullptr, access}) {}
+
   void requireNoFailure() const {
     if (!forms.failures.empty()) throw std::runtime_error(forms.failures.front());
   }
@@ -53,12 +57,12 @@ struct Session::Surroundings {
   SilentForms forms;
   test::PlainHost host;
   test::FixedClock clock{"20260315"};
-  vexnumkr::Session session{Services{forms, host, clock}};
+  vexnumkr::Session session;
   NoDisplay display;
 };
 
-Session::Session(std::shared_ptr<Connection> connection)
-    : surroundings_(std::make_unique<Surroundings>()) {
+Session::Session(std::shared_ptr<Connection> connection, DatabaseAccess access)
+    : surroundings_(std::make_unique<Surroundings>(access)) {
   vexnumkr::Session& session = this->session();
   session.Conn(std::move(connection));
   session.LngApplication(1);
@@ -67,8 +71,8 @@ Session::Session(std::shared_ptr<Connection> connection)
   readLists();
 }
 
-Session::Session(const std::string& connectionString)
-    : Session(openQtSqlConnection(connectionString)) {}
+Session::Session(const std::string& connectionString, DatabaseAccess access)
+    : Session(openQtSqlConnection(connectionString), access) {}
 
 Session::~Session() { basAllgemein::basTerminate(session()); }
 
@@ -97,9 +101,29 @@ void Session::load() {
   surroundings_->requireNoFailure();
 }
 
+void Session::begin() { session().beginTransaction(); }
+
+void Session::changeOneValue() {
+  vexnumkr::Session& session = this->session();
+  for (const RangeRow& row : session.XArray()) {
+    if (!row.isCommon() || row.AktuellerWert.toLong() >= row.EndWert.toLong()) continue;
+    const std::int32_t start = row.StartWert.toLong();
+    const std::int32_t changed = row.AktuellerWert.toLong() == start ? start + 1 : start;
+    basAllgemein::SetValueAll(session.XArray(), session.colUser(), session.reporter(),
+                              row.NSchl.str(), row.Buchungskreis, &RangeRow::AktuellerWert,
+                              changed);
+    return;
+  }
+  throw std::runtime_error("there is no range with room");
+}
+
 void Session::save() {
-  session().blnChanged(true);
   session().beginTransaction();
+  saveChanges();
+}
+
+void Session::saveChanges() {
+  session().blnChanged(true);
   const bool saved = basAllgemein::Save(session(), surroundings_->display, false);
   surroundings_->requireNoFailure();
   if (!saved) throw std::runtime_error("nothing was saved");

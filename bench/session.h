@@ -16,8 +16,8 @@ namespace vexnumkr::bench {
 /// exception here, since what fails must not be measured.
 class Session {
  public:
-  explicit Session(std::shared_ptr<Connection> connection);
-  explicit Session(const std::string& connectionString);
+  Session(std::shared_ptr<Connection> connection, DatabaseAccess access);
+  Session(const std::string& connectionString, DatabaseAccess access);
   ~Session();
   Session(const Session&) = delete;
   Session& operator=(const Session&) = delete;
@@ -30,7 +30,13 @@ class Session {
   void readLists();
   /// Replaces the range table by an empty one and fills it as the dialog does when it loads.
   void load();
-  /// Writes everything back as OK does after a change.
+  /// Begins the dialog's transaction.
+  void begin();
+  /// Raises the current value of a range by one, or, every other time, lowers it.
+  void changeOneValue();
+  /// Stores what has changed as OK does. REQUIRES: begin.
+  void saveChanges();
+  /// Both, whatever has changed.
   void save();
 
   /// The messages shown since the last call.

@@ -81,7 +81,7 @@ class Tables {
   explicit Tables(int scale)
       : scale_(scale),
         database_(scale),
-        session_(database_.connectionString()),
+        session_(database_.connectionString(), DatabaseAccess::rowByRow),
         original_(companyTable(scale)) {
     restore();
     plain_ = plainRows(original_);
