@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <iterator>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 #include "data/sql/set_statements.h"
 #include "data/sql/statements.h"
@@ -14,8 +16,7 @@ constexpr std::string OwnValues::*texts[] = {&OwnValues::key,       &OwnValues::
                                              &OwnValues::sharedKey, &OwnValues::mask,
                                              &OwnValues::user,      &OwnValues::origin};
 
-std::string rangeStatement(bool isInsertion, const OwnValues& values) {
-  TextPool pool;
+RangeRow rangeOf(const OwnValues& values, TextPool& pool) {
   RangeRow row;
   row.Buchungskreis = values.circle;
   row.NSchl = pool.add(values.key);
@@ -27,7 +28,50 @@ std::string rangeStatement(bool isInsertion, const OwnValues& values) {
   row.SortierIndex = values.sortIndex;
   row.IstNSchlVon = pool.add(values.sharedKey);
   row.Maske = pool.add(values.mask);
+  return row;
+}
+
+std::string rangeStatement(bool isInsertion, const OwnValues& values) {
+  TextPool pool;
+  const RangeRow row = rangeOf(values, pool);
   return isInsertion ? statement::insertRange(row) : statement::updateRange(row);
+}
+
+// Another row beside that of `values`, of the same booking circle for every other input.
+OwnValues another(const OwnValues& values) {
+  OwnValues other = values;
+  std::swap(other.key, other.description);
+  std::swap(other.mask, other.sharedKey);
+  std::swap(other.start, other.end);
+  if (!values.active) std::swap(other.circle, other.sortIndex);
+  return other;
+}
+
+// Of two rows.
+std::string rangesStatement(std::size_t kind, const OwnValues& values) {
+  TextPool pool;
+  const OwnValues other = another(values);
+  const std::vector<RangeRow> rows = {rangeOf(values, pool), rangeOf(other, pool)};
+  switch (kind) {
+    case 20:
+      return statement::insertRanges(rows);
+    case 21:
+      return statement::updateRanges(rows, false);
+    case 22:
+      return statement::updateRanges(rows, true);
+    default:
+      return statement::removeRanges(std::vector<statement::KeysOfCircle>{
+          {values.circle, {values.key, values.user}}, {other.circle, {other.key}}});
+  }
+}
+
+std::string assignmentsStatement(bool isInsertion, const OwnValues& values) {
+  const OwnValues other = another(values);
+  const std::vector<statement::UsersOfRange> assignments = {
+      {values.circle, values.key, {values.user, values.mask}},
+      {other.circle, other.key, {values.description}}};
+  return isInsertion ? statement::insertAssignments(assignments, values.origin)
+                     : statement::removeAssignments(assignments, values.origin);
 }
 
 }  // namespace
@@ -46,6 +90,15 @@ bool OwnValues::isHarmless() const {
   static constexpr std::string_view quoteAndZero("'\0", 2);
   return std::all_of(std::begin(texts), std::end(texts), [this](const auto text) {
     return (this->*text).find_first_of(quoteAndZero) == std::string::npos;
+  });
+}
+
+bool isMade(std::size_t kind, const OwnValues& values) {
+  if (kind < 20) return true;
+  const OwnValues other = another(values);
+  const bool isOneRange = values.circle == other.circle && values.key == other.key;
+  return !isOneRange && std::all_of(std::begin(texts), std::end(texts), [&](const auto text) {
+    return statement::isPlain(values.*text);
   });
 }
 
@@ -89,8 +142,14 @@ std::string ownStatement(std::size_t kind, const OwnValues& values) {
       return statement::sharedRanges(values.origin);
     case 18:
       return statement::deletableRanges(values.origin);
-    default:
+    case 19:
       return statement::ranges();
+    case 24:
+      return assignmentsStatement(true, values);
+    case 25:
+      return assignmentsStatement(false, values);
+    default:
+      return rangesStatement(kind, values);
   }
 }
 

@@ -31,7 +31,11 @@ struct OwnValues {
 };
 
 /// How many kinds of statements there are.
-inline constexpr std::size_t ownStatementCount = 20;
+inline constexpr std::size_t ownStatementCount = 26;
+
+/// Whether the component makes one of this kind with these values: into statements of several rows
+/// it writes plain texts and different ranges only.
+bool isMade(std::size_t kind, const OwnValues& values);
 
 /// The text of one kind, as the component makes it.
 std::string ownStatement(std::size_t kind, const OwnValues& values);

@@ -17,6 +17,7 @@ namespace {
 class Attack {
  public:
   void run(std::size_t kind, const OwnValues& values) {
+    if (!isMade(kind, values)) return;
     const std::string text = ownStatement(kind, values);
     const bool passes = shapes_.isOwn(text) && passesGate(text);
     require(passes || !values.isHarmless(), "values without quotes are never refused", {text});

@@ -196,6 +196,7 @@ class Attack {
     const std::size_t mode = input.choice(26);
     const std::size_t kind = input.choice(ownStatementCount);
     const OwnValues values = OwnValues::read(input);
+    if (!isMade(kind, values)) return;
     const std::string text = ownStatement(kind, values);
     const Effect bound = model_.execute(boundOwnStatement(kind, values));
     (onMariadb ? mariadb_ : postgresql_).attack(mode, text, bound, values.isHarmless());
