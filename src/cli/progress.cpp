@@ -5,6 +5,7 @@
 #include <chrono>
 #include <cstdlib>
 #include <iostream>
+#include <string_view>
 
 #include "cli/text_table.h"
 
@@ -17,12 +18,21 @@ std::int64_t milliseconds() {
       .count();
 }
 
+bool isSmartTerminal(int file) {
+  const char* const kind = std::getenv("TERM");
+  return isatty(file) != 0 && (kind == nullptr || std::string_view(kind) != "dumb");
+}
+
 }  // namespace
 
 Progress::Progress(std::string what)
-    : what_(std::move(what)), isTerminal_(isatty(STDERR_FILENO) != 0), shownAt_(milliseconds()) {}
+    : what_(std::move(what)),
+      isTerminal_(isSmartTerminal(STDERR_FILENO)),
+      shownAt_(milliseconds()) {}
 
-Progress::~Progress() {
+Progress::~Progress() { clear(); }
+
+void Progress::clear() {
   if (isTerminal_) std::cerr << "\r\033[K" << std::flush;
 }
 
@@ -40,7 +50,7 @@ void Progress::show(std::uint64_t done) {
 
 bool coloursWanted() {
   const char* const refused = std::getenv("NO_COLOR");
-  return isatty(STDOUT_FILENO) != 0 && (refused == nullptr || *refused == '\0');
+  return isSmartTerminal(STDOUT_FILENO) && (refused == nullptr || *refused == '\0');
 }
 
 }  // namespace vexnumkr::cli

@@ -7,7 +7,8 @@
 namespace vexnumkr::cli {
 
 /// A line on standard error that is written over as the work goes on, and wiped out at its end.
-/// Nothing is written where standard error is no terminal.
+/// Nothing is written where standard error is no terminal, or one that writes over nothing (TERM is
+/// "dumb").
 class Progress {
  public:
   explicit Progress(std::string what);
@@ -19,6 +20,8 @@ class Progress {
   void show();
   /// So much is done; written a few times a second at most.
   void show(std::uint64_t done);
+  /// Makes room for lines on standard output, which may be the same terminal.
+  void clear();
 
  private:
   std::string what_;
@@ -26,7 +29,7 @@ class Progress {
   std::int64_t shownAt_ = 0;
 };
 
-/// Whether standard output is a terminal that takes colours.
+/// Whether standard output is a terminal that takes colours, and the user wants them (NO_COLOR).
 bool coloursWanted();
 
 }  // namespace vexnumkr::cli

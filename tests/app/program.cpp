@@ -23,9 +23,11 @@ QProcessEnvironment with(const QMap<QString, QString>& variables) {
 }  // namespace
 
 ProgramRun runProgram(const QString& program, const QStringList& arguments,
-                      const QMap<QString, QString>& environment) {
+                      const QMap<QString, QString>& environment,
+                      const std::function<void(QProcess&)>& prepare) {
   QProcess process;
   process.setProcessEnvironment(with(environment));
+  prepare(process);
   process.start(program, arguments);
   ProgramRun run;
   if (!process.waitForFinished(longestRunMilliseconds)) {

@@ -3,7 +3,10 @@
 
 #include <QMap>
 #include <QStringList>
+#include <functional>
 #include <string>
+
+class QProcess;
 
 namespace vexnumkr::test {
 
@@ -14,8 +17,10 @@ struct ProgramRun {
 };
 
 /// Runs `program` to its end, with the variables of `environment` set, or unset where they are
-/// null.
-ProgramRun runProgram(const QString& program, const QStringList& arguments,
-                      const QMap<QString, QString>& environment = {});
+/// null, after `prepare` has done with the process what it wants.
+ProgramRun runProgram(
+    const QString& program, const QStringList& arguments,
+    const QMap<QString, QString>& environment = {},
+    const std::function<void(QProcess&)>& prepare = [](QProcess&) {});
 
 }  // namespace vexnumkr::test

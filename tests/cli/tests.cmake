@@ -1,5 +1,6 @@
 # The program for the command line.
-add_library(vexnumkr_program_database STATIC cli/program_database.cpp app/program.cpp)
+add_library(vexnumkr_program_database STATIC
+  cli/program_database.cpp app/program.cpp app/terminal.cpp)
 target_link_libraries(vexnumkr_program_database
   PUBLIC vexnumkr_numbers_database PRIVATE vexnumkr_options)
 target_compile_definitions(vexnumkr_program_database
@@ -17,6 +18,10 @@ vexnumkr_test(cli/program_calls_test LABEL unit
   SOURCES contract/qt_main.cpp LINKS vexnumkr_program_database)
 target_compile_definitions(program_calls_test PRIVATE
   VEXNUMKR_PROGRAM="$<TARGET_FILE:vexnumkr-program>" PROJECT_DIR="${PROJECT_SOURCE_DIR}")
+vexnumkr_test(cli/terminal_test LABEL unit
+  SOURCES contract/qt_main.cpp LINKS vexnumkr_program_database)
+target_compile_definitions(terminal_test PRIVATE
+  VEXNUMKR_PROGRAM="$<TARGET_FILE:vexnumkr-program>")
 vexnumkr_program_test(draw_command_test unit)
 vexnumkr_program_test(schema_command_test unit)
 vexnumkr_program_test(gaps_command_test unit)

@@ -207,11 +207,13 @@ std::string withoutSemicolon(std::string select) {
 
 void readLines(std::istream& lines, numbers::UsedNumbers& used, Printer& printer) {
   Progress progress("Nummern gelesen:");
-  readNumbers(lines,
-              {.number = [&](std::int32_t number) { used.add(number); },
-               .unreadable = [&](std::uint64_t line,
-                                 const std::string& text) { printer.printUnreadable(line, text); },
-               .progress = [&](std::uint64_t read) { progress.show(read); }});
+  readNumbers(lines, {.number = [&](std::int32_t number) { used.add(number); },
+                      .unreadable =
+                          [&](std::uint64_t line, const std::string& text) {
+                            progress.clear();
+                            printer.printUnreadable(line, text);
+                          },
+                      .progress = [&](std::uint64_t read) { progress.show(read); }});
 }
 
 void readFile(const std::string& file, numbers::UsedNumbers& used, Printer& printer) {
