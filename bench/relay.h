@@ -34,8 +34,8 @@ class Relay {
 
   const std::string serverSocket_;
   const std::chrono::microseconds roundTripTime_;
+  std::uint16_t port_ = 0;  // Told by making the next one.
   int listening_ = -1;
-  std::uint16_t port_ = 0;
   std::atomic<bool> ends_ = false;
   std::atomic<int> roundTrips_ = 0;
   std::thread thread_;
