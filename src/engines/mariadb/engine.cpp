@@ -66,8 +66,8 @@ std::string limit(std::int32_t seconds) {
 }
 
 constexpr std::array begin = {"START TRANSACTION"};
-constexpr std::array beginIsolated = {"SET TRANSACTION ISOLATION LEVEL SERIALIZABLE",
-                                      "START TRANSACTION"};
+constexpr std::array beginIsolated = {
+    "SET TRANSACTION ISOLATION LEVEL SERIALIZABLE; START TRANSACTION"};
 
 std::string withoutTransactions(const std::string& tables) {
   return "SELECT t.TABLE_NAME, t.ENGINE, CONCAT('ALTER TABLE ', t.TABLE_NAME, ' ENGINE = InnoDB') "

@@ -49,12 +49,12 @@ void Session::prepare() {
   query_->setForwardOnly(true);
   usualWait_.reset();
   if (engine_->name == "sqlite" && !driver_.isOdbc()) sqlite_ = SqliteClient::of(database_.get());
-  if (database_.isOwned()) prepareOwned();
-  learnRules();
+  learnRules(database_.isOwned() ? prepareOwned() : std::string());
 }
 
-// Over a network a text is a round trip, so the drivers of servers get one that says it all.
-void Session::prepareOwned() {
+// Over a network a text is a round trip, so for the drivers of servers this is what the next one
+// begins with.
+std::string Session::prepareOwned() {
   std::vector<std::string> statements(engine_->openingStatements.begin(),
                                       engine_->openingStatements.end());
   if (sessionIsolation_ == ado::isolated && engine_->isolateSession != nullptr)
@@ -63,10 +63,12 @@ void Session::prepareOwned() {
   const bool takesAll = !driver_.isOdbc() && !engine_->opensFiles;
   std::string text;
   for (const std::string& statement : statements) {
-    if (!takesAll) runAll(statement);
-    text += (text.empty() ? "" : "; ") + statement;
+    if (takesAll)
+      text += statement + "; ";
+    else
+      runAll(statement);
   }
-  if (takesAll) runAll(text);
+  return text;
 }
 
 void Session::requireOwnThread() const {
@@ -83,11 +85,11 @@ void Session::limit(std::int32_t seconds) {
 }
 
 // Until they are known, nothing is sent.
-void Session::learnRules() {
+void Session::learnRules(const std::string& before) {
   knowsRules_ = false;
   std::string mode;
   if (engine_->lexicalMode != nullptr)
-    mode = run(QString::fromLatin1(engine_->lexicalMode)).at(0, 0).toString().toStdString();
+    mode = runAll(before + engine_->lexicalMode).at(0, 0).toString().toStdString();
   rules_ = engine_->rules(mode);
   if (engine_->lackingEncoding != nullptr) lackingEncoding_ = engine_->lackingEncoding(mode);
   knowsRules_ = true;
@@ -155,9 +157,13 @@ RowSet Session::run(const QString& text) {
   return rows;
 }
 
-void Session::runAll(const std::string& text) {
-  run(QString::fromStdString(text));
-  runRest();
+RowSet Session::runAll(const std::string& text) {
+  const QString sent = QString::fromStdString(text);
+  RowSet rows = run(sent);
+  while (query_->nextResult())
+    if (query_->isSelect()) rows = readRows(sent);
+  if (query_->lastError().isValid()) fail(*query_);
+  return rows;
 }
 
 // What else a text of the adapter's own consists of.

@@ -114,8 +114,8 @@ class Session {
 
  private:
   void prepare();
-  void prepareOwned();
-  void learnRules();
+  std::string prepareOwned();
+  void learnRules(const std::string& before = {});
   void relearnRules();
   void connect();
   ConnectionSettings settingsOf(std::size_t server) const;
@@ -135,7 +135,7 @@ class Session {
   bool isWholeByItself() const;
   void markUnreadable(RowSet& rows, const QString& text);
   std::int32_t rowsAffected(const Statement& statement);
-  void runAll(const std::string& text);
+  RowSet runAll(const std::string& text);
   void requireSameFile();
   void runRest();
   bool succeeds(const char* text);

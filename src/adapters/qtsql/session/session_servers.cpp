@@ -44,7 +44,10 @@ void Session::openAt(std::size_t server) {
   sqlite_.reset();
   isLost_ = true;
   database_.open(settingsOf(server));
-  engine_ = &engineBehind(database_.get(), driver_);
+  // What is behind an ODBC source, its address does not tell.
+  if (driver_.isOdbc() || servers_->engineAt(server) != driver_.engine)
+    servers_->engineAt(server, engineBehind(database_.get(), driver_));
+  engine_ = servers_->engineAt(server);
   isLost_ = false;
   prepare();
 }
