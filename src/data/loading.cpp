@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <memory>
+#include <set>
 #include <unordered_set>
+#include <utility>
 
 #include "data/range_questions.h"
 #include "data/range_rows.h"
@@ -73,21 +75,31 @@ class Loading {
   // A range that is active for all gets a row for every user; the assignments say whose is active.
   void deriveUserRows() {
     progress_.expect(userRows());
+    const bool usersDiffer =
+        std::unordered_set<std::string>(data_.users.begin(), data_.users.end()).size() ==
+        data_.users.size();
+    std::set<std::pair<std::int32_t, std::uint32_t>> derived;
     const std::int32_t rows = data_.table.size();
     for (std::int32_t i = 0; i < rows; ++i) {
       const RangeRow common = data_.table.at(i);
       if (!common.Aktiviert) continue;
+      // Until now all rows are common ones, so looking for a user's would be in vain.
+      const bool isFirst = derived.insert({common.Buchungskreis, common.NSchl.id()}).second;
       for (const std::string& user : data_.users) {
         if (user == alleBenutzer) continue;
-        deriveUserRow(common, user);
+        if ((isFirst && usersDiffer) || !hasRow(common, user)) deriveUserRow(common, user);
         progress_.advance();
       }
     }
   }
 
+  bool hasRow(const RangeRow& range, const std::string& user) const {
+    return FoundInXArray(data_.table, reporter_, user, range.Buchungskreis, range.NSchl.str()) !=
+           -1;
+  }
+
   void deriveUserRow(const RangeRow& common, const std::string& user) {
     const std::string& key = common.NSchl.str();
-    if (FoundInXArray(data_.table, reporter_, user, common.Buchungskreis, key) != -1) return;
     RangeRow range = common;
     range.Benutzer = data_.table.text(user);
     range.Aktiviert = questions_->AktiviertDB(common.Buchungskreis, key, user);

@@ -3,6 +3,7 @@
 
 #include <QSqlRecord>
 #include <QVariant>
+#include <deque>
 #include <functional>
 #include <optional>
 #include <string>
@@ -54,7 +55,7 @@ class RowSet {
   QSqlRecord header_;
   std::size_t width_ = 0;
   std::size_t visible_ = 0;
-  std::vector<QVariant> cells_;
+  std::deque<QVariant> cells_;  // Moving them when there are more is what a vector would cost.
   mutable std::vector<std::string> names_;  // Filled when first asked for: most rows never are.
 };
 
