@@ -5,7 +5,7 @@ target_link_libraries(vexnumkr_dialog_session
   PUBLIC vexnumkr_scenario_driver vexnumkr_fresh_database GTest::gtest
   PRIVATE vexnumkr_options Qt6::Test)
 
-foreach(name broken_host circles circles_refresh closing controls editor_walk ending entries failures
+foreach(name broken_host circles circles_refresh closing controls editor_walk ending entries escape failures
     filters interruptions loading notes options progress refusals special_ranges ticks tree validation)
   vexnumkr_test(gui/dialog/dialog_${name}_test GUI LABEL gui LINKS vexnumkr_dialog_session)
 endforeach()

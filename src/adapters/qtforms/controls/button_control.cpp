@@ -28,15 +28,19 @@ void PushButton::keyPressEvent(QKeyEvent* event) {
   const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
   if (enter && (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier) {
     click();
-  } else {
-    QPushButton::keyPressEvent(event);
+    return;
   }
+  QPushButton::keyPressEvent(event);
+  const bool isForTheEdit =
+      event->matches(QKeySequence::Cancel) && edits_ != nullptr && edits_->areOpen();
+  if (isForTheEdit) event->ignore();
 }
 
 ButtonControl::ButtonControl(const ControlDescription& description, QWidget& parent,
                              PendingEdits& edits)
     : WidgetControl(description, parent), edits_(edits), role_(description.role) {
   widget_.setText(toQt(description.caption));
+  widget_.setEdits(edits);
   if (description.accessKey != 0) widget_.setAccessKey(description.accessKey);
   widget_.setAutoDefault(false);
   widget_.setDefault(role_ == ButtonRole::Default);

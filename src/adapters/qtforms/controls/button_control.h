@@ -17,6 +17,8 @@ class PushButton final : public QPushButton {
   using QPushButton::QPushButton;
 
   void setAccessKey(char key);
+  /// Escape is not used up by letting go of the held button while one of these is open; borrowed.
+  void setEdits(const PendingEdits& edits) { edits_ = &edits; }
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
@@ -24,6 +26,7 @@ class PushButton final : public QPushButton {
 
  private:
   char accessKey_ = 0;
+  const PendingEdits* edits_ = nullptr;
 };
 
 /// Settles the form's open edits before its click takes place: the cancel button drops their texts,
