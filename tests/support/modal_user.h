@@ -32,7 +32,8 @@ class ModalUser : public QObject {
   void expectDialog(const std::string& name, std::function<void()> act);
   /// The same, but `act` leaves it open and the application ends.
   void expectDialogToTheEnd(const std::string& name, std::function<void()> act);
-  /// Answers the next question: "ok", "yes", "no" or "cancel".
+  /// Answers the next question: "ok", "yes", "no" or "cancel"; with "nothing" it is left as it is,
+  /// and something else has to close it.
   void answer(const std::string& button) { answers_.push_back(button); }
   /// Runs when the next box is up, before it is answered.
   void whenBoxComes(std::function<void()> act) { whenBoxComes_ = std::move(act); }
