@@ -1,17 +1,14 @@
 // A host issues numbers all day while an administrator has the ranges open and saves: no number
 // that it has told of is given away a second time, and what the administrator has changed is
 // stored.
-#include <QProcess>
-#include <algorithm>
-
 #include "hosting/saving.h"
 #include "support/core_session.h"
+#include "support/drawing_process.h"
 
 namespace vexnumkr {
 namespace {
 
 constexpr int draws = 1000;
-constexpr int longestRunMilliseconds = 100'000;
 
 class DrawingHostsTest : public test::CoreSession {
  protected:
@@ -28,56 +25,33 @@ class DrawingHostsTest : public test::CoreSession {
     start(1, {"Anna"});
   }
 
-  void startDrawing() {
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("VEXNUMKR_CONNECTION"),
-                       QString::fromStdString(connectionString()));
-    host_.setProcessEnvironment(environment);
-    host_.start(QStringLiteral(DRAWING_PROGRAM),
-                {QStringLiteral("Anna"), QStringLiteral("RE"), QString::number(draws)});
-  }
-  // Blocks until the host has told of that many numbers.
-  void waitForDraws(int count) {
-    while (drawn_ < count) {
-      ASSERT_TRUE(host_.canReadLine() || host_.waitForReadyRead(longestRunMilliseconds))
-          << host_.readAllStandardError().toStdString();
-      while (host_.canReadLine()) {
-        last_ = std::max(last_, host_.readLine().trimmed().toInt());
-        ++drawn_;
-      }
-    }
-  }
+  test::DrawingProcess startDrawing() { return {connectionString(), "Anna", "RE", draws}; }
   std::int32_t storedCurrent() {
     return Value(select("SELECT AktuellerWert FROM Nummernkreise WHERE Buchungskreis=1 AND "
                         "NSchl='RE'")
                      .at(0))
         .toLong();
   }
-
-  QProcess host_;
-  int drawn_ = 0;
-  std::int32_t last_ = 0;
 };
 
 TEST_F(DrawingHostsTest, NoDrawnNumberLiesAboveTheStoredCurrentValue) {
-  startDrawing();
-  waitForDraws(10);
+  test::DrawingProcess host = startDrawing();
+  host.waitForMore(10);
   LoadItems();
   session().beginTransaction();
   std::int32_t end = 150;
-  for (int saves = 0; drawn_ < draws; ++saves) {
-    waitForDraws(std::min(draws, drawn_ + 100));
+  for (int saves = 0; !host.isDone(); ++saves) {
+    host.waitForMore(100);
     SetValueAll("AN", 1, &RangeRow::EndWert, ++end);
     session().blnChanged(true);
     ASSERT_TRUE(Save(false)) << "attempt " << saves;
-    EXPECT_GE(storedCurrent(), last_) << "drawn before the save";
+    EXPECT_GE(storedCurrent(), host.last()) << "drawn before the save";
     session().beginTransaction();
   }
   session().rollBackTransaction();
-  ASSERT_TRUE(host_.waitForFinished(longestRunMilliseconds));
-  EXPECT_EQ(host_.exitCode(), 0) << host_.readAllStandardError().toStdString();
+  host.waitForAll();
   EXPECT_EQ(storedCurrent(), 1000 + draws) << "every number once, and none left out";
-  EXPECT_EQ(last_, 1000 + draws);
+  EXPECT_EQ(host.last(), 1000 + draws);
   EXPECT_EQ(select("SELECT EndWert FROM Nummernkreise WHERE Buchungskreis=1 AND NSchl='AN'"),
             std::vector<std::string>{std::to_string(end)});
 }
@@ -90,14 +64,13 @@ TEST_F(DrawingHostsTest, NumbersAreDrawnWhileTheCirclesHaveBeenChanged) {
   std::int32_t found = 0;
   test::realConnection(*hostConnection())
       .Execute("UPDATE Nummernkreis_Buchungskreise SET Beschreibung='Norden'", found);
-  startDrawing();
-  waitForDraws(100);
+  test::DrawingProcess host = startDrawing();
+  host.waitForMore(100);
   SetValueAll("AN", 1, &RangeRow::EndWert, 150);
   session().blnChanged(true);
   EXPECT_TRUE(Save(false));
-  EXPECT_GE(storedCurrent(), last_) << "drawn before the save";
-  waitForDraws(draws);
-  ASSERT_TRUE(host_.waitForFinished(longestRunMilliseconds));
+  EXPECT_GE(storedCurrent(), host.last()) << "drawn before the save";
+  host.waitForAll();
   EXPECT_EQ(storedCurrent(), 1000 + draws);
   EXPECT_EQ(select("SELECT Beschreibung FROM Nummernkreis_Buchungskreise"),
             std::vector<std::string>{"Norden"});

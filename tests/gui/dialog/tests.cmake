@@ -24,3 +24,11 @@ add_dependencies(dialog_two_hosts_test hold_write_lock vexnumkr-host vexnumkr_bu
 vexnumkr_test(gui/dialog/dialog_keyboard_test GUI LABEL gui
   LINKS vexnumkr_dialog_session vexnumkr_test_screen_reader)
 vexnumkr_test(gui/dialog/dialog_look_test GUI LABEL gui SCALES 1.25 1.5 2 LINKS vexnumkr_dialog_session)
+
+# Hosts that draw numbers meanwhile.
+vexnumkr_test(gui/dialog/dialog_drawing_hosts_test GUI LABEL gui TIMEOUT 300
+  LINKS vexnumkr_dialog_session)
+target_compile_definitions(dialog_drawing_hosts_test PRIVATE
+  DRAWING_PROGRAM="$<TARGET_FILE:drawing_program>")
+add_dependencies(dialog_drawing_hosts_test drawing_program)
+vexnumkr_on_every_engine(dialog_drawing_hosts_test)
