@@ -2,13 +2,13 @@
 
 #include <map>
 #include <optional>
-#include <set>
 #include <utility>
 
 #include <vexnumkr/error.h>
 
 #include "data/sql/set_statements.h"
 #include "data/table/assigned_ranges.h"
+#include "data/table/loose_text.h"
 
 namespace vexnumkr {
 namespace {
@@ -57,7 +57,7 @@ class QuestionsInSets final : public RangeQuestions {
       const auto range = rangeIdOf(*records);
       if (!range) continue;
       shared_.emplace(*range, sharedValuesOf(*records));
-      looselyShared_.insert({range->Buchungskreis, looseText(range->NSchl)});
+      looselyShared_[range->Buchungskreis].add(range->NSchl);
     }
     records->Close();
     isSharedRead_ = true;
@@ -75,7 +75,7 @@ class QuestionsInSets final : public RangeQuestions {
     if (isSharedRead_) {
       const auto found = shared_.find({Buchungskreis, NSchl});
       if (found != shared_.end() && found->second) return *found->second;
-      if (!looselyShared_.contains({Buchungskreis, looseText(NSchl)})) return {};
+      if (looselyShared_[Buchungskreis].similar(NSchl).empty()) return {};
     }
     return exactly_->GetBuchungskreisData(Buchungskreis, NSchl);
   }
@@ -86,7 +86,7 @@ class QuestionsInSets final : public RangeQuestions {
   std::optional<AssignedRanges> assigned_;
   bool isSharedRead_ = false;
   std::map<RangeId, std::optional<SharedValues>> shared_;
-  std::set<RangeId> looselyShared_;  // by what their keys are loosely
+  std::map<std::int32_t, LooseNames> looselyShared_;  // the keys, by booking circle
 };
 
 }  // namespace

@@ -54,6 +54,7 @@ class Comparison {
 
   // Where one of those with the same loose key is not stored, it may meet another of them.
   void findEntangled() {
+    for (const auto& [id, range] : ranges_) allAreLoose_ = allAreLoose_ && looseText(id.NSchl);
     struct Group {
       std::int32_t size = 0;
       bool isUncertain = false;
@@ -69,7 +70,10 @@ class Comparison {
       if (group.size > 1 && group.isUncertain) entangled_.insert(id);
   }
 
-  static RangeId looseId(const RangeId& id) { return {id.Buchungskreis, looseText(id.NSchl)}; }
+  // Where one key may be the same as any other, all of them are taken for similar.
+  RangeId looseId(const RangeId& id) const {
+    return {id.Buchungskreis, allAreLoose_ ? *looseText(id.NSchl) : std::string()};
+  }
 
   bool isEntangled(const RangeId& id) const {
     return !entangled_.empty() && entangled_.contains(looseId(id));
@@ -98,6 +102,7 @@ class Comparison {
 
   std::map<RangeId, Range> ranges_;
   std::vector<const RangeRow*> wanted_;
+  bool allAreLoose_ = true;
   std::set<RangeId> entangled_;  // by their loose keys
 };
 

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -12,10 +13,13 @@
 
 namespace vexnumkr {
 
-/// `text` without what the columns of a database may leave out of account when they compare it:
-/// case, accents and blanks at its end. Texts that such a column takes for the same have the same
-/// loose text; the other way round, the database has to be asked.
-std::string looseText(std::string_view text);
+/// What is left of `text` without all that the columns of a database may leave out of account when
+/// they compare it: case, accents, blanks at its end, and whether a letter is written as several
+/// ("ß" and "ss", "ä" and "ae", "å" and "aa"). Texts that a column takes for the same have the same
+/// loose text; the other way round, the database has to be asked. Nothing for texts with characters
+/// that columns take for others by rules of their own, as ligatures and the digits of other
+/// scripts: any other text may be the same.
+std::optional<std::string> looseText(std::string_view text);
 
 /// Names, found by what they are exactly and by what they are loosely. Numbered from 0 in the order
 /// in which they came.
@@ -28,9 +32,9 @@ class LooseNames {
   Number add(std::string_view name);
   Number find(std::string_view name) const;
   std::size_t size() const { return numbers_.size(); }
-  /// Those that have the loose text of `name`.
+  /// Those that may be the same as `name` for a column.
   std::span<const Number> similar(std::string_view name) const;
-  /// Whether there are others with the loose text of that name.
+  /// Whether another name may be the same as that one.
   bool hasSimilar(Number name) const { return looseOf_[name]->size() > 1; }
 
  private:
@@ -44,7 +48,9 @@ class LooseNames {
   using ByName = std::unordered_map<std::string, Entry, Hash, std::equal_to<>>;
 
   ByName<Number> numbers_;
-  ByName<std::vector<Number>> loose_;
+  ByName<std::vector<Number>> loose_;  // each with those without a loose text
+  std::vector<Number> withoutLoose_;
+  std::vector<Number> all_;
   std::vector<const std::vector<Number>*> looseOf_;  // entries of a map stay where they are
 };
 
