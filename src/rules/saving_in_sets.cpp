@@ -19,8 +19,11 @@ constexpr std::size_t rowsPerStatement = 500;
 constexpr std::size_t textPerStatement = 1 << 19;
 constexpr std::int64_t commit = 1;
 
+// An update names a range's key for each of its columns.
 std::size_t textLength(const RangeRow& row) {
-  return row.NBezeichnung.str().size() + row.Maske.toText().size();
+  constexpr std::size_t timesKey = 9;
+  return row.NBezeichnung.str().size() + row.IstNSchlVon.str().size() + row.Maske.toText().size() +
+         timesKey * row.NSchl.str().size();
 }
 
 // The rows that go with the first one.

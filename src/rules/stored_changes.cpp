@@ -65,7 +65,11 @@ StoredRanges readStoredRanges(Recordset& records, const RangeData& data, Others 
       stored.hasOthers = true;
       continue;
     }
-    stored.records.push_back({*range, storedContent(records)});
+    // A key that is stored as a number, no text of a statement's meets.
+    if (records.Fields("NSchl").isText())
+      stored.records.push_back({*range, storedContent(records)});
+    else
+      stored.hasOthers = true;
     if (isInTable(data.table, *range))
       stored.ofTable.insert_or_assign(*range, rangeValuesOf(records));
     else if (others == Others::read && !data.known.wasRead(*range))
