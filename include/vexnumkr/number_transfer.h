@@ -49,10 +49,11 @@ VEXNUMKR_API ImportPlan planImport(Connection& connection, const Company& wanted
 
 /// Stores the circles, ranges, assignments and special ranges of `wanted` for its application, in
 /// one transaction, and reads them back before it commits. Nothing changes where the plan is not
-/// possible. Stored once more it changes nothing.
+/// possible. Stored once more it changes nothing. Numbers drawn meanwhile stay drawn: a range that
+/// is to change and from which one was drawn fails the whole of it.
 ///
 /// REQUIRES: no transaction runs on `connection`. Errors: 3022 when the database has not stored
-/// what was sent; the engine's.
+/// what was sent; 3023 for a range that was changed meanwhile; the engine's.
 VEXNUMKR_API ImportPlan storeCompany(Connection& connection, const Company& wanted,
                                      const TransferOptions& options);
 

@@ -3,6 +3,7 @@
 #include <vexnumkr/error.h>
 #include <vexnumkr/number_rollover.h>
 
+#include "numbers/changed_meanwhile.h"
 #include "numbers/check/checked_ranges.h"
 #include "numbers/query.h"
 #include "numbers/sql/statements.h"
@@ -33,12 +34,7 @@ void renumber(Connection& connection, const Renumbering& change) {
   const std::int32_t changed =
       execute(connection, statement::renumberRange(literals, change.range, change.numbers.low,
                                                    change.numbers.low, change.numbers.high));
-  if (changed != 1)
-    throw Error(error_number::changedMeanwhile, "vexnumkr",
-                "Der Nummernkreis " + describeKey(change.range) + ", Buchungskreis " +
-                    std::to_string(change.range.circle) +
-                    ", wurde soeben an anderer Stelle geändert. Es wurde nichts geändert; bitte "
-                    "versuchen Sie es noch einmal.");
+  if (changed != 1) throw changedMeanwhile(change.range);
 }
 
 }  // namespace

@@ -5,6 +5,8 @@
 #include <vexnumkr/number_transfer.h>
 
 #include "numbers/numbers_database.h"
+#include "support/error_of.h"
+#include "support/hooked_connection.h"
 
 namespace vexnumkr::test {
 namespace {
@@ -44,6 +46,20 @@ class TransferTest : public NumbersDatabase {
   Company company() { return numbers::readCompany(connection(), 1); }
   Lines store(const Company& wanted, const TransferOptions& options = {}) {
     return shown(numbers::storeCompany(connection(), wanted, options).changes);
+  }
+  /// Stores while a host draws a number from RE, circle 1, when the ranges have been read.
+  void storeWhileSomebodyDraws(const Company& wanted, const TransferOptions& options = {}) {
+    Hooks hooks;
+    hooks.beforeStatement = [&](const std::string& text) {
+      const bool isFirstChange = text.find("Nummernkreise") != std::string::npos &&
+                                 !text.starts_with("SELECT") && !text.ends_with("WHERE 1 = 0");
+      if (!isFirstChange) return;
+      hooks.beforeStatement = nullptr;
+      sql("UPDATE Nummernkreise SET AktuellerWert = AktuellerWert + 1 WHERE Buchungskreis = 1 AND "
+          "NSchl = 'RE'");
+    };
+    HookedConnection hooked(connect(), hooks);
+    numbers::storeCompany(hooked, wanted, options);
   }
   /// Everything that is stored, and whose it is.
   Lines everything() {
@@ -153,6 +169,25 @@ TEST_F(TransferTest, WhatTheDialogWouldRefuseIsRefusedWithAllOfIt) {
   EXPECT_EQ(plan.broken[0].kind, numbers::FindingKind::endNotAboveStart);
   EXPECT_EQ(plan.broken[1].kind, numbers::FindingKind::overlapsOtherCircle);
   EXPECT_EQ(everything(), before);
+}
+
+TEST_F(TransferTest, ANumberDrawnMeanwhileStaysDrawn) {
+  if (isSqlite()) GTEST_SKIP() << "there is one writer at a time";
+  Company wanted = company();
+  wanted.ranges[1].end = 189;
+  EXPECT_EQ(errorOf([&] { storeWhileSomebodyDraws(wanted); }), 3023);
+  EXPECT_EQ(current(1, "RE"), 151);
+  EXPECT_EQ(store(wanted), Lines{"~RE, Buchungskreis 1 [Endwert 199 -> 189]"});
+  EXPECT_EQ(current(1, "RE"), 151);
+}
+
+TEST_F(TransferTest, ARangeFromWhichANumberIsDrawnMeanwhileIsNotRemoved) {
+  if (isSqlite()) GTEST_SKIP() << "there is one writer at a time";
+  Company wanted = company();
+  wanted.ranges.erase(wanted.ranges.begin() + 1);
+  const auto remove = [&] { storeWhileSomebodyDraws(wanted, {.removeOthers = true}); };
+  EXPECT_EQ(errorOf(remove), 3023);
+  EXPECT_EQ(current(1, "RE"), 151);
 }
 
 TEST_F(TransferTest, AFailureInTheMiddleChangesNothing) {

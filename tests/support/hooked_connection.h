@@ -19,6 +19,8 @@ struct Hooks {
   std::function<void(const std::string& member)> before;
   /// Called with the member's name when a BeginTrans, CommitTrans or RollbackTrans has succeeded.
   std::function<void(const std::string& member)> after;
+  /// Called with the text of each statement that goes to Connection::Execute, before it is sent.
+  std::function<void(const std::string& text)> beforeStatement;
   /// The members that hand back null in place of an object.
   std::set<std::string> givesNull;
 
@@ -61,7 +63,9 @@ class HookedConnection final : public Connection {
   void Close() override { entered("Close").Close(); }
   bool BackslashEscapes() const override { return real_->BackslashEscapes(); }
   std::unique_ptr<Recordset> Execute(const std::string& text, std::int32_t& affected) override {
-    return hooks_.given("Execute", entered("Execute").Execute(text, affected));
+    Connection& real = entered("Execute");
+    if (hooks_.beforeStatement) hooks_.beforeStatement(text);
+    return hooks_.given("Execute", real.Execute(text, affected));
   }
   void RequireTransactions(const std::vector<std::string>& tables) override {
     entered("RequireTransactions").RequireTransactions(tables);

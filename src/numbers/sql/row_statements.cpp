@@ -1,5 +1,5 @@
 // The statements that store single rows.
-#include <initializer_list>
+#include <algorithm>
 #include <utility>
 
 #include "numbers/sql/statements.h"
@@ -76,13 +76,46 @@ std::string insertion(const Row& row) {
   return std::string("INSERT INTO ") + row.table + " (" + names + ") VALUES (" + values + ")";
 }
 
+std::string condition(const Columns& columns) {
+  std::string text;
+  for (const auto& [name, value] : columns)
+    text += (text.empty() ? "" : " AND ") + std::string(name) +
+            (value == "NULL" ? " IS NULL" : " = " + value);
+  return text;
+}
+
 std::string change(const Row& row) {
   return std::string("UPDATE ") + row.table + " SET " + joined(row.values, ", ") + " WHERE " +
-         joined(row.key, " AND ");
+         condition(row.key);
 }
 
 std::string removal(const Row& row) {
-  return std::string("DELETE FROM ") + row.table + " WHERE " + joined(row.key, " AND ");
+  return std::string("DELETE FROM ") + row.table + " WHERE " + condition(row.key);
+}
+
+// What stays as it is belongs to whoever changes it meanwhile.
+Columns differing(const Columns& before, Columns after) {
+  std::erase_if(after, [&](const auto& column) {
+    return std::find(before.begin(), before.end(), column) != before.end();
+  });
+  return after;
+}
+
+template <class Stored>
+std::string difference(const Literals& literals, const std::string& origin, const Stored& before,
+                       const Stored& after) {
+  const Row stored = rowOf(literals, origin, before);
+  return change(
+      {stored.table, stored.key, differing(stored.values, rowOf(literals, origin, after).values)});
+}
+
+// A range as long as no number is drawn from it, and nobody gives it others.
+Columns keyAndNumbers(const Literals& literals, const Range& range) {
+  return {{"Buchungskreis", number(range.circle)},
+          {"NSchl", literals.text(range.key)},
+          {"StartWert", number(range.start)},
+          {"AktuellerWert", number(range.current)},
+          {"EndWert", number(range.end)}};
 }
 
 }  // namespace
@@ -101,28 +134,33 @@ std::string insertRow(const Literals& literals, const std::string& origin,
   return insertion(rowOf(literals, origin, row));
 }
 
-std::string updateRow(const Literals& literals, const std::string& origin, const Circle& row) {
-  return change(rowOf(literals, origin, row));
+std::string updateRow(const Literals& literals, const std::string& origin, const Circle& stored,
+                      const Circle& wanted) {
+  return difference(literals, origin, stored, wanted);
 }
-std::string updateRow(const Literals& literals, const std::string& origin, const Range& row) {
-  return change(rowOf(literals, origin, row));
+std::string updateRow(const Literals& literals, const std::string& origin, const Range& stored,
+                      const Range& wanted) {
+  const Columns values =
+      differing(rowOf(literals, origin, stored).values, rowOf(literals, origin, wanted).values);
+  return change({"Nummernkreise", keyAndNumbers(literals, stored), values});
 }
 // Nothing but its key stands in it, so it is what it is.
-std::string updateRow(const Literals& literals, const std::string& origin, const Assignment& row) {
-  Row same = rowOf(literals, origin, row);
+std::string updateRow(const Literals& literals, const std::string& origin, const Assignment& stored,
+                      const Assignment&) {
+  Row same = rowOf(literals, origin, stored);
   same.values = {{"Herkunft", literals.text(origin)}};
   return change(same);
 }
 std::string updateRow(const Literals& literals, const std::string& origin,
-                      const SpecialRange& row) {
-  return change(rowOf(literals, origin, row));
+                      const SpecialRange& stored, const SpecialRange& wanted) {
+  return difference(literals, origin, stored, wanted);
 }
 
 std::string deleteRow(const Literals& literals, const std::string& origin, const Circle& row) {
   return removal(rowOf(literals, origin, row));
 }
-std::string deleteRow(const Literals& literals, const std::string& origin, const Range& row) {
-  return removal(rowOf(literals, origin, row));
+std::string deleteRow(const Literals& literals, const std::string&, const Range& row) {
+  return removal({"Nummernkreise", keyAndNumbers(literals, row), {}});
 }
 std::string deleteRow(const Literals& literals, const std::string& origin, const Assignment& row) {
   return removal(rowOf(literals, origin, row));
@@ -136,11 +174,7 @@ std::string renumberRange(const Literals& literals, const Range& range, std::int
                           std::int32_t current, std::int32_t end) {
   const Row row = {
       "Nummernkreise",
-      {{"Buchungskreis", number(range.circle)},
-       {"NSchl", literals.text(range.key)},
-       {"StartWert", number(range.start)},
-       {"AktuellerWert", number(range.current)},
-       {"EndWert", number(range.end)}},
+      keyAndNumbers(literals, range),
       {{"StartWert", number(start)}, {"AktuellerWert", number(current)}, {"EndWert", number(end)}}};
   return change(row);
 }

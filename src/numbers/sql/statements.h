@@ -57,15 +57,21 @@ std::string circlesOfOthers(const Literals& literals, const std::string& origin)
 std::string renumberRange(const Literals& literals, const Range& range, std::int32_t start,
                           std::int32_t current, std::int32_t end);
 
-/// Single rows, by the key of their table.
+/// Single rows, by the key of their table. An update sets what differs from the stored row, which
+/// has to be another one; updates and deletes find a range only where it still has the stored
+/// numbers.
 std::string insertRow(const Literals& literals, const std::string& origin, const Circle& row);
 std::string insertRow(const Literals& literals, const std::string& origin, const Range& row);
 std::string insertRow(const Literals& literals, const std::string& origin, const Assignment& row);
 std::string insertRow(const Literals& literals, const std::string& origin, const SpecialRange& row);
-std::string updateRow(const Literals& literals, const std::string& origin, const Circle& row);
-std::string updateRow(const Literals& literals, const std::string& origin, const Range& row);
-std::string updateRow(const Literals& literals, const std::string& origin, const Assignment& row);
-std::string updateRow(const Literals& literals, const std::string& origin, const SpecialRange& row);
+std::string updateRow(const Literals& literals, const std::string& origin, const Circle& stored,
+                      const Circle& wanted);
+std::string updateRow(const Literals& literals, const std::string& origin, const Range& stored,
+                      const Range& wanted);
+std::string updateRow(const Literals& literals, const std::string& origin, const Assignment& stored,
+                      const Assignment& wanted);
+std::string updateRow(const Literals& literals, const std::string& origin,
+                      const SpecialRange& stored, const SpecialRange& wanted);
 std::string deleteRow(const Literals& literals, const std::string& origin, const Circle& row);
 std::string deleteRow(const Literals& literals, const std::string& origin, const Range& row);
 std::string deleteRow(const Literals& literals, const std::string& origin, const Assignment& row);

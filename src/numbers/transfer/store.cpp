@@ -3,6 +3,7 @@
 
 #include <vexnumkr/error.h>
 
+#include "numbers/changed_meanwhile.h"
 #include "numbers/origin.h"
 #include "numbers/query.h"
 #include "numbers/sql/statements.h"
@@ -58,14 +59,23 @@ class Writer {
         send(statement::insertRow(literals_, origin_, *change.wanted));
         break;
       case ChangeKind::changed:
-        send(statement::updateRow(literals_, origin_, *change.wanted));
+        requireFound(*change.stored, send(statement::updateRow(literals_, origin_, *change.stored,
+                                                               *change.wanted)));
         break;
       case ChangeKind::removed:
-        send(statement::deleteRow(literals_, origin_, *change.stored));
+        requireFound(*change.stored,
+                     send(statement::deleteRow(literals_, origin_, *change.stored)));
         break;
     }
   }
-  void send(const std::string& text) { execute(connection_, text); }
+  std::int32_t send(const std::string& text) { return execute(connection_, text); }
+
+  // What has become of the other tables' rows is seen when they are read back.
+  template <class Row>
+  static void requireFound(const Row&, std::int32_t) {}
+  static void requireFound(const Range& range, std::int32_t found) {
+    if (found == 0) throw changedMeanwhile(range);
+  }
 
   Connection& connection_;
   Literals literals_;

@@ -40,6 +40,14 @@ struct Numbers {
 
 constexpr std::size_t kinds = 14;
 
+// A row that an update has to change, whatever the texts are.
+template <class Row>
+Row withOtherDescription(Row row) {
+  row.description += "x";
+  return row;
+}
+numbers::Assignment withOtherDescription(numbers::Assignment row) { return row; }
+
 std::string rowStatement(std::size_t kind, const Literals& literals, const Texts& texts,
                          const Numbers& numbers) {
   const auto write = [&](const auto& row) {
@@ -47,7 +55,7 @@ std::string rowStatement(std::size_t kind, const Literals& literals, const Texts
       case 0:
         return statement::insertRow(literals, texts.origin, row);
       case 1:
-        return statement::updateRow(literals, texts.origin, row);
+        return statement::updateRow(literals, texts.origin, withOtherDescription(row), row);
       default:
         return statement::deleteRow(literals, texts.origin, row);
     }
