@@ -30,6 +30,7 @@ enum class FindingKind {
   assignmentWithoutUser,
   userWithoutRange,  ///< for these keys a user can draw nothing
   userAmbiguous,     ///< for these keys several circles serve the user
+  numbersReissued,   ///< of an import only: numbers that are issued would be issued again
 };
 
 struct Finding {

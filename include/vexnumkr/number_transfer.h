@@ -30,6 +30,9 @@ struct TransferOptions {
   /// What is not wanted goes. The standard ranges of circle 0 that are no special ranges stay, and
   /// so do the ranges of circles that the other application has, too: others need them.
   bool removeOthers = false;
+  /// A range may get values with which it issues numbers again that it has issued. Otherwise that
+  /// is told among what would be broken, unless the current value itself is wanted (withCurrent).
+  bool reissue = false;
 };
 
 /// What makes `stored` into `wanted`, by table and key. Users are the host's and are not compared.
@@ -38,7 +41,8 @@ VEXNUMKR_API std::vector<Change> differences(const Company& stored, const Compan
 
 struct ImportPlan {
   std::vector<Change> changes;
-  std::vector<Finding> broken;  ///< the rules that would be broken afterwards
+  /// The rules that would be broken afterwards, then the ranges that would issue numbers again.
+  std::vector<Finding> broken;
 
   bool isPossible() const { return broken.empty(); }
 };

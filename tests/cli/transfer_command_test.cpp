@@ -140,6 +140,29 @@ TEST_F(TransferCommandTest, WithoutCurrentValuesTheyStay) {
   EXPECT_EQ(current(1, "RE"), 160);
 }
 
+TEST_F(TransferCommandTest, NumbersAreIssuedAgainOnlyWhereThatIsSaid) {
+  printed(call("export", {"-o", path("a.json")}));
+  sql("UPDATE Nummernkreise SET StartWert = 120, AktuellerWert = 260, EndWert = 300 WHERE "
+      "Buchungskreis = 1");
+  std::string document = contentOf(path("a.json"));
+  const std::size_t at = document.find("\"end\": 199");
+  ASSERT_NE(at, std::string::npos);
+  write(path("a.json"), document.replace(at, 10, "\"end\": 250"));
+  const std::string changes =
+      "~ Nummernkreis (RE, Buchungskreis 1): Startwert 120 -> 100, Aktuell 260 -> 100, Endwert 300 "
+      "-> 250\n";
+  EXPECT_EQ(
+      printed(call("import", {path("a.json")}), 1),
+      changes +
+          "FEHLER  Beleg (RE), Werk \"Süd\": Die Nummern 121–250 sind schon vergeben und "
+          "würden noch einmal vergeben.\nEs wurde nichts geändert; mit --reissue würden diese "
+          "Nummern noch einmal vergeben.\n");
+  EXPECT_EQ(current(1, "RE"), 260);
+  EXPECT_EQ(printed(call("import", {path("a.json"), "--reissue"})),
+            changes + "1 Änderung gespeichert.\n");
+  EXPECT_EQ(current(1, "RE"), 100);
+}
+
 TEST_F(TransferCommandTest, WhatCannotBeStoredIsNamedAndNothingIs) {
   std::string document = printed(call("export", {}));
   const std::size_t at = document.find("\"end\": 99");

@@ -130,6 +130,37 @@ TEST_F(TransferTest, CurrentValuesStayUnlessTheyAreWanted) {
   EXPECT_EQ(store(wanted, {.withCurrent = true}), Lines{});
 }
 
+TEST_F(TransferTest, NumbersThatAreIssuedAreNotIssuedAgain) {
+  Company wanted = company();
+  wanted.ranges[1].start = 105;  // RE, circle 1, has issued 101 to 150
+  wanted.ranges[1].end = 145;
+  wanted.ranges[1].current.reset();
+  wanted.ranges[2].start = 210;
+  const Lines before = everything();
+  for (const bool withCurrent : {false, true}) {
+    const TransferOptions options{.withCurrent = withCurrent};
+    const auto plan = numbers::storeCompany(connection(), wanted, options);
+    ASSERT_EQ(plan.broken.size(), 1U);
+    EXPECT_EQ(plan.broken[0].kind, numbers::FindingKind::numbersReissued);
+    EXPECT_EQ(plan.broken[0].text,
+              "Beleg (RE), Werk: Die Nummern 106–145 sind schon vergeben und würden noch einmal "
+              "vergeben.");
+    EXPECT_EQ(everything(), before);
+  }
+  EXPECT_TRUE(numbers::storeCompany(connection(), wanted, {.withCurrent = false, .reissue = true})
+                  .isPossible());
+  EXPECT_EQ(current(1, "RE"), 105);
+  EXPECT_EQ(current(2, "RE"), 220);
+}
+
+TEST_F(TransferTest, ACurrentValueThatIsAskedForIsSetBack) {
+  Company wanted = company();
+  wanted.ranges[1].current = 120;
+  EXPECT_EQ(store(wanted, {.withCurrent = true}),
+            Lines{"~RE, Buchungskreis 1 [Aktuell 150 -> 120]"});
+  EXPECT_EQ(current(1, "RE"), 120);
+}
+
 TEST_F(TransferTest, ANewRangeBeginsWithItsStart) {
   Company wanted = company();
   numbers::Range added = wanted.ranges[1];

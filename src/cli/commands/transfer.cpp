@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <memory>
@@ -73,6 +74,18 @@ Json listOf(const std::vector<Change>& changes) {
   return list;
 }
 
+bool reissuesOnly(const ImportPlan& plan) {
+  return std::all_of(plan.broken.begin(), plan.broken.end(), [](const Finding& finding) {
+    return finding.kind == numbers::FindingKind::numbersReissued;
+  });
+}
+
+std::string refusalOf(const ImportPlan& plan) {
+  return reissuesOnly(plan)
+             ? "Es wurde nichts geändert; mit --reissue würden diese Nummern noch einmal vergeben."
+             : "Es wurde nichts geändert; so ließe sich das nicht speichern.";
+}
+
 std::string countOf(const std::vector<Change>& changes) {
   return counted(static_cast<std::int64_t>(changes.size()), "Änderung", "Änderungen");
 }
@@ -133,9 +146,7 @@ int runImport(Session& session, const TransferOptions& options) {
   } else {
     printText(session, plan.changes);
     for (const Finding& finding : plan.broken) session.out() << "FEHLER  " << finding.text << '\n';
-    session.out() << (!plan.isPossible()
-                          ? std::string("Es wurde nichts geändert; so ließe sich das "
-                                        "nicht speichern.")
+    session.out() << (!plan.isPossible() ? refusalOf(plan)
                       : plan.changes.empty()
                           ? std::string("Kein Unterschied; es ist nichts zu tun.")
                       : stored ? countOf(plan.changes) + " gespeichert."
@@ -192,6 +203,8 @@ void addTransfer(CommandSet& commands) {
   importing.addFlag("--delete", options->transfer.removeOthers,
                     "entfernt auch, was nicht in der Datei steht; gemeinsam benutzte Nummernkreise "
                     "bleiben");
+  importing.addFlag("--reissue", options->transfer.reissue,
+                    "lässt zu, dass ein Nummernkreis Nummern noch einmal vergibt");
   importing.addDryRun();
 }
 

@@ -75,7 +75,8 @@ const char* nameOf(FindingKind kind) {
                                           "assignmentOfInactiveRange",
                                           "assignmentWithoutUser",
                                           "userWithoutRange",
-                                          "userAmbiguous"};
+                                          "userAmbiguous",
+                                          "numbersReissued"};
   return names[static_cast<std::size_t>(kind)];
 }
 

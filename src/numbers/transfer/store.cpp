@@ -4,8 +4,10 @@
 #include <vexnumkr/error.h>
 
 #include "numbers/changed_meanwhile.h"
+#include "numbers/check/checked_ranges.h"
 #include "numbers/origin.h"
 #include "numbers/query.h"
+#include "numbers/reissued.h"
 #include "numbers/sql/statements.h"
 #include "numbers/transaction.h"
 #include "numbers/transfer/row_changes.h"
@@ -22,21 +24,47 @@ std::set<std::int32_t> sharedCircles(Connection& connection, const std::string& 
   return circles;
 }
 
+void addReissued(const Company& stored, const RowChange<Range>& change,
+                 std::vector<Finding>& findings) {
+  if (change.kind() != ChangeKind::changed || !change.wanted->current || !change.wanted->end)
+    return;
+  const auto numbers = reissued(*change.stored, *change.wanted->current, *change.wanted->end);
+  if (!numbers) return;
+  findings.push_back(findingAt(
+      *change.wanted, FindingKind::numbersReissued, Severity::critical,
+      describe(stored, *change.wanted) + ": Die Nummern " + std::to_string(numbers->first) + "–" +
+          std::to_string(numbers->last) + " sind schon vergeben und würden noch einmal vergeben."));
+}
+
 // What is stored, what it is to become, and the steps between. The steps point into both.
 struct Comparison {
   Comparison(Connection& connection, const Company& asked, const TransferOptions& options)
       : stored(readCompany(connection, asked.application)),
         wanted(completed(stored, asked, options.withCurrent)),
         changes(compareRows(stored, wanted, options.removeOthers,
-                            sharedCircles(connection, originOf(asked.application)))) {}
+                            sharedCircles(connection, originOf(asked.application)))) {
+    broken = brokenRules(applied(stored, changes));
+    if (!options.reissue) addReissues(asked, options.withCurrent);
+  }
   Comparison(const Comparison&) = delete;
   Comparison& operator=(const Comparison&) = delete;
 
-  ImportPlan plan() const { return {described(changes), brokenRules(applied(stored, changes))}; }
+  ImportPlan plan() const { return {described(changes), broken}; }
 
   Company stored;
   Company wanted;
   RowChanges changes;
+  std::vector<Finding> broken;
+
+ private:
+  // Whoever asks for a current value knows what it does.
+  void addReissues(const Company& asked, bool withCurrent) {
+    for (const auto& change : changes.ranges) {
+      if (change.wanted == nullptr) continue;
+      const auto index = static_cast<std::size_t>(change.wanted - wanted.ranges.data());
+      if (!withCurrent || !asked.ranges[index].current) addReissued(stored, change, broken);
+    }
+  }
 };
 
 class Writer {
