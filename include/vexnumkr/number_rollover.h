@@ -1,7 +1,9 @@
 // Turning the year: what the dialog's "Automatisch" does, without a window.
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -9,6 +11,7 @@
 #include <vexnumkr/export.h>
 #include <vexnumkr/number_check.h>
 #include <vexnumkr/number_company.h>
+#include <vexnumkr/number_gaps.h>
 #include <vexnumkr/number_masks.h>
 
 namespace vexnumkr::numbers {
@@ -17,7 +20,12 @@ namespace vexnumkr::numbers {
 struct Renumbering {
   Range range{};  ///< as it is now
   MaskNumbers numbers{};
+  /// What it has issued, and would issue again; nothing where there is none of that.
+  std::optional<Interval> reissued{};
 };
+
+/// Whether ranges may issue numbers again.
+enum class Reissuing { refused, allowed };
 
 /// A mask that cannot be read.
 struct MaskFailure {
@@ -30,21 +38,31 @@ struct RolloverPlan {
   std::vector<MaskFailure> failures;  ///< all of them
   std::vector<Finding> broken;        ///< the rules that would be broken afterwards
 
-  bool isPossible() const { return failures.empty() && broken.empty(); }
+  Reissuing reissuing = Reissuing::refused;
+
+  bool reissues() const {
+    return std::any_of(changes.begin(), changes.end(),
+                       [](const Renumbering& change) { return change.reissued.has_value(); });
+  }
+  bool isPossible() const {
+    return failures.empty() && broken.empty() && (reissuing == Reissuing::allowed || !reissues());
+  }
 };
 
 /// What renumbering all ranges with a mask from `date` ("yyyymmdd") would do: active or not, as the
 /// dialog does it; those of special ranges that are switched off, which it does not show, are left
-/// out.
+/// out. The plan refuses to issue numbers again.
 VEXNUMKR_API RolloverPlan planRollover(const Company& company, const std::string& date);
 
 /// Does it in one transaction. Nothing changes where the plan is not possible; the plan that was
 /// followed, or could not be, is returned. Nobody is overtaken: a range from which a number is
-/// drawn meanwhile fails the whole of it.
+/// drawn meanwhile fails the whole of it. With Reissuing::allowed numbers may be issued again, as
+/// the dialog does it.
 ///
 /// REQUIRES: no transaction runs on `connection`. Errors: 3023 for a range that was changed
 /// meanwhile; the engine's.
 VEXNUMKR_API RolloverPlan applyRollover(Connection& connection, std::int32_t application,
-                                        const std::string& date);
+                                        const std::string& date,
+                                        Reissuing reissuing = Reissuing::refused);
 
 }  // namespace vexnumkr::numbers

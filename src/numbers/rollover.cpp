@@ -6,6 +6,7 @@
 #include "numbers/changed_meanwhile.h"
 #include "numbers/check/checked_ranges.h"
 #include "numbers/query.h"
+#include "numbers/reissued.h"
 #include "numbers/sql/statements.h"
 #include "numbers/transaction.h"
 
@@ -48,7 +49,7 @@ RolloverPlan planRollover(const Company& company, const std::string& date) {
     try {
       const auto numbers = maskNumbers(range.mask, date);
       if (!numbers || hasValues(range, *numbers)) continue;
-      plan.changes.push_back({range, *numbers});
+      plan.changes.push_back({range, *numbers, reissued(range, numbers->low, numbers->high)});
       setValues(range, *numbers);
     } catch (const Error& error) {
       plan.failures.push_back({range, describe(company, range) + ": Die Maske \"" + range.mask +
@@ -61,11 +62,12 @@ RolloverPlan planRollover(const Company& company, const std::string& date) {
 }
 
 RolloverPlan applyRollover(Connection& connection, std::int32_t application,
-                           const std::string& date) {
+                           const std::string& date, Reissuing reissuing) {
   RolloverPlan plan;
   inTransaction(connection, Ending::commit, [&] {
     execute(connection, statement::takeWriteLock());
     plan = planRollover(readCompany(connection, application), date);
+    plan.reissuing = reissuing;
     if (!plan.isPossible()) return;
     for (const Renumbering& change : plan.changes) renumber(connection, change);
   });

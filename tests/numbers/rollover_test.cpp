@@ -45,9 +45,13 @@ class RolloverTest : public CoreSession {
         "SELECT Buchungskreis, NSchl, StartWert, AktuellerWert, EndWert FROM Nummernkreise " +
         where + " ORDER BY Buchungskreis, NSchl");
   }
-  RolloverPlan apply() {
+  RolloverPlan apply(numbers::Reissuing reissuing = numbers::Reissuing::refused) {
     const auto connection = openQtSqlConnection(connectionString());
-    return numbers::applyRollover(*connection, 2, march2024);
+    return numbers::applyRollover(*connection, 2, march2024, reissuing);
+  }
+  void draw(const std::string& where, int count) {
+    sql("UPDATE Nummernkreise SET AktuellerWert = AktuellerWert + " + std::to_string(count) +
+        " WHERE " + where);
   }
   RolloverPlan plan() {
     const auto connection = openQtSqlConnection(connectionString());
@@ -125,6 +129,41 @@ TEST_F(RolloverTest, DoingItTwiceDoesNoHarm) {
   const Texts once = stored();
   EXPECT_TRUE(apply().changes.empty());
   EXPECT_EQ(stored(), once);
+}
+
+TEST_F(RolloverTest, WhatIsDrawnAfterwardsIsNotIssuedAgain) {
+  apply();
+  draw("Buchungskreis = 1 AND NSchl = 'RE'", 17);
+  draw("Buchungskreis = 2 AND NSchl = 'AN'", 99);
+  const Texts before = stored();
+  const RolloverPlan refused = apply();
+  EXPECT_FALSE(refused.isPossible());
+  ASSERT_EQ(refused.changes.size(), 2U);
+  EXPECT_EQ(refused.changes[0].reissued, (numbers::Interval{2240301, 2240399}));
+  EXPECT_EQ(refused.changes[1].reissued, (numbers::Interval{1240001, 1240017}));
+  EXPECT_EQ(stored(), before);
+}
+
+TEST_F(RolloverTest, AMaskWithoutAYearIsNotBegunAgain) {
+  sql("UPDATE Nummernkreise SET Maske = '123NNNN' WHERE Buchungskreis = 1 AND NSchl = 'RE'");
+  const Texts before = stored();
+  const RolloverPlan refused = apply();
+  EXPECT_FALSE(refused.isPossible());
+  ASSERT_EQ(refused.changes.size(), 3U);
+  EXPECT_EQ(refused.changes[2].reissued, (numbers::Interval{1230001, 1230017}));
+  EXPECT_FALSE(refused.changes[0].reissued);
+  EXPECT_EQ(stored(), before);
+}
+
+TEST_F(RolloverTest, WhereNumbersMayBeIssuedAgainItStoresWhatTheButtonStores) {
+  apply();
+  draw("Buchungskreis = 1 AND NSchl = 'RE'", 17);
+  EXPECT_TRUE(apply(numbers::Reissuing::allowed).isPossible());
+  const Texts ours = stored("WHERE SortierIndex = 20");
+  EXPECT_EQ(ours[1], "1|RE|1240000|1240000|1249999");
+  draw("Buchungskreis = 1 AND NSchl = 'RE'", 17);
+  pressTheButtonAndSave();
+  EXPECT_EQ(stored("WHERE SortierIndex = 20"), ours);
 }
 
 TEST_F(RolloverTest, AllMasksThatFailAreToldAndNothingIsStored) {

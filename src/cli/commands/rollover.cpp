@@ -13,12 +13,14 @@ namespace {
 using numbers::Finding;
 using numbers::MaskFailure;
 using numbers::Range;
+using numbers::Reissuing;
 using numbers::Renumbering;
 using numbers::RolloverPlan;
 
 struct RolloverOptions {
   std::string date;
   bool apply = false;
+  bool reissue = false;
 };
 
 std::string shown(const std::optional<std::int32_t>& value) {
@@ -33,17 +35,24 @@ Json described(const Range& range) {
       {"start", value(range.start)}, {"current", value(range.current)}, {"end", value(range.end)}};
 }
 
+Json described(const Renumbering& change) {
+  Json json{{"circle", change.range.circle},
+            {"key", change.range.key},
+            {"mask", change.range.mask},
+            {"old", described(change.range)},
+            {"new",
+             {{"start", change.numbers.low},
+              {"current", change.numbers.low},
+              {"end", change.numbers.high}}},
+            {"reissues", change.reissued.has_value()}};
+  if (change.reissued)
+    json["reissued"] = {{"first", change.reissued->first}, {"last", change.reissued->last}};
+  return json;
+}
+
 Json described(const RolloverPlan& plan) {
   Json changes = Json::array();
-  for (const Renumbering& change : plan.changes)
-    changes.push_back({{"circle", change.range.circle},
-                       {"key", change.range.key},
-                       {"mask", change.range.mask},
-                       {"old", described(change.range)},
-                       {"new",
-                        {{"start", change.numbers.low},
-                         {"current", change.numbers.low},
-                         {"end", change.numbers.high}}}});
+  for (const Renumbering& change : plan.changes) changes.push_back(described(change));
   Json failures = Json::array();
   for (const MaskFailure& failure : plan.failures)
     failures.push_back({{"circle", failure.range.circle},
@@ -69,8 +78,23 @@ void printChanges(Session& session, const RolloverPlan& plan) {
   if (!table.isEmpty()) table.print(session.out());
 }
 
+void printReissues(Session& session, const RolloverPlan& plan) {
+  const char* const weight = plan.reissuing == Reissuing::allowed ? "ACHTUNG " : "FEHLER  ";
+  for (const auto& [range, numbers, reissued] : plan.changes)
+    if (reissued)
+      session.out() << weight << range.key << ", Buchungskreis " << range.circle << ": vergibt "
+                    << reissued->first << "–" << reissued->last << " noch einmal.\n";
+}
+
+std::string refusalOf(const RolloverPlan& plan) {
+  return plan.failures.empty() && plan.broken.empty()
+             ? "Es wurde nichts geändert; mit --reissue würden diese Nummern noch einmal vergeben."
+             : "Es wurde nichts geändert; so ließe sich das nicht speichern.";
+}
+
 void printText(Session& session, const RolloverPlan& plan, bool applied) {
   printChanges(session, plan);
+  printReissues(session, plan);
   for (const MaskFailure& failure : plan.failures)
     session.out() << "FEHLER  " << failure.text << '\n';
   for (const Finding& finding : plan.broken) session.out() << "FEHLER  " << finding.text << '\n';
@@ -79,7 +103,7 @@ void printText(Session& session, const RolloverPlan& plan, bool applied) {
   if (plan.changes.empty() && plan.isPossible()) {
     session.out() << "Alle Nummernkreise haben schon die Nummern ihrer Maske.\n";
   } else if (!plan.isPossible()) {
-    session.out() << "Es wurde nichts geändert; so ließe sich das nicht speichern.\n";
+    session.out() << refusalOf(plan) << '\n';
   } else if (applied) {
     session.out() << ranges << " neu nummeriert.\n";
   } else {
@@ -91,8 +115,11 @@ int runRollover(Session& session, const RolloverOptions& options) {
   const std::string date = options.date.empty() ? today() : options.date;
   const bool apply = options.apply && !session.dryRun();
   Connection& connection = session.connection();
-  const RolloverPlan plan = apply ? numbers::applyRollover(connection, session.application(), date)
-                                  : numbers::planRollover(session.company(), date);
+  const Reissuing reissuing = options.reissue ? Reissuing::allowed : Reissuing::refused;
+  RolloverPlan plan =
+      apply ? numbers::applyRollover(connection, session.application(), date, reissuing)
+            : numbers::planRollover(session.company(), date);
+  plan.reissuing = reissuing;
   const bool applied = apply && plan.isPossible();
   if (session.json()) {
     Json document{{"date", date}, {"applied", applied}};
@@ -115,6 +142,8 @@ void addRollover(CommandSet& commands) {
   command.addDate(options->date);
   command.addFlag("--apply", options->apply,
                   "speichert es; ohne diese Angabe wird nur gezeigt, was geschähe");
+  command.addFlag("--reissue", options->reissue,
+                  "lässt zu, dass Nummern noch einmal vergeben werden");
   command.addDryRun();
 }
 
