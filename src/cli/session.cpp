@@ -1,9 +1,12 @@
 #include "cli/session.h"
 
 #include <cstdlib>
+#include <filesystem>
 #include <ostream>
 
 #include <vexnumkr/adapters.h>
+#include <vexnumkr/connection_string.h>
+#include <vexnumkr/error.h>
 
 #include "app/command_line.h"
 #include "app/connection_file.h"
@@ -31,6 +34,18 @@ Connection& Session::connection() {
     connection_ = openQtSqlConnection(connectionText_);
   }
   return *connection_;
+}
+
+std::string Session::missingFile() const {
+  try {
+    const ConnectionSettings settings = parseConnectionString(readConnectionText());
+    const bool isFile = settings.driver == "QSQLITE" && !settings.database.starts_with(':') &&
+                        !settings.database.starts_with("file:");
+    std::error_code none;
+    return isFile && !std::filesystem::exists(settings.database, none) ? settings.database : "";
+  } catch (const Error&) {  // opening it tells what is wrong
+    return {};
+  }
 }
 
 numbers::Company Session::company() {

@@ -35,6 +35,10 @@ class Session {
   /// The connection string, empty until it is read.
   const std::string& connectionText() const { return connectionText_; }
 
+  /// The SQLite file that the connection names, where there is none yet; empty otherwise, and where
+  /// the connection cannot be read. Errors: UsageError when none is named.
+  std::string missingFile() const;
+
   /// What the database holds, read anew; a terminal is told of it. Errors: of readCompany.
   numbers::Company company();
 

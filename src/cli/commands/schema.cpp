@@ -1,4 +1,8 @@
-#include <algorithm>
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <filesystem>
+#include <functional>
 #include <memory>
 #include <ostream>
 
@@ -59,21 +63,26 @@ bool exists(Connection& connection, const std::string& table) {
   }
 }
 
-std::vector<std::string> tablesOf(const std::vector<std::string>& statements) {
+// What makes tables, and which; tables that are there already stay as they are.
+struct Making {
+  std::vector<std::string> statements;
   std::vector<std::string> tables;
-  for (const std::string& statement : statements)
-    if (const std::string table = tableMadeBy(statement); !table.empty()) tables.push_back(table);
-  return tables;
-}
+  std::vector<std::string> present;
+};
 
-void requireNone(Connection& connection, const std::vector<std::string>& tables) {
-  std::string present;
-  for (const std::string& table : tables)
-    if (exists(connection, table)) present += (present.empty() ? "" : ", ") + table;
-  if (!present.empty())
-    throw UsageError("In dieser Datenbank gibt es schon: " + present +
-                     ". Es wird nichts angelegt; ob die Tabellen stimmen, sagt \"vexnumkr "
-                     "doctor\".");
+// The statements behind that of a table, up to the next one, are for it.
+Making makingOf(const std::vector<std::string>& statements,
+                const std::function<bool(const std::string&)>& isPresent) {
+  Making making;
+  bool isWanted = true;
+  for (const std::string& statement : statements) {
+    if (const std::string table = tableMadeBy(statement); !table.empty()) {
+      isWanted = !isPresent(table);
+      (isWanted ? making.tables : making.present).push_back(table);
+    }
+    if (isWanted) making.statements.push_back(statement);
+  }
+  return making;
 }
 
 // A definition ends a transaction on some engines, so what is there already is taken away instead.
@@ -96,9 +105,31 @@ void makeAll(Connection& connection, const std::vector<std::string>& statements)
   }
 }
 
-int create(Session& session, const SchemaOptions& options) {
-  Connection& connection = session.connection();
-  const SchemaScripts& scripts = schemaScriptsFor(connection);
+// A new file, gone again unless it is kept.
+class NewFile {
+ public:
+  explicit NewFile(const std::string& path) : path_(path) {
+    if (path_.empty()) return;
+    std::FILE* const file = std::fopen(path_.c_str(), "wbx");
+    if (file == nullptr)
+      throw UsageError("Die Datei " + path_ + " ist nicht anzulegen: " + std::strerror(errno) +
+                       ".");
+    std::fclose(file);
+  }
+  ~NewFile() {
+    std::error_code none;
+    if (!path_.empty()) std::filesystem::remove(path_, none);
+  }
+  NewFile(const NewFile&) = delete;
+  NewFile& operator=(const NewFile&) = delete;
+
+  void keep() { path_.clear(); }
+
+ private:
+  std::string path_;
+};
+
+std::vector<std::string> statementsFor(const SchemaScripts& scripts, const SchemaOptions& options) {
   if (!options.engine.empty() && options.engine != scripts.engine)
     throw UsageError("Die Verbindung führt zu " + std::string(scripts.engine) + ", nicht zu " +
                      options.engine + ".");
@@ -106,16 +137,45 @@ int create(Session& session, const SchemaOptions& options) {
   if (options.settings)
     for (const std::string& statement : statementsOf(scripts.settings))
       statements.push_back(statement);
-  const std::vector<std::string> tables = tablesOf(statements);
-  requireNone(connection, tables);
-  if (!session.dryRun()) makeAll(connection, statements);
-  if (session.json()) {
-    session.printDocument(
-        {{"engine", scripts.engine}, {"dryRun", session.dryRun()}, {"tables", tables}});
-    return exit_status::fine;
-  }
-  session.out() << (session.dryRun() ? "Es würden angelegt:" : "Angelegt:") << '\n';
-  for (const std::string& table : tables) session.out() << "  " << table << '\n';
+  return statements;
+}
+
+void printMade(Session& session, const SchemaScripts& scripts, const Making& making) {
+  if (session.json())
+    return session.printDocument({{"engine", scripts.engine},
+                                  {"dryRun", session.dryRun()},
+                                  {"tables", making.tables},
+                                  {"present", making.present}});
+  const auto list = [&](const char* heading, const std::vector<std::string>& tables) {
+    if (tables.empty()) return;
+    session.out() << heading << '\n';
+    for (const std::string& table : tables) session.out() << "  " << table << '\n';
+  };
+  list(session.dryRun() ? "Es würden angelegt:" : "Angelegt:", making.tables);
+  list("Gibt es schon:", making.present);
+  if (making.tables.empty()) session.out() << "Es ist nichts zu tun.\n";
+}
+
+// In a database that is not there yet there are no tables.
+int tryNewFile(Session& session, const SchemaOptions& options) {
+  const SchemaScripts& scripts = schemaScripts("sqlite");
+  printMade(session, scripts,
+            makingOf(statementsFor(scripts, options), [](const std::string&) { return false; }));
+  return exit_status::fine;
+}
+
+int create(Session& session, const SchemaOptions& options) {
+  const std::string missing = session.missingFile();
+  if (!missing.empty() && session.dryRun()) return tryNewFile(session, options);
+  NewFile file(missing);
+  Connection& connection = session.connection();
+  const SchemaScripts& scripts = schemaScriptsFor(connection);
+  const Making making = makingOf(statementsFor(scripts, options), [&](const std::string& table) {
+    return exists(connection, table);
+  });
+  if (!session.dryRun()) makeAll(connection, making.statements);
+  file.keep();
+  printMade(session, scripts, making);
   return exit_status::fine;
 }
 
