@@ -49,7 +49,10 @@ class Remote {
     session_->saveChanges();
     session_.reset();
   }
-  void close() { session_.reset(); }
+  void close() {
+    if (session_) session_->session().rollBackTransaction();
+    session_.reset();
+  }
   // What opening and OK take, one after the other.
   void work() {
     open();

@@ -127,7 +127,9 @@ bool saveOrRollBack(Session& session, RangeDisplay& display) {
   bool saved = false;
   if (reportingFailures(session.reporter(), saveProcedure, [&] { saved = saving.run(); }))
     return saved;
-  reportingFailures(session.reporter(), saveProcedure, [&] { session.restartTransaction(); });
+  // Where there is nobody to begin with any more, the user has just been told so; whatever comes
+  // next begins anew.
+  ignoringFailures([&] { session.restartTransaction(); });
   if (saving.hasUnshownChanges()) display.showChanges();
   return false;
 }

@@ -37,15 +37,16 @@ void Session::Conn(std::shared_ptr<Connection> connection) {
   inTransaction_ = false;
 }
 
-// A server that is away just now has been asked when the dialog opened; the transaction begins with
-// the first statement once it is back.
+// A server that cannot answer just now has answered when the dialog opened; one that is away is not
+// asked twice.
 void Session::beginTransaction() {
   constexpr std::int32_t withoutTransactions = 3251;
+  constexpr std::int32_t invalidConnection = 3709;
   inTransaction_ = false;
   try {
     Conn().RequireTransactions(statement::writtenTables());
   } catch (const Error& error) {
-    if (error.number() == withoutTransactions) throw;
+    if (error.number() == withoutTransactions || error.number() == invalidConnection) throw;
   }
   Conn().BeginTrans();
   inTransaction_ = true;

@@ -10,11 +10,20 @@ namespace {
 class StandbyTest : public test::ClusterSession {
  protected:
   /// The nodes of the test run as they are now.
-  StandbyTest() : primary(isStandby(1) ? 2 : 1), standby(3 - primary) {}
+  StandbyTest() : primary(isStandby(1) ? 2 : 1), standby(3 - primary) { opened(standby); }
 
   bool isStandby(int node) const {
-    return test::value(*openThrough({node}), "SELECT pg_is_in_recovery()::integer AS X") ==
-           Value(1);
+    return test::value(*opened(node), "SELECT pg_is_in_recovery()::integer AS X") == Value(1);
+  }
+  // The test's database is on the standby a moment after the primary has made it.
+  std::shared_ptr<Connection> opened(int node) const {
+    for (;;) {
+      try {
+        return openThrough({node});
+      } catch (const Error& error) {
+        if (error.description().find("does not exist") == std::string::npos) throw;
+      }
+    }
   }
   bool isOnStandby(Connection& connection) {
     return test::value(connection, "SELECT pg_is_in_recovery()::integer AS X") == Value(1);
@@ -44,15 +53,14 @@ TEST_F(StandbyTest, AfterThePrimaryWasKilledTheDialogGoesOnOnTheStandbyOnceItIsP
   values = rows();
   session().blnChanged(true);
   cluster.kill(primary);
-  EXPECT_FALSE(save());
-  const auto told = boxes();
-  ASSERT_EQ(told.size(), 2U);
-  EXPECT_NE(told[1].prompt.find("Keiner der Datenbankserver nimmt zurzeit Änderungen an."),
+  refusal();
+  const std::string again = refusal();
+  EXPECT_NE(again.find("Keiner der Datenbankserver nimmt zurzeit Änderungen an."),
             std::string::npos)
-      << told[1].prompt;
-  EXPECT_NE(told[1].prompt.find(": Der Server ist ein Standby und nimmt keine Änderungen an."),
+      << again;
+  EXPECT_NE(again.find(": Der Server ist ein Standby und nimmt keine Änderungen an."),
             std::string::npos)
-      << told[1].prompt;
+      << again;
   cluster.promote(standby);
   cluster.join(primary);
   expectSavingAgainWorks();
@@ -67,13 +75,11 @@ TEST_F(StandbyTest, APrimaryThatTakesNoMoreChangesSaysSo) {
       test::value(*administrator, "SELECT current_setting('default_transaction_read_only') AS X") ==
       Value("off")) {
   }
-  EXPECT_FALSE(save());
-  const auto told = boxes();
-  ASSERT_EQ(told.size(), 2U);
-  EXPECT_NE(told[0].prompt.find("vielleicht ist inzwischen ein anderer der Hauptserver"),
-            std::string::npos)
-      << told[0].prompt;
-  EXPECT_NE(told[1].prompt.find("nur zum Lesen freigegeben"), std::string::npos) << told[1].prompt;
+  const std::string first = refusal();
+  EXPECT_NE(first.find("vielleicht ist inzwischen ein anderer der Hauptserver"), std::string::npos)
+      << first;
+  const std::string again = refusal();
+  EXPECT_NE(again.find("nur zum Lesen freigegeben"), std::string::npos) << again;
   cluster.mend();
   while (
       test::value(*administrator, "SELECT current_setting('default_transaction_read_only') AS X") ==

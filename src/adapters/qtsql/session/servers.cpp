@@ -2,9 +2,8 @@
 
 namespace vexnumkr::qtsql {
 
-std::vector<std::size_t> Servers::inOrder(std::optional<std::size_t> lost) const {
-  const std::size_t used = inUse_;
-  const std::size_t first = lost == used ? used + 1 : used;
+std::vector<std::size_t> Servers::inOrder() const {
+  const std::size_t first = inUse_;
   std::vector<std::size_t> order;
   for (std::size_t i = 0; i < addresses_.size(); ++i)
     order.push_back((first + i) % addresses_.size());

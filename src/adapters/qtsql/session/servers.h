@@ -3,7 +3,6 @@
 
 #include <atomic>
 #include <cstddef>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -33,9 +32,9 @@ class Servers {
   const Engine* engineAt(std::size_t server) const { return engines_[server]; }
   void engineAt(std::size_t server, const Engine& engine) { engines_[server] = &engine; }
 
-  /// All of them in the order in which they are to be tried: from the one in use on or, by who has
-  /// lost just that one, from the one behind it.
-  std::vector<std::size_t> inOrder(std::optional<std::size_t> lost) const;
+  /// All of them in the order in which they are to be tried, from the one in use on: a connection
+  /// may be lost while its server is well, and who moved on alone would be apart from all others.
+  std::vector<std::size_t> inOrder() const;
 
   /// As messages name it: "db1:3307".
   std::string name(std::size_t server) const;

@@ -130,6 +130,7 @@ class Session {
   std::chrono::milliseconds usualWait();
   bool patiently(const std::function<bool()>& attempt);
   RowSet run(const QString& text);
+  bool mayBeLostUnnoticed() const;
   RowSet readAnew(const QString& text);
   RowSet readRows(const QString& text);
   bool isWholeByItself() const;

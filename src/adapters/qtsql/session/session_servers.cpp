@@ -9,13 +9,15 @@ namespace vexnumkr::qtsql {
 void Session::connect() {
   if (!servers_->areSeveral()) return openAt(0);
   std::string reasons;
-  for (const std::size_t server : servers_->inOrder(server_)) {
+  const std::size_t used = servers_->inUse();
+  for (const std::size_t server : servers_->inOrder()) {
     try {
       openAt(server);
-      servers_->use(server);
       server_ = server;
+      servers_->use(server);
       return requireWritable();
     } catch (const Error& error) {
+      servers_->use(used);  // Others may be well there.
       reasons += "\r\n" + servers_->name(server) + ": " + error.description();
     }
   }
@@ -48,8 +50,13 @@ void Session::openAt(std::size_t server) {
   if (driver_.isOdbc() || servers_->engineAt(server) != driver_.engine)
     servers_->engineAt(server, engineBehind(database_.get(), driver_));
   engine_ = servers_->engineAt(server);
+  try {
+    prepare();
+  } catch (const Error&) {
+    isLost_ = true;  // It lacks what it was to be told first.
+    throw;
+  }
   isLost_ = false;
-  prepare();
 }
 
 void Session::requireWritable() {

@@ -11,7 +11,7 @@ void Session::begin(std::int32_t isolation) {
   if (beginsLater_ || (inTransaction_ && !engine_->guardsTransactions)) throw transactionRuns();
   isolation_ = isolation;
   onlyReads_ = false;
-  const bool mayHaveBeenLostBefore = database_.isOwned() && !inTransaction_;
+  const bool mayHaveBeenLostBefore = mayBeLostUnnoticed();
   try {
     requireReady();
     requireSameFile();
@@ -23,6 +23,11 @@ void Session::begin(std::int32_t isolation) {
     requireReady();  // Fails if the server is still away now.
     beginsLater_ = true;
   }
+}
+
+// Whoever knows that it is lost has just tried to open it again.
+bool Session::mayBeLostUnnoticed() const {
+  return database_.isOwned() && database_.isOpen() && !inTransaction_ && !isLost_;
 }
 
 // An engine that refuses a second transaction is asked for one, which locks nothing by itself.
@@ -111,7 +116,7 @@ void Session::commit() {
 
 // What goes before a transaction may be the first to meet a connection that was lost meanwhile.
 RowSet Session::readAnew(const QString& text) {
-  const bool mayHaveBeenLostBefore = database_.isOwned() && !inTransaction_;
+  const bool mayHaveBeenLostBefore = mayBeLostUnnoticed();
   try {
     return read(text);
   } catch (const Error&) {
