@@ -5,6 +5,7 @@
 #include "engines/engine_list.h"
 #include "engines/sqlite/keys.h"
 #include "engines/sqlite/location.h"
+#include "platform/ascii_case.h"
 
 namespace vexnumkr::engines {
 namespace {
@@ -33,7 +34,12 @@ ConnectionSettings prepare(ConnectionSettings settings) {
 
 constexpr std::array drivers = {QtDriver{"QSQLITE", options, prepare}};
 
-std::string prepareOdbc(const std::string& connectionString) { return connectionString; }
+// Without being told so the driver takes what a column of integers holds for 32 bits, and cuts off
+// the rest.
+std::string prepareOdbc(const std::string& connectionString) {
+  if (inLowerCase(connectionString).find("bigint=") != std::string::npos) return connectionString;
+  return connectionString + (connectionString.empty() ? "" : ";") + "BigInt=1";
+}
 
 // The engine has no limit for statements.
 std::string limit(std::int32_t seconds) {

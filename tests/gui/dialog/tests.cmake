@@ -6,12 +6,13 @@ target_link_libraries(vexnumkr_dialog_session
   PRIVATE vexnumkr_options Qt6::Test)
 
 foreach(name broken_host circles circles_refresh closing controls editor_walk ending entries escape failures
-    filters interruptions loading notes options progress refusals special_ranges ticks tree validation)
+    filters interruptions loading notes options progress refusals special_ranges tables ticks tree validation)
   vexnumkr_test(gui/dialog/dialog_${name}_test GUI LABEL gui LINKS vexnumkr_dialog_session)
 endforeach()
 
 vexnumkr_on_every_engine(
-  dialog_circles_test dialog_closing_test dialog_loading_test dialog_special_ranges_test)
+  dialog_circles_test dialog_closing_test dialog_loading_test dialog_special_ranges_test
+  dialog_tables_test)
 
 # Its own functions take the place of those by which the engine waits.
 vexnumkr_test(gui/dialog/dialog_two_hosts_test GUI LABEL engine
