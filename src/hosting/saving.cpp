@@ -1,5 +1,6 @@
 #include "hosting/saving.h"
 
+#include "data/sql/set_statements.h"
 #include "data/sql/statements.h"
 #include "rules/read_back.h"
 #include "rules/saving.h"
@@ -92,27 +93,35 @@ class Saving {
     const StoredRanges underLock =
         readStoredRanges(*source.query(statement::ranges()), data_, Others::read);
     hasUnshownChanges_ = takeDrawnNumbers(data_, before, underLock);
-    write(underLock);
-    readBack(underLock.unknown);
+    readBack(underLock, write(underLock));
     session_.commitTransaction();
     knowAsStored(data_);
     session_.progress().advance();
   }
 
-  void write(const StoredRanges& underLock) {
+  // Row by row nothing is told of what was removed, nor of assignments.
+  WrittenInSets write(const StoredRanges& underLock) {
     StatementSource& source = session_.source();
     if (source.access() == DatabaseAccess::inSets)
       return writeDifferences(data_.table, underLock, source, session_.progress());
     writeTable(data_.table, source, session_.progress());
     for (const RangeRow& range : underLock.unknown) InsertIntoNummernkreise(source, range);
+    return {};
   }
 
-  // Asks for both before it judges either.
-  void readBack(const std::vector<RangeRow>& others) {
+  // Asks for both before it judges either. Where assignments were left alone their number says
+  // enough.
+  void readBack(const StoredRanges& underLock, const WrittenInSets& written) {
     StatementSource& source = session_.source();
-    const auto records = source.query(statement::ranges());
-    const auto count = source.query(statement::assignmentCount(session_.Herkunft()));
-    requireStoredAsWritten(data_.table, others, *records, count->Fields("Anzahl").toLong());
+    const auto ranges = source.query(statement::ranges());
+    const auto assignments =
+        source.query(written.assignments ? statement::assignments(session_.Herkunft())
+                                         : statement::assignmentCount(session_.Herkunft()));
+    requireRangesAsWritten(data_.table, {underLock.unknown, written.removed}, *ranges);
+    if (written.assignments)
+      requireAssignmentsAsWritten(data_.table, *assignments);
+    else
+      requireAssignmentCount(data_.table, assignments->Fields("Anzahl").toLong());
   }
 
   Session& session_;

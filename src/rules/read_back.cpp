@@ -1,13 +1,17 @@
 #include "rules/read_back.h"
 
 #include <algorithm>
+#include <array>
 #include <map>
 #include <string>
+#include <string_view>
+#include <unordered_map>
 
 #include <vexnumkr/error.h>
 
 #include "data/hosts_keys.h"
 #include "data/range_values.h"
+#include "rules/saving.h"
 
 namespace vexnumkr {
 namespace {
@@ -85,8 +89,8 @@ Stored readAll(Recordset& records) {
 RangeId writtenId(const RangeRow& row) { return {row.Buchungskreis, writtenText(row.NSchl)}; }
 
 // A range that is none of the table has no caption.
-std::string told(const RangeRow& row) {
-  return row.NBezeichnung.str() + ", Buchungskreis " + std::to_string(row.Buchungskreis);
+std::string told(const std::string& NBezeichnung, std::int32_t Buchungskreis) {
+  return NBezeichnung + ", Buchungskreis " + std::to_string(Buchungskreis);
 }
 
 [[noreturn]] void failNotAsWritten(const std::string& what) {
@@ -96,6 +100,7 @@ std::string told(const RangeRow& row) {
 
 class ReadBack {
  public:
+  // Of what is written twice the last counts.
   ReadBack(Recordset& records, const XArray& table, const std::vector<RangeRow>& others)
       : stored_(readAll(records)) {
     for (const RangeRow& row : table)
@@ -109,23 +114,84 @@ class ReadBack {
            found->second.content == lastWritten_.at(writtenId(row));
   }
 
+  void requireGone(const RangeId& range) const {
+    const RangeId id{range.Buchungskreis, withoutBlanksAtItsEnd(range.NSchl)};
+    const auto found = stored_.find(id);
+    if (found == stored_.end() || lastWritten_.contains(id)) return;
+    const auto& content = found->second.content;
+    failNotAsWritten(told(content ? content->NBezeichnung : id.NSchl, id.Buchungskreis));
+  }
+
  private:
   Stored stored_;
   std::map<RangeId, Content> lastWritten_;
 };
 
+// Assignments in a form that can be sorted: texts are numbered, so that many take little room.
+class Assignments {
+ public:
+  explicit Assignments(std::unordered_map<std::string, std::int32_t>& numbers)
+      : numbers_(numbers) {}
+
+  void add(std::int32_t Buchungskreis, std::string_view NSchl, std::string_view Benutzer) {
+    all_.push_back({Buchungskreis, number(NSchl), number(Benutzer)});
+  }
+  void sort() { std::ranges::sort(all_); }
+  friend bool operator==(const Assignments& a, const Assignments& b) { return a.all_ == b.all_; }
+
+ private:
+  std::int32_t number(std::string_view text) {
+    return numbers_
+        .try_emplace(withoutBlanksAtItsEnd(std::string(text)),
+                     static_cast<std::int32_t>(numbers_.size()))
+        .first->second;
+  }
+
+  std::unordered_map<std::string, std::int32_t>& numbers_;
+  std::vector<std::array<std::int32_t, 3>> all_;
+};
+
+void addStored(Assignments& stored, const Recordset& record) {
+  try {
+    stored.add(record.Fields("Buchungskreis").toLong(), textOf(record, "NSchl"),
+               textOf(record, "Benutzer"));
+  } catch (const Error&) {  // it is not what was written then
+    failNotAsWritten("Zuordnungen");
+  }
+}
+
 }  // namespace
 
-void requireStoredAsWritten(const XArray& table, const std::vector<RangeRow>& others,
-                            Recordset& records, std::int64_t assignments) {
-  const ReadBack readBack(records, table, others);
+void requireRangesAsWritten(const XArray& table, const BesidesTheTable& besides,
+                            Recordset& records) {
+  const ReadBack readBack(records, table, besides.others);
   for (const RangeRow& row : table)
     if (row.isCommon() && !isHostsKey(row.NSchl.str()) && !readBack.isAsWritten(row))
       failNotAsWritten(row.NBezeichnung.str() + ", " + row.Gruppe.str());
-  for (const RangeRow& row : others)
-    if (!readBack.isAsWritten(row)) failNotAsWritten(told(row));
+  for (const RangeRow& row : besides.others)
+    if (!readBack.isAsWritten(row))
+      failNotAsWritten(told(row.NBezeichnung.str(), row.Buchungskreis));
+  for (const RangeId& range : besides.removed) readBack.requireGone(range);
+}
+
+void requireAssignmentCount(const XArray& table, std::int64_t assignments) {
   if (assignments != std::ranges::count_if(table, &RangeRow::Aktiviert))
     failNotAsWritten("Zuordnungen");
+}
+
+void requireAssignmentsAsWritten(const XArray& table, Recordset& records) {
+  std::unordered_map<std::string, std::int32_t> numbers;
+  Assignments written(numbers);
+  for (const RangeRow& row : table)
+    if (row.Aktiviert)
+      written.add(row.Buchungskreis, row.NSchl.str(),
+                  basAllgemein::ReplaceUser(row.Benutzer.str()));
+  Assignments stored(numbers);
+  for (; !records.EndOfFile(); records.MoveNext()) addStored(stored, records);
+  records.Close();
+  written.sort();
+  stored.sort();
+  if (!(written == stored)) failNotAsWritten("Zuordnungen");
 }
 
 }  // namespace vexnumkr

@@ -225,12 +225,14 @@ class Differences {
               Progress& progress)
       : table_(table), underLock_(underLock), source_(source), progress_(progress) {}
 
-  void write() {
+  WrittenInSets write() {
     RangeChanges ranges = compareRanges(table_, underLock_.unknown, underLock_.records);
     AssignmentChanges assignments = assignmentChanges();
     expect(ranges, assignments);
-    writeRanges(ranges);
-    writeAssignments(assignments);
+    WrittenInSets written;
+    written.removed = writeRanges(ranges);
+    written.assignments = writeAssignments(assignments);
+    return written;
   }
 
  private:
@@ -249,25 +251,32 @@ class Differences {
                                   assignments.leaving.size() + assignments.lacking.size()));
   }
 
-  void writeRanges(RangeChanges& changes) {
+  // Returns what had to go.
+  std::vector<RangeId> writeRanges(RangeChanges& changes) {
     RangeWriting writing(source_, progress_);
-    if (underLock_.hasOthers || !changes.leaving.empty()) removeRanges(writing, changes);
+    std::vector<RangeId> removed;
+    if (underLock_.hasOthers || !changes.leaving.empty()) removed = removeRanges(writing, changes);
     writing.update(std::move(changes.different), changes.differInNumbersOnly);
     writing.insert(changes.lacking);
     writing.insertOneByOne(changes.entangled);
+    return removed;
   }
 
-  void removeRanges(RangeWriting& writing, RangeChanges& changes) {
+  std::vector<RangeId> removeRanges(RangeWriting& writing, RangeChanges& changes) {
     const std::set<RangeId> deletable = deletableRanges();
     std::erase_if(changes.leaving, [&](const RangeId& id) { return !deletable.contains(id); });
     const bool allPlain = std::ranges::all_of(
         changes.leaving, [](const RangeId& id) { return statement::isPlain(id.NSchl); });
-    if (!underLock_.hasOthers && allPlain) return writing.remove(changes.leaving);
+    if (!underLock_.hasOthers && allPlain) {
+      writing.remove(changes.leaving);
+      return changes.leaving;
+    }
     source_.execute(statement::deleteRanges(source_.origin().andereHerkunft()));
     std::vector<StoredRecord> left = underLock_.records;
     std::erase_if(left,
                   [&](const StoredRecord& record) { return deletable.contains(record.range); });
     changes = compareRanges(table_, underLock_.unknown, left);
+    return {deletable.begin(), deletable.end()};
   }
 
   std::set<RangeId> deletableRanges() {
@@ -280,11 +289,13 @@ class Differences {
     return deletable;
   }
 
-  void writeAssignments(AssignmentChanges& changes) {
+  // Returns whether there was anything to do.
+  bool writeAssignments(AssignmentChanges& changes) {
     AssignmentWriting writing(source_, progress_);
     if (!changes.anew && !writing.remove(changes)) changes = allAssignments(table_);
     if (changes.anew) writing.removeAll();
     writing.insert(changes.lacking);
+    return changes.anew || !changes.leaving.empty() || !changes.lacking.empty();
   }
 
   const XArray& table_;
@@ -295,9 +306,9 @@ class Differences {
 
 }  // namespace
 
-void writeDifferences(const XArray& table, const StoredRanges& underLock, StatementSource& source,
-                      Progress& progress) {
-  Differences(table, underLock, source, progress).write();
+WrittenInSets writeDifferences(const XArray& table, const StoredRanges& underLock,
+                               StatementSource& source, Progress& progress) {
+  return Differences(table, underLock, source, progress).write();
 }
 
 }  // namespace vexnumkr

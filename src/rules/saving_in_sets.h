@@ -1,11 +1,20 @@
 // Writing what differs from what is stored.
 #pragma once
 
+#include <vector>
+
 #include "data/statement_source.h"
 #include "platform/progress.h"
 #include "rules/stored_changes.h"
 
 namespace vexnumkr {
+
+/// What was written, besides the ranges of the table and the unknown ones.
+struct WrittenInSets {
+  /// Stored ranges that had to go, if any had; those that were written again are among them.
+  std::vector<RangeId> removed;
+  bool assignments = false;  ///< Whether any was removed or inserted.
+};
 
 /// Leaves the same rows as writeTable, and InsertIntoNummernkreise for each of the unknown ranges
 /// after it, but touches only what is not stored like that: many rows with one statement where the
@@ -14,7 +23,7 @@ namespace vexnumkr {
 ///
 /// What the engine may see otherwise than this comparison of texts (keys that are the same for it,
 /// assignments that cannot be named) is written as writeTable would.
-void writeDifferences(const XArray& table, const StoredRanges& underLock, StatementSource& source,
-                      Progress& progress);
+WrittenInSets writeDifferences(const XArray& table, const StoredRanges& underLock,
+                               StatementSource& source, Progress& progress);
 
 }  // namespace vexnumkr

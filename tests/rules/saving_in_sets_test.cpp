@@ -302,5 +302,64 @@ TEST_F(SavingInSetsTest, NumberingAllRangesAnewIsAFewUpdates) {
             Texts{});
 }
 
+// What the tables do behind the statements' backs.
+class SavingInSetsBehindTriggersTest : public SavingInSetsTest {
+ protected:
+  void SetUp() override {
+    firm(3);
+    removeACircle();
+  }
+  /// Takes assignments along, but not the one that is left of each document type.
+  void removeACircle() {
+    sql("DELETE FROM Nummernkreis_Buchungskreise WHERE Buchungskreis=2");
+    RefreshCombo();
+    RefreshInXArray();
+    session().blnChanged(true);
+  }
+  void trigger(const std::string& text) {
+    session().rollBackTransaction();
+    sql("CREATE TRIGGER t " + text);
+    session().beginTransaction();
+  }
+  void notStored(const std::string& what) {
+    const Texts before = stored();
+    EXPECT_FALSE(save());
+    EXPECT_EQ(boxes(),
+              Boxes{errorBox(3022, "basAllgemein", "Save",
+                             "Die Datenbank hat nicht alles so gespeichert, wie es gesendet "
+                             "wurde: " +
+                                 what + ".")});
+    EXPECT_EQ(stored(), before);
+    session().rollBackTransaction();
+    sql("DROP TRIGGER t");
+    session().beginTransaction();
+    EXPECT_TRUE(save());
+    EXPECT_NE(stored(), before);
+  }
+  bool takesTheTriggers() { return database().engine().ends_with("sqlite"); }
+};
+
+TEST_F(SavingInSetsBehindTriggersTest, ARangeThatStaysIsNoticed) {
+  if (!takesTheTriggers()) GTEST_SKIP() << "the triggers are SQLite's";
+  trigger("BEFORE DELETE ON Nummernkreise WHEN old.NSchl = 'K1' BEGIN SELECT RAISE(IGNORE); END");
+  notStored("Beleg K1, Buchungskreis 2");
+}
+
+TEST_F(SavingInSetsBehindTriggersTest, AnAssignmentThatStaysIsNoticed) {
+  if (!takesTheTriggers()) GTEST_SKIP() << "the triggers are SQLite's";
+  trigger(
+      "BEFORE DELETE ON Nummernkreis_Zuordnung WHEN old.NSchl = 'K1' "
+      "BEGIN SELECT RAISE(IGNORE); END");
+  notStored("Zuordnungen");
+}
+
+TEST_F(SavingInSetsBehindTriggersTest, AnAssignmentThatIsChangedIsNoticed) {
+  if (!takesTheTriggers()) GTEST_SKIP() << "the triggers are SQLite's";
+  trigger(
+      "AFTER DELETE ON Nummernkreis_Zuordnung WHEN old.NSchl = 'K1' BEGIN UPDATE "
+      "Nummernkreis_Zuordnung SET Benutzer = 'Anna' WHERE Benutzer = 'Max' AND NSchl = 'K0'; END");
+  notStored("Zuordnungen");
+}
+
 }  // namespace
 }  // namespace vexnumkr
