@@ -104,6 +104,21 @@ TEST(Variant, TextsKeepEveryCharacter) {
   EXPECT_EQ(toUtf8(Bstr(std::wstring_view(L"a\0b", 3)).get()), std::string("a\0b", 3));
 }
 
+// Half a pair of surrogates, as a database layer may hand it over.
+TEST(Variant, AStoredTextThatIsNotWellFormedIsRefusedAndNotReplaced) {
+  const Variant whole("Größe \xF0\x9F\xA7\xBE");
+  EXPECT_EQ(toStoredValue(whole.get()), toValue(whole.get()));
+  for (const std::wstring_view text : {L"a\xD83E", L"\xDDFE", L"\xD83E a"}) {
+    VARIANT variant = ofType(VT_BSTR);
+    const Bstr broken(text);
+    V_BSTR(&variant) = broken.get();
+    EXPECT_EQ(errorOf([&] { toStoredValue(variant); }), error_number::unreadableText);
+  }
+  VARIANT none = ofType(VT_BSTR);
+  V_BSTR(&none) = nullptr;
+  EXPECT_EQ(toStoredValue(none), Value(""));
+}
+
 TEST(Variant, AMissingTextIsEmpty) {
   VARIANT variant = ofType(VT_BSTR);
   V_BSTR(&variant) = nullptr;

@@ -36,7 +36,7 @@ LateBound AdoRecordset::field(std::string_view name) const {
 }
 
 Value AdoRecordset::Fields(std::string_view name) const {
-  return toValue(field(name).call("Value").get());
+  return toStoredValue(field(name).call("Value").get());
 }
 
 void AdoRecordset::Fields(std::string_view name, const Value& value) {

@@ -23,6 +23,12 @@ std::string toUtf8(std::wstring_view text) {
   return narrow;
 }
 
+bool isWellFormed(std::wstring_view text) {
+  const int size = static_cast<int>(text.size());
+  return text.empty() || WideCharToMultiByte(CP_UTF8, WC_ERR_INVALID_CHARS, text.data(), size,
+                                             nullptr, 0, nullptr, nullptr) > 0;
+}
+
 std::string toUtf8(BSTR text) { return toUtf8(std::wstring_view(text, SysStringLen(text))); }
 
 Bstr::Bstr(std::string_view text) : Bstr(std::wstring_view(toWide(text))) {}

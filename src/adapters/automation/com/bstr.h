@@ -13,6 +13,9 @@ namespace vexnumkr::automation {
 std::wstring toWide(std::string_view text);
 std::string toUtf8(std::wstring_view text);
 
+/// Whether a text is well-formed, so that nothing of it has to be replaced.
+bool isWellFormed(std::wstring_view text);
+
 /// The text of a BSTR, which may be null or hold zero characters.
 std::string toUtf8(BSTR text);
 

@@ -143,6 +143,16 @@ Value toValue(const VARIANT& variant) {
   }
 }
 
+Value toStoredValue(const VARIANT& variant) {
+  const Variant itself = withoutReference(variant);
+  const VARIANT& data = itself.get();
+  const bool isText = V_VT(&data) == VT_BSTR;
+  if (isText && !isWellFormed({V_BSTR(&data), SysStringLen(V_BSTR(&data))}))
+    throw Error(error_number::unreadableText, "VEXNummernkreise",
+                "Ein Text ist nicht lesbar gespeichert.");
+  return toValue(data);
+}
+
 std::int32_t toLong(const VARIANT& variant) { return toValue(variant).toLong(); }
 
 bool toBoolean(const VARIANT& variant) { return toValue(variant).toBoolean(); }

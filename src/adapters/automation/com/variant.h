@@ -49,6 +49,9 @@ class Variant {
 /// objects and arrays.
 Value toValue(const VARIANT& variant);
 
+/// The same for what a database holds. Error 3024 for a text that is not well-formed.
+Value toStoredValue(const VARIANT& variant);
+
 /// As toValue, converted. Errors as Value's conversions.
 std::int32_t toLong(const VARIANT& variant);
 bool toBoolean(const VARIANT& variant);
