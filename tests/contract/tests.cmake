@@ -54,7 +54,9 @@ vexnumkr_sqlite_test(sqlite_update_test engine)
 vexnumkr_sqlite_test(sqlite_transactions_test engine SOURCES support/engine_waits.cpp)
 set_target_properties(sqlite_transactions_test PROPERTIES ENABLE_EXPORTS ON)
 vexnumkr_sqlite_test(sqlite_locking_test engine)
+vexnumkr_sqlite_test(sqlite_waiting_test engine)
 add_dependencies(sqlite_locking_test hold_write_lock)
+add_dependencies(sqlite_waiting_test hold_write_lock)
 
 foreach(name eight_bit_text field_value opening_without_application simple_select)
   vexnumkr_test(contract/${name}_test LABEL unit

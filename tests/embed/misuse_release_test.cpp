@@ -32,6 +32,7 @@ class MisuseReleaseTest : public MisuseSession {
     EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
     EXPECT_EQ(QApplication::overrideCursor(), nullptr);
     EXPECT_TRUE(isFree());
+    EXPECT_FALSE(tellsOfWaits()) << "the component is gone";
     EXPECT_EQ(calls, std::vector<std::string>{}) << "of the host, after the component was released";
   }
 
@@ -135,6 +136,72 @@ TEST_F(MisuseReleaseTest, InEachCallOfItsDatabaseLayer) {
   }
   EXPECT_GT(released, 60);
   EXPECT_FALSE(isUnchanged()) << "the last run has saved";
+}
+
+// Another writer keeps the save waiting, and ends only after the component went.
+TEST_F(MisuseReleaseTest, WhileAStatementWaitsForALock) {
+  user.presses = {"cmdAuto", "cmdOK"};
+  const auto other = database.connect();
+  hooks.before = [&](const std::string& member) {
+    if (member != "LockWait.Lasts" || !component) return;
+    component.reset();
+    other->RollbackTrans();
+  };
+  user.whenUp = [&](const std::string& name) {
+    if (name != "frmNummernkreise") return;
+    other->BeginTrans();
+    std::int32_t affected = 0;
+    other->Execute("UPDATE Nummernkreise SET AktuellerWert = 0", affected);
+  };
+  run(2);
+  expectClosed();
+  EXPECT_TRUE(isUnchanged());
+}
+
+TEST_F(MisuseReleaseTest, WhileOpeningWaitsForALock) {
+  const auto other = database.connect();
+  host.before = [&](const std::string& member) {
+    if (member != "CreateObject") return;
+    std::int32_t affected = 0;
+    other->Execute("PRAGMA locking_mode = EXCLUSIVE", affected);
+    other->Execute("UPDATE Nummernkreise SET AktuellerWert = AktuellerWert", affected);
+  };
+  int waits = 0;
+  hooks.before = [&](const std::string& member) {
+    if (member != "LockWait.Lasts") return;
+    component.reset();
+    if (++waits == 3) other->Close();
+  };
+  run(2);
+  EXPECT_EQ(waits, 3);
+  expectClosed();
+  EXPECT_TRUE(isUnchanged());
+}
+
+// The component keeps the host's connection until it has closed.
+TEST_F(MisuseReleaseTest, TheHostsConnectionIsClosedWhileAStatementWaits) {
+  user.presses = {"cmdAuto", "cmdOK"};
+  const auto other = database.connect();
+  bool isClosed = false;
+  hooks.before = [&](const std::string& member) {
+    if (member != "LockWait.Lasts" || isClosed) return;
+    isClosed = true;
+    real->Close();
+  };
+  user.whenUp = [&](const std::string& name) {
+    if (name != "frmNummernkreise") return;
+    other->BeginTrans();
+    std::int32_t affected = 0;
+    other->Execute("UPDATE Nummernkreise SET AktuellerWert = 0", affected);
+  };
+  run(2);
+  EXPECT_TRUE(isClosed);
+  EXPECT_TRUE(component);
+  EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+  EXPECT_TRUE(hasBox(user.takeBoxes(), "Fehler 3704"));
+  other->RollbackTrans();
+  EXPECT_TRUE(isUnchanged());
+  EXPECT_FALSE(tellsOfWaits());
 }
 
 TEST_F(MisuseReleaseTest, TogetherWithTheHost) {

@@ -36,10 +36,33 @@ struct Hooks {
   }
 };
 
+/// Passes on what is told of a wait for a lock.
+class HookedLockWait final : public LockWait {
+ public:
+  HookedLockWait(LockWait& real, const Hooks& hooks) : real_(real), hooks_(hooks) {}
+
+  void Begins() override { real_.Begins(); }
+  void Lasts() override {
+    hooks_.enter("LockWait.Lasts");
+    real_.Lasts();
+  }
+  void Ends() noexcept override { real_.Ends(); }
+
+ private:
+  LockWait& real_;
+  const Hooks& hooks_;
+};
+
 class HookedConnection final : public Connection {
  public:
   HookedConnection(std::shared_ptr<Connection> real, const Hooks& hooks)
       : real_(std::move(real)), hooks_(hooks) {}
+  ~HookedConnection() override { real_->OnLockWait(nullptr); }
+  HookedConnection(const HookedConnection&) = delete;
+  HookedConnection& operator=(const HookedConnection&) = delete;
+
+  /// Whether somebody is told of its waits.
+  bool tellsOfWaits() const { return told_ != nullptr; }
 
   static Connection& realOf(Connection& connection) {
     auto* hooked = dynamic_cast<HookedConnection*>(&connection);
@@ -83,6 +106,14 @@ class HookedConnection final : public Connection {
     hooks_.leave("RollbackTrans");
   }
   void LockTable(const std::string& table) override { entered("LockTable").LockTable(table); }
+  void OnLockWait(LockWait* told) override {
+    auto hooked = told == nullptr ? nullptr : std::make_unique<HookedLockWait>(*told, hooks_);
+    real_->OnLockWait(hooked.get());
+    told_ = std::move(hooked);
+  }
+  std::int32_t TextLimit(const std::string& table, const std::string& column) override {
+    return real_->TextLimit(table, column);
+  }
   std::unique_ptr<Connection> createConnection() override {
     return hooks_.given<Connection>(
         "createConnection",
@@ -99,6 +130,7 @@ class HookedConnection final : public Connection {
 
   std::shared_ptr<Connection> real_;
   const Hooks& hooks_;
+  std::unique_ptr<HookedLockWait> told_;
 };
 
 class HookedRecordset final : public Recordset {

@@ -52,6 +52,11 @@ class MisuseSession : public ::testing::Test {
       return false;
     }
   }
+  /// Whether the host's connection tells somebody of its waits for locks.
+  bool tellsOfWaits() const {
+    const auto* hooked = dynamic_cast<const HookedConnection*>(connection.get());
+    return hooked != nullptr && hooked->tellsOfWaits();
+  }
   bool hasBox(const std::vector<std::string>& boxes, const std::string& start) const {
     for (const std::string& box : boxes)
       if (box.rfind(start, 0) == 0) return true;

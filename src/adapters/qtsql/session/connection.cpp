@@ -44,9 +44,9 @@ std::string connectionStringOf(const QSqlDatabase& database, const Driver& drive
 
 }  // namespace
 
-const std::shared_ptr<Session>& SessionSlot::require() const {
+std::shared_ptr<Session> SessionSlot::require() const {
   if (!session) throw connectionClosed();
-  session->requireOwnThread();
+  session->requireFree();
   return session;
 }
 
@@ -61,6 +61,10 @@ SqlConnection::SqlConnection(const QSqlDatabase& borrowed) {
   const Driver driver = driverOfBorrowed(borrowed);
   connectionString_ = connectionStringOf(borrowed, driver);
   slot_->session = std::make_shared<Session>(driver, borrowed);
+}
+
+SqlConnection::~SqlConnection() {
+  if (slot_->session) slot_->session->giveUpWaiting();
 }
 
 void SqlConnection::ConnectionString(const std::string& text) {
@@ -103,7 +107,9 @@ std::shared_ptr<Servers> SqlConnection::serversOf(const ConnectionSettings& sett
 }
 
 void SqlConnection::Close() {
-  slot_->require();
+  if (!slot_->session) throw connectionClosed();
+  slot_->session->requireOwnThread();
+  slot_->session->giveUpWaiting();
   slot_->session.reset();
 }
 

@@ -16,8 +16,9 @@ namespace vexnumkr::qtsql {
 struct SessionSlot {
   std::shared_ptr<Session> session;
 
-  /// Errors: 3704 when nothing is open; 5 on another thread than the one that has opened it.
-  const std::shared_ptr<Session>& require() const;
+  /// Whoever uses it keeps it: a host that is called back in the middle may close the connection.
+  /// Errors: 3704 when nothing is open; those of Session::requireFree.
+  std::shared_ptr<Session> require() const;
   std::unique_ptr<Recordset> execute(const std::string& text, std::int32_t& recordsAffected) const;
 };
 
@@ -33,13 +34,17 @@ struct SessionSlot {
 /// Where its string names several servers, those that it makes, with the same ones in theirs, are
 /// on the one that it is on, wherever that moves.
 ///
-/// Closing a connection, or releasing it, rolls back the transaction that was begun on it. The
-/// ConnectionString holds the password, also after opening.
+/// Closing a connection, or releasing it, rolls back the transaction that was begun on it. A
+/// statement that waits for a lock meanwhile ends with error 3704; until then it is not to be used
+/// for anything else. The ConnectionString holds the password, also after opening.
 class SqlConnection final : public Connection {
  public:
   SqlConnection() = default;
   /// Wraps `borrowed`, which must be open. Errors: 3706, 3709.
   explicit SqlConnection(const QSqlDatabase& borrowed);
+  ~SqlConnection() override;
+  SqlConnection(const SqlConnection&) = delete;
+  SqlConnection& operator=(const SqlConnection&) = delete;
 
   std::string ConnectionString() const override { return connectionString_; }
   void ConnectionString(const std::string& text) override;

@@ -65,7 +65,7 @@ void SqlRecordset::Update() {
                   "Der Datensatz hat keinen eindeutigen Schlüssel und kann nicht geändert werden.");
   const std::shared_ptr<Session> session = session_.lock();
   if (!session) throw connectionClosed();
-  session->requireOwnThread();
+  session->requireFree();
   const std::vector<std::size_t> columns = changedColumns();
   if (columns.empty()) return;
   const RecordKeys::Change change = keys_->change(rows_, current_, columns);

@@ -77,6 +77,13 @@ void Session::requireOwnThread() const {
                   "Die Datenbankverbindung gehört zu einem anderen Thread.");
 }
 
+void Session::requireFree() const {
+  requireOwnThread();
+  if (isWaiting_)
+    throw failure(error_number::invalidCall,
+                  "Die Datenbankverbindung wartet gerade auf eine Sperre.");
+}
+
 void Session::limit(std::int32_t seconds) {
   if (seconds == limit_) return;
   limit_ = seconds;

@@ -83,6 +83,9 @@ class Session {
   /// Error: 5 on another thread than the one on which this was made. Drivers and engine libraries
   /// would be used by two threads at once, or remember things per thread.
   void requireOwnThread() const;
+  /// The same, and error 5 while a statement waits for a lock: whoever is told of that may not send
+  /// another one into the middle of it.
+  void requireFree() const;
 
   /// Limits each statement and its waits, where the database is the adapter's own; 0 is the
   /// engine's own limits. Holds for reopened connections too.
@@ -90,6 +93,9 @@ class Session {
 
   /// As Connection::OnLockWait. Noticed on SQLite, on a database of the adapter's own.
   void onLockWait(LockWait* told) { told_ = told; }
+  /// A statement that waits for a lock fails with error 3704 as soon as whoever is told of it
+  /// returns. REQUIRES: this is not used any more but for what is on the stack.
+  void giveUpWaiting() { isGivenUp_ = true; }
 
   /// As Connection::RequireTransactions and LockTable; tables are plain names.
   void requireTransactions(const std::vector<std::string>& tables);
@@ -173,6 +179,8 @@ class Session {
   std::int32_t limit_ = 0;
   LockWait* told_ = nullptr;      // Borrowed.
   std::optional<int> usualWait_;  // For a lock, in milliseconds; once it is known.
+  bool isWaiting_ = false;        // For a lock, while somebody is told of it.
+  bool isGivenUp_ = false;
   bool inTransaction_ = false;
   bool locksLater_ = false;   // Its transactions may change something before.
   bool onlyReads_ = false;    // The statement that runs.

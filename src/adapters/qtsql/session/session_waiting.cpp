@@ -2,6 +2,7 @@
 #include <chrono>
 #include <thread>
 
+#include "adapters/qtsql/session/failure.h"
 #include "adapters/qtsql/session/session.h"
 
 namespace vexnumkr::qtsql {
@@ -12,8 +13,14 @@ constexpr std::chrono::milliseconds pause{20};
 // From the first moment of waiting to its end.
 class Telling {
  public:
-  explicit Telling(LockWait& told) : told_(told) { told_.Begins(); }
-  ~Telling() { told_.Ends(); }
+  Telling(LockWait& told, bool& isWaiting) : told_(told), isWaiting_(isWaiting) {
+    told_.Begins();
+    isWaiting_ = true;
+  }
+  ~Telling() {
+    told_.Ends();
+    isWaiting_ = false;
+  }
   Telling(const Telling&) = delete;
   Telling& operator=(const Telling&) = delete;
 
@@ -21,6 +28,7 @@ class Telling {
 
  private:
   LockWait& told_;
+  bool& isWaiting_;
 };
 
 }  // namespace
@@ -35,17 +43,19 @@ std::chrono::milliseconds Session::usualWait() {
   return std::chrono::milliseconds(*usualWait_);
 }
 
-// In between, nothing of the engine's is on the stack, so that windows may be painted.
+// In between, nothing of the engine's is on the stack, so that windows may be painted. Whoever is
+// told may do anything meanwhile: whoever has called this keeps it alive, and nothing else is sent.
 bool Session::patiently(const std::function<bool()>& attempt) {
   if (told_ == nullptr || sqlite_ == nullptr || !database_.isOwned()) return attempt();
   const std::chrono::milliseconds longest = usualWait();
   SqliteClient::Impatience impatience(*sqlite_, static_cast<int>(longest.count()));
   if (attempt()) return true;
   if (!impatience.takeMetLock()) return false;
-  Telling telling(*told_);
+  Telling telling(*told_, isWaiting_);
   for (std::chrono::milliseconds waited{0}; waited < longest; waited += pause) {
     std::this_thread::sleep_for(pause);
     telling.tell();
+    if (isGivenUp_) throw connectionClosed();
     if (attempt()) return true;
     if (!impatience.takeMetLock()) return false;
   }
