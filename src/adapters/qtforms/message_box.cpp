@@ -23,6 +23,7 @@ constexpr std::int32_t iconBits = 0xF0;
 constexpr std::int32_t defaultBits = 0x300;
 constexpr std::int32_t secondButtonDefault = 0x100;
 constexpr int longestLine = 75;  // in characters of the usual width
+constexpr int breakingWidth = 500;
 
 struct Choice {
   std::int32_t code;
@@ -131,7 +132,8 @@ class Box final : public QMessageBox {
     std::int32_t code;
   };
 
-  // Left to itself the box breaks lines that have room, often ahead of their last word.
+  // Left to itself the box breaks lines that have room, often ahead of their last word. It breaks
+  // none while it is narrower than `breakingWidth`, so a label with a line to be broken is wider.
   void letLinesStand() {
     auto* label = findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
     if (label == nullptr) return;
@@ -139,8 +141,8 @@ class Box final : public QMessageBox {
     for (const QString& line : text().split(QLatin1Char('\n'))) {
       widest = std::max(widest, fontMetrics().horizontalAdvance(line) + 1);
     }
-    label->setMinimumWidth(std::min({widest, longestLine * fontMetrics().averageCharWidth(),
-                                     screen()->availableGeometry().width() / 2}));
+    const int most = std::max(longestLine * fontMetrics().averageCharWidth(), breakingWidth);
+    label->setMinimumWidth(std::min({widest, most, screen()->availableGeometry().width() / 2}));
   }
 
   void add(const Choice& choice) {

@@ -122,6 +122,23 @@ TEST_F(MessageBoxTest, ALongLineIsBrokenAtAReadableWidth) {
   toolkit->MsgBox(words, 64, "Titel");
 }
 
+// Whatever the length, since the box has its own idea of when a line is too long.
+TEST_F(MessageBoxTest, TheWholeTextIsSeen) {
+  std::string words;
+  for (int count = 1; count <= 60; ++count) {
+    SCOPED_TRACE(words += "Beleg ");
+    boxes.expect("ok", [&](QDialog& box) {
+      const auto* label = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
+      ASSERT_NE(label, nullptr);
+      const QRect needed = label->fontMetrics().boundingRect(
+          label->contentsRect(), label->wordWrap() ? Qt::TextWordWrap : 0, label->text());
+      EXPECT_LE(needed.width(), label->contentsRect().width());
+      EXPECT_LE(needed.height(), label->contentsRect().height());
+    });
+    toolkit->MsgBox(words, count % 2 == 0 ? 64 : 0, "Titel");
+  }
+}
+
 TEST_F(MessageBoxTest, HasTheIconOfItsStyle) {
   const auto icon = [&](std::int32_t style) {
     QMessageBox::Icon seen = QMessageBox::NoIcon;
