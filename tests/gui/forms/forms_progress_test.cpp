@@ -3,6 +3,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QProgressBar>
+#include <QPushButton>
 #include <QTest>
 #include <QTimer>
 #include <QWindow>
@@ -147,6 +148,28 @@ TEST_F(FormsProgressTest, ItCannotBeClosed) {
     EXPECT_NE(shown(), nullptr);
     display_->End();
   });
+}
+
+// Work may be through before anybody looks whether it was given up.
+TEST_F(FormsProgressTest, WhoGivesUpAtTheVeryEndGivesUpWhatComesNext) {
+  const auto clickCancel = [] {
+    auto* cancel = shown()->findChild<QPushButton*>(QStringLiteral("cancel"));
+    QMetaObject::invokeMethod(cancel, &QPushButton::click, Qt::QueuedConnection);
+  };
+  display_->OfferCancel(true);
+  longWork();
+  EXPECT_FALSE(display_->IsCancelled());
+  clickCancel();
+  display_->End();
+  EXPECT_TRUE(display_->IsCancelled());
+  display_->Begin("Das Nächste");
+  EXPECT_TRUE(display_->IsCancelled());
+  display_->End();
+  display_->OfferCancel(false);
+  EXPECT_FALSE(display_->IsCancelled());
+  longWork();
+  EXPECT_FALSE(display_->IsCancelled()) << "it is another offer";
+  display_->End();
 }
 
 TEST_F(FormsProgressTest, EveryWorkHasItsOwnTime) {

@@ -29,7 +29,6 @@ class QtProgressDisplay final : public ProgressDisplay {
   void Begin(const std::string& caption) noexcept override {
     guarded("Begin", [&] {
       caption_ = caption;
-      isCancelled_ = false;
       begun_ = now_();
     });
   }
@@ -38,7 +37,10 @@ class QtProgressDisplay final : public ProgressDisplay {
     guarded("Show", [&] { show(thousandths); });
   }
 
-  void OfferCancel(bool offered) noexcept override { isCancellable_ = offered; }
+  void OfferCancel(bool offered) noexcept override {
+    isCancellable_ = offered;
+    isCancelled_ = false;
+  }
 
   bool IsCancelled() const noexcept override { return isCancelled_; }
 
@@ -72,8 +74,11 @@ class QtProgressDisplay final : public ProgressDisplay {
     // The shield is in the way of all input but what gives the work up.
     QCoreApplication::processEvents(
         isCancellable_ ? windowEvents : windowEvents | QEventLoop::ExcludeUserInputEvents);
-    isCancelled_ = window_->isCancelled();
+    notice();
   }
+
+  // It stays noticed as long as the offer stands: the next work ends with its first step.
+  void notice() { isCancelled_ = isCancelled_ || window_->isCancelled(); }
 
   // Nobody's input is kept from him without a window that says why.
   void open() {
@@ -85,7 +90,10 @@ class QtProgressDisplay final : public ProgressDisplay {
 
   // What the user has done while the window was up is meant for nobody.
   void close() {
-    if (window_) dropInput();
+    if (window_) {
+      dropInput();
+      notice();
+    }
     window_.reset();
     shield_.reset();
   }
