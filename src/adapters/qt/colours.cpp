@@ -6,6 +6,7 @@
 namespace vexnumkr {
 namespace {
 
+constexpr float deepeningStep = 0.02F;
 constexpr float flare = 0.05F;  // the light that a screen throws back, in the contrast formula
 
 float linear(float channel) {
@@ -48,6 +49,24 @@ QColor blended(const QColor& ground, const QColor& ink, float share) {
   const auto channel = [share](float from, float to) { return from + (to - from) * share; };
   return painted(channel(ground.redF(), ink.redF()), channel(ground.greenF(), ink.greenF()),
                  channel(ground.blueF(), ink.blueF()));
+}
+
+QColor legibleOn(const QColor& ground, const QColor& usual) {
+  if (contrast(ground, usual) >= legibleContrast) return usual;
+  const bool dark = contrast(ground, Qt::black) > contrast(ground, Qt::white);
+  return dark ? QColor(Qt::black) : QColor(Qt::white);
+}
+
+CellColours selectionColours(const QPalette& palette) {
+  const QColor usual = palette.color(QPalette::Highlight);
+  const QColor text = palette.color(QPalette::HighlightedText);
+  const QColor deep = luminance(text) > luminance(usual) ? Qt::black : Qt::white;
+  QColor ground = usual;
+  for (float share = 0; contrast(ground, text) < legibleContrast && share < 1;) {
+    share += deepeningStep;
+    ground = blended(usual, deep, std::min(share, 1.0F));
+  }
+  return {ground, legibleOn(ground, text)};
 }
 
 }  // namespace vexnumkr

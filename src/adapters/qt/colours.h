@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QColor>
+#include <QPalette>
 
 namespace vexnumkr {
 
@@ -25,5 +26,17 @@ QColor dimmed(const QColor& colour, float share);
 
 /// From `ground` towards `ink` by `share`, 0 to 1, as screens show it.
 QColor blended(const QColor& ground, const QColor& ink, float share);
+
+/// `usual` where it is legible on `ground`, else black or white.
+QColor legibleOn(const QColor& ground, const QColor& usual);
+
+struct CellColours {
+  QColor background;
+  QColor text;
+};
+
+/// The palette's colours of what is selected, the background deepened as far as the text needs to
+/// be legible.
+CellColours selectionColours(const QPalette& palette);
 
 }  // namespace vexnumkr

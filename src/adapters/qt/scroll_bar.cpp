@@ -18,6 +18,7 @@ void ScrollBar::contextMenuEvent(QContextMenuEvent* event) {
   auto* menu = new QMenu(this);
   menu->setAttribute(Qt::WA_DeleteOnClose);
   menu->setFont(font());
+  menu->setPalette(palette());
   menu->addAction(QStringLiteral("Hierher scrollen"), this,
                   [this, position = event->pos()] { scrollHere(position); });
   menu->addSeparator();

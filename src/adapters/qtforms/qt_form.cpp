@@ -9,6 +9,7 @@
 #include <QScreen>
 #include <QScrollArea>
 
+#include "adapters/qt/colours.h"
 #include "adapters/qt/fonts.h"
 #include "adapters/qt/guarded.h"
 #include "adapters/qt/scroll_bar.h"
@@ -59,6 +60,7 @@ void QtForm::setUpWindow(const FormDescription& description) {
   setWindowTitle(toQt(description.caption));
   setAccessibleName(toQt(description.caption));
   setFont(formFont(description.font));
+  makeSelectionsLegible();
   setWindowModality(Qt::ApplicationModal);
   // The host's application goes on when the form is closed.
   setAttribute(Qt::WA_QuitOnClose, false);
@@ -71,6 +73,20 @@ void QtForm::setUpWindow(const FormDescription& description) {
     setFixedSize(knownSize_);
   }
   content_->resize(knownSize_);
+}
+
+// Those of the usual styles are too pale for small text.
+void QtForm::makeSelectionsLegible() {
+  const CellColours colours = selectionColours(QApplication::palette());
+  QPalette own;
+  own.setColor(QPalette::Highlight, colours.background);
+  own.setColor(QPalette::HighlightedText, colours.text);
+  setPalette(own);
+}
+
+void QtForm::changeEvent(QEvent* event) {
+  if (event->type() == QEvent::ApplicationPaletteChange) makeSelectionsLegible();
+  QDialog::changeEvent(event);
 }
 
 std::string QtForm::Name() const { return name_; }

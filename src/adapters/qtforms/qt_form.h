@@ -55,11 +55,13 @@ class QtForm final : public QDialog, public Form {
   void closeEvent(QCloseEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+  void changeEvent(QEvent* event) override;
 
  private:
   enum class State { Made, Loading, Open, Closed };
 
   void setUpWindow(const FormDescription& description);
+  void makeSelectionsLegible();
   void open(QWidget* owner);
   bool isResizable() const;
   void recall();

@@ -1,7 +1,9 @@
 // A form's life: load, show, resize, close, and everything that may happen in the wrong moment.
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QBuffer>
 #include <QCloseEvent>
+#include <QComboBox>
 #include <QPixmap>
 #include <QScreen>
 #include <QScrollArea>
@@ -9,7 +11,9 @@
 #include <QTest>
 #include <QTimer>
 
+#include "adapters/qt/colours.h"
 #include "gui/forms/forms_fixture.h"
+#include "gui/palettes.h"
 
 namespace vexnumkr::test {
 namespace {
@@ -30,6 +34,25 @@ TEST_F(FormTest, RaisesItsEventsInOrder) {
   show([] {});
   EXPECT_EQ(events.log(), (Log{"Load", "Shown", "QueryUnload 1", "Unload"}));
   EXPECT_FALSE(window().isVisible());
+}
+
+// In lists and drop-down lists too, also after the desktop's colours have changed.
+TEST_F(FormTest, WhatIsSelectedIsLegible) {
+  const QPalette usual = QApplication::palette();
+  make({described(ControlKind::ComboBox, "cboProbe", {0, 0, 1500, 315}, {}, 0),
+        described(ControlKind::CheckList, "lstProbe", {0, 400, 1500, 900}, {}, 1)});
+  for (const QPalette& palette : {lightPalette(), darkPalette(), blackPalette()}) {
+    QApplication::setPalette(palette);
+    for (const QWidget* shown : std::initializer_list<const QWidget*>{
+             &widget("lstProbe"), widget<QComboBox>("cboProbe").view(),
+             widget<QComboBox>("cboProbe").view()->viewport(), &window()}) {
+      EXPECT_GE(contrast(shown->palette().color(QPalette::Highlight),
+                         shown->palette().color(QPalette::HighlightedText)),
+                legibleContrast)
+          << shown->objectName().toStdString() << shown->metaObject()->className();
+    }
+  }
+  QApplication::setPalette(usual);
 }
 
 TEST_F(FormTest, HasTheNameCaptionAndInnerSizeOfItsDescription) {

@@ -69,7 +69,7 @@ TEST_F(GridNotesTest, AChangedCellHasACorner) {
     note.changed = item == range && column == 2;
   };
   const QImage after = painted(range, 2);
-  const QColor mark = view().palette().color(QPalette::Highlight);
+  const QColor mark = changedColour(view().palette());
   EXPECT_EQ(pixelsOf(before, mark), 0);
   EXPECT_GT(pixelsOf(after, mark), 5);
   EXPECT_NE(after.pixelColor(after.width() - 2, 1), before.pixelColor(before.width() - 2, 1));
@@ -147,6 +147,7 @@ TEST_P(GridNoteColoursTest, BarsAndEdgesAreVisible) {
   EXPECT_GE(contrast(warningColour(palette()), ground), visibleContrast);
   for (const FillStage stage : {FillStage::Plenty, FillStage::Low, FillStage::Critical})
     EXPECT_GE(contrast(fillColour(stage, palette()), ground), visibleContrast);
+  EXPECT_GE(contrast(changedColour(palette()), ground), visibleContrast);
   EXPECT_GE(contrast(involvedColours(palette()).background, involvedColours(palette()).text),
             legibleContrast);
 }

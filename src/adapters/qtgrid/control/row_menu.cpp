@@ -19,6 +19,7 @@ void openRowMenu(QWidget& owner, const QPoint& position, const std::vector<MenuC
   menu->setObjectName(QStringLiteral("rowMenu"));
   menu->setAttribute(Qt::WA_DeleteOnClose);
   menu->setFont(owner.font());
+  menu->setPalette(owner.palette());
   for (const MenuCommand& command : commands) {
     if (*command.caption == '\0') {
       menu->addSeparator();

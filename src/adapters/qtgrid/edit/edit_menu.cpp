@@ -23,6 +23,7 @@ void openEditMenu(CellEditor& edit, const QPoint& position) {
   auto* menu = new QMenu(&edit);
   menu->setAttribute(Qt::WA_DeleteOnClose);
   menu->setFont(edit.font());
+  menu->setPalette(edit.palette());
   const auto add = [&](const QString& text, bool enabled, auto command) {
     menu->addAction(text, &edit, command)->setEnabled(enabled);
   };

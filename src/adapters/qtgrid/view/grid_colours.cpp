@@ -1,7 +1,5 @@
 #include "adapters/qtgrid/view/grid_colours.h"
 
-#include <algorithm>
-
 namespace vexnumkr {
 namespace {
 
@@ -10,6 +8,7 @@ constexpr float restingShare = 0.22F;
 constexpr float mutedShare = 0.45F;
 constexpr float deepeningStep = 0.02F;
 constexpr float involvedShare = 0.16F;
+constexpr float plentyShare = 0.4F;
 constexpr QColor red(200, 30, 30);
 constexpr QColor yellow(240, 180, 0);
 
@@ -23,13 +22,6 @@ QColor fitted(const QColor& ground, const QPalette& palette) {
   const float fromWhite = contrast(ground, Qt::white);
   if (!isDark(palette) || contrast(ground, base) <= fromWhite) return ground;
   return dimmed(ground, luminanceAgainst(base, fromWhite) / luminance(ground));
-}
-
-// The usual text colour where it is legible, else black or white.
-QColor legibleOn(const QColor& ground, const QColor& usual) {
-  if (contrast(ground, usual) >= legibleContrast) return usual;
-  const bool dark = contrast(ground, Qt::black) > contrast(ground, Qt::white);
-  return dark ? QColor(Qt::black) : QColor(Qt::white);
 }
 
 CellColours onGround(const QColor& ground, const QColor& text, const QPalette& palette) {
@@ -82,8 +74,12 @@ QColor fillColour(FillStage stage, const QPalette& palette) {
     case FillStage::Plenty:
       break;
   }
-  return standingOut(mutedText(palette.color(QPalette::Text), palette.color(QPalette::Base)),
-                     palette);
+  return standingOut(
+      blended(palette.color(QPalette::Base), palette.color(QPalette::Text), plentyShare), palette);
+}
+
+QColor changedColour(const QPalette& palette) {
+  return standingOut(palette.color(QPalette::Highlight), palette);
 }
 
 CellColours involvedColours(const QPalette& palette) {
@@ -104,18 +100,6 @@ QColor mutedText(const QColor& text, const QColor& ground) {
     if (contrast(muted, ground) >= legibleContrast) return muted;
   }
   return text;
-}
-
-CellColours selectionColours(const QPalette& palette) {
-  const QColor usual = palette.color(QPalette::Highlight);
-  const QColor text = palette.color(QPalette::HighlightedText);
-  const QColor deep = luminance(text) > luminance(usual) ? Qt::black : Qt::white;
-  QColor ground = usual;
-  for (float share = 0; contrast(ground, text) < legibleContrast && share < 1;) {
-    share += deepeningStep;
-    ground = blended(usual, deep, std::min(share, 1.0F));
-  }
-  return {ground, legibleOn(ground, text)};
 }
 
 CellColours restingSelectionColours(const QPalette& palette) {

@@ -15,11 +15,6 @@
 
 namespace vexnumkr {
 
-struct CellColours {
-  QColor background;
-  QColor text;
-};
-
 /// The colours of a cell with a background of its own, its text legible on it; nothing for
 /// gridDefaultColour and for system colours that have no counterpart.
 std::optional<CellColours> cellColours(GridColour background, const QPalette& palette);
@@ -28,16 +23,15 @@ std::optional<CellColours> cellColours(GridColour background, const QPalette& pa
 QColor warningColour(const QPalette& palette);
 /// The bar of a range that is so full, likewise.
 QColor fillColour(FillStage stage, const QPalette& palette);
+/// The mark of a value that is other than stored, likewise.
+QColor changedColour(const QPalette& palette);
 /// The colours of an item that stands against an entry.
 CellColours involvedColours(const QPalette& palette);
 
 /// `text` closer to the `ground` that it stands on, as far as it stays legible.
 QColor mutedText(const QColor& text, const QColor& ground);
 
-/// The palette's colours of what is selected, the background deepened as far as the text needs to
-/// be legible.
-CellColours selectionColours(const QPalette& palette);
-/// A tint of them, for a selection in something that the keys do not go to.
+/// A tint of selectionColours, for a selection in something that the keys do not go to.
 CellColours restingSelectionColours(const QPalette& palette);
 
 }  // namespace vexnumkr

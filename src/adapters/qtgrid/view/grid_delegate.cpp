@@ -99,7 +99,7 @@ void GridDelegate::paintNote(QPainter* painter, const QRect& cell, const QPalett
                       cell.width() - 2 * cellPadding, barHeight);
     paintBar(painter, track, colour(fillColour(note.fill->stage, palette)), *note.fill);
   }
-  if (note.changed) paintCorner(painter, cell, colour(palette.color(QPalette::Highlight)));
+  if (note.changed) paintCorner(painter, cell, colour(changedColour(palette)));
 }
 
 // Cells that could take entries, but do not in this view of the list.
