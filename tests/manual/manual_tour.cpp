@@ -198,9 +198,9 @@ void ManualTour::planHints() {
   then(mainDialog, [](QWidget& dialog) {
     app::press(dialog, Qt::Key_Escape);
     Q_EMIT grid(dialog).findChild<QShortcut*>()->activated();
-    type(dialog, QStringLiteral("rech"));
+    type(dialog, QStringLiteral("ang"));
   });
-  upperPart(QStringLiteral("suchen"), 8);
+  upperPart(QStringLiteral("suchen"), 11);
   then(mainDialog, [](QWidget& dialog) { app::press(dialog, Qt::Key_Escape); });
 }
 
