@@ -7,6 +7,22 @@ namespace {
 
 constexpr const char* moduleName = "VXNummernkreise";
 
+// The connection keeps nobody that is told of its waits longer than this lives.
+class ToldOfWaits {
+ public:
+  ToldOfWaits(Connection& connection, LockWait& told) : connection_(connection) {
+    connection_.OnLockWait(&told);
+  }
+  ~ToldOfWaits() {
+    ignoringFailures([this] { connection_.OnLockWait(nullptr); });
+  }
+  ToldOfWaits(const ToldOfWaits&) = delete;
+  ToldOfWaits& operator=(const ToldOfWaits&) = delete;
+
+ private:
+  Connection& connection_;
+};
+
 }  // namespace
 
 Nummernkreise::Nummernkreise(const Services& services, MainDialogFactory createDialog)
@@ -42,6 +58,7 @@ bool Nummernkreise::isBusy() {
 }
 
 void Nummernkreise::readUsers() {
+  const ToldOfWaits told(session_.Conn(), session_.lockNotice());
   auto users = session_.Conn().createRecordset();
   users->CursorLocation(ado::useClient);
   users->Open(statement::users(), session_.Conn(), ado::openForwardOnly, ado::lockReadOnly,

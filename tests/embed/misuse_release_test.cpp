@@ -158,6 +158,23 @@ TEST_F(MisuseReleaseTest, WhileAStatementWaitsForALock) {
   EXPECT_TRUE(isUnchanged());
 }
 
+TEST_F(MisuseReleaseTest, WhileInitWaitsForALock) {
+  const auto other = database.connect();
+  std::int32_t affected = 0;
+  other->Execute("PRAGMA locking_mode = EXCLUSIVE", affected);
+  other->Execute("UPDATE Nummernkreise SET AktuellerWert = AktuellerWert", affected);
+  int waits = 0;
+  hooks.before = [&](const std::string& member) {
+    if (member != "LockWait.Lasts") return;
+    component.reset();
+    if (++waits == 3) other->Close();
+  };
+  run(2);
+  EXPECT_EQ(waits, 3);
+  expectClosed();
+  EXPECT_TRUE(isUnchanged());
+}
+
 TEST_F(MisuseReleaseTest, WhileOpeningWaitsForALock) {
   const auto other = database.connect();
   host.before = [&](const std::string& member) {
