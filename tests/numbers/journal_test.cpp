@@ -207,7 +207,22 @@ TEST_F(JournalTest, EntriesStayAsTheyAre) {
   if (tellsTransactions()) {
     EXPECT_THROW(sql("TRUNCATE Nummernkreis_Protokoll"), Error);
   }
+  if (isSqlite()) {
+    EXPECT_THROW(sql("REPLACE INTO Nummernkreis_Protokoll (Eintrag, Tabelle, Aktion) VALUES (1, "
+                     "'Nummernkreise', 'weg')"),
+                 Error);
+  }
   EXPECT_EQ(changes(), Lines{"+Anna: RE, Buchungskreis 1"});
+}
+
+TEST_F(JournalTest, AnEntryWithoutATimeHidesNoOthers) {
+  install();
+  for (const char* const time : {"kaputt", "", "2026-11-22T09:30:00.12xZ"})
+    sql("INSERT INTO Nummernkreis_Protokoll (Zeitpunkt, Tabelle, Aktion, Herkunft, Buchungskreis, "
+        "NSchl, Benutzer) VALUES ('" +
+        std::string(time) + "', 'Nummernkreis_Zuordnung', 'neu', 'ORB', 1, 'RE', 'Max')");
+  assign("Anna", 1, "RE");
+  EXPECT_EQ(changes().back(), "+Anna: RE, Buchungskreis 1");
 }
 
 TEST_F(JournalTest, ItEndsWithoutLosingItsEntries) {

@@ -19,8 +19,10 @@ namespace {
 
 using Time = std::chrono::milliseconds;
 
-// "2026-11-22T09:30:00.123Z" since 1970.
-Time timeOf(const std::string& text) {
+// "2026-11-22T09:30:00.123Z" since 1970. Error: 13 for another text.
+Time readTime(const std::string& text) {
+  if (text.size() != std::string_view("2026-11-22T09:30:00.123Z").size())
+    throw Error::typeMismatch();
   const auto part = [&](std::size_t at, std::size_t length) {
     return textToLong(std::string_view(text).substr(at, length));
   };
@@ -30,6 +32,15 @@ Time timeOf(const std::string& text) {
   return std::chrono::duration_cast<Time>(
       day.time_since_epoch() + std::chrono::hours(part(11, 2)) + std::chrono::minutes(part(14, 2)) +
       std::chrono::seconds(part(17, 2)) + std::chrono::milliseconds(part(20, 3)));
+}
+
+// Nothing for what somebody has written by hand.
+std::optional<Time> timeOf(const std::string& text) {
+  try {
+    return readTime(text);
+  } catch (const Error&) {
+    return std::nullopt;
+  }
 }
 
 // Who, in which session and transaction; the latter only where the engine tells.
@@ -42,6 +53,7 @@ struct Line {
   Place place;
   std::string table;
   std::string action;  ///< "neu", "weg", "vorher" and "nachher"
+  Time at{};           ///< `time`, or that of the line before where it is none
 };
 
 // Blanks around a mask mean nothing, and saving leaves them out.
@@ -75,7 +87,7 @@ class Work {
     time_ = line.time;
     login_ = line.login;
     user_ = line.user;
-    last_ = timeOf(line.time);
+    last_ = line.at;
   }
 
   // A transaction may wait for its user; without one, only what follows at once belongs together.
@@ -130,8 +142,10 @@ class Reading {
       : application_(application), found_(found) {}
 
   void read(const Recordset& row) {
-    const Line line = lineOf(row);
-    tellWhatIsOver(timeOf(line.time));
+    Line line = lineOf(row);
+    now_ = timeOf(line.time).value_or(now_);
+    line.at = now_;
+    tellWhatIsOver(now_);
     if (line.table == "Nummernkreise") {
       readRange(line, row);
     } else if (line.table == "Nummernkreis_Buchungskreise") {
@@ -169,7 +183,7 @@ class Reading {
 
   Work& workOf(const Line& line) {
     const auto open = open_.find(line.place);
-    if (open != open_.end() && !open->second->isOverAt(timeOf(line.time))) {
+    if (open != open_.end() && !open->second->isOverAt(line.at)) {
       open->second->note(line);
       return *open->second;
     }
@@ -192,6 +206,7 @@ class Reading {
 
   std::int32_t application_;
   const std::function<void(const JournalEntry&)>& found_;
+  Time now_{};
   std::deque<Work> works_;  // In the order in which they were begun; they stay where they are.
   std::map<Place, Work*> open_;
   std::map<Place, Range> before_;

@@ -40,6 +40,16 @@ BEGIN
   SELECT RAISE(ABORT, 'Aus dem Protokoll der Nummernkreise wird nichts entfernt.');
 END;
 
+-- REPLACE removes the entry in whose place it puts another one without a trigger's notice. Where the
+-- entry's number is left to the database, a number below 1 stands for it here.
+CREATE TRIGGER IF NOT EXISTS Nummernkreis_Protokoll_ersetzt BEFORE INSERT
+ON Nummernkreis_Protokoll FOR EACH ROW
+WHEN NEW.Eintrag > 0
+  AND EXISTS (SELECT 1 FROM Nummernkreis_Protokoll WHERE Eintrag = NEW.Eintrag)
+BEGIN
+  SELECT RAISE(ABORT, 'Das Protokoll der Nummernkreise bleibt, wie es ist.');
+END;
+
 CREATE TRIGGER IF NOT EXISTS Nummernkreis_Protokoll_Kreise_neu AFTER INSERT
 ON Nummernkreise FOR EACH ROW
 BEGIN

@@ -4,6 +4,8 @@ DROP TRIGGER IF EXISTS Nummernkreis_Protokoll_bleibt;
 
 DROP TRIGGER IF EXISTS Nummernkreis_Protokoll_behaelt;
 
+DROP TRIGGER IF EXISTS Nummernkreis_Protokoll_ersetzt;
+
 DROP TRIGGER IF EXISTS Nummernkreis_Protokoll_Kreise_neu;
 
 DROP TRIGGER IF EXISTS Nummernkreis_Protokoll_Kreise_weg;
