@@ -47,8 +47,29 @@ TEST_F(CheckCommandTest, MonitoringGetsOneLine) {
   EXPECT_TRUE(printed(check({"--format", "nagios"}), 2).starts_with("NUMMERNKREISE CRITICAL - "));
 }
 
+TEST_F(CheckCommandTest, NothingInATextEndsTheLineForMonitoring) {
+  sql("UPDATE Nummernkreise SET NSchl = 'R''=|', NBezeichnung = 'A|B'");
+  const std::string line = printed(check({"--format", "nagios"}), 1);
+  EXPECT_NE(line.find(" A B (R'= ), Werk: Zu 90 % belegt"), std::string::npos) << line;
+  EXPECT_TRUE(line.ends_with(" | 'R''_ /1'=90.0%;80;95;0;100\n")) << line;
+}
+
+TEST_F(CheckCommandTest, MonitoringIsToldWhatKeepsFromChecking) {
+  EXPECT_EQ(printed(check({"--format", "nagios", "--warn", "99", "--critical", "90"}), 3),
+            "NUMMERNKREISE UNKNOWN - --warn darf nicht über --critical liegen.\n");
+  sql("DROP TABLE Nummernkreise");
+  EXPECT_TRUE(printed(check({"--format", "nagios"}), 3)
+                  .starts_with("NUMMERNKREISE UNKNOWN - Die Datenbank meldet: "));
+}
+
+TEST_F(CheckCommandTest, WhatHasNumbersLeftIsNotCalledFull) {
+  sql("UPDATE Nummernkreise SET AktuellerWert = EndWert - 1");
+  const std::string line = printed(check({"--format", "nagios"}), 2);
+  EXPECT_TRUE(line.ends_with("'=99.9%;80;95;0;100\n")) << line;
+}
+
 TEST_F(CheckCommandTest, MetricsEndAsTheyHaveTo) {
-  EXPECT_EQ(printed(check({"--format", "openmetrics"}), 1),
+  EXPECT_EQ(printed(check({"--format", "openmetrics"})),
             "# TYPE vexnumkr_range_numbers_used gauge\n"
             "# HELP vexnumkr_range_numbers_used Numbers that the range has issued.\n"
             "vexnumkr_range_numbers_used{application=\"1\",key=\"RE\",circle=\"1\"} 9000\n"

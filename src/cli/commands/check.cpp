@@ -1,8 +1,9 @@
-#include <iomanip>
 #include <memory>
 #include <ostream>
-#include <sstream>
+#include <string>
 
+#include <vexnumkr/connection_string.h>
+#include <vexnumkr/error.h>
 #include <vexnumkr/number_check.h>
 
 #include "cli/commands/commands.h"
@@ -29,12 +30,34 @@ const char* nameOf(Severity severity) {
   return severity == Severity::critical ? "critical" : "warning";
 }
 
-std::string oneDecimal(double value, char point) {
-  std::ostringstream text;
-  text << std::fixed << std::setprecision(1) << value;
-  std::string result = text.str();
-  if (const std::size_t at = result.find('.'); at != std::string::npos) result[at] = point;
-  return result;
+// Rounded down, so that what has numbers left is not called full.
+std::string percentOf(const RangeLevel& level, char point) {
+  const std::int64_t tenths = level.used * 1000 / level.capacity;
+  return std::to_string(tenths / 10) + point + std::to_string(tenths % 10);
+}
+
+// Of a plugin's line a bar ends the text, and a line break the line.
+std::string plain(std::string text) {
+  for (char& c : text)
+    if (static_cast<unsigned char>(c) < ' ' || c == '\x7f' || c == '|') c = ' ';
+  return text;
+}
+
+// A label between quotes, in which a quote stands doubled and "=" must not stand.
+std::string plainLabel(const std::string& text) {
+  std::string label;
+  for (const char c : plain(text)) {
+    if (c == '\'') label += c;
+    label += c == '=' ? '_' : c;
+  }
+  return label;
+}
+
+// What keeps a plugin from checking is told in its one line.
+int printUnknown(Session& session, const std::string& text) {
+  session.out() << "NUMMERNKREISE UNKNOWN - " << plain(text) << '\n';
+  constexpr int unknown = 3;
+  return unknown;
 }
 
 class CheckPrinter {
@@ -73,15 +96,12 @@ class CheckPrinter {
   void printNagios() const {
     static constexpr const char* states[] = {"OK", "WARNING", "CRITICAL"};
     std::string line = std::string("NUMMERNKREISE ") + states[nagiosState()] + " - " + summary();
-    if (!result_.findings.empty()) line += " " + result_.findings.front().text;
+    if (!result_.findings.empty()) line += " " + plain(result_.findings.front().text);
     line += " |";
     for (const RangeLevel& level : result_.levels)
-      line += " '" + level.range->key + "/" + std::to_string(level.range->circle) +
-              "'=" + oneDecimal(level.percent(), '.') + "%;" +
-              std::to_string(options_.warnPercent) + ";" +
+      line += " '" + plainLabel(level.range->key) + "/" + std::to_string(level.range->circle) +
+              "'=" + percentOf(level, '.') + "%;" + std::to_string(options_.warnPercent) + ";" +
               std::to_string(options_.criticalPercent) + ";0;100";
-    for (char& c : line)
-      if (c == '\n') c = ' ';
     session_.out() << line << '\n';
   }
 
@@ -129,7 +149,7 @@ class CheckPrinter {
       table.add({level.range->key, company_.circleName(level.range->circle),
                  std::to_string(*level.range->start), std::to_string(*level.range->end),
                  std::to_string(*level.range->current), grouped(level.left()),
-                 oneDecimal(level.percent(), ',') + " %"});
+                 percentOf(level, ',') + " %"});
     table.print(session_.out());
   }
 
@@ -173,7 +193,7 @@ class CheckPrinter {
   const numbers::CheckOptions& options_;
 };
 
-int runCheck(Session& session, const CheckOptions& asked) {
+int checkAsAsked(Session& session, const CheckOptions& asked) {
   CheckOptions options = asked;
   if (options.check.date.empty()) options.check.date = today();
   if (options.check.warnPercent > options.check.criticalPercent)
@@ -189,7 +209,21 @@ int runCheck(Session& session, const CheckOptions& asked) {
   if (options.format == "json") printer.printJson();
   if (options.format == "openmetrics") printer.printOpenMetrics();
   if (options.format == "table") printer.printTable();
-  return result.findings.empty() ? exit_status::fine : exit_status::findings;
+  const bool isFine = result.findings.empty() || options.format == "openmetrics";
+  return isFine ? exit_status::fine : exit_status::findings;
+}
+
+int runCheck(Session& session, const CheckOptions& asked) {
+  if (asked.format != "nagios" || session.json()) return checkAsAsked(session, asked);
+  try {
+    return checkAsAsked(session, asked);
+  } catch (const UsageError& error) {
+    return printUnknown(session, error.what());
+  } catch (const Error& error) {
+    return printUnknown(
+        session,
+        "Die Datenbank meldet: " + withoutPasswords(error.description(), session.connectionText()));
+  }
 }
 
 }  // namespace
@@ -206,7 +240,7 @@ void addCheck(CommandSet& commands) {
                     options->check.criticalPercent, 1, 100);
   command.addChoice({"--format", "FORM",
                      "table (ohne Angabe), json, nagios (eine Zeile; Rückgabewert 0 OK, 1 WARNING, "
-                     "2 CRITICAL) oder openmetrics"},
+                     "2 CRITICAL, 3 UNKNOWN) oder openmetrics"},
                     options->format, {"table", "json", "nagios", "openmetrics"});
   command.addDate(options->check.date);
 }
