@@ -29,8 +29,8 @@ enum class ConnectionSyntax {
 struct ConnectionPair {
   std::string key;
   std::string value;      ///< Without the marks around it.
-  std::size_t begin = 0;  ///< Where the value stands in the text, marks included.
-  std::size_t end = 0;
+  std::size_t begin = 0;  ///< Where the value stands in the text, marks included, in bytes:
+  std::size_t end = 0;    ///< [begin, end).
 };
 
 /// The pairs of `text` in their order; whatever is no pair is passed over. Never fails, so it suits
@@ -39,7 +39,8 @@ struct ConnectionPair {
 VEXNUMKR_API std::vector<ConnectionPair> connectionPairs(
     std::string_view text, ConnectionSyntax syntax = ConnectionSyntax::native);
 
-/// The value of the first pair of that key; empty where there is none.
+/// The value of the first pair of that key; empty where there is none. The first counts as it does
+/// for ODBC; openQtSqlConnection, which could mean either, refuses a key that comes twice.
 VEXNUMKR_API std::string connectionValue(std::string_view text, std::string_view key,
                                          ConnectionSyntax syntax = ConnectionSyntax::native);
 
@@ -63,7 +64,9 @@ struct ConnectionSettings {
 /// repeat a value or an unknown key: either may be a part of a password that lacks its quotes.
 VEXNUMKR_API ConnectionSettings parseConnectionString(std::string_view text);
 
-/// A text that parses to `settings`, which must hold no zero character; empty ones are left out.
+/// A text that parses to `settings`; empty ones are left out. Values are put in quotes where they
+/// need them, so whatever a password holds is safe. REQUIRES: no text holds a zero character, at
+/// which drivers would end the string.
 VEXNUMKR_API std::string composeConnectionString(const ConnectionSettings& settings);
 
 /// One of the servers that a connection string names.
@@ -81,10 +84,11 @@ struct ServerAddress {
 /// Errors (3001): one without a name among several, a port that is none.
 VEXNUMKR_API std::vector<ServerAddress> serverAddresses(const ConnectionSettings& settings);
 
-/// The connection string of the SQLite database in `file`.
+/// The connection string of the SQLite database in `file`, whatever characters its path has. The
+/// file is not looked at.
 VEXNUMKR_API std::string sqliteConnectionString(const std::string& file);
 
-/// A stretch of a text: [begin, end).
+/// A stretch of a text in bytes: [begin, end).
 struct TextRange {
   std::size_t begin = 0;
   std::size_t end = 0;
@@ -98,7 +102,8 @@ struct TextRange {
 /// rest of a password that lacks its quotes, and counts. In order, not overlapping.
 VEXNUMKR_API std::vector<TextRange> passwordRanges(std::string_view connectionString);
 
-/// The connection string as it may be shown: each password is "***".
+/// The connection string as it may be shown: each password is "***", however long it is. What is
+/// left is for people, logs and boxes, and not for connecting.
 VEXNUMKR_API std::string maskedConnectionString(std::string_view connectionString);
 
 /// `message`, e.g. an engine's, with the passwords of `connectionString` as "***": wherever they

@@ -1,4 +1,7 @@
 // The database engines, as hosts may have to tell them apart to make their tables.
+//
+// Nothing is guessed: what is not known to be one of the supported engines has no name here. Taken
+// for another one, its texts would be quoted and its tables locked by rules that are not its own.
 #pragma once
 
 #include <string>
@@ -12,7 +15,8 @@ namespace vexnumkr {
 
 class Connection;
 
-/// The names of the supported engines: "postgresql", "mariadb", "sqlite".
+/// The names of the supported engines: "postgresql", "mariadb", "sqlite". They are also the names
+/// of the folders with their schemas (`share/vexnumkr/schema`), and stay as they are.
 VEXNUMKR_API std::vector<std::string> engineNames();
 
 /// The name of the engine that an open connection reaches, by whatever driver. It is asked, outside
@@ -21,7 +25,8 @@ VEXNUMKR_API std::vector<std::string> engineNames();
 VEXNUMKR_API std::string engineOf(Connection& connection);
 
 /// The name of the engine that a native connection string names by its driver, or by ODBC's driver
-/// in it; empty where it does not tell, as with an ODBC data source that is only named.
+/// in it; empty where it does not tell, as with an ODBC data source that is only named. Connects to
+/// nothing and raises nothing, so it serves where the database is still to be made.
 VEXNUMKR_API std::string engineNamedIn(std::string_view connectionString);
 
 }  // namespace vexnumkr
