@@ -10,29 +10,50 @@
 
 namespace vexnumkr::numbers {
 
+/// Critical are a missing value, a broken rule, and a range that is used up to the critical limit
+/// or entirely: nobody can work with it, or soon nobody will. Everything else is a warning.
 enum class Severity { warning, critical };
 
+/// What was found. New kinds may follow behind the last one; a program that does not know one goes
+/// by the severity and shows the text.
 enum class FindingKind {
-  valueMissing,      ///< a range lacks a value, so the dialog does not open
-  endNotAboveStart,  ///< a broken rule, which the dialog does not save; so are the next three
+  /// A range lacks a value, so the dialog does not open.
+  valueMissing,
+  /// A broken rule, which the dialog does not save; so are the next three.
+  endNotAboveStart,
   currentOutsideRange,
-  overlapsOtherCircle,  ///< the same key in two circles
-  overlapsOtherKey,     ///< two keys that share a sequence
-  exhausted,            ///< the last number is issued
-  nearlyFull,           ///< a fill level at or above one of the limits
-  aboutToCollide,       ///< nearly full, and another range is too near behind it to grow
-  maskOfOtherDate,      ///< the values are those of the mask at another year or month
-  maskUnreadable,       ///< "Automatisch" fails at it
-  sharedRangeMissing,   ///< a special range whose own key's range is not there
-  specialRangeUnused,   ///< a special range is switched on and has no ranges yet
+  /// The same key in two circles: one number would stand on two documents.
+  overlapsOtherCircle,
+  /// Two keys that share a sequence, likewise.
+  overlapsOtherKey,
+  /// The last number is issued.
+  exhausted,
+  /// A fill level at or above one of the limits.
+  nearlyFull,
+  /// Nearly full or exhausted, and another range is too near behind it for as many numbers more.
+  aboutToCollide,
+  /// The values are those of the mask at another year or month: nobody has turned the year.
+  maskOfOtherDate,
+  /// "Automatisch" fails at it, and so does turning the year.
+  maskUnreadable,
+  /// A special range whose numbers are those of a range that its circle does not have.
+  sharedRangeMissing,
+  /// A special range is switched on and has no ranges yet.
+  specialRangeUnused,
+  /// An assignment that leads to nothing: its range is not stored, or not active.
   assignmentWithoutRange,
   assignmentOfInactiveRange,
+  /// The assigned user is neither known nor everybody.
   assignmentWithoutUser,
-  userWithoutRange,  ///< for these keys a user can draw nothing
-  userAmbiguous,     ///< for these keys several circles serve the user
-  numbersReissued,   ///< of an import only: numbers that are issued would be issued again
+  /// For these keys a user can draw nothing.
+  userWithoutRange,
+  /// For these keys several circles serve the user, so that each draw has to name one.
+  userAmbiguous,
+  /// Of an import only: numbers that are issued would be issued again.
+  numbersReissued,
 };
 
+/// One thing that is wrong, with the place where it is and the words for it.
 struct Finding {
   FindingKind kind = FindingKind::valueMissing;
   Severity severity = Severity::critical;
@@ -43,11 +64,15 @@ struct Finding {
   std::string text{};               ///< what it is and what to do about it, for people (German)
 };
 
-/// How far a range is used up.
+/// How far a range is used up. Counted in 64 bits, since from the lowest number to the highest
+/// it is more than 32 hold.
 struct RangeLevel {
+  /// One of the company's, never null.
   const Range* range = nullptr;
+  /// How many numbers are issued, from 0 (only its start, which nobody draws) to `capacity`.
   std::int64_t used = 0;
-  std::int64_t capacity = 0;  ///< above 0
+  /// How many it can issue; above 0.
+  std::int64_t capacity = 0;
 
   std::int64_t left() const { return capacity - used; }
   double percent() const {
@@ -55,8 +80,14 @@ struct RangeLevel {
   }
 };
 
+/// By what a company is judged.
 struct CheckOptions {
-  std::string date{};  ///< "yyyymmdd"
+  /// The day for which masks are read, "yyyymmdd"; the host's processing date rather than the
+  /// clock's where it has one.
+  std::string date{};
+  /// From which fill level on a range is nearly full, in percent and at or above it. A critical
+  /// limit below the other one leaves no warnings of fill levels, one above 100 nothing that is
+  /// critical before the last number is issued.
   std::int32_t warnPercent = 80;
   std::int32_t criticalPercent = 95;
 };
@@ -67,19 +98,24 @@ struct VEXNUMKR_API CheckResult {
   /// Of the active ranges in order whose own numbers are drawn, in the order of the company.
   std::vector<RangeLevel> levels;
 
+  /// How many findings have that severity.
   std::size_t count(Severity severity) const;
 };
 
 /// Checks `company`, which has to outlive the result. Like the dialog it looks at active ranges,
 /// and not at those of special ranges that are switched off. All broken rules are told, and every
 /// pair of ranges that overlap. A user draws from the own assignments, otherwise from the common
-/// ones, as in numbers.h.
+/// ones, as in numbers.h. Plain computation, in which nothing is asked or changed.
+///
+/// Error: 13 for a date that is none, where a mask depends on it.
 VEXNUMKR_API CheckResult check(const Company& company, const CheckOptions& options);
 
-/// The broken rules alone: what keeps the dialog from saving.
+/// The broken rules alone: what keeps the dialog from saving. All of them are critical, and a
+/// company without any can be stored.
 VEXNUMKR_API std::vector<Finding> brokenRules(const Company& company);
 
-/// The name of a kind in English, as JSON and metrics have it: "endNotAboveStart".
+/// The name of a kind in English, as JSON and metrics have it: "endNotAboveStart". It stays the
+/// same from version to version.
 VEXNUMKR_API const char* nameOf(FindingKind kind);
 
 }  // namespace vexnumkr::numbers

@@ -1,4 +1,7 @@
 // The numbers that documents really carry, compared with what the ranges have issued.
+//
+// Auditors ask for it: a number that was issued and stands on no document has to be explained, and
+// one on two documents even more so. Threads: as in numbers.h.
 #pragma once
 
 #include <cstdint>
@@ -22,8 +25,9 @@ class VEXNUMKR_API UsedNumbers {
   UsedNumbers(UsedNumbers&&) noexcept;
   UsedNumbers& operator=(UsedNumbers&&) noexcept;
 
+  /// In no particular order, though ascending numbers are taken in fastest.
   void add(std::int32_t number);
-  /// All that were added.
+  /// All that were added, those counted that came more than once as often as they came.
   std::uint64_t count() const;
 
  private:
@@ -33,13 +37,16 @@ class VEXNUMKR_API UsedNumbers {
 };
 
 /// Adds the numbers that a select of the host's finds in its column `Nummer`, a part of them at a
-/// time. `progress` is told how many have been added. Errors: the engine's; 6 for a number outside
-/// of 32 bits.
+/// time, so that neither side holds all of them; NULL counts as no number. `select` becomes a part
+/// of each statement as it stands, so it is for the host to write and must not end in a semicolon.
+/// `progress` is told after each part how many have been added.
+///
+/// Errors: the engine's; 6 for a number outside of 32 bits. What was added until then stays.
 VEXNUMKR_API void addSelected(UsedNumbers& numbers, Connection& connection,
                               const std::string& select,
                               const std::function<void(std::uint64_t)>& progress = {});
 
-/// Numbers that follow each other.
+/// Numbers that follow each other, both ends included.
 struct Interval {
   std::int32_t first = 0;
   std::int32_t last = 0;
@@ -48,13 +55,19 @@ struct Interval {
   friend bool operator==(const Interval&, const Interval&) = default;
 };
 
+/// What is wrong with numbers.
 enum class GapKind {
-  gap,        ///< issued by the range, used by nobody
-  ahead,      ///< used, but not issued yet
-  duplicate,  ///< used more than once
-  stray,      ///< used, and in none of the ranges
+  /// Issued by the range, used by nobody: a document was abandoned or has been deleted.
+  gap,
+  /// Used, but not issued yet: they will be issued again, and then stand on two documents.
+  ahead,
+  /// Used more than once.
+  duplicate,
+  /// Used, and in none of the ranges: typed by hand, or of a range that has been moved.
+  stray,
 };
 
+/// The longest run of numbers of which the same is to be said.
 struct GapFinding {
   GapKind kind = GapKind::gap;
   Interval numbers;
@@ -64,7 +77,7 @@ struct GapFinding {
 
 /// The ranges of a key whose numbers documents of this key carry, by their start; of one circle
 /// where it is named. Ranges that share another key's numbers, and those whose values contradict
-/// each other, are left out.
+/// each other, are left out. They point into `company`; none where nothing matches.
 VEXNUMKR_API std::vector<const Range*> rangesToCompare(const Company& company,
                                                        const std::string& key,
                                                        const std::int32_t* circle = nullptr);
@@ -73,7 +86,9 @@ VEXNUMKR_API std::vector<const Range*> rangesToCompare(const Company& company,
 /// numbers that came more than once, then all that are in none of the ranges.
 ///
 /// A range has issued the numbers above its `StartWert` up to its `AktuellerWert`; its start itself
-/// may be used or not.
+/// may be used or not. What `found` raises ends the search and is passed on.
+///
+/// REQUIRES: `ranges` are in the order of rangesToCompare, and none is null or lacks a value.
 VEXNUMKR_API void findGaps(const UsedNumbers& used, const std::vector<const Range*>& ranges,
                            const std::function<void(const GapFinding&)>& found);
 

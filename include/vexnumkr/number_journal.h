@@ -30,12 +30,17 @@ struct JournalEntry {
 };
 
 struct JournalOptions {
-  std::string since{};           ///< the first time that counts, as in JournalEntry; empty for all
-  std::string before{};          ///< the first that does not
-  std::int32_t application = 0;  ///< 1 or 2 leaves out what belongs to the other one alone
+  /// The first time that counts, as in JournalEntry or the beginning of such a text ("2026-11"),
+  /// since times are compared as texts; empty for all.
+  std::string since{};
+  /// The first that does not count any more, likewise.
+  std::string before{};
+  /// 1 or 2 leaves out what belongs to the other one alone; 0 leaves out nothing.
+  std::int32_t application = 0;
 };
 
-/// Whether the database has a journal that `connection` may read.
+/// Whether the database has a journal that `connection` may read. Raises nothing of the engine's:
+/// with a connection that is lost there is none, either.
 VEXNUMKR_API bool hasJournal(Connection& connection);
 
 /// Tells the changes in the order in which they were begun, reading a part of the journal at a
@@ -46,6 +51,8 @@ VEXNUMKR_API bool hasJournal(Connection& connection);
 /// blanks were stored. On PostgreSQL that is the difference which a transaction has made, elsewhere
 /// the one which a session has made without pausing for two seconds. A change of nothing but the
 /// current value stands by itself.
+///
+/// What `found` raises ends the reading and is passed on.
 ///
 /// Errors: the engine's; 6 and 13 for an entry with a number that is none.
 VEXNUMKR_API void readJournal(Connection& connection, const JournalOptions& options,

@@ -1,4 +1,9 @@
 // The numbers that a numbering mask stands for at a date.
+//
+// A mask is the shape of a number, read from its end: digits stand for themselves, "N" for each
+// digit, "J" and "M" for the next digit of the year and month, also from the end; "%" leaves out a
+// digit of the year. So "3JJNNNN" is 3260000 to 3269999 in 2026. Letters count in both cases, and
+// everything else is passed over. Plain computation: no thread rule.
 #pragma once
 
 #include <cstdint>
@@ -25,7 +30,8 @@ struct MaskNumbers {
 /// Errors: 13 for a mask without digits, 6 for numbers beyond 32 bits.
 VEXNUMKR_API std::optional<MaskNumbers> maskNumbers(std::string_view mask, std::string_view date);
 
-/// Whether the numbers of `mask` change with the year or the month.
+/// Whether the numbers of `mask` change with the year or the month, so that its range has to be
+/// given new values then. Takes any text.
 VEXNUMKR_API bool isDated(std::string_view mask);
 
 /// The month ("yyyymm") nearest to `date` at which the mask's lowest number is `start`: the one of

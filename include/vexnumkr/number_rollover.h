@@ -1,4 +1,8 @@
 // Turning the year: what the dialog's "Automatisch" does, without a window.
+//
+// Every range with a mask is given the numbers that its mask stands for at a date. That is all or
+// nothing: a company of which a part counts in the old year and a part in the new one is worse off
+// than one that nobody has renumbered.
 #pragma once
 
 #include <algorithm>
@@ -33,6 +37,7 @@ struct MaskFailure {
   std::string text{};  ///< why, for people (German)
 };
 
+/// What would be done, and what speaks against it.
 struct RolloverPlan {
   std::vector<Renumbering> changes;   ///< of the ranges whose values differ, in order
   std::vector<MaskFailure> failures;  ///< all of them
@@ -44,6 +49,7 @@ struct RolloverPlan {
     return std::any_of(changes.begin(), changes.end(),
                        [](const Renumbering& change) { return change.reissued.has_value(); });
   }
+  /// True also where there is nothing to change, as when it has been done before.
   bool isPossible() const {
     return failures.empty() && broken.empty() && (reissuing == Reissuing::allowed || !reissues());
   }
@@ -51,7 +57,8 @@ struct RolloverPlan {
 
 /// What renumbering all ranges with a mask from `date` ("yyyymmdd") would do: active or not, as the
 /// dialog does it; those of special ranges that are switched off, which it does not show, are left
-/// out. The plan refuses to issue numbers again.
+/// out. Ranges whose values are those of the mask already, with none issued, are no changes. The
+/// plan refuses to issue numbers again.
 VEXNUMKR_API RolloverPlan planRollover(const Company& company, const std::string& date);
 
 /// Does it in one transaction. Nothing changes where the plan is not possible; the plan that was

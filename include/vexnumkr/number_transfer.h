@@ -1,4 +1,7 @@
 // Moving the settings of one database to another.
+//
+// What has been tried out in a test database goes to the one in use, or one company's settings to
+// the next. Rows are compared by their keys, so doing it twice does no harm.
 #pragma once
 
 #include <cstdint>
@@ -12,6 +15,7 @@
 
 namespace vexnumkr::numbers {
 
+/// What becomes of a row, and in which table it stands. The order of tables is that of writing.
 enum class ChangeKind { added, changed, removed };
 enum class ChangedTable { circles, ranges, assignments, specialRanges };
 
@@ -23,9 +27,11 @@ struct Change {
   std::vector<std::string> fields{};  ///< of a change, "Endwert 199 -> 299" each
 };
 
+/// What counts as a setting, and whose word is the last.
 struct TransferOptions {
   /// Current values are settings, too. Otherwise a range keeps its own, and a new one begins with
-  /// its start value.
+  /// its start value. A current value below one that is stored issues numbers again: right for a
+  /// company that is made anew, wrong for one in use.
   bool withCurrent = false;
   /// What is not wanted goes. The standard ranges of circle 0 that are no special ranges stay, and
   /// so do the ranges of circles that the other application has, too: others need them.
@@ -35,10 +41,13 @@ struct TransferOptions {
   bool reissue = false;
 };
 
-/// What makes `stored` into `wanted`, by table and key. Users are the host's and are not compared.
+/// What makes `stored` into `wanted`, by table and key; nothing where they agree. Users are the
+/// host's and are not compared. Plain computation: which circles the other application has is not
+/// known here, so with `removeOthers` their ranges are told as removed, which storeCompany keeps.
 VEXNUMKR_API std::vector<Change> differences(const Company& stored, const Company& wanted,
                                              const TransferOptions& options);
 
+/// What storing would do, and what speaks against it.
 struct ImportPlan {
   std::vector<Change> changes;
   /// The rules that would be broken afterwards, then the ranges that would issue numbers again.
@@ -47,7 +56,8 @@ struct ImportPlan {
   bool isPossible() const { return broken.empty(); }
 };
 
-/// What storeCompany would do.
+/// What storeCompany would do, as the database is now. Changes nothing. Errors: 5 for an
+/// application other than 1 and 2; the engine's.
 VEXNUMKR_API ImportPlan planImport(Connection& connection, const Company& wanted,
                                    const TransferOptions& options);
 
@@ -57,7 +67,8 @@ VEXNUMKR_API ImportPlan planImport(Connection& connection, const Company& wanted
 /// is to change and from which one was drawn fails the whole of it.
 ///
 /// REQUIRES: no transaction runs on `connection`. Errors: 3022 when the database has not stored
-/// what was sent; 3023 for a range that was changed meanwhile; the engine's.
+/// what was sent; 3023 for a range that was changed meanwhile; 5 for an application other than 1
+/// and 2; the engine's. Nothing has changed after any of them.
 VEXNUMKR_API ImportPlan storeCompany(Connection& connection, const Company& wanted,
                                      const TransferOptions& options);
 
