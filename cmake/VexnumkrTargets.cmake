@@ -38,10 +38,6 @@ function(vexnumkr_core_library name)
     POSITION_INDEPENDENT_CODE ON
     CXX_VISIBILITY_PRESET hidden
     VISIBILITY_INLINES_HIDDEN ON)
-  # On Windows nothing but the library for automation hosts leaves the build.
-  if(WIN32)
-    target_compile_definitions(${name} PUBLIC VEXNUMKR_STATIC)
-  endif()
 endfunction()
 
 # vexnumkr_adapter_library(NAME SOURCES ... LINKS ...)

@@ -1,14 +1,11 @@
 // Marks what the shared library exports to hosts; everything else stays hidden inside it.
+//
+// On Windows nothing is marked: the one library that leaves the build there is the one for
+// automation hosts, which find it by its class names and not by symbols.
 #pragma once
 
-#if defined(VEXNUMKR_STATIC)
+#if defined(_WIN32)
 #define VEXNUMKR_API
-#elif defined(_WIN32)
-#if defined(VEXNUMKR_BUILD)
-#define VEXNUMKR_API __declspec(dllexport)
-#else
-#define VEXNUMKR_API __declspec(dllimport)
-#endif
 #else
 #define VEXNUMKR_API __attribute__((visibility("default")))
 #endif
