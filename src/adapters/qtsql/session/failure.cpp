@@ -69,7 +69,7 @@ Error transactionMissing() {
 }
 
 Error unreadableText() {
-  return failure(failure_number::unreadableText, "Ein Text ist nicht lesbar gespeichert.");
+  return failure(error_number::unreadableText, "Ein Text ist nicht lesbar gespeichert.");
 }
 
 Error transactionRuns() {

@@ -19,8 +19,6 @@ namespace vexnumkr::qtsql {
 
 /// The numbers of the adapter's own failures, besides those of error.h: what ADO users know.
 namespace failure_number {
-inline constexpr std::int32_t unreadableText = 3024;
-inline constexpr std::int32_t notAvailable = 3251;
 inline constexpr std::int32_t fileMoved = 1032;  // SQLite's own.
 inline constexpr std::int32_t itemNotFound = 3265;
 inline constexpr std::int32_t objectClosed = 3704;

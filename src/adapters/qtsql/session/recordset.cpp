@@ -61,7 +61,7 @@ void SqlRecordset::Fields(std::string_view name, const Value& value) {
 void SqlRecordset::Update() {
   requireWritable();
   if (!keys_ || !keys_->identify(rows_, current_))
-    throw failure(failure_number::notAvailable,
+    throw failure(error_number::notAvailable,
                   "Der Datensatz hat keinen eindeutigen Schlüssel und kann nicht geändert werden.");
   const std::shared_ptr<Session> session = session_.lock();
   if (!session) throw connectionClosed();
@@ -96,8 +96,7 @@ void SqlRecordset::requireRow() const {
 void SqlRecordset::requireWritable() const {
   requireRow();
   if (!isWritable_)
-    throw failure(failure_number::notAvailable,
-                  "Die Datensatzgruppe wurde nur zum Lesen geöffnet.");
+    throw failure(error_number::notAvailable, "Die Datensatzgruppe wurde nur zum Lesen geöffnet.");
 }
 
 std::size_t SqlRecordset::column(std::string_view name) const {

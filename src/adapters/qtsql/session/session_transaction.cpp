@@ -138,7 +138,7 @@ void Session::requireTransactions(const std::vector<std::string>& tables) {
     return found.at(0, column).toString().toStdString();
   };
   throw failure(
-      failure_number::notAvailable,
+      error_number::notAvailable,
       "Die Tabelle " + text(0) + " kennt keine Transaktionen (" + text(1) +
           "). Damit könnte nichts zurückgenommen werden. Bitte lassen Sie sie umstellen: " +
           text(2));
