@@ -67,7 +67,7 @@ endforeach()
 # What lies around the core sees it only where it has to, and one adapter knows another only where it
 # is made of it: the forms know the face of the grid. The adapter for automation, the number
 # library and what is known of the engines do without Qt; the program for the command line shares with
-# the stand-alone host what reads connection strings.
+# the stand-alone host what reads connection strings and defines the tables.
 set(seen_by_engines platform engines)
 set(seen_by_adapters/automation platform engines adapters/automation)
 set(seen_by_adapters/qtsql platform engines adapters/qtsql)
@@ -77,7 +77,7 @@ set(seen_by_adapters/qtforms platform adapters/qt adapters/qtgrid/qt_tree_grid.h
 set(seen_by_component platform hosting dialogs/main adapters/qtforms component)
 set(seen_by_windows platform hosting adapters/automation component windows)
 set(seen_by_numbers platform engines data rules numbers)
-set(seen_by_cli app/command_line app/connection_file app/process_list cli)
+set(seen_by_cli app/command_line app/connection_file app/process_list app/schema/schema cli)
 foreach(folder engines adapters/automation adapters/qtsql adapters/qt adapters/qtgrid
     adapters/qtforms component windows numbers cli)
   list(JOIN seen_by_${folder} "|" seen)

@@ -1,11 +1,10 @@
 # A session of the core on a real database, for this folder and those of hosting and rules.
 add_library(vexnumkr_core_session STATIC
-  support/core_session.cpp "${PROJECT_SOURCE_DIR}/src/app/schema/schema.cpp"
-  "${PROJECT_SOURCE_DIR}/src/app/sql.cpp")
-target_include_directories(vexnumkr_core_session
-  PUBLIC "${PROJECT_SOURCE_DIR}/tests" "${CMAKE_BINARY_DIR}/src/app/generated")
+  support/core_session.cpp "${PROJECT_SOURCE_DIR}/src/app/sql.cpp")
+target_include_directories(vexnumkr_core_session PUBLIC "${PROJECT_SOURCE_DIR}/tests")
 target_link_libraries(vexnumkr_core_session
-  PUBLIC vexnumkr_hosting vexnumkr_fresh_database vexnumkr_scripted_connection Qt6::Core GTest::gtest
+  PUBLIC vexnumkr_hosting vexnumkr_schema vexnumkr_fresh_database vexnumkr_scripted_connection
+    Qt6::Core GTest::gtest
   PRIVATE vexnumkr_options)
 
 # vexnumkr_core_test(FOLDER/NAME LABEL): a test on a CoreSession.

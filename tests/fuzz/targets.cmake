@@ -12,11 +12,10 @@ endfunction()
 find_package(SQLite3 REQUIRED)
 add_library(vexnumkr_fuzz_sqlite STATIC
   "${fuzz}/support/bound_statement.cpp" "${fuzz}/support/own_statements.cpp"
-  "${fuzz}/support/sqlite_model.cpp" "${PROJECT_SOURCE_DIR}/src/app/schema/schema.cpp")
-target_include_directories(vexnumkr_fuzz_sqlite PUBLIC
-  "${PROJECT_SOURCE_DIR}/tests" "${PROJECT_BINARY_DIR}/src/app/generated")
+  "${fuzz}/support/sqlite_model.cpp")
+target_include_directories(vexnumkr_fuzz_sqlite PUBLIC "${PROJECT_SOURCE_DIR}/tests")
 target_link_libraries(vexnumkr_fuzz_sqlite
-  PUBLIC vexnumkr_engines vexnumkr_statements SQLite::SQLite3 PRIVATE vexnumkr_options)
+  PUBLIC vexnumkr_engines vexnumkr_statements vexnumkr_schema SQLite::SQLite3 PRIVATE vexnumkr_options)
 
 vexnumkr_fuzz_target(numbers LINKS vexnumkr_platform)
 vexnumkr_fuzz_target(masks LINKS vexnumkr_numbers)

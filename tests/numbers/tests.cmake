@@ -1,11 +1,9 @@
 # The number library on real databases.
 add_library(vexnumkr_numbers_database STATIC
-  numbers/numbers_database.cpp "${PROJECT_SOURCE_DIR}/src/app/schema/schema.cpp"
-  "${PROJECT_SOURCE_DIR}/src/app/sql.cpp")
-target_include_directories(vexnumkr_numbers_database
-  PUBLIC "${PROJECT_SOURCE_DIR}/tests" "${CMAKE_BINARY_DIR}/src/app/generated")
+  numbers/numbers_database.cpp "${PROJECT_SOURCE_DIR}/src/app/sql.cpp")
+target_include_directories(vexnumkr_numbers_database PUBLIC "${PROJECT_SOURCE_DIR}/tests")
 target_link_libraries(vexnumkr_numbers_database
-  PUBLIC vexnumkr_numbers vexnumkr_fresh_database Qt6::Core GTest::gtest
+  PUBLIC vexnumkr_numbers vexnumkr_schema vexnumkr_fresh_database Qt6::Core GTest::gtest
   PRIVATE vexnumkr_options)
 
 # vexnumkr_numbers_test(NAME LABEL [TIMEOUT SECONDS] [SOURCES ...] [LINKS ...])

@@ -9,12 +9,10 @@ target_link_libraries(vexnumkr_scripted_connection
 # The stand-alone host's settings store, without the host, which loads the component as a library.
 set(app "${PROJECT_SOURCE_DIR}/src/app")
 add_library(vexnumkr_scenario_settings STATIC
-  "${app}/components/settings_store.cpp" "${app}/files.cpp"
-  "${app}/schema/schema.cpp" "${app}/sql.cpp")
-target_include_directories(vexnumkr_scenario_settings PUBLIC
-  "${PROJECT_SOURCE_DIR}/src" "${CMAKE_BINARY_DIR}/src/app/generated")
+  "${app}/components/settings_store.cpp" "${app}/files.cpp" "${app}/sql.cpp")
+target_include_directories(vexnumkr_scenario_settings PUBLIC "${PROJECT_SOURCE_DIR}/src")
 target_link_libraries(vexnumkr_scenario_settings
-  PUBLIC vexnumkr_engines Qt6::Core PRIVATE vexnumkr_options)
+  PUBLIC vexnumkr_engines vexnumkr_schema Qt6::Core PRIVATE vexnumkr_options)
 
 add_library(vexnumkr_scenario_language STATIC
   scenario/chord.cpp scenario/command_forms.cpp scenario/script.cpp scenario/transcript.cpp

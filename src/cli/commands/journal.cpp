@@ -24,7 +24,8 @@ struct JournalOptions {
 };
 
 void append(std::vector<std::string>& statements, std::string_view script) {
-  for (std::string& statement : paragraphsOf(script)) statements.push_back(std::move(statement));
+  for (std::string& statement : app::paragraphsOf(script))
+    statements.push_back(std::move(statement));
 }
 
 void ignoringFailures(const std::function<void()>& action) {
@@ -62,14 +63,14 @@ void executeAll(Connection& connection, const std::vector<std::string>& statemen
 }
 
 // Nothing stays of a journal that could not be made as a whole.
-void installAll(Connection& connection, const SchemaScripts& scripts,
+void installAll(Connection& connection, const app::SchemaScripts& scripts,
                 const std::vector<std::string>& statements) {
   const bool wasThere = numbers::hasJournal(connection);
   try {
     executeAll(connection, statements);
   } catch (const Error&) {
     if (wasThere) throw;
-    for (const std::string& statement : paragraphsOf(scripts.journalEnd))
+    for (const std::string& statement : app::paragraphsOf(scripts.journalEnd))
       ignoringFailures([&] { execute(connection, statement); });
     ignoringFailures([&] { execute(connection, dropEntries); });
     throw;
@@ -81,7 +82,7 @@ void printStatements(Session& session, const std::vector<std::string>& statement
   for (const std::string& statement : statements) session.out() << '\n' << statement << ";\n";
 }
 
-void printObject(Session& session, const SchemaScripts& scripts, Json further,
+void printObject(Session& session, const app::SchemaScripts& scripts, Json further,
                  const std::vector<std::string>& statements) {
   Json document{{"engine", scripts.engine}, {"dryRun", session.dryRun()}};
   document.update(further);
@@ -91,8 +92,8 @@ void printObject(Session& session, const SchemaScripts& scripts, Json further,
 
 int install(Session& session, const JournalOptions& options) {
   Connection& connection = session.connection();
-  const SchemaScripts& scripts = schemaScriptsFor(connection);
-  std::vector<std::string> statements = paragraphsOf(scripts.journal);
+  const app::SchemaScripts& scripts = schemaScriptsFor(connection);
+  std::vector<std::string> statements = app::paragraphsOf(scripts.journal);
   if (options.withCurrent) append(statements, scripts.journalDraws);
   if (!session.dryRun()) installAll(connection, scripts, statements);
   if (session.json()) {
@@ -109,7 +110,7 @@ int install(Session& session, const JournalOptions& options) {
 
 int remove(Session& session, const JournalOptions& options) {
   Connection& connection = session.connection();
-  const SchemaScripts& scripts = schemaScriptsFor(connection);
+  const app::SchemaScripts& scripts = schemaScriptsFor(connection);
   const bool hasEntries = numbers::hasJournal(connection);
   std::vector<std::string> statements;
   if (hasEntries) append(statements, scripts.journalEnd);

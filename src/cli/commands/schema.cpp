@@ -22,7 +22,7 @@ struct SchemaOptions {
   bool settings = false;
 };
 
-std::string_view partOf(const SchemaScripts& scripts, const std::string& part) {
+std::string_view partOf(const app::SchemaScripts& scripts, const std::string& part) {
   if (part == "ranges") return scripts.ranges;
   if (part == "settings") return scripts.settings;
   if (part == "protokoll") return scripts.journal;
@@ -30,16 +30,17 @@ std::string_view partOf(const SchemaScripts& scripts, const std::string& part) {
 }
 
 int print(Session& session, const SchemaOptions& options) {
-  const SchemaScripts& scripts = schemaScripts(options.engine);
+  const app::SchemaScripts& scripts = schemaScripts(options.engine);
   const std::string_view script = partOf(scripts, options.part);
   if (script.empty())
     throw UsageError("Das Datenbanksystem \"" + options.engine + "\" braucht kein Skript \"" +
                      options.part + "\".");
   if (session.json()) {
-    session.printDocument({{"engine", options.engine},
-                           {"part", options.part},
-                           {"statements", options.part == "protokoll" ? paragraphsOf(script)
-                                                                      : statementsOf(script)}});
+    session.printDocument(
+        {{"engine", options.engine},
+         {"part", options.part},
+         {"statements",
+          options.part == "protokoll" ? app::paragraphsOf(script) : app::statementsOf(script)}});
   } else {
     session.out() << script;
   }
@@ -129,18 +130,19 @@ class NewFile {
   std::string path_;
 };
 
-std::vector<std::string> statementsFor(const SchemaScripts& scripts, const SchemaOptions& options) {
+std::vector<std::string> statementsFor(const app::SchemaScripts& scripts,
+                                       const SchemaOptions& options) {
   if (!options.engine.empty() && options.engine != scripts.engine)
     throw UsageError("Die Verbindung führt zu " + std::string(scripts.engine) + ", nicht zu " +
                      options.engine + ".");
-  std::vector<std::string> statements = statementsOf(scripts.ranges);
+  std::vector<std::string> statements = app::statementsOf(scripts.ranges);
   if (options.settings)
-    for (const std::string& statement : statementsOf(scripts.settings))
+    for (const std::string& statement : app::statementsOf(scripts.settings))
       statements.push_back(statement);
   return statements;
 }
 
-void printMade(Session& session, const SchemaScripts& scripts, const Making& making) {
+void printMade(Session& session, const app::SchemaScripts& scripts, const Making& making) {
   if (session.json())
     return session.printDocument({{"engine", scripts.engine},
                                   {"dryRun", session.dryRun()},
@@ -158,7 +160,7 @@ void printMade(Session& session, const SchemaScripts& scripts, const Making& mak
 
 // In a database that is not there yet there are no tables.
 int tryNewFile(Session& session, const SchemaOptions& options) {
-  const SchemaScripts& scripts = schemaScripts("sqlite");
+  const app::SchemaScripts& scripts = schemaScripts("sqlite");
   printMade(session, scripts,
             makingOf(statementsFor(scripts, options), [](const std::string&) { return false; }));
   return exit_status::fine;
@@ -169,7 +171,7 @@ int create(Session& session, const SchemaOptions& options) {
   if (!missing.empty() && session.dryRun()) return tryNewFile(session, options);
   NewFile file(missing);
   Connection& connection = session.connection();
-  const SchemaScripts& scripts = schemaScriptsFor(connection);
+  const app::SchemaScripts& scripts = schemaScriptsFor(connection);
   const Making making = makingOf(statementsFor(scripts, options), [&](const std::string& table) {
     return exists(connection, table);
   });
