@@ -13,7 +13,6 @@
 #include "app/help.h"
 
 namespace vexnumkr::app {
-
 namespace {
 
 using Values = std::map<std::string, std::string>;
@@ -40,9 +39,8 @@ struct Arguments {
 
 void add(Arguments& found, const std::string& name, const std::string& value) {
   if (value.empty()) throw UsageError("Die Option " + name + " braucht einen Wert.");
-  if (!found.values.emplace(name, value).second) {
+  if (!found.values.emplace(name, value).second)
     throw UsageError("Die Option " + name + " ist mehrmals angegeben.");
-  }
 }
 
 /// The sample is made in the database that is named anyway unless a file is named for it.
@@ -80,9 +78,8 @@ Arguments collect(const std::vector<std::string>& arguments) {
 std::int32_t applicationCode(const Arguments& found) {
   const std::string text = found.value("--application");
   if (text.empty()) throw UsageError("Es fehlt die Option --application (1 oder 2).");
-  if (text != "1" && text != "2") {
+  if (text != "1" && text != "2")
     throw UsageError("--application muss 1 oder 2 sein, nicht \"" + text + "\".");
-  }
   return text == "1" ? 1 : 2;
 }
 
@@ -104,16 +101,14 @@ bool isDate(const std::string& text) {
 
 std::string processingDate(const Arguments& found) {
   const std::string text = found.value("--date");
-  if (!text.empty() && !isDate(text)) {
+  if (!text.empty() && !isDate(text))
     throw UsageError("--date muss ein Datum der Form jjjjmmtt sein, nicht \"" + text + "\".");
-  }
   return text;
 }
 
 std::string connectionOf(const Arguments& found, const std::optional<std::string>& environment) {
-  if (found.has("--connection") && found.has("--connection-file")) {
+  if (found.has("--connection") && found.has("--connection-file"))
     throw UsageError("--connection und --connection-file schließen einander aus.");
-  }
   if (found.has("--connection")) return found.value("--connection");
   if (found.has("--connection-file")) return readConnectionFile(found.value("--connection-file"));
   const std::string sample = found.value("--create-sample");

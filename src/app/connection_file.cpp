@@ -10,7 +10,6 @@
 #include "app/command_line.h"
 
 namespace vexnumkr::app {
-
 namespace {
 
 constexpr std::size_t largest = 64 * 1024;

@@ -5,7 +5,6 @@
 #include <QToolTip>
 
 namespace vexnumkr::app {
-
 namespace {
 
 QPalette darkPalette() {
@@ -23,9 +22,8 @@ QPalette darkPalette() {
   palette.setColor(QPalette::Link, QColor(110, 175, 240));
   palette.setColor(QPalette::ToolTipBase, QColor(62, 62, 50));
   palette.setColor(QPalette::ToolTipText, text);
-  for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+  for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
     palette.setColor(QPalette::Disabled, role, faint);
-  }
   // What disabled texts are embossed with.
   palette.setColor(QPalette::Disabled, QPalette::Light, Qt::transparent);
   return palette;

@@ -6,7 +6,6 @@
 #include <vexnumkr/error.h>
 
 namespace vexnumkr::app {
-
 namespace {
 
 constexpr std::int32_t fileExists = 58;
@@ -16,9 +15,8 @@ constexpr std::int32_t noAccess = 75;
 
 void makeNewFile(const std::string& file) {
   QFile made(QString::fromStdString(file));
-  if (made.exists()) {
+  if (made.exists())
     throw Error(fileExists, "vexnumkr-host", "Die Datei " + file + " gibt es schon.");
-  }
   if (!made.open(QIODevice::WriteOnly | QIODevice::NewOnly)) {
     throw Error(
         noAccess, "vexnumkr-host",

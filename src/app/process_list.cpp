@@ -6,7 +6,6 @@
 #include <vexnumkr/connection_string.h>
 
 namespace vexnumkr::app {
-
 namespace {
 
 constexpr std::string_view option = "--connection";

@@ -10,7 +10,6 @@
 #include <vexnumkr/value.h>
 
 namespace vexnumkr::app {
-
 namespace {
 
 QString numberText(std::int32_t number) {

@@ -19,7 +19,6 @@
 #include "app/components/booking_circle_editor.h"
 
 namespace vexnumkr::app {
-
 namespace {
 
 constexpr int lineMargins = 8;
@@ -176,9 +175,8 @@ int BookingCircleWindow::lineFor(std::int32_t number) const {
 
 std::vector<std::int32_t> BookingCircleWindow::selectedNumbers() const {
   std::vector<std::int32_t> numbers;
-  for (const QTreeWidgetItem* item : list_->selectedItems()) {
+  for (const QTreeWidgetItem* item : list_->selectedItems())
     numbers.push_back(item->data(numberColumn, Qt::DisplayRole).toInt());
-  }
   return numbers;
 }
 

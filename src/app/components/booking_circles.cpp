@@ -10,7 +10,6 @@
 #include "app/sql.h"
 
 namespace vexnumkr::app {
-
 namespace {
 
 constexpr std::array<std::string_view, 3> reservedDescriptions = {
@@ -87,9 +86,8 @@ std::string refusedNumber(const std::string& text, const std::vector<BookingCirc
   const std::int32_t number = circleNumber(text);
   const std::string_view entered = trimBlanks(text);
   const bool isZero = entered.find_first_not_of('0') == std::string_view::npos;
-  if (number == 0 && isDigits(entered) && !isZero) {
+  if (number == 0 && isDigits(entered) && !isZero)
     return "Die Nummer darf höchstens " + std::to_string(highestNumber) + " sein.";
-  }
   if (number == 0) return "Die Nummer muss eine ganze Zahl ab 1 sein.";
   const bool taken = std::any_of(present.begin(), present.end(), [&](const BookingCircle& circle) {
     return circle.number == number;
@@ -110,11 +108,9 @@ std::string refusedDescription(const std::string& description, std::int32_t numb
     return "\"" + std::string(entered) +
            "\" hat eine feste Bedeutung und kann keine Beschreibung sein.";
   }
-  for (const BookingCircle& circle : present) {
-    if (circle.number != number && trimBlanks(circle.description) == entered) {
+  for (const BookingCircle& circle : present)
+    if (circle.number != number && trimBlanks(circle.description) == entered)
       return "Der Buchungskreis " + std::to_string(circle.number) + " heißt schon so.";
-    }
-  }
   return "";
 }
 

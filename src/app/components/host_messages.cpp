@@ -3,7 +3,6 @@
 #include <vexnumkr/message_box.h>
 
 namespace vexnumkr::app {
-
 namespace {
 
 constexpr std::int16_t failureKind = 3;

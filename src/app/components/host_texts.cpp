@@ -8,7 +8,6 @@
 #include "app/components/window_icon.h"
 
 namespace vexnumkr::app {
-
 namespace {
 
 struct Entry {
@@ -22,9 +21,8 @@ constexpr std::int32_t windowIconId = 267;
 constexpr int windowIconSize = 256;
 
 std::string_view entry(std::int32_t id) {
-  for (const Entry& candidate : entries) {
+  for (const Entry& candidate : entries)
     if (candidate.id == id) return candidate.text;
-  }
   throw Error::subscriptOutOfRange();
 }
 

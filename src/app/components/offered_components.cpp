@@ -14,9 +14,8 @@ std::unique_ptr<HostComponent> StandAloneHost::CreateObject(const std::string& n
   const auto isCalled = [&](const char* known) {
     return wanted.compare(QLatin1String(known), Qt::CaseInsensitive) == 0;
   };
-  if (isCalled(component_name::bookingCircles)) {
+  if (isCalled(component_name::bookingCircles))
     return std::make_unique<BookingCircleAdministration>();
-  }
   if (isCalled(component_name::settings)) return std::make_unique<TableSettings>();
   throw Error::cannotCreateObject();
 }

@@ -14,7 +14,6 @@
 #include "app/sql.h"
 
 namespace vexnumkr::app {
-
 namespace {
 
 constexpr const char* standardUser = "Standard";
@@ -54,9 +53,8 @@ std::optional<Setting> find(Connection& connection, const std::string& section,
              [&](const Recordset& row) {
                Setting setting{textField(row, "Bereich"), textField(row, "Schluessel"),
                                textField(row, "Wert")};
-               if (sameName(setting.section, section) && sameName(setting.key, key)) {
+               if (sameName(setting.section, section) && sameName(setting.key, key))
                  found = std::move(setting);
-               }
              });
   return found;
 }
@@ -108,10 +106,9 @@ Connection& TableSettings::prepared() {
     own_ = openFile(*host_, file_);
   }
   Connection& place = file_.empty() ? *host_ : *own_;
-  if (!hasTable(place)) {
+  if (!hasTable(place))
     for (const std::string& statement : settingsTableStatements(engineOf(place)))
       execute(place, statement);
-  }
   return place;
 }
 

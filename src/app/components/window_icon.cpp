@@ -9,7 +9,6 @@
 #include <string_view>
 
 namespace vexnumkr::app {
-
 namespace {
 
 constexpr int gridUnits = 16;
@@ -55,11 +54,9 @@ void paintNumber(QPainter& painter) {
                                                     " # #   #",  //
                                                     " # ## ##"};
   for (std::size_t row = 0; row < rows.size(); ++row) {
-    for (std::size_t column = 0; column < rows[row].size(); ++column) {
-      if (rows[row][column] == '#') {
+    for (std::size_t column = 0; column < rows[row].size(); ++column)
+      if (rows[row][column] == '#')
         painter.fillRect(QRectF(4 + qreal(column), 6 + qreal(row), 1, 1), ink);
-      }
-    }
   }
 }
 
@@ -86,9 +83,8 @@ QImage paintWindowIcon(int size) {
 
 QIcon windowIcon() {
   QIcon icon;
-  for (const int size : {16, 20, 24, 32, 40, 48, 64, 96, 128, 256}) {
+  for (const int size : {16, 20, 24, 32, 40, 48, 64, 96, 128, 256})
     icon.addPixmap(QPixmap::fromImage(paintWindowIcon(size)));
-  }
   return icon;
 }
 

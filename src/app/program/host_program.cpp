@@ -27,7 +27,6 @@
 #include "app/tour/guided_tour.h"
 
 namespace vexnumkr::app {
-
 namespace {
 
 std::optional<std::string> environment(const char* name) {
@@ -60,9 +59,8 @@ void makeGerman(QApplication& application) {
   QLocale::setDefault(QLocale(QLocale::German));
   auto* translator = new QTranslator(&application);
   if (translator->load(QLocale(), QStringLiteral("qtbase"), QStringLiteral("_"),
-                       QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
+                       QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
     QApplication::installTranslator(translator);
-  }
 }
 
 /// Shows the dialog to the user, or by itself in the guided tour.
@@ -92,9 +90,8 @@ int runDialog(int argc, char** argv, const HostOptions& options) {
   StandAloneHost host;
   const std::shared_ptr<Connection> connection = openQtSqlConnection(options.connection);
   const std::unique_ptr<VXNummernkreise> component = createVXNummernkreise(host);
-  if (!component->Init(connection, options.application, options.user, options.date)) {
+  if (!component->Init(connection, options.application, options.user, options.date))
     return exit_status::failed;
-  }
   return showDialog(*component, options);
 }
 

@@ -4,7 +4,6 @@
 #include <map>
 
 namespace vexnumkr::app {
-
 namespace {
 
 constexpr const char* orderProcessing = "ORB";
@@ -175,12 +174,10 @@ std::vector<Preference> preferences() {
 
 std::int32_t preferredCircle(const std::vector<Preference>& preferences, const std::string& origin,
                              const std::string& user, const std::string& key) {
-  for (const Preference& preference : preferences) {
+  for (const Preference& preference : preferences)
     if (preference.origin == origin && preference.user == user &&
-        std::find(preference.keys.begin(), preference.keys.end(), key) != preference.keys.end()) {
+        std::find(preference.keys.begin(), preference.keys.end(), key) != preference.keys.end())
       return preference.circle;
-    }
-  }
   return 0;
 }
 
@@ -202,11 +199,9 @@ std::vector<SampleAssignment> assignments(const SampleCompany& company,
     for (const SampleRange& range : administered) {
       if (!range.active || !belongsTo(range, origin, company.circles)) continue;
       result.push_back({range.circle, range.key, everybody, origin});
-      for (const std::string& user : company.users) {
-        if (preferredCircle(wishes, origin, user, range.key) == range.circle) {
+      for (const std::string& user : company.users)
+        if (preferredCircle(wishes, origin, user, range.key) == range.circle)
           result.push_back({range.circle, range.key, user, origin});
-        }
-      }
     }
   }
   return result;

@@ -15,7 +15,6 @@
 #include "app/sql.h"
 
 namespace vexnumkr::app {
-
 namespace {
 
 std::string flag(bool on) { return on ? "-1" : "0"; }
@@ -65,9 +64,8 @@ void writeRanges(Connection& connection, const std::vector<SampleRange>& ranges)
 
 void writeCircles(Connection& connection, const std::vector<SampleCircle>& circles) {
   Inserter table(connection, "Nummernkreis_Buchungskreise");
-  for (const SampleCircle& circle : circles) {
+  for (const SampleCircle& circle : circles)
     table.add({number(circle.number), sqlText(circle.description), sqlText(circle.origin)});
-  }
   table.flush();
 }
 
@@ -130,10 +128,9 @@ void drop(Connection& connection, const std::vector<std::string>& tables) {
 /// Servers keep the settings in the same database; SQLite's are in a file of their own.
 std::vector<std::string> tableStatements(const std::string& engine) {
   std::vector<std::string> statements = rangeTableStatements(engine);
-  if (engine != "sqlite") {
+  if (engine != "sqlite")
     for (const std::string& statement : settingsTableStatements(engine))
       statements.push_back(statement);
-  }
   return statements;
 }
 

@@ -3,7 +3,6 @@
 #include <algorithm>
 
 namespace vexnumkr::app {
-
 namespace {
 
 constexpr const char* origin = "ORB";

@@ -13,7 +13,6 @@
 #include "app/tour/user_input.h"
 
 namespace vexnumkr::app {
-
 namespace {
 
 constexpr const char* mainDialog = "frmNummernkreise";
@@ -34,9 +33,8 @@ bool isCalled(const QWidget& window, const char* name) {
 
 GuidedTour::GuidedTour(const std::string& folder, std::ostream& narration)
     : folder_(folder), narration_(narration) {
-  if (!QDir().mkpath(QString::fromStdString(folder))) {
+  if (!QDir().mkpath(QString::fromStdString(folder)))
     throw Error(noAccess, "vexnumkr-host", "Der Ordner " + folder + " kann nicht angelegt werden.");
-  }
 }
 
 GuidedTour::~GuidedTour() = default;

@@ -9,7 +9,6 @@
 #include <vexnumkr/error.h>
 
 namespace vexnumkr::app {
-
 namespace {
 
 template <class Widget>
@@ -41,9 +40,8 @@ void pressKeyInFocus(QWidget& window, Qt::Key key) {
 void chooseEntry(QWidget& window, const char* name, int index) {
   auto& combo = child<QComboBox>(window, name);
   const int wanted = qBound(0, index, combo.count() - 1);
-  for (int presses = combo.count(); presses > 0 && combo.currentIndex() != wanted; --presses) {
+  for (int presses = combo.count(); presses > 0 && combo.currentIndex() != wanted; --presses)
     pressKey(combo, combo.currentIndex() < wanted ? Qt::Key_Down : Qt::Key_Up);
-  }
 }
 
 void clickButton(QWidget& window, const char* name) {
