@@ -1,5 +1,6 @@
 #include "app/files.h"
 
+#include <QDir>
 #include <QFile>
 #include <QString>
 
@@ -22,6 +23,11 @@ void makeNewFile(const std::string& file) {
         noAccess, "vexnumkr-host",
         "Die Datei " + file + " kann nicht angelegt werden: " + made.errorString().toStdString());
   }
+}
+
+void makeFolder(const std::string& folder) {
+  if (!QDir().mkpath(QString::fromStdString(folder)))
+    throw Error(noAccess, "vexnumkr-host", "Der Ordner " + folder + " kann nicht angelegt werden.");
 }
 
 }  // namespace vexnumkr::app

@@ -10,6 +10,7 @@
 
 #include <vexnumkr/error.h>
 
+#include "app/files.h"
 #include "app/tour/user_input.h"
 
 namespace vexnumkr::app {
@@ -23,7 +24,6 @@ constexpr const char* grid = "sftNummernkreise";
 
 constexpr int tickMilliseconds = 20;
 constexpr qint64 patienceMilliseconds = 30'000;
-constexpr std::int32_t noAccess = 75;
 
 bool isCalled(const QWidget& window, const char* name) {
   return window.objectName() == QLatin1String(name);
@@ -33,8 +33,7 @@ bool isCalled(const QWidget& window, const char* name) {
 
 GuidedTour::GuidedTour(const std::string& folder, std::ostream& narration)
     : folder_(folder), narration_(narration) {
-  if (!QDir().mkpath(QString::fromStdString(folder)))
-    throw Error(noAccess, "vexnumkr-host", "Der Ordner " + folder + " kann nicht angelegt werden.");
+  makeFolder(folder);
 }
 
 GuidedTour::~GuidedTour() = default;
