@@ -28,6 +28,8 @@ bool sameName(const std::string& a, const std::string& b) {
 }
 
 /// The settings file that belongs to a connection, or empty where its database holds the settings.
+/// The engine is the one that the string names, since only a string that names it has the file's
+/// name, too: where the file of an ODBC data source lies is known to ODBC alone.
 std::string ownFile(const std::string& connectionText) {
   const std::string driver = connectionValue(connectionText, "Driver");
   std::string database = connectionValue(connectionText, "Database");

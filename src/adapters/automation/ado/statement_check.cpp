@@ -33,6 +33,8 @@ std::optional<LexicalRules> lexicalRulesOf(std::string_view connectionString) {
   const bool isOdbc = provider.empty() || provider.starts_with("msdasql");
   const std::string name = isOdbc ? setting(connectionString, "Driver") : provider;
   if (name.empty()) return std::nullopt;
+  // A host may bring a provider for an engine that is in no list here, and is not refused for that:
+  // what counts as a statement there is what does in every SQL.
   const Engine* const engine = engineOfDriverName(name);
   return engine == nullptr ? LexicalRules{} : engine->rules(engine->usualMode);
 }

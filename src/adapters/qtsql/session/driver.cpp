@@ -23,7 +23,9 @@ std::string supportedDrivers() {
   return names.append(odbc);
 }
 
-// The ODBC driver that a connection string of ODBC's names.
+// What a driver has to be told stands in the string that opens it, so its engine is taken from the
+// names there: that of the driver, of the data source, or all there is. Nothing is decided by that
+// but one option; which engine it really is, it is asked as soon as it is open.
 ConnectionSettings preparedForOdbc(ConnectionSettings settings) {
   const std::string name = connectionValue(settings.database, "Driver", ConnectionSyntax::odbc) +
                            connectionValue(settings.database, "DSN", ConnectionSyntax::odbc);
