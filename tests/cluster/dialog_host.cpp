@@ -17,6 +17,7 @@
 #include <vexnumkr/adapters.h>
 
 #include "component/composition.h"
+#include "dialogs/main/grid_columns.h"
 #include "scenario/controls.h"
 #include "scenario/grid_access.h"
 #include "scenario/input.h"
@@ -74,7 +75,8 @@ class Administrator {
   void enter(int circle, int value) {
     const scenario::GridAccess access(*user_.front());
     std::int32_t item = 0;
-    while (access.grid().ItemLevel(item) != 0 || !access.grid().List(item, 1).starts_with(caption_))
+    while (access.grid().ItemLevel(item) != 0 ||
+           !access.grid().List(item, grid_column::Beschreibung).starts_with(caption_))
       ++item;
     item += 1 + circle;
     scenario::clickAt(*access.view().viewport(), access.cellCentre(item, 4));

@@ -194,7 +194,7 @@ Lines DialogSession::tree() const {
   const scenario::GridAccess access = gridAccess();
   Lines lines;
   for (std::int32_t item = 0; item < access.grid().ListCount(); ++item) {
-    const std::string caption = access.grid().List(item, 1);
+    const std::string caption = access.grid().List(item, grid_column::Beschreibung);
     const bool isGroup = access.grid().ItemLevel(item) == 0;
     lines.push_back(isGroup ? caption : access.pictureName(item) + " " + caption);
   }
@@ -202,7 +202,7 @@ Lines DialogSession::tree() const {
 }
 
 std::string DialogSession::values(std::int32_t item) const {
-  std::string line = cell(item, 2);
+  std::string line = cell(item, grid_column::Start);
   for (std::int16_t column = 3; column <= 5; ++column) line += "|" + cell(item, column);
   return line;
 }

@@ -24,6 +24,7 @@
 #include <vector>
 
 #include "component/composition.h"
+#include "dialogs/main/grid_columns.h"
 #include "scenario/database.h"
 #include "scenario/grid_access.h"
 #include "scenario/watchdog.h"

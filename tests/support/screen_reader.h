@@ -7,6 +7,10 @@
 
 namespace vexnumkr::test {
 
+/// Where a screen reader's table of a grid, and the grid's view, show a column: the first column is
+/// hidden, so all others have moved up, as long as none of them is hidden.
+constexpr int sectionOf(int column) { return column - 1; }
+
 /// While one of these lives, accessibility is active, and what is told is noted as lines: "focus",
 /// "name", "value", "checked", "expanded" or "rows" with the name of what it is about, e.g. "focus
 /// Standard". At most one lives at a time. REQUIRES: a QGuiApplication.

@@ -48,7 +48,7 @@ class DialogBrokenHostTest : public DialogSession {
     EXPECT_EQ(picture(2), "ValueTrue");
     select("cboUser", "Alle Benutzer");
     switchSpecialRange();
-    click(2, 3);
+    click(2, grid_column::Aktuell);
     type("160");
     key("Enter");
     clickPicture(3);
@@ -73,7 +73,7 @@ class DialogBrokenHostTest : public DialogSession {
     });
     press("cmdSonderkreise");
     EXPECT_EQ(grid().ListCount(), 12);
-    click(9, 2);  // it is in use, so it needs numbers
+    click(9, grid_column::Start);  // it is in use, so it needs numbers
     type("5000");
     key("Tab", 2);
     type("5999");
@@ -222,7 +222,7 @@ TEST_P(BrokenMessages, LeaveFailuresToTheStandardBox) {
     press("cmdBuchungskreise");
     EXPECT_EQ(boxes(),
               (Boxes{errorBox(4711, "basAllgemein", "RefreshCombo", deliberateErrorText)}));
-    click(2, 3);
+    click(2, grid_column::Aktuell);
     type("160");
     key("Enter");
     statements();
@@ -279,7 +279,7 @@ TEST_F(BrokenMessageBoxes, AQuestionThatCannotBeAskedKeepsTheDialogAndItsTransac
     press("cmdAuto");
     EXPECT_EQ(values(2), "100|150|199|JNN");
     EXPECT_FALSE(changed());
-    click(2, 3);
+    click(2, grid_column::Aktuell);
     type("160");
     key("Enter");
     statements();
@@ -288,7 +288,7 @@ TEST_F(BrokenMessageBoxes, AQuestionThatCannotBeAskedKeepsTheDialogAndItsTransac
     closeWindow();
     ASSERT_TRUE(isOpen());
     EXPECT_EQ(statements(), Lines{});
-    EXPECT_EQ(cell(2, 3), "160");
+    EXPECT_EQ(cell(2, grid_column::Aktuell), "160");
     EXPECT_TRUE(changed());
     EXPECT_EQ(rows(stored), Lines{"150"});
     messages().failing.clear();
@@ -303,7 +303,7 @@ TEST_F(BrokenMessageBoxes, AQuestionThatCannotBeAskedKeepsTheDialogAndItsTransac
 TEST_F(BrokenMessageBoxes, AWrongEntryIsRefusedAlsoWithoutAWord) {
   messages().failing = "Show";
   open(1, [&] {
-    click(2, 3);
+    click(2, grid_column::Aktuell);
     type("viel");
     key("Enter");
     EXPECT_EQ(editor(), "2/3 viel");

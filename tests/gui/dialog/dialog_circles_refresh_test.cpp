@@ -47,8 +47,8 @@ class DialogCirclesRefreshTest
                       (isVisible(combo) ? "" : " (hidden)"));
     const Lines items = tree();
     for (std::int32_t i = 0; i < grid().ListCount(); ++i)
-      lines.push_back(items[static_cast<std::size_t>(i)] + " " + cell(i, 2) + "|" + cell(i, 3) +
-                      "|" + cell(i, 4));
+      lines.push_back(items[static_cast<std::size_t>(i)] + " " + cell(i, grid_column::Start) + "|" +
+                      cell(i, grid_column::Aktuell) + "|" + cell(i, grid_column::Ende));
     return lines;
   }
 

@@ -91,8 +91,8 @@ TEST_F(DialogCirclesTest, TheNewCircleCanBeChosen) {
 TEST_F(DialogCirclesTest, ARenamedCircleIsRenamedEverywhere) {
   inCompany(2, [&] {
     administer(renameNord);
-    EXPECT_EQ(cell(2, 1), "Norden");
-    EXPECT_EQ(cell(6, 1), "Norden");
+    EXPECT_EQ(cell(2, grid_column::Beschreibung), "Norden");
+    EXPECT_EQ(cell(6, grid_column::Beschreibung), "Norden");
     select("cboUser", "Max");
     EXPECT_EQ(tree()[2], "ValueTrue Norden");
     EXPECT_TRUE(changed());
@@ -208,7 +208,7 @@ TEST_F(DialogCirclesTest, OkKeepsThem) {
   inCompany(2, [&] {
     administer(addWest);
     clickPicture(4);
-    click(4, 2);
+    click(4, grid_column::Start);
     type("300");
     key("Tab", 2);
     type("399");

@@ -11,7 +11,7 @@ class DialogClosingTest : public DialogSession {
   /// Opens the dialog and enters 160 as the current value of offers of Nord.
   void inChangedCompany(std::int32_t application, const std::function<void()>& steps) {
     inCompany(application, [&] {
-      click(2, 3);
+      click(2, grid_column::Aktuell);
       type("160");
       key("Enter");
       ASSERT_TRUE(changed());
@@ -206,7 +206,7 @@ TEST_F(DialogClosingTest, AFailedStatementRollsBackAndBeginsAnew) {
       EXPECT_EQ(sent[place - 1].find(text), 0U) << sent[place - 1];
       EXPECT_TRUE(sent[place - 1].ends_with(" !failed"));
       EXPECT_EQ((Lines{sent[place], sent[place + 1]}), (Lines{"conn: ROLLBACK", "conn: BEGIN"}));
-      EXPECT_EQ(cell(2, 3), "160");
+      EXPECT_EQ(cell(2, grid_column::Aktuell), "160");
       EXPECT_TRUE(changed());
       EXPECT_EQ(storedValue(), "150");
     }

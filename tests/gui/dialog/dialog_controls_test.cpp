@@ -153,7 +153,7 @@ TEST_F(DialogControlsTest, Application1SwitchesTheFonts) {
     EXPECT_TRUE(narrow.bold());
     EXPECT_EQ(narrow.pixelSize(), 13);  // 10 points
     EXPECT_EQ(view().header()->font().family(), QStringLiteral("MS Sans Serif"));
-    click(1, 2);
+    click(1, grid_column::Start);
     EXPECT_EQ(gridAccess().editor().font().family(), QStringLiteral("MS Sans Serif"));
   });
 }
@@ -225,7 +225,7 @@ TEST_F(DialogControlsTest, DoNotOverlapInTheSmallestWindow) {
 // An edit in progress stays with its cell.
 TEST_F(DialogControlsTest, ResizingKeepsAnOpenEditor) {
   inCompany(2, [&] {
-    click(2, 3);
+    click(2, grid_column::Aktuell);
     type("17");
     resize(dialog().width() + 120, dialog().height() + 30);
     EXPECT_EQ(editor(), "2/3 17");

@@ -26,7 +26,7 @@ class DialogEditorWalkTest : public DialogSession {
 
 TEST_F(DialogEditorWalkTest, F2BeginsInStartWithTheWholeTextSelected) {
   inCompany(2, [&] {
-    click(2, 1);
+    click(2, grid_column::Beschreibung);
     key("F2");
     EXPECT_EQ(editor(), "2/2 100");
     EXPECT_EQ(selectedText(), "100");
@@ -36,7 +36,7 @@ TEST_F(DialogEditorWalkTest, F2BeginsInStartWithTheWholeTextSelected) {
 
 TEST_F(DialogEditorWalkTest, F2LeavesGroupsAlone) {
   inCompany(2, [&] {
-    click(4, 1);
+    click(4, grid_column::Beschreibung);
     key("F2");
     EXPECT_EQ(editor(), "none");
   });
@@ -55,8 +55,8 @@ TEST_F(DialogEditorWalkTest, AClickOpensEveryValueCell) {
 
 TEST_F(DialogEditorWalkTest, AClickOnADescriptionOnlySelects) {
   inCompany(2, [&] {
-    click(2, 2);
-    click(6, 1);
+    click(2, grid_column::Start);
+    click(6, grid_column::Beschreibung);
     EXPECT_EQ(editor(), "none");
     EXPECT_EQ(grid().ListIndex(), 6);
   });
@@ -64,7 +64,7 @@ TEST_F(DialogEditorWalkTest, AClickOnADescriptionOnlySelects) {
 
 TEST_F(DialogEditorWalkTest, OnlyTheLeftButtonOpens) {
   inCompany(2, [&] {
-    click(2, 2, Qt::RightButton);
+    click(2, grid_column::Start, Qt::RightButton);
     EXPECT_EQ(editor(), "none");
     EXPECT_EQ(grid().ListIndex(), 2);
   });
@@ -72,7 +72,7 @@ TEST_F(DialogEditorWalkTest, OnlyTheLeftButtonOpens) {
 
 TEST_F(DialogEditorWalkTest, AGroupsEmptyCellsOpenToo) {
   inCompany(2, [&] {
-    click(0, 3);
+    click(0, grid_column::Aktuell);
     EXPECT_EQ(editor(), "0/3 ");
     key("Enter");  // untouched, it is left without a word
     EXPECT_EQ(editor(), "0/4 ");
@@ -81,11 +81,11 @@ TEST_F(DialogEditorWalkTest, AGroupsEmptyCellsOpenToo) {
 
 TEST_F(DialogEditorWalkTest, TheEditorIsSetInTheCellsOwnFont) {
   inCompany(2, [&] {
-    click(2, 3);
+    click(2, grid_column::Aktuell);
     EXPECT_EQ(gridAccess().editor().font().family(), QStringLiteral("Tahoma"));
     EXPECT_FALSE(gridAccess().editor().font().bold());
-    grid().CellFontBold(3, 3, true);
-    click(3, 3);
+    grid().CellFontBold(3, grid_column::Aktuell, true);
+    click(3, grid_column::Aktuell);
     EXPECT_TRUE(gridAccess().editor().font().bold());
   });
 }
@@ -105,9 +105,9 @@ TEST_F(DialogEditorWalkTest, AUsersViewOpensNothing) {
 
 TEST_F(DialogEditorWalkTest, AClickIntoTheOpenCellOnlyMovesTheCaret) {
   inCompany(2, [&] {
-    click(2, 3);
+    click(2, grid_column::Aktuell);
     type("1234");
-    click(2, 3);
+    click(2, grid_column::Aktuell);
     EXPECT_EQ(editor(), "2/3 1234");
     EXPECT_EQ(selectedText(), "");
     EXPECT_FALSE(changed());
@@ -116,7 +116,7 @@ TEST_F(DialogEditorWalkTest, AClickIntoTheOpenCellOnlyMovesTheCaret) {
 
 TEST_F(DialogEditorWalkTest, TabGoesThroughTheNumbersAndAround) {
   inCompany(2, [&] {
-    click(2, 2);
+    click(2, grid_column::Start);
     EXPECT_EQ(walk("Tab", 15), (Lines{"2/3", "2/4", "3/2", "3/3", "3/4",         // over the group
                                       "5/2", "5/3", "5/4", "6/2", "6/3", "6/4",  //
                                       "7/2", "7/3", "7/4",                       // around
@@ -128,11 +128,11 @@ TEST_F(DialogEditorWalkTest, TabGoesThroughTheNumbersAndAround) {
 
 TEST_F(DialogEditorWalkTest, EnterGoesTheSameWayWithEveryModifier) {
   inCompany(2, [&] {
-    click(3, 3);
+    click(3, grid_column::Aktuell);
     EXPECT_EQ(walk("Enter", 1), Lines{"3/4"});
     EXPECT_EQ(walk("Ctrl+Enter", 1), Lines{"5/2"});
     EXPECT_EQ(walk("Shift+Enter", 1), Lines{"5/3"});
-    click(7, 4);
+    click(7, grid_column::Ende);
     EXPECT_EQ(walk("Enter", 1), Lines{"1/2"});
     EXPECT_TRUE(isOpen());  // the default button is not meant
   });
@@ -140,7 +140,7 @@ TEST_F(DialogEditorWalkTest, EnterGoesTheSameWayWithEveryModifier) {
 
 TEST_F(DialogEditorWalkTest, ShiftTabGoesBackAndAround) {
   inCompany(2, [&] {
-    click(5, 3);
+    click(5, grid_column::Aktuell);
     EXPECT_EQ(walk("Shift+Tab", 12), (Lines{"5/2", "3/4", "3/3", "3/2", "2/4", "2/3", "2/2", "1/4",
                                             "1/3", "1/2", "7/4", "7/3"}));
   });
@@ -148,25 +148,25 @@ TEST_F(DialogEditorWalkTest, ShiftTabGoesBackAndAround) {
 
 TEST_F(DialogEditorWalkTest, CtrlRightReachesTheMasks) {
   inCompany(2, [&] {
-    click(3, 4);
+    click(3, grid_column::Ende);
     EXPECT_EQ(walk("Ctrl+Right", 4), (Lines{"3/5", "5/2", "5/3", "5/4"}));
-    click(7, 4);
+    click(7, grid_column::Ende);
     EXPECT_EQ(walk("Ctrl+Right", 2), (Lines{"7/5", "1/2"}));
   });
 }
 
 TEST_F(DialogEditorWalkTest, CtrlLeftReachesTheMasks) {
   inCompany(2, [&] {
-    click(5, 2);
+    click(5, grid_column::Start);
     EXPECT_EQ(walk("Ctrl+Left", 2), (Lines{"3/5", "3/4"}));
-    click(1, 3);
+    click(1, grid_column::Aktuell);
     EXPECT_EQ(walk("Ctrl+Left", 3), (Lines{"1/2", "7/5", "7/4"}));
   });
 }
 
 TEST_F(DialogEditorWalkTest, PlainArrowsMoveTheCaret) {
   inCompany(2, [&] {
-    click(2, 3);
+    click(2, grid_column::Aktuell);
     key("Left");
     EXPECT_EQ(editor(), "2/3 150");
     EXPECT_EQ(gridAccess().editor().cursorPosition(), 2);
@@ -178,30 +178,30 @@ TEST_F(DialogEditorWalkTest, PlainArrowsMoveTheCaret) {
 
 TEST_F(DialogEditorWalkTest, InAMaskTabGoesOnToTheNextRange) {
   inCompany(2, [&] {
-    click(3, 5);
+    click(3, grid_column::Maske);
     EXPECT_EQ(walk("Tab", 1), Lines{"5/2"});
-    click(5, 5);
+    click(5, grid_column::Maske);
     EXPECT_EQ(walk("Shift+Tab", 1), Lines{"5/4"});
   });
 }
 
 TEST_F(DialogEditorWalkTest, InTheLastMaskTabGoesNowhereAndEnterEnds) {
   inCompany(2, [&] {
-    click(7, 5);
+    click(7, grid_column::Maske);
     type("NNN");
     key("Tab");
     EXPECT_EQ(editor(), "7/5 NNN");
-    EXPECT_EQ(cell(7, 5), "0");
+    EXPECT_EQ(cell(7, grid_column::Maske), "0");
     key("Enter");
     EXPECT_EQ(editor(), "none");
-    EXPECT_EQ(cell(7, 5), "NNN");
+    EXPECT_EQ(cell(7, grid_column::Maske), "NNN");
     EXPECT_TRUE(isOpen());
   });
 }
 
 TEST_F(DialogEditorWalkTest, AtTheTopTheWayBackEnds) {
   inCompany(2, [&] {
-    click(0, 2);
+    click(0, grid_column::Start);
     EXPECT_EQ(walk("Shift+Tab", 1), Lines{"0/2"});
     EXPECT_EQ(walk("Ctrl+Left", 1), Lines{"0/2"});
     EXPECT_EQ(walk("Tab", 2), (Lines{"0/3", "0/4"}));
@@ -217,9 +217,9 @@ TEST_F(DialogEditorWalkTest, TwoGroupsInARow) {
       if (table.at(row).NSchl == "AN") table.setAktiviert(row, false);
     select("cboBuchungskreis", "Aktive Buchungskreise");
     ASSERT_EQ(tree(), (Lines{"Angebot (AN)", "Rechnung (RE)", "Checked Standard", "Checked Nord"}));
-    click(2, 2);
+    click(2, grid_column::Start);
     EXPECT_EQ(walk("Shift+Tab", 1), Lines{"0/4"});
-    click(3, 4);
+    click(3, grid_column::Ende);
     EXPECT_EQ(walk("Tab", 1), Lines{"2/2"});  // around, to the first range
   });
 }
@@ -229,7 +229,7 @@ TEST_F(DialogEditorWalkTest, WithoutAnyRangeTheWayAroundJustEnds) {
     XArray& table = session().XArray();
     for (std::int32_t row = 0; row < table.size(); ++row) table.setAktiviert(row, false);
     select("cboBuchungskreis", "Aktive Buchungskreise");
-    click(1, 4);
+    click(1, grid_column::Ende);
     EXPECT_EQ(walk("Tab", 1), Lines{"none"});
     EXPECT_EQ(focus(), "sftNummernkreise");
   });
@@ -237,9 +237,9 @@ TEST_F(DialogEditorWalkTest, WithoutAnyRangeTheWayAroundJustEnds) {
 
 TEST_F(DialogEditorWalkTest, TheWalkOpensACollapsedGroup) {
   inCompany(2, [&] {
-    click(4, 1);
+    click(4, grid_column::Beschreibung);
     key("Left");
-    click(3, 4);
+    click(3, grid_column::Ende);
     EXPECT_EQ(walk("Tab", 1), Lines{"5/2"});
     EXPECT_TRUE(gridAccess().editor().isVisible());
     const QModelIndex group = gridAccess().view().gridModel().indexOf(4);
@@ -249,11 +249,11 @@ TEST_F(DialogEditorWalkTest, TheWalkOpensACollapsedGroup) {
 
 TEST_F(DialogEditorWalkTest, EscapeDropsTheEntryAndKeepsTheDialog) {
   inCompany(2, [&] {
-    click(2, 3);
+    click(2, grid_column::Aktuell);
     type("160");
     key("Escape");
     EXPECT_EQ(editor(), "none");
-    EXPECT_EQ(cell(2, 3), "150");
+    EXPECT_EQ(cell(2, grid_column::Aktuell), "150");
     EXPECT_FALSE(changed());
     EXPECT_TRUE(isOpen());
     EXPECT_EQ(focus(), "sftNummernkreise");

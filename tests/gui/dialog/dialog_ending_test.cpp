@@ -12,7 +12,7 @@ TEST_F(DialogEndingTest, TheTransactionIsRolledBackUnasked) {
   smallCompany("ORC");
   init(2);
   showToTheEnd([&] {
-    click(2, 3);
+    click(2, grid_column::Aktuell);
     type("160");
     key("Enter");
     ASSERT_TRUE(changed());
@@ -28,7 +28,7 @@ TEST_F(DialogEndingTest, AnOpenEntryIsDropped) {
   smallCompany("ORC");
   init(2);
   showToTheEnd([&] {
-    click(2, 3);
+    click(2, grid_column::Aktuell);
     type("keine Zahl");
     statements();
   });

@@ -25,7 +25,7 @@ class DialogEntriesTest : public DialogSession {
 
 TEST_F(DialogEntriesTest, AreWrittenForEveryUserOfTheRange) {
   inCompany(2, [&] {
-    enter(2, 4, "188");
+    enter(2, grid_column::Ende, "188");
     EXPECT_EQ(values(2), "100|150|188|JNN");
     EXPECT_EQ(common(1, "AN"), "100|150|188|JNN|True");
     EXPECT_EQ(range("Anna", 1, "AN"), "100|150|188|JNN|False");
@@ -38,10 +38,10 @@ TEST_F(DialogEntriesTest, AreWrittenForEveryUserOfTheRange) {
 
 TEST_F(DialogEntriesTest, EveryColumnHasItsOwnPlace) {
   inCompany(2, [&] {
-    enter(3, 2, "10");
-    enter(3, 3, "11");
-    enter(3, 4, "12");
-    enter(3, 5, "NN");
+    enter(3, grid_column::Start, "10");
+    enter(3, grid_column::Aktuell, "11");
+    enter(3, grid_column::Ende, "12");
+    enter(3, grid_column::Maske, "NN");
     EXPECT_EQ(values(3), "10|11|12|NN");
     EXPECT_EQ(common(2, "AN"), "10|11|12|NN|False");
   });
@@ -49,7 +49,7 @@ TEST_F(DialogEntriesTest, EveryColumnHasItsOwnPlace) {
 
 TEST_F(DialogEntriesTest, RaisingTheStartDragsTheCurrentValueAlong) {
   inCompany(2, [&] {
-    enter(2, 2, "170");
+    enter(2, grid_column::Start, "170");
     EXPECT_EQ(values(2), "170|170|199|JNN");
     for (const char* user : {"Alle Benutzer", "Anna", "Max"})
       EXPECT_EQ(range(user, 1, "AN").substr(0, 7), "170|170") << user;
@@ -58,23 +58,24 @@ TEST_F(DialogEntriesTest, RaisingTheStartDragsTheCurrentValueAlong) {
 
 TEST_F(DialogEntriesTest, OtherStartsLeaveTheCurrentValue) {
   inCompany(2, [&] {
-    enter(2, 2, "150");
+    enter(2, grid_column::Start, "150");
     EXPECT_EQ(values(2), "150|150|199|JNN");
-    enter(2, 2, "0150");
+    enter(2, grid_column::Start, "0150");
     EXPECT_EQ(values(2), "0150|150|199|JNN");
-    enter(2, 2, "20");
+    enter(2, grid_column::Start, "20");
     EXPECT_EQ(values(2), "20|150|199|JNN");
     EXPECT_EQ(common(1, "AN"), "20|150|199|JNN|True");
-    enter(2, 3, "5");  // and the current value may lie anywhere until the dialog is saved
+    enter(2, grid_column::Aktuell,
+          "5");  // and the current value may lie anywhere until the dialog is saved
     EXPECT_EQ(values(2), "20|5|199|JNN");
   });
 }
 
 TEST_F(DialogEntriesTest, StartsAreComparedAsNumbers) {
   inCompany(2, [&] {
-    enter(2, 2, "1.000");
+    enter(2, grid_column::Start, "1.000");
     EXPECT_EQ(values(2), "1.000|1.000|199|JNN");
-    enter(6, 2, "-3");
+    enter(6, grid_column::Start, "-3");
     EXPECT_EQ(values(6), "-3|2000|2999| ");
   });
 }
@@ -82,8 +83,8 @@ TEST_F(DialogEntriesTest, StartsAreComparedAsNumbers) {
 TEST_F(DialogEntriesTest, EveryNumberIsAccepted) {
   inCompany(2, [&] {
     for (const char* text : {" 12 ", "+7", "-5", "1.000", "12.345.678", "2,5", ",5"}) {
-      enter(2, 3, text);
-      EXPECT_EQ(cell(2, 3), text);
+      enter(2, grid_column::Aktuell, text);
+      EXPECT_EQ(cell(2, grid_column::Aktuell), text);
       EXPECT_EQ(editor(), "2/4 199") << text;
     }
   });
@@ -111,25 +112,25 @@ TEST_F(DialogEntriesTest, WhatIsNoNumberIsRefused) {
 
 TEST_F(DialogEntriesTest, ARefusedEntryCanBeCorrected) {
   inCompany(2, [&] {
-    enter(2, 4, "zwei");
+    enter(2, grid_column::Ende, "zwei");
     EXPECT_EQ(boxes().size(), 1U);
     type("198");  // over the refused text
     key("Enter");
-    EXPECT_EQ(cell(2, 4), "198");
+    EXPECT_EQ(cell(2, grid_column::Ende), "198");
     EXPECT_EQ(editor(), "3/2 200");
   });
 }
 
 TEST_F(DialogEntriesTest, WhileAnEntryIsRefusedNothingElseHappens) {
   inCompany(2, [&] {
-    click(2, 4);
+    click(2, grid_column::Ende);
     type("x");
     const std::vector<std::function<void()>> wishes = {[&] { key("Tab"); },
                                                        [&] { key("Shift+Tab"); },
                                                        [&] { key("Enter"); },
                                                        [&] { key("Ctrl+Left"); },
-                                                       [&] { click(6, 2); },
-                                                       [&] { click(6, 1); },
+                                                       [&] { click(6, grid_column::Start); },
+                                                       [&] { click(6, grid_column::Beschreibung); },
                                                        [&] { clickPicture(3); },
                                                        [&] { press("cmdAuto"); },
                                                        [&] { press("cmdBuchungskreise"); },
@@ -161,9 +162,9 @@ TEST_F(DialogEntriesTest, EveryWayOfLeavingKeepsTheText) {
   inCompany(2, [&] {
     answer("no");  // to cmdAuto
     const std::vector<std::function<void()>> ways = {
-        [&] { click(6, 2); },
-        [&] { click(6, 1); },
-        [&] { click(0, 1); },
+        [&] { click(6, grid_column::Start); },
+        [&] { click(6, grid_column::Beschreibung); },
+        [&] { click(0, grid_column::Beschreibung); },
         [&] { clickPicture(3); },
         [&] { press("cmdAuto"); },
         [&] { press("cmdBuchungskreise"); },
@@ -174,10 +175,10 @@ TEST_F(DialogEntriesTest, EveryWayOfLeavingKeepsTheText) {
         [&] { key("Shift+Tab"); }};
     for (std::size_t way = 0; way < ways.size(); ++way) {
       const std::string text = std::to_string(160 + way);
-      click(2, 3);
+      click(2, grid_column::Aktuell);
       type(text);
       ways[way]();
-      EXPECT_EQ(cell(2, 3), text) << way;
+      EXPECT_EQ(cell(2, grid_column::Aktuell), text) << way;
       EXPECT_EQ(common(1, "AN"), "100|" + text + "|199|JNN|True") << way;
     }
     EXPECT_EQ(boxes().size(), 1U);
@@ -186,7 +187,7 @@ TEST_F(DialogEntriesTest, EveryWayOfLeavingKeepsTheText) {
 
 TEST_F(DialogEntriesTest, F8KeepsTheTextAndShowsTheNextUser) {
   inCompany(2, [&] {
-    click(2, 3);
+    click(2, grid_column::Aktuell);
     type("160");
     key("F8");
     EXPECT_EQ(shown("cboUser"), "Anna");
@@ -197,7 +198,7 @@ TEST_F(DialogEntriesTest, F8KeepsTheTextAndShowsTheNextUser) {
 
 TEST_F(DialogEntriesTest, OkSavesTheTextBeingTyped) {
   inCompany(2, [&] {
-    click(2, 3);
+    click(2, grid_column::Aktuell);
     type("160");
     press("cmdOK");
     EXPECT_FALSE(isOpen());
@@ -208,7 +209,7 @@ TEST_F(DialogEntriesTest, OkSavesTheTextBeingTyped) {
 
 TEST_F(DialogEntriesTest, F9SavesTheTextBeingTyped) {
   inCompany(2, [&] {
-    click(2, 3);
+    click(2, grid_column::Aktuell);
     type("161");
     key("F9");
     EXPECT_FALSE(isOpen());
@@ -219,7 +220,7 @@ TEST_F(DialogEntriesTest, F9SavesTheTextBeingTyped) {
 
 TEST_F(DialogEntriesTest, CancelDropsTheTextBeingTypedWhateverItIs) {
   inCompany(2, [&] {
-    click(2, 3);
+    click(2, grid_column::Aktuell);
     type("nichts");
     press("cmdCancel");
     EXPECT_FALSE(isOpen());
@@ -229,7 +230,7 @@ TEST_F(DialogEntriesTest, CancelDropsTheTextBeingTypedWhateverItIs) {
 
 TEST_F(DialogEntriesTest, F10DropsTheTextBeingTyped) {
   inCompany(2, [&] {
-    click(2, 3);
+    click(2, grid_column::Aktuell);
     type("nichts");
     key("F10");
     EXPECT_FALSE(isOpen());
@@ -239,7 +240,7 @@ TEST_F(DialogEntriesTest, F10DropsTheTextBeingTyped) {
 
 TEST_F(DialogEntriesTest, TheSameTextAgainChangesNothing) {
   inCompany(2, [&] {
-    enter(2, 2, "100");
+    enter(2, grid_column::Start, "100");
     EXPECT_FALSE(changed());
     EXPECT_EQ(common(1, "AN"), "100|150|199|JNN|True");
   });
@@ -247,16 +248,16 @@ TEST_F(DialogEntriesTest, TheSameTextAgainChangesNothing) {
 
 TEST_F(DialogEntriesTest, TheSameNumberInAnotherFormIsAChange) {
   inCompany(2, [&] {
-    enter(2, 2, "0100");
+    enter(2, grid_column::Start, "0100");
     EXPECT_TRUE(changed());
-    EXPECT_EQ(cell(2, 2), "0100");
+    EXPECT_EQ(cell(2, grid_column::Start), "0100");
   });
 }
 
 TEST_F(DialogEntriesTest, AnEmptyMaskIsOneBlankInItsCell) {
   inCompany(2, [&] {
-    enter(2, 5, "");
-    EXPECT_EQ(cell(2, 5), " ");
+    enter(2, grid_column::Maske, "");
+    EXPECT_EQ(cell(2, grid_column::Maske), " ");
     EXPECT_EQ(common(1, "AN"), "100|150|199||True");
     EXPECT_TRUE(changed());
   });
@@ -264,8 +265,8 @@ TEST_F(DialogEntriesTest, AnEmptyMaskIsOneBlankInItsCell) {
 
 TEST_F(DialogEntriesTest, MasksAreTakenAsTheyAreButForBlanksAround) {
   inCompany(2, [&] {
-    enter(2, 5, "  JJ NNN-x ");
-    EXPECT_EQ(cell(2, 5), "  JJ NNN-x ");
+    enter(2, grid_column::Maske, "  JJ NNN-x ");
+    EXPECT_EQ(cell(2, grid_column::Maske), "  JJ NNN-x ");
     EXPECT_EQ(common(1, "AN"), "100|150|199|JJ NNN-x|True");
     EXPECT_EQ(boxes(), Boxes{});
   });
@@ -273,7 +274,7 @@ TEST_F(DialogEntriesTest, MasksAreTakenAsTheyAreButForBlanksAround) {
 
 TEST_F(DialogEntriesTest, ABlankMaskTypedAgainIsNoChange) {
   inCompany(2, [&] {
-    enter(1, 5, " ");
+    enter(1, grid_column::Maske, " ");
     EXPECT_FALSE(changed());
   });
 }
@@ -281,18 +282,18 @@ TEST_F(DialogEntriesTest, ABlankMaskTypedAgainIsNoChange) {
 TEST_F(DialogEntriesTest, ANumberBeyondTheIntegersIsRefused) {
   inCompany(2, [&] {
     for (const char* number : {"99999999999", "2147483648", "2147483647,5", "-2147483649"}) {
-      enter(2, 4, number);
+      enter(2, grid_column::Ende, number);
       EXPECT_EQ(boxes(),
                 (Boxes{{"Info",
                         "Bitte geben Sie eine Zahl zwischen -2147483648 und 2147483647 ein.", 0}}))
           << number;
       EXPECT_EQ(editor(), std::string("2/4 ") + number);
       key("Escape");
-      EXPECT_EQ(cell(2, 4), "199");
+      EXPECT_EQ(cell(2, grid_column::Ende), "199");
     }
     EXPECT_EQ(common(1, "AN"), "100|150|199|JNN|True");
     EXPECT_FALSE(changed());
-    enter(2, 4, "2147483647");
+    enter(2, grid_column::Ende, "2147483647");
     EXPECT_EQ(boxes(), Boxes{});
     EXPECT_EQ(common(1, "AN"), "100|150|2147483647|JNN|True");
     EXPECT_TRUE(changed());
@@ -302,9 +303,9 @@ TEST_F(DialogEntriesTest, ANumberBeyondTheIntegersIsRefused) {
 // A group has no values of its own, so its cells are empty again.
 TEST_F(DialogEntriesTest, AnEntryInAGroupGoesToTheStandardRange) {
   inCompany(2, [&] {
-    enter(0, 2, "3");
+    enter(0, grid_column::Start, "3");
     EXPECT_EQ(boxes(), Boxes{});
-    EXPECT_EQ(cell(0, 2), "");
+    EXPECT_EQ(cell(0, grid_column::Start), "");
     EXPECT_EQ(values(1), "3|5|99| ");
     EXPECT_TRUE(changed());
     EXPECT_EQ(common(0, "AN"), "3|5|99||True");
@@ -314,11 +315,11 @@ TEST_F(DialogEntriesTest, AnEntryInAGroupGoesToTheStandardRange) {
 
 TEST_F(DialogEntriesTest, AGroupsCellRefusesWhatIsNoNumber) {
   inCompany(2, [&] {
-    enter(0, 4, "x");
+    enter(0, grid_column::Ende, "x");
     EXPECT_EQ(boxes(), Boxes{notANumber});
     EXPECT_EQ(editor(), "0/4 x");
     key("Escape");
-    EXPECT_EQ(cell(0, 4), "");
+    EXPECT_EQ(cell(0, grid_column::Ende), "");
   });
 }
 
@@ -332,9 +333,9 @@ TEST_F(DialogEntriesTest, TheMaskColumnExplainsMasks) {
         "(z. B. J%%J --> 24), N=numerische Stelle\n"
         "und numerische Werte (von 0 bis 9).\n"
         "Alphanumerische Eingaben werden ignoriert.";
-    EXPECT_EQ(toolTip(2, 5), tip);
-    EXPECT_EQ(toolTip(0, 5), tip);
-    EXPECT_EQ(toolTip(2, 4), "");
+    EXPECT_EQ(toolTip(2, grid_column::Maske), tip);
+    EXPECT_EQ(toolTip(0, grid_column::Maske), tip);
+    EXPECT_EQ(toolTip(2, grid_column::Ende), "");
   });
 }
 
@@ -342,18 +343,18 @@ TEST_F(DialogEntriesTest, ItsExampleIsForTheYearOfTheSession) {
   smallCompany("ORC");
   init(2, "20071231");
   show([&] {
-    EXPECT_NE(toolTip(2, 5).find("(z. B. J%%J --> 27)"), std::string::npos);
+    EXPECT_NE(toolTip(2, grid_column::Maske).find("(z. B. J%%J --> 27)"), std::string::npos);
     press("cmdCancel");
   });
 }
 
 TEST_F(DialogEntriesTest, OtherColumnsTellWhatDoesNotFit) {
   inCompany(2, [&] {
-    click(2, 3);
+    click(2, grid_column::Aktuell);
     type("000000000000000000000000000160");
     key("Enter");
-    EXPECT_EQ(toolTip(2, 3), "000000000000000000000000000160");
-    EXPECT_EQ(toolTip(2, 4), "");
+    EXPECT_EQ(toolTip(2, grid_column::Aktuell), "000000000000000000000000000160");
+    EXPECT_EQ(toolTip(2, grid_column::Ende), "");
   });
 }
 
@@ -379,10 +380,10 @@ TEST_F(DialogEntriesTest, AMaskIsNoLongerThanItsColumn) {
   inCompany(2, [&] {
     const int limit = session().Conn().TextLimit("Nummernkreise", "Maske");
     const std::string typed(300, 'N');
-    enter(2, 5, typed);
+    enter(2, grid_column::Maske, typed);
     key("Escape");
     EXPECT_GT(limit, 0);
-    EXPECT_EQ(cell(2, 5), typed.substr(0, static_cast<std::size_t>(limit)));
+    EXPECT_EQ(cell(2, grid_column::Maske), typed.substr(0, static_cast<std::size_t>(limit)));
   });
 }
 
@@ -400,7 +401,7 @@ TEST_F(DialogEntriesTest, DeclinedNumberingChangesNothing) {
 
 TEST_F(DialogEntriesTest, NumberingThatFailsIsReportedAndNotShown) {
   inCompany(2, [&] {
-    enter(2, 5, "NNNNNNNNNN");
+    enter(2, grid_column::Maske, "NNNNNNNNNN");
     answer("yes");
     press("cmdAuto");
     const Boxes raised = boxes();

@@ -57,7 +57,7 @@ class DialogFailuresTest : public DialogSession {
     EXPECT_EQ(tree(),
               (Lines{"Angebot (AN)", "Checked Standard", "Checked Nord", "Unchecked Süd",
                      "Rechnung (RE)", "Checked Standard", "Checked Nord", "Unchecked Süd"}));
-    click(1, 3);
+    click(1, grid_column::Aktuell);
     type("7");
     key("Enter");
     EXPECT_EQ(range("Anna", 0, "AN").substr(0, 4), "1|7|");
@@ -82,7 +82,7 @@ TEST_F(DialogFailuresTest, EveryHandlerOfTheFormTellsItsOwn) {
       {"cboUser_Click", "cboBuchungskreis.Text", [&] { key("F8"); }},
       {"cmdAuto_Click", "cboBuchungskreis.Text",
        [&] {
-         click(2, 5);
+         click(2, grid_column::Maske);
          key("Delete");  // numbered, the ranges would be others than expected below
          key("Enter");
          key("Escape");
@@ -117,7 +117,7 @@ TEST_F(DialogFailuresTest, EveryHandlerOfTheGridTellsItsOwn) {
     return [this, text, act] {
       // The failing call is for the act only.
       const std::string call = faults().takeCall();
-      click(1, 4);
+      click(1, grid_column::Ende);
       type(text);
       faults().fail(call);
       act();
@@ -125,7 +125,7 @@ TEST_F(DialogFailuresTest, EveryHandlerOfTheGridTellsItsOwn) {
   };
   const Handler handlers[] = {
       {"sftNummernkreise_ItemClick", "sftNummernkreise.List", [&] { clickPicture(3); }},
-      {"sftNummernkreise_ItemClick", "cboUser.Text", [&] { click(2, 2); }},
+      {"sftNummernkreise_ItemClick", "cboUser.Text", [&] { click(2, grid_column::Start); }},
       {"sftNummernkreise_ItemClick", "cboBuchungskreis.Text", [&] { clickPicture(2); }},
       {"sftNummernkreise_KeyDown", "sftNummernkreise.ListIndex", [&] { key("Space"); }},
       {"sftNummernkreise_KeyDown", "sftNummernkreise.List",
@@ -150,10 +150,10 @@ TEST_F(DialogFailuresTest, EveryHandlerOfTheGridTellsItsOwn) {
 TEST_F(DialogFailuresTest, TheGeneralModuleTellsItsOwn) {
   smallCompany("ORC");
   const Handler handlers[] = {
-      {"CellEditing", "sftNummernkreise.Selected=", [&] { click(2, 2); }},
-      {"CellEditing", "sftNummernkreise.CellFont", [&] { click(2, 2); }},
-      {"CellEditing", "sftNummernkreise.ItemEditFont=", [&] { click(2, 2); }},
-      {"CellEditing", "sftNummernkreise.StartEdit", [&] { click(2, 2); }},
+      {"CellEditing", "sftNummernkreise.Selected=", [&] { click(2, grid_column::Start); }},
+      {"CellEditing", "sftNummernkreise.CellFont", [&] { click(2, grid_column::Start); }},
+      {"CellEditing", "sftNummernkreise.ItemEditFont=", [&] { click(2, grid_column::Start); }},
+      {"CellEditing", "sftNummernkreise.StartEdit", [&] { click(2, grid_column::Start); }},
       {"CheckBoxHandling", "sftNummernkreise.ItemPicture", [&] { clickPicture(3); }},
       {"CheckBoxHandling", "sftNummernkreise.ItemPicture=", [&] { clickPicture(3); }},
       {"SetRadioButton", "sftNummernkreise.ItemPicture=",
@@ -174,7 +174,7 @@ TEST_F(DialogFailuresTest, TheGeneralModuleTellsItsOwn) {
 TEST_F(DialogFailuresTest, NumberingThatFailsTellsItsOwnAndNumbersNothing) {
   inCompany(2, [&] {
     const Lines before = {values(1), values(3), values(5), values(6), values(7)};
-    click(3, 5);
+    click(3, grid_column::Maske);
     type("NNNNNNNNNNN");
     key("Enter");
     key("Escape");

@@ -90,8 +90,8 @@ TEST_F(DialogFiltersTest, AUserWithoutARangeOfTheCircleSeesAPlaceholder) {
     EXPECT_EQ(tree(), (Lines{"Angebot (AN)", "NotFound keine Zuordnung vorhanden", "Rechnung (RE)",
                              "NotFound keine Zuordnung vorhanden"}));
     EXPECT_EQ(grid().ItemLevel(1), 1);
-    EXPECT_EQ(cell(1, 10), "Group");
-    EXPECT_EQ(cell(1, 6), "");
+    EXPECT_EQ(cell(1, grid_column::Type), "Group");
+    EXPECT_EQ(cell(1, grid_column::Buchungskreis), "");
     select("cboBuchungskreis", "Nord");
     EXPECT_EQ(tree(),
               (Lines{"Angebot (AN)", "ValueTrue Nord", "Rechnung (RE)", "ValueFalse Nord"}));
@@ -164,17 +164,17 @@ TEST_F(DialogFiltersTest, AUserWithoutRowsSeesAnEmptyGrid) {
 
 TEST_F(DialogFiltersTest, ARebuildKeepsThePositionNotTheRange) {
   inCompany(2, [&] {
-    click(5, 1);
+    click(5, grid_column::Beschreibung);
     ASSERT_EQ(grid().ListIndex(), 5);
     select("cboUser", "Max");
     EXPECT_EQ(grid().ListIndex(), 5);
-    EXPECT_EQ(cell(5, 1), "Nord");
+    EXPECT_EQ(cell(5, grid_column::Beschreibung), "Nord");
   });
 }
 
 TEST_F(DialogFiltersTest, APositionThatIsGoneLeavesNoCurrentItem) {
   inCompany(2, [&] {
-    click(7, 1);
+    click(7, grid_column::Beschreibung);
     select("cboBuchungskreis", "Nord");
     EXPECT_EQ(grid().ListIndex(), -1);
     select("cboBuchungskreis", "Alle Buchungskreise");
@@ -184,12 +184,12 @@ TEST_F(DialogFiltersTest, APositionThatIsGoneLeavesNoCurrentItem) {
 
 TEST_F(DialogFiltersTest, ChoosingTheShownEntryAgainRebuilds) {
   inCompany(2, [&] {
-    grid().List(1, 1, "verändert");
+    grid().List(1, grid_column::Beschreibung, "verändert");
     select("cboBuchungskreis", "Alle Buchungskreise");
-    EXPECT_EQ(cell(1, 1), "Standard");
-    grid().List(1, 1, "verändert");
+    EXPECT_EQ(cell(1, grid_column::Beschreibung), "Standard");
+    grid().List(1, grid_column::Beschreibung, "verändert");
     select("cboUser", "Alle Benutzer");
-    EXPECT_EQ(cell(1, 1), "Standard");
+    EXPECT_EQ(cell(1, grid_column::Beschreibung), "Standard");
   });
 }
 
@@ -241,7 +241,7 @@ TEST_F(DialogFiltersTest, AFailedRebuildKeepsWhatItHasAddedAndNoCurrentItem) {
     XArray& table = session().XArray();
     table.setValue(table.findRange("Max", 0, "RE"), &RangeRow::EndWert,
                    Value(std::string("99999999999")));
-    click(5, 4);
+    click(5, grid_column::Ende);
     select("cboUser", "Max");
     EXPECT_EQ(boxes(), (Boxes{errorBox(6, "basAllgemein", "SyncDataWithControl", "Überlauf")}));
     EXPECT_EQ(tree(),

@@ -25,14 +25,14 @@ class DialogInterruptionsTest : public DialogSession {
   /// Has "160" typed over the current value of offers of Nord, in the cell 2/3.
   void whileTyping(const std::string& text, const std::function<void()>& steps) {
     inCompany(2, [&] {
-      click(2, 3);
+      click(2, grid_column::Aktuell);
       type(text);
       steps();
     });
   }
   void expectTyping(const std::string& text) {
     EXPECT_EQ(editor(), "2/3 " + text);
-    EXPECT_EQ(cell(2, 3), "150");
+    EXPECT_EQ(cell(2, grid_column::Aktuell), "150");
     EXPECT_FALSE(changed());
   }
   bool editorHasFocus() const { return gridAccess().editor().hasFocus(); }
@@ -74,7 +74,7 @@ TEST_F(DialogInterruptionsTest, SwitchingApplicationsLeavesTheEditorAsItIs) {
     }
     type("5");  // behind what was typed
     key("Tab");
-    EXPECT_EQ(cell(2, 3), "1605");
+    EXPECT_EQ(cell(2, grid_column::Aktuell), "1605");
     EXPECT_EQ(editor(), "2/4 199");
   });
 }
@@ -111,7 +111,7 @@ TEST_F(DialogInterruptionsTest, HalfAClickOnAButtonLeavesTheEditorOpen) {
     QTest::mouseRelease(window, Qt::LeftButton, {}, middleOf("cmdAuto"));
     ASSERT_TRUE(isOpen());
     expectTyping("160");
-    click(2, 3);
+    click(2, grid_column::Aktuell);
     EXPECT_TRUE(editorHasFocus());
     expectTyping("160");
     press("cmdOK");
@@ -131,7 +131,7 @@ TEST_F(DialogInterruptionsTest, KeysOfAControlReachedByHalfAClickKeepTheText) {
     key("Space");
     EXPECT_EQ(boxes().size(), 1U);
     EXPECT_EQ(editor(), "none");
-    EXPECT_EQ(cell(2, 3), "160");
+    EXPECT_EQ(cell(2, grid_column::Aktuell), "160");
   });
 }
 
@@ -187,7 +187,7 @@ TEST_F(DialogInterruptionsTest, ClosingTheGroupByItsArrowKeepsTheText) {
                       {view().columnViewportPosition(0) + 7, group.center().y()});
     EXPECT_FALSE(view().isExpanded(view().model()->index(0, 0)));
     EXPECT_EQ(editor(), "none");
-    EXPECT_EQ(cell(2, 3), "160");
+    EXPECT_EQ(cell(2, grid_column::Aktuell), "160");
   });
 }
 
@@ -207,7 +207,7 @@ TEST_F(DialogInterruptionsTest, OpeningAListKeepsTheTextAndLeavingItChoosesNothi
     press("cboUser");
     EXPECT_TRUE(list("cboUser").isVisible());
     EXPECT_EQ(editor(), "none");
-    EXPECT_EQ(cell(2, 3), "160");
+    EXPECT_EQ(cell(2, grid_column::Aktuell), "160");
     QTest::keyClick(&list("cboUser"), Qt::Key_F8);
     QTest::keyClick(&list("cboUser"), Qt::Key_Escape);
     EXPECT_FALSE(list("cboUser").isVisible());
@@ -263,7 +263,7 @@ TEST_F(DialogInterruptionsTest, WithTheUsersHiddenTheFunctionKeysLeaveTheEditorO
   sql("INSERT INTO Nummernkreise VALUES (0, 'AN', 'Angebot', 1, 5, 99, -1, 1, '', '')");
   init(2);
   show([&] {
-    click(1, 2);
+    click(1, grid_column::Start);
     type("3");
     for (const char* chord : {"F7", "F8", "F9", "F10"}) {
       key(chord);
@@ -287,7 +287,7 @@ TEST_F(DialogInterruptionsTest, ASideDialogOverAnEndedEditGivesTheFocusBackToIts
   whileTyping("160", [&] {
     expectDialog("frmOptionen", [&] { press("cmdCancel"); });
     press("cmdOptionen");
-    EXPECT_EQ(cell(2, 3), "160");
+    EXPECT_EQ(cell(2, grid_column::Aktuell), "160");
     EXPECT_EQ(focus(), "cmdOptionen");
     key("F8");
     EXPECT_EQ(shown("cboUser"), "Anna");
@@ -310,8 +310,8 @@ TEST_F(DialogInterruptionsTest, TheCloseButtonIsDeafWhileABoxTellsOfARefusal) {
 
 TEST_F(DialogInterruptionsTest, DoubleClicksSelectInTheEditorAndTickOnAPicture) {
   inCompany(2, [&] {
-    click(2, 3);
-    click(2, 3);  // into the open cell
+    click(2, grid_column::Aktuell);
+    click(2, grid_column::Aktuell);  // into the open cell
     EXPECT_EQ(editor(), "2/3 150");
     QTest::mouseDClick(&gridAccess().editor(), Qt::LeftButton);
     EXPECT_EQ(selectedText(), "150");
@@ -324,7 +324,7 @@ TEST_F(DialogInterruptionsTest, DoubleClicksSelectInTheEditorAndTickOnAPicture) 
 
 TEST_F(DialogInterruptionsTest, AValidationThatOpensACellCanBeLeftByEveryKey) {
   inCompany(2, [&] {
-    click(2, 4);
+    click(2, grid_column::Ende);
     type("1");
     key("Enter");
     key("Escape");

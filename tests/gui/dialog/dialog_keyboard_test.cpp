@@ -20,7 +20,9 @@ class DialogKeyboardTest : public DialogSession {
     return *QAccessible::queryAccessibleInterface(&control(name));
   }
   QAccessibleInterface& row(int row) const {
-    return *accessible("sftNummernkreise").tableInterface()->cellAt(row, 0);
+    return *accessible("sftNummernkreise")
+                .tableInterface()
+                ->cellAt(row, sectionOf(grid_column::Beschreibung));
   }
   /// What a screen reader calls the widget that has the focus, or the grid's row.
   static std::string focusName() {
@@ -132,7 +134,7 @@ TEST_F(DialogKeyboardTest, TheAccessKeyOfAHiddenFilterDoesNothing) {
 
 TEST_F(DialogKeyboardTest, AnAccessKeySettlesAnOpenEdit) {
   inCompany(2, [&] {
-    click(2, 2);
+    click(2, grid_column::Start);
     type("abc");
     accessKey("Alt+A", "cmdAuto");
     EXPECT_EQ(boxes().size(), 1U);
@@ -218,7 +220,7 @@ TEST_F(DialogKeyboardTest, AScreenReaderOpensACell) {
   inCompany(2, [&] {
     accessible("sftNummernkreise")
         .tableInterface()
-        ->cellAt(2, 3)
+        ->cellAt(2, sectionOf(grid_column::Ende))
         ->actionInterface()
         ->doAction(Actions::pressAction());
     EXPECT_EQ(editor(), "2/4 199");
@@ -229,8 +231,10 @@ TEST_F(DialogKeyboardTest, AScreenReaderOpensACell) {
 
 TEST_F(DialogKeyboardTest, TheMaskIsExplainedToAScreenReader) {
   inCompany(2, [&] {
-    const QString help =
-        accessible("sftNummernkreise").tableInterface()->cellAt(1, 4)->text(QAccessible::Help);
+    const QString help = accessible("sftNummernkreise")
+                             .tableInterface()
+                             ->cellAt(1, sectionOf(grid_column::Maske))
+                             ->text(QAccessible::Help);
     EXPECT_TRUE(help.startsWith(QStringLiteral("Maske nach der die Belegnummern")));
   });
 }

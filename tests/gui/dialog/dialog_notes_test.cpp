@@ -29,89 +29,89 @@ class DialogNotesTest : public DialogSession {
 
 TEST_F(DialogNotesTest, AktuellShowsHowFullARangeIs) {
   inCompany(2, [&] {
-    EXPECT_EQ(toolTip(2, 3), "noch 49 Nummern frei");
-    ASSERT_TRUE(note(2, 3).fill);
-    EXPECT_EQ(note(2, 3).fill->thousandths, 50 * 1000 / 99);
-    EXPECT_EQ(note(2, 3).fill->stage, FillStage::Plenty);
-    EXPECT_FALSE(note(2, 2).fill);
-    EXPECT_FALSE(note(3, 3).fill) << "nobody draws from it";
-    click(2, 3);
+    EXPECT_EQ(toolTip(2, grid_column::Aktuell), "noch 49 Nummern frei");
+    ASSERT_TRUE(note(2, grid_column::Aktuell).fill);
+    EXPECT_EQ(note(2, grid_column::Aktuell).fill->thousandths, 50 * 1000 / 99);
+    EXPECT_EQ(note(2, grid_column::Aktuell).fill->stage, FillStage::Plenty);
+    EXPECT_FALSE(note(2, grid_column::Start).fill);
+    EXPECT_FALSE(note(3, grid_column::Aktuell).fill) << "nobody draws from it";
+    click(2, grid_column::Aktuell);
     type("180");
     key("Tab");
     type("198");
     key("Enter");
     key("Escape");
-    EXPECT_EQ(note(2, 3).fill->stage, FillStage::Low);
-    click(2, 3);
+    EXPECT_EQ(note(2, grid_column::Aktuell).fill->stage, FillStage::Low);
+    click(2, grid_column::Aktuell);
     type("197");
     key("Tab");
     key("Escape");
-    EXPECT_EQ(note(2, 3).fill->stage, FillStage::Critical);
-    EXPECT_EQ(toolTip(2, 3), "noch 1 Nummer frei\nGeladen: 150");
+    EXPECT_EQ(note(2, grid_column::Aktuell).fill->stage, FillStage::Critical);
+    EXPECT_EQ(toolTip(2, grid_column::Aktuell), "noch 1 Nummer frei\nGeladen: 150");
   });
 }
 
 TEST_F(DialogNotesTest, ChangedCellsTellTheLoadedValueUntilItIsBack) {
   inCompany(2, [&] {
-    EXPECT_FALSE(note(2, 4).changed);
-    click(2, 4);
+    EXPECT_FALSE(note(2, grid_column::Ende).changed);
+    click(2, grid_column::Ende);
     type("188");
     key("Enter");
     key("Escape");
-    EXPECT_TRUE(note(2, 4).changed);
-    EXPECT_FALSE(note(2, 3).changed);
-    EXPECT_EQ(toolTip(2, 4), "Geladen: 199");
-    click(2, 4);
+    EXPECT_TRUE(note(2, grid_column::Ende).changed);
+    EXPECT_FALSE(note(2, grid_column::Aktuell).changed);
+    EXPECT_EQ(toolTip(2, grid_column::Ende), "Geladen: 199");
+    click(2, grid_column::Ende);
     type("199");
     key("Enter");
     key("Escape");
-    EXPECT_FALSE(note(2, 4).changed);
-    click(1, 5);
+    EXPECT_FALSE(note(2, grid_column::Ende).changed);
+    click(1, grid_column::Maske);
     type("JN");
     key("Enter");
     key("Escape");
-    EXPECT_TRUE(note(1, 5).changed);
-    EXPECT_EQ(toolTip(1, 5).substr(0, 14), "Geladen: leer\n");
+    EXPECT_TRUE(note(1, grid_column::Maske).changed);
+    EXPECT_EQ(toolTip(1, grid_column::Maske).substr(0, 14), "Geladen: leer\n");
     select("cboUser", "Max");
-    EXPECT_TRUE(note(1, 5).changed) << "in every view";
+    EXPECT_TRUE(note(1, grid_column::Maske).changed) << "in every view";
   });
 }
 
 TEST_F(DialogNotesTest, AnOverlapIsSaidWhileItIsTypedAndThePartnerIsTinted) {
   inCompany(2, [&] {
     clickPicture(3);
-    click(2, 4);
+    click(2, grid_column::Ende);
     EXPECT_EQ(said(), "");
     type("200");
     EXPECT_EQ(said(), "Überschneidet sich mit Angebot, Süd (200 bis 299).");
-    EXPECT_TRUE(note(3, 1).involved);
-    EXPECT_FALSE(note(1, 1).involved);
+    EXPECT_TRUE(note(3, grid_column::Beschreibung).involved);
+    EXPECT_FALSE(note(1, grid_column::Beschreibung).involved);
     QTest::keyClick(&gridAccess().editor(), Qt::Key_Backspace);
     EXPECT_EQ(said(), "Der Endwert muss größer sein als der Startwert.");
-    EXPECT_FALSE(note(3, 1).involved);
+    EXPECT_FALSE(note(3, grid_column::Beschreibung).involved);
     retype("198");
     EXPECT_EQ(said(), "");
     retype("200");
     key("Escape");
-    EXPECT_FALSE(note(3, 1).involved);
+    EXPECT_FALSE(note(3, grid_column::Beschreibung).involved);
     EXPECT_EQ(values(2), "100|150|199|JNN");
   });
 }
 
 TEST_F(DialogNotesTest, AHintDoesNotKeepAnEntryFromItsCell) {
   inCompany(2, [&] {
-    click(2, 4);
+    click(2, grid_column::Ende);
     type("50");
     EXPECT_EQ(said(), "Der Endwert muss größer sein als der Startwert.");
     key("Enter");
-    EXPECT_EQ(cell(2, 4), "50");
+    EXPECT_EQ(cell(2, grid_column::Ende), "50");
     EXPECT_EQ(boxes(), Boxes{});
   });
 }
 
 TEST_F(DialogNotesTest, AMaskSaysWhatItGives) {
   inCompany(2, [&] {
-    click(2, 5);
+    click(2, grid_column::Maske);
     EXPECT_EQ(said(), "→ 400 bis 499");
     type("JJNNNN");
     EXPECT_EQ(said(), "→ 240000 bis 249999");
@@ -124,7 +124,7 @@ TEST_F(DialogNotesTest, AMaskSaysWhatItGives) {
 
 TEST_F(DialogNotesTest, AnEmptyCellOfAGroupSaysNothing) {
   inCompany(2, [&] {
-    click(0, 2);
+    click(0, grid_column::Start);
     EXPECT_EQ(said(), "");
     type("500");
     EXPECT_EQ(said(), "Der Endwert muss größer sein als der Startwert.");
@@ -134,8 +134,8 @@ TEST_F(DialogNotesTest, AnEmptyCellOfAGroupSaysNothing) {
 TEST_F(DialogNotesTest, NothingIsSentForAnyOfIt) {
   inCompany(2, [&] {
     statements();
-    toolTip(2, 3);
-    click(2, 4);
+    toolTip(2, grid_column::Aktuell);
+    click(2, grid_column::Ende);
     type("200");
     EXPECT_EQ(statements(), Lines{});
     EXPECT_FALSE(changed());

@@ -227,9 +227,9 @@ TEST_F(DialogOptionsTest, TheStoreHasAConnectionOfItsOwn) {
 
 TEST_F(DialogOptionsTest, NothingIsReloadedAfterwards) {
   inCompany(2, [&] {
-    grid().List(1, 1, "verändert");
+    grid().List(1, grid_column::Beschreibung, "verändert");
     inOptions([&] { press("cmdOK"); });
-    EXPECT_EQ(cell(1, 1), "verändert");
+    EXPECT_EQ(cell(1, grid_column::Beschreibung), "verändert");
   });
 }
 

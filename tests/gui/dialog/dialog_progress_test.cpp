@@ -11,6 +11,7 @@
 
 #include "adapters/qtgrid/view/grid_view.h"
 #include "support/dialog_session.h"
+#include "support/screen_reader.h"
 
 namespace vexnumkr::test {
 namespace {
@@ -59,11 +60,12 @@ class DialogProgressTest : public DialogSession {
   void actAsAssistiveTechnology() {
     using Actions = QAccessibleActionInterface;
     QAccessibleInterface* tree = QAccessible::queryAccessibleInterface(&gridAccess().view());
-    QAccessibleInterface* caption = tree->tableInterface()->cellAt(2, 0);
+    QAccessibleInterface* caption =
+        tree->tableInterface()->cellAt(2, sectionOf(grid_column::Beschreibung));
     act(caption, Actions::toggleAction());
     act(caption->child(0), Actions::toggleAction());
     act(caption, Actions::setFocusAction());
-    act(tree->tableInterface()->cellAt(2, 1), Actions::pressAction());
+    act(tree->tableInterface()->cellAt(2, sectionOf(grid_column::Start)), Actions::pressAction());
     EXPECT_FALSE(tree->tableInterface()->selectRow(6));
     act(QAccessible::queryAccessibleInterface(&control("cmdCancel")), Actions::pressAction());
   }
@@ -85,7 +87,7 @@ class DialogProgressTest : public DialogSession {
         "GROUP BY r.Buchungskreis, r.NSchl ORDER BY r.NSchl, r.Buchungskreis");
   }
   void enterAValue() {
-    click(2, 3);
+    click(2, grid_column::Aktuell);
     type("160");
     key("Enter");
     key("Escape");
@@ -255,7 +257,7 @@ TEST_F(DialogProgressTest, TheDialogItselfHeedsNoClickInMidSave) {
 
 TEST_F(DialogProgressTest, AssistiveTechnologyChangesNothingUnderABox) {
   inCompany(2, [&] {
-    click(1, 3);
+    click(1, grid_column::Aktuell);
     key("Escape");
     const Lines before = tree();
     answer("no");

@@ -8,9 +8,9 @@ using DialogRefusalsTest = DialogSession;
 
 TEST_F(DialogRefusalsTest, ARightClickElsewhereLeavesTheRefusedEntryOpen) {
   inCompany(2, [&] {
-    click(2, 3);
+    click(2, grid_column::Aktuell);
     type("keine Zahl");
-    click(2, 2, Qt::RightButton);
+    click(2, grid_column::Start, Qt::RightButton);
     EXPECT_EQ(boxes().size(), 1U);
     EXPECT_EQ(editor(), "2/3 keine Zahl");
     EXPECT_EQ(selectedText(), "keine Zahl");
@@ -25,11 +25,11 @@ TEST_F(DialogRefusalsTest, AfterAnEntryThatFailedOnTheWayToAListTypingGoesOn) {
   sql("INSERT INTO Nummernkreise VALUES (0, 'RE', 'Rechnung', 1000, 1500, 1999, -1, 2, '', '')");
   init(3);
   show([&] {
-    click(0, 2);
+    click(0, grid_column::Start);
     type("1001");
     select("cboBuchungskreis", "Aktive Buchungskreise");
     boxes();
-    click(1, 4);
+    click(1, grid_column::Ende);
     type("55");
     EXPECT_EQ(editor(), "1/4 55");
     key("Escape");

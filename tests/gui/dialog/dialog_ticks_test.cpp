@@ -68,7 +68,7 @@ TEST_F(DialogTicksTest, SpaceTicksTheCurrentItem) {
 
 TEST_F(DialogTicksTest, SpaceLeavesGroupsAlone) {
   inCompany(2, [&] {
-    click(0, 1);
+    click(0, grid_column::Beschreibung);
     key("Space");
     EXPECT_FALSE(changed());
     EXPECT_EQ(picture(0), "-");
@@ -92,7 +92,7 @@ TEST_F(DialogTicksTest, TickingWorksUnderEveryFilterOfTheCommonView) {
     EXPECT_EQ(picture(1), "Checked");
     EXPECT_EQ(range("Max", 2, "AN"), "200|200|299||False");
     select("cboBuchungskreis", "Aktive Buchungskreise");
-    EXPECT_EQ(cell(3, 1), "Süd");
+    EXPECT_EQ(cell(3, grid_column::Beschreibung), "Süd");
   });
 }
 
@@ -182,7 +182,7 @@ TEST_F(DialogTicksTest, TicksOfOneKeyLeaveTheOthersAlone) {
 
 TEST_F(DialogTicksTest, AClickOnATextDoesNotTick) {
   inCompany(2, [&] {
-    click(suedOfAN, 1);
+    click(suedOfAN, grid_column::Beschreibung);
     EXPECT_EQ(picture(suedOfAN), "Unchecked");
     EXPECT_FALSE(changed());
     EXPECT_EQ(grid().ListIndex(), suedOfAN);

@@ -10,7 +10,7 @@ class DialogTreeTest : public DialogSession {
  protected:
   /// All cells of an item from column 1 on.
   std::string cells(std::int32_t item) const {
-    std::string line = cell(item, 1);
+    std::string line = cell(item, grid_column::Beschreibung);
     for (std::int16_t column = 2; column <= 11; ++column) line += "|" + cell(item, column);
     return line;
   }
@@ -31,8 +31,8 @@ TEST_F(DialogTreeTest, AMaskOfBlanksIsOneBlank) {
   sql("INSERT INTO Nummernkreise VALUES (0, 'ZZ', 'Zettel', 1, 1, 9, -1, 4, 'LI', ' N ')");
   init(2);
   show([&] {
-    EXPECT_EQ(cell(1, 5), " ");
-    EXPECT_EQ(cell(3, 5), " N ");
+    EXPECT_EQ(cell(1, grid_column::Maske), " ");
+    EXPECT_EQ(cell(3, grid_column::Maske), " N ");
     press("cmdCancel");
   });
 }
@@ -41,8 +41,8 @@ TEST_F(DialogTreeTest, AKeyThatSharesARangeSaysWhose) {
   sql("INSERT INTO Nummernkreise VALUES (0, 'AX', 'Export', 1, 1, 9, -1, 3, 'AN', '')");
   init(2);
   show([&] {
-    EXPECT_EQ(cell(0, 11), "AN");
-    EXPECT_EQ(cell(1, 11), "AN");
+    EXPECT_EQ(cell(0, grid_column::IstNSchlVon), "AN");
+    EXPECT_EQ(cell(1, grid_column::IstNSchlVon), "AN");
     press("cmdCancel");
   });
 }
@@ -63,7 +63,7 @@ TEST_F(DialogTreeTest, GroupsOfApplication2AreBoldOnGrey) {
       EXPECT_TRUE(gridAccess().captionStyle(group).bold);
     }
     EXPECT_FALSE(gridAccess().captionStyle(1).bold);
-    EXPECT_FALSE(grid().CellFont(0, 2).bold);  // the caption only
+    EXPECT_FALSE(grid().CellFont(0, grid_column::Start).bold);  // the caption only
   });
 }
 
@@ -86,11 +86,11 @@ TEST_F(DialogTreeTest, PlaceholdersHaveNoLookOfTheirOwn) {
 
 TEST_F(DialogTreeTest, GroupsAreExpandedAgainAfterEveryRebuild) {
   inCompany(2, [&] {
-    click(0, 1);
+    click(0, grid_column::Beschreibung);
     key("Left");
     const QModelIndex group = gridAccess().view().gridModel().indexOf(0);
     EXPECT_FALSE(gridAccess().view().isExpanded(group));
-    EXPECT_EQ(cell(2, 1), "Nord");  // collapsing changes no index
+    EXPECT_EQ(cell(2, grid_column::Beschreibung), "Nord");  // collapsing changes no index
     select("cboUser", "Alle Benutzer");
     EXPECT_TRUE(gridAccess().view().isExpanded(gridAccess().view().gridModel().indexOf(0)));
   });

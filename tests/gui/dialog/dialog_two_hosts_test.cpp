@@ -19,7 +19,7 @@ class DialogTwoHostsTest : public DialogSession {
   void inChangedCompany(const std::function<void()>& steps) {
     sql("INSERT INTO Nummernkreis_Sonderkreise VALUES ('BR', 'RE', 'Barrechnung', 0, 'ORC')");
     inCompany(2, [&] {
-      click(2, 3);
+      click(2, grid_column::Aktuell);
       type("160");
       key("Enter");
       ASSERT_TRUE(changed());
@@ -63,7 +63,7 @@ class DialogTwoHostsTest : public DialogSession {
     ASSERT_GE(sent.size(), 3U);
     EXPECT_EQ((Lines{sent.end() - 3, sent.end()}), (Lines{last, "conn: ROLLBACK", "conn: BEGIN"}));
     EXPECT_EQ(waits.milliseconds(), longestWait);
-    EXPECT_EQ(cell(2, 3), "160") << "the user's value is kept";
+    EXPECT_EQ(cell(2, grid_column::Aktuell), "160") << "the user's value is kept";
     EXPECT_TRUE(changed());
   }
   static Box conflictBox(const std::string& changes) {
@@ -135,7 +135,7 @@ TEST_P(DialogTwoHostsKeepingTest, WhoGivesWayTakesWhatTheOtherHasStored) {
     EXPECT_TRUE(isOpen());
     EXPECT_EQ(boxes(), Boxes{conflictBox("Angebot, Nord: Aktuell 150 -> 170")});
     EXPECT_EQ(statements(), Lines{readAgain_});
-    EXPECT_EQ(cell(2, 3), "170");
+    EXPECT_EQ(cell(2, grid_column::Aktuell), "170");
     EXPECT_EQ(range("Max", 1, "AN"), "100|170|199|JNN|True");
     savesAtOnce();
   });

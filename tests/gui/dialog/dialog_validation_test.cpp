@@ -34,7 +34,7 @@ class DialogValidationTest : public DialogSession {
 
 TEST_F(DialogValidationTest, AnEndThatIsNotAboveTheStart) {
   inCompany(2, [&] {
-    enter(6, 4, "2000");
+    enter(6, grid_column::Ende, "2000");
     expectRefused(
         "Der Endwert muss größer sein als der Startwert.\r\n(Belegart: Rechnung, Buchungskreis: "
         "Nord)");
@@ -45,7 +45,7 @@ TEST_F(DialogValidationTest, AnEndThatIsNotAboveTheStart) {
 
 TEST_F(DialogValidationTest, ACurrentValueOutsideOfTheRange) {
   inCompany(2, [&] {
-    enter(2, 3, "99");
+    enter(2, grid_column::Aktuell, "99");
     expectRefused(
         "Der aktuelle Wert muss zwischen dem Start- und Endwert liegen.\r\n(Belegart: Angebot, "
         "Buchungskreis: Nord)");
@@ -55,7 +55,7 @@ TEST_F(DialogValidationTest, ACurrentValueOutsideOfTheRange) {
 
 TEST_F(DialogValidationTest, CirclesThatOverlapAreShownAtTheLaterOne) {
   inCompany(2, [&] {
-    enter(2, 2, "50");
+    enter(2, grid_column::Start, "50");
     expectRefused(
         "Bei der Belegart 'Angebot' überschneidet sich der Buchungskreis 'Nord' mit dem "
         "Buchungskreis 'Standard'.");
@@ -79,7 +79,7 @@ TEST_F(DialogValidationTest, KeysThatOverlapAreShownAtTheEarlierOne) {
 
 TEST_F(DialogValidationTest, AnInactiveRangeMayBeDefective) {
   inCompany(2, [&] {
-    enter(3, 4, "1");
+    enter(3, grid_column::Ende, "1");
     press("cmdOK");
     EXPECT_FALSE(isOpen());
     EXPECT_EQ(boxes(), Boxes{});
@@ -88,7 +88,7 @@ TEST_F(DialogValidationTest, AnInactiveRangeMayBeDefective) {
 
 TEST_F(DialogValidationTest, AnotherViewIsResetToEverything) {
   inCompany(2, [&] {
-    enter(2, 3, "99");
+    enter(2, grid_column::Aktuell, "99");
     select("cboUser", "Max");
     select("cboBuchungskreis", "Süd");
     expectRefused(
@@ -105,7 +105,7 @@ TEST_F(DialogValidationTest, AnotherViewIsResetToEverything) {
 TEST_F(DialogValidationTest, AViewOfOneCircleIsResetToo) {
   inCompany(2, [&] {
     select("cboBuchungskreis", "Nord");
-    enter(1, 3, "99");
+    enter(1, grid_column::Aktuell, "99");
     key("Escape");
     expectRefused(
         "Der aktuelle Wert muss zwischen dem Start- und Endwert liegen.\r\n(Belegart: Angebot, "
@@ -117,7 +117,7 @@ TEST_F(DialogValidationTest, AViewOfOneCircleIsResetToo) {
 
 TEST_F(DialogValidationTest, TheValueCanBeCorrectedAtOnce) {
   inCompany(2, [&] {
-    enter(2, 3, "99");
+    enter(2, grid_column::Aktuell, "99");
     press("cmdOK");
     EXPECT_EQ(boxes().size(), 1U);
     type("199");
@@ -130,7 +130,7 @@ TEST_F(DialogValidationTest, TheValueCanBeCorrectedAtOnce) {
 
 TEST_F(DialogValidationTest, EscapeLeavesTheValueAndThenTheDialog) {
   inCompany(2, [&] {
-    enter(2, 3, "99");
+    enter(2, grid_column::Aktuell, "99");
     press("cmdOK");
     EXPECT_EQ(boxes().size(), 1U);
     key("Escape");
@@ -144,7 +144,7 @@ TEST_F(DialogValidationTest, EscapeLeavesTheValueAndThenTheDialog) {
 
 TEST_F(DialogValidationTest, TheCloseButtonAsksAndThenRefuses) {
   inCompany(2, [&] {
-    enter(2, 3, "99");
+    enter(2, grid_column::Aktuell, "99");
     key("Escape");
     answer("yes");
     closeWindow();
@@ -179,7 +179,7 @@ TEST_F(DialogValidationTest, AValueBeyondTheIntegersIsNeitherKeptNorSaved) {
       {"Info", "Bitte geben Sie eine Zahl zwischen -2147483648 und 2147483647 ein.", 0}};
   inCompany(2, [&] {
     clickPicture(3);  // something to save
-    enter(3, 4, "99999999999");
+    enter(3, grid_column::Ende, "99999999999");
     EXPECT_EQ(boxes(), refused);
     statements();
     press("cmdOK");
@@ -188,7 +188,7 @@ TEST_F(DialogValidationTest, AValueBeyondTheIntegersIsNeitherKeptNorSaved) {
     EXPECT_EQ(statements(), Lines{});
     expectEditing("3/4 99999999999");
     key("Escape");
-    EXPECT_EQ(cell(3, 4), "299");
+    EXPECT_EQ(cell(3, grid_column::Ende), "299");
     press("cmdOK");
     EXPECT_FALSE(isOpen());
   });
