@@ -15,7 +15,6 @@ namespace {
 
 constexpr std::size_t driverKey = 0;
 constexpr std::size_t databaseKey = 1;
-constexpr std::size_t portKey = 3;
 
 Error malformed(const std::string& what) {
   return Error(error_number::invalidArgument, "VEXNummernkreise",

@@ -33,6 +33,8 @@ class GridEvents final : public TreeGridEvents {
   Log& log_;
 };
 
+constexpr std::int16_t startColumn = 2;
+
 class PendingEditsTest : public FormsTest {
  protected:
   PendingEditsTest() : gridEvents(events.log()) { fill(); }
@@ -51,7 +53,7 @@ class PendingEditsTest : public FormsTest {
     combo().OnClick([this] { events.log().push_back("chose " + combo().Text()); });
     grid().Events(&gridEvents);
     grid().AddItem("0");
-    grid().List(0, 2, "1000");
+    grid().List(0, startColumn, "1000");
   }
 
   static ControlDescription gridDescription() {
@@ -73,7 +75,7 @@ class PendingEditsTest : public FormsTest {
   Log whileEditing(const std::string& text, std::function<void()> steps) {
     Log logged;
     show([&] {
-      grid().StartEdit(0, 2);
+      grid().StartEdit(0, startColumn);
       ASSERT_NE(editor(), nullptr);
       QTest::keyClicks(editor(), QString::fromStdString(text));
       events.log().clear();
@@ -90,7 +92,7 @@ class PendingEditsTest : public FormsTest {
     EXPECT_TRUE(editor()->isVisible());
     EXPECT_EQ(editor()->text().toStdString(), text);
     EXPECT_EQ(editor()->selectedText().toStdString(), text);
-    EXPECT_EQ(grid().List(0, 2), "1000");
+    EXPECT_EQ(grid().List(0, startColumn), "1000");
   }
 
   void wheelDown() {
@@ -121,7 +123,7 @@ TEST_F(PendingEditsTest, TheGridHasTheFocusFirstAndNoCurrentItem) {
 TEST_F(PendingEditsTest, AClickOnAButtonKeepsTheTextFirst) {
   EXPECT_EQ(whileEditing("2000", [&] { click(widget("cmdAuto")); }),
             (Log{"AfterEdit 2000", "cmdAuto"}));
-  EXPECT_EQ(grid().List(0, 2), "2000");
+  EXPECT_EQ(grid().List(0, startColumn), "2000");
 }
 
 TEST_F(PendingEditsTest, ARefusedTextHoldsTheClickBack) {
@@ -156,7 +158,7 @@ TEST_F(PendingEditsTest, AnUntouchedTextIsNotOfferedAgain) {
 TEST_F(PendingEditsTest, TheCancelButtonDropsTheText) {
   gridEvents.refuse = true;
   EXPECT_EQ(whileEditing("abc", [&] { click(widget("cmdCancel")); }), Log{"cmdCancel"});
-  EXPECT_EQ(grid().List(0, 2), "1000");
+  EXPECT_EQ(grid().List(0, startColumn), "1000");
 }
 
 TEST_F(PendingEditsTest, ButtonsPressedByKeysKeepTheTextFirst) {
@@ -201,7 +203,7 @@ TEST_F(PendingEditsTest, EscapeBelongsToTheEditorFirst) {
                            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
                          }),
             (Log{"KeyDown 27 0", "KeyDown 27 0", "cmdCancel"}));
-  EXPECT_EQ(grid().List(0, 2), "1000");
+  EXPECT_EQ(grid().List(0, startColumn), "1000");
 }
 
 TEST_F(PendingEditsTest, EnterBelongsToTheEditorFirst) {
@@ -230,7 +232,7 @@ TEST_F(PendingEditsTest, AKeyThatEndsTheEditInTheFormIsNotTyped) {
   };
   EXPECT_EQ(whileEditing("2000", [&] { QTest::keyClick(editor(), Qt::Key_7); }),
             (Log{"KeyDown 55 0", "AfterEdit 2000"}));
-  EXPECT_EQ(grid().List(0, 2), "2000");
+  EXPECT_EQ(grid().List(0, startColumn), "2000");
 }
 
 TEST_F(PendingEditsTest, OpeningAListKeepsTheTextFirst) {
@@ -289,7 +291,7 @@ TEST_F(PendingEditsTest, EscapeDropsTheTextWhereverTheFocusIs) {
                            [&] {
                              widget(name).setFocus();
                              QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
-                             EXPECT_EQ(grid().List(0, 2), "1000");
+                             EXPECT_EQ(grid().List(0, startColumn), "1000");
                              EXPECT_TRUE(window().isVisible());
                            }),
               Log{"KeyDown 27 0"});
@@ -339,7 +341,7 @@ TEST_F(PendingEditsTest, ChoosingByCodeLeavesTheEditAlone) {
 TEST_F(PendingEditsTest, TheCloseButtonKeepsTheTextFirst) {
   EXPECT_EQ(whileEditing("2000", [&] { window().close(); }),
             (Log{"AfterEdit 2000", "QueryUnload 0", "Unload"}));
-  EXPECT_EQ(grid().List(0, 2), "2000");
+  EXPECT_EQ(grid().List(0, startColumn), "2000");
 }
 
 TEST_F(PendingEditsTest, ARefusedTextKeepsTheWindowOpen) {
@@ -364,7 +366,7 @@ TEST_F(PendingEditsTest, UnloadingLeavesTheEditToTheCaller) {
 }
 
 TEST_F(PendingEditsTest, AnEditOpenedWhileLoadingHasTheFocus) {
-  events.onLoad = [&] { grid().StartEdit(0, 2); };
+  events.onLoad = [&] { grid().StartEdit(0, startColumn); };
   bool editing = false;
   show([&] { editing = editor() != nullptr && editor()->isVisible(); });
   EXPECT_TRUE(editing);

@@ -44,7 +44,7 @@ TEST_F(GridAccessibleEventsTest, TheFocusIsToldWhenItComesToTheGrid) {
 }
 
 TEST_F(GridAccessibleEventsTest, ATickIsTold) {
-  cell(2, 1);
+  cell(2, column::Beschreibung);
   ScreenReader reader;
   grid->ItemPicture(2, pictureHandle(PictureKind::CheckedBox));
   EXPECT_EQ(count(reader.heard(), "checked Filiale 1"), 2U);  // the row's and the box's
@@ -52,9 +52,9 @@ TEST_F(GridAccessibleEventsTest, ATickIsTold) {
 
 TEST_F(GridAccessibleEventsTest, AValueIsTold) {
   ScreenReader reader;
-  grid->List(2, 3, 4711);
+  grid->List(2, column::Aktuell, 4711);
   EXPECT_EQ(reader.heard(), (Lines{"name 4711", "value 4711"}));
-  grid->List(2, 7, "hidden");
+  grid->List(2, column::Type, "hidden");
   EXPECT_EQ(reader.heard(), Lines{});
 }
 
@@ -83,7 +83,7 @@ TEST_F(GridAccessibleEventsTest, TheFocusGoesToTheEditorAndBack) {
   grid->ListIndex(2);
   QCoreApplication::processEvents();
   ScreenReader reader;
-  grid->StartEdit(2, 2);
+  grid->StartEdit(2, column::Start);
   EXPECT_EQ(count(reader.heard(), "focus Start, Filiale 1, Gruppe 0"), 1U);
   press(Qt::Key_Escape);
   QCoreApplication::processEvents();
@@ -97,9 +97,9 @@ TEST_F(GridAccessibleEventsTest, GoingFromCellToCellTellsOfTheCellsAlone) {
     key = 0;
     ASSERT_TRUE(grid->EndEdit(true));
     grid->ListIndex(3);
-    grid->StartEdit(3, 3);
+    grid->StartEdit(3, column::Aktuell);
   };
-  grid->StartEdit(2, 2);
+  grid->StartEdit(2, column::Start);
   ScreenReader reader;
   press(Qt::Key_Tab);
   QCoreApplication::processEvents();
@@ -114,7 +114,7 @@ TEST_F(GridAccessibleEventsTest, AKeyThatOnlyEndsTheEditGivesTheFocusBack) {
     key = 0;
     ASSERT_TRUE(grid->EndEdit(true));
   };
-  grid->StartEdit(2, 2);
+  grid->StartEdit(2, column::Start);
   press(Qt::Key_Return);
   EXPECT_TRUE(view().hasFocus());
   EXPECT_EQ(editor(), nullptr);

@@ -13,24 +13,24 @@ class GridColumnsTest : public GridTest {
 TEST_F(GridColumnsTest, OnlyColumnsWithAWidthAreShown) {
   EXPECT_EQ(view().header()->count(), 5);
   EXPECT_EQ(grid->ColWidth(0), 0);
-  EXPECT_EQ(grid->ColWidth(1), 133);
-  EXPECT_EQ(grid->ColWidth(5), 87);
-  EXPECT_EQ(grid->ColWidth(6), 0);
+  EXPECT_EQ(grid->ColWidth(column::Beschreibung), 133);
+  EXPECT_EQ(grid->ColWidth(column::Maske), 87);
+  EXPECT_EQ(grid->ColWidth(column::NSchl), 0);
 }
 
 TEST_F(GridColumnsTest, WidthsKeepTheirFractions) {
-  grid->ColWidth(3, 99.25);
-  EXPECT_EQ(grid->ColWidth(3), 99.25);
+  grid->ColWidth(column::Aktuell, 99.25);
+  EXPECT_EQ(grid->ColWidth(column::Aktuell), 99.25);
   EXPECT_EQ(section(2), 99);
 }
 
 TEST_F(GridColumnsTest, TheFirstColumnTakesWhatTheOthersLeave) {
   EXPECT_EQ(view().header()->length(), view().viewport()->width());
-  grid->ColWidth(4, 47);
+  grid->ColWidth(column::Ende, 47);
   EXPECT_EQ(section(3), 47);
   EXPECT_EQ(view().header()->length(), view().viewport()->width());
-  EXPECT_EQ(grid->ColWidth(1), 133);
-  grid->ColWidth(4, 900);
+  EXPECT_EQ(grid->ColWidth(column::Beschreibung), 133);
+  grid->ColWidth(column::Ende, 900);
   EXPECT_EQ(section(0), 133);
 }
 
@@ -43,18 +43,18 @@ TEST_F(GridColumnsTest, AWiderGridWidensTheFirstColumn) {
 }
 
 TEST_F(GridColumnsTest, AWidthOfZeroHidesAndAnotherShowsAgain) {
-  grid->List(2, 6, "AN");
+  grid->List(2, column::NSchl, "AN");
   grid->ListIndex(2);
-  grid->ColWidth(4, 0);
+  grid->ColWidth(column::Ende, 0);
   EXPECT_EQ(view().header()->count(), 4);
-  grid->ColWidth(6, 50);
+  grid->ColWidth(column::NSchl, 50);
   EXPECT_EQ(view().header()->count(), 5);
   EXPECT_EQ(view().model()->headerData(4, Qt::Horizontal).toString(), QStringLiteral("NSchl"));
   EXPECT_EQ(section(4), 50);
   EXPECT_EQ(section(1), 87);
   EXPECT_EQ(cell(2, 5).data().toString(), QStringLiteral("AN"));
   EXPECT_EQ(grid->ListIndex(), 2);
-  EXPECT_TRUE(view().visualRect(cell(7, 1)).isValid());
+  EXPECT_TRUE(view().visualRect(cell(7, column::Beschreibung)).isValid());
 }
 
 TEST_F(GridColumnsTest, ADraggedWidthCounts) {
@@ -63,12 +63,12 @@ TEST_F(GridColumnsTest, ADraggedWidthCounts) {
   QTest::mousePress(header.viewport(), Qt::LeftButton, {}, edge);
   QTest::mouseMove(header.viewport(), edge + QPoint(20, 0));
   QTest::mouseRelease(header.viewport(), Qt::LeftButton, {}, edge + QPoint(20, 0));
-  EXPECT_GT(grid->ColWidth(2), 100);
-  EXPECT_EQ(grid->ColWidth(2), section(1));
-  EXPECT_EQ(grid->ColWidth(3), 87);
-  const double dragged = grid->ColWidth(2);
+  EXPECT_GT(grid->ColWidth(column::Start), 100);
+  EXPECT_EQ(grid->ColWidth(column::Start), section(1));
+  EXPECT_EQ(grid->ColWidth(column::Aktuell), 87);
+  const double dragged = grid->ColWidth(column::Start);
   rebuild(3, 3, -1);
-  EXPECT_EQ(grid->ColWidth(2), dragged);
+  EXPECT_EQ(grid->ColWidth(column::Start), dragged);
 }
 
 TEST_F(GridColumnsTest, TheGridIsAControlLikeOthers) {
@@ -89,25 +89,26 @@ TEST_F(GridColumnsTest, TheGridIsAControlLikeOthers) {
 TEST_F(GridColumnsTest, FontsWithoutASizeKeepTheGrids) {
   grid->SetFont({"Liberation Sans", 9, false});
   grid->SetFont({"Liberation Serif", 0, false});
-  const Font font = grid->CellFont(1, 1);
+  const Font font = grid->CellFont(1, column::Beschreibung);
   EXPECT_EQ(font.name, "Liberation Serif");
   EXPECT_EQ(font.size, 9);
   EXPECT_FALSE(font.bold);
-  grid->CellFontBold(1, 1, true);
-  EXPECT_TRUE(grid->CellFont(1, 1).bold);
-  EXPECT_FALSE(grid->CellFont(1, 2).bold);
+  grid->CellFontBold(1, column::Beschreibung, true);
+  EXPECT_TRUE(grid->CellFont(1, column::Beschreibung).bold);
+  EXPECT_FALSE(grid->CellFont(1, column::Start).bold);
   grid->ColHeaderFont({"Liberation Sans", 0, true});
   EXPECT_TRUE(view().header()->font().bold());
   EXPECT_EQ(view().header()->font().pixelSize(), 12);
 }
 
 TEST_F(GridColumnsTest, RowsAreHighEnoughForTheirFont) {
-  const int before = view().visualRect(cell(0, 1)).height();
+  const int before = view().visualRect(cell(0, column::Beschreibung)).height();
   EXPECT_GT(before, view().fontMetrics().height());
   grid->SetFont({"Liberation Sans", 20, false});
   QCoreApplication::processEvents();
-  EXPECT_GT(view().visualRect(cell(0, 1)).height(), before);
-  EXPECT_GT(view().visualRect(cell(0, 1)).height(), view().fontMetrics().height());
+  EXPECT_GT(view().visualRect(cell(0, column::Beschreibung)).height(), before);
+  EXPECT_GT(view().visualRect(cell(0, column::Beschreibung)).height(),
+            view().fontMetrics().height());
 }
 
 TEST_F(GridColumnsTest, PropertiesWithoutEffectChangeNothingThatIsSeen) {

@@ -45,8 +45,8 @@ TEST_P(GridContrastTest, GroupCaptions) {
   for (const GridColour colour :
        {0xF0F0F0U, toolTipBackground, 0xFFFFFFU, 0x808080U, 0x101010U, 0x000080U, 0xFFFF00U}) {
     for (const bool bold : {false, true}) {
-      grid->CellBackColor(groupCaption, 1, colour);
-      grid->CellFontBold(groupCaption, 1, bold);
+      grid->CellBackColor(groupCaption, column::Beschreibung, colour);
+      grid->CellFontBold(groupCaption, column::Beschreibung, bold);
       EXPECT_GE(textContrast(groupCaption, 1), legibleContrast) << std::hex << colour;
     }
   }
@@ -59,7 +59,7 @@ TEST_P(GridContrastTest, Ranges) {
 
 TEST_P(GridContrastTest, TheSelectedRow) {
   for (const int item : {groupCaption, range}) {
-    grid->CellBackColor(groupCaption, 1, 0xF0F0F0U);
+    grid->CellBackColor(groupCaption, column::Beschreibung, 0xF0F0F0U);
     grid->ListIndex(item);
     view().setFocus();
     EXPECT_GE(textContrast(item, 1), legibleContrast) << "with the keys";
@@ -69,7 +69,7 @@ TEST_P(GridContrastTest, TheSelectedRow) {
 }
 
 TEST_P(GridContrastTest, TheEditor) {
-  grid->StartEdit(range, 2);
+  grid->StartEdit(range, column::Start);
   const auto ofEditor = [this] {
     QCoreApplication::processEvents();
     const QImage image = editor()->grab().toImage();

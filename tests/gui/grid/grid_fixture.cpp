@@ -20,7 +20,7 @@ std::string nameOf(GridArea area) {
 
 bool isModifier(std::int16_t key) { return key >= 16 && key <= 18; }
 
-ColumnDescription column(const char* header, double width, Alignment alignment) {
+ColumnDescription textColumn(const char* header, double width, Alignment alignment) {
   return {header, width, alignment};
 }
 
@@ -69,10 +69,10 @@ ControlDescription gridDescription() {
   grid.position = {150, 150, 8400, 3900};
   grid.tabIndex = 0;
   grid.columns = {
-      column("", 0, Alignment::Left),         column("Beschreibung", 133, Alignment::Left),
-      valueColumn("Start", Alignment::Right), valueColumn("Aktuell", Alignment::Right),
-      valueColumn("Ende", Alignment::Right),  valueColumn("Maske", Alignment::Left),
-      column("NSchl", 0, Alignment::Left),    column("Type", 0, Alignment::Left)};
+      textColumn("", 0, Alignment::Left),      textColumn("Beschreibung", 133, Alignment::Left),
+      valueColumn("Start", Alignment::Right),  valueColumn("Aktuell", Alignment::Right),
+      valueColumn("Ende", Alignment::Right),   valueColumn("Maske", Alignment::Left),
+      textColumn("NSchl", 0, Alignment::Left), textColumn("Type", 0, Alignment::Left)};
   return grid;
 }
 
@@ -99,15 +99,15 @@ void GridTest::SetUp() {
 
 void GridTest::addGroup(const std::string& caption, int children) {
   const auto group = grid->AddItem("");
-  grid->List(group, 1, caption);
-  grid->List(group, 7, "Group");
+  grid->List(group, column::Beschreibung, caption);
+  grid->List(group, column::Type, "Group");
   for (int child = 0; child < children; ++child) {
     const auto item = grid->AddItem("");
     grid->ItemLevel(item, 1);
-    grid->List(item, 1, "Filiale " + std::to_string(child));
-    grid->List(item, 2, 1000 + item);
-    grid->List(item, 5, " ");
-    grid->List(item, 7, "Pos");
+    grid->List(item, column::Beschreibung, "Filiale " + std::to_string(child));
+    grid->List(item, column::Start, 1000 + item);
+    grid->List(item, column::Maske, " ");
+    grid->List(item, column::Type, "Pos");
     grid->ItemPicture(item, pictureHandle(PictureKind::UncheckedBox));
   }
 }
@@ -145,7 +145,7 @@ QRect GridTest::cellRect(int item, int column) const {
 }
 
 bool GridTest::inSight(int item) const {
-  const QRect row = view().visualRect(cell(item, 1));
+  const QRect row = view().visualRect(cell(item, column::Beschreibung));
   return row.isValid() && view().viewport()->rect().contains(row.center());
 }
 
@@ -155,12 +155,12 @@ QPoint GridTest::textOf(int item, int column) const {
 }
 
 QPoint GridTest::pictureOf(int item) const {
-  const QRect rect = cellRect(item, 1);
+  const QRect rect = cellRect(item, column::Beschreibung);
   return {rect.left() + 33, rect.center().y()};
 }
 
 QPoint GridTest::arrowOf(int item) const {
-  const QRect rect = cellRect(item, 1);
+  const QRect rect = cellRect(item, column::Beschreibung);
   return {rect.left() + 7, rect.center().y()};
 }
 

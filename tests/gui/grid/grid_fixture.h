@@ -50,10 +50,23 @@ class GridEvents : public TreeGridEvents {
 
 using Lines = std::vector<std::string>;
 
-/// Five shown columns with headers like those of the number ranges, and two hidden ones.
+/// Those of gridDescription: five that are shown, with headers like those of the number ranges, and
+/// two hidden ones. Column 0 is hidden as well.
+namespace column {
+inline constexpr std::int16_t Beschreibung = 1;
+inline constexpr std::int16_t Start = 2;
+inline constexpr std::int16_t Aktuell = 3;
+inline constexpr std::int16_t Ende = 4;
+inline constexpr std::int16_t Maske = 5;
+inline constexpr std::int16_t NSchl = 6;
+inline constexpr std::int16_t Type = 7;
+}  // namespace column
+
+/// A grid of these columns.
 ControlDescription gridDescription();
 
-/// Two groups of three ranges: items 0 and 4 are the groups. Column 2 of item i holds 1000 + i.
+/// Two groups of three ranges: items 0 and 4 are the groups. Item i holds 1000 + i as its
+/// start.
 class GridTest : public testing::Test {
  protected:
   static constexpr int groupSize = 4;

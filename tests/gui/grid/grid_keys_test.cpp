@@ -29,7 +29,7 @@ TEST_F(GridTest, EndAndPageDownGoTheirWayFromTheTopWhenThereIsNoItem) {
   EXPECT_EQ(grid->ListIndex(), 0);
   rebuild(12, 3, -1);
   press(Qt::Key_PageDown);
-  const int page = view().viewport()->height() / cellRect(0, 1).height();
+  const int page = view().viewport()->height() / cellRect(0, column::Beschreibung).height();
   EXPECT_NEAR(grid->ListIndex(), page, 1);
 }
 
@@ -39,7 +39,7 @@ TEST_F(GridTest, KeysThatLeadAsideOrUpLeadNowhereWhenThereIsNoItem) {
     press(key);
     EXPECT_EQ(grid->ListIndex(), -1) << key;
   }
-  EXPECT_TRUE(view().isExpanded(cell(0, 1)));
+  EXPECT_TRUE(view().isExpanded(cell(0, column::Beschreibung)));
 }
 
 TEST_F(GridTest, AnEmptyListHasNothingToChoose) {
@@ -51,13 +51,13 @@ TEST_F(GridTest, AnEmptyListHasNothingToChoose) {
 TEST_F(GridTest, TheArrowKeysOpenAndCloseGroups) {
   grid->ListIndex(4);
   press(Qt::Key_Left);
-  EXPECT_FALSE(view().isExpanded(cell(4, 1)));
+  EXPECT_FALSE(view().isExpanded(cell(4, column::Beschreibung)));
   press(Qt::Key_Right);
-  EXPECT_TRUE(view().isExpanded(cell(4, 1)));
+  EXPECT_TRUE(view().isExpanded(cell(4, column::Beschreibung)));
   press(Qt::Key_Minus);
-  EXPECT_FALSE(view().isExpanded(cell(4, 1)));
+  EXPECT_FALSE(view().isExpanded(cell(4, column::Beschreibung)));
   press(Qt::Key_Plus);
-  EXPECT_TRUE(view().isExpanded(cell(4, 1)));
+  EXPECT_TRUE(view().isExpanded(cell(4, column::Beschreibung)));
   EXPECT_EQ(grid->ListCount(), 8);
 }
 
@@ -150,7 +150,7 @@ TEST_F(GridTest, AnItemThatBecomesCurrentIsShown) {
   rebuild(20, 5, -1);
   view().collapseAll();
   grid->ListIndex(100);
-  EXPECT_TRUE(view().isExpanded(cell(96, 1)));
+  EXPECT_TRUE(view().isExpanded(cell(96, column::Beschreibung)));
   EXPECT_TRUE(inSight(100));
 }
 

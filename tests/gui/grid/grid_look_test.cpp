@@ -27,9 +27,9 @@ double luminance(const QColor& colour) {
 }
 
 TEST_F(GridTest, ACellBackgroundCoversItsCellAlone) {
-  grid->CellBackColor(0, 1, 0xF0D0E0);
+  grid->CellBackColor(0, column::Beschreibung, 0xF0D0E0);
   const QImage image = shot(view());
-  const QRect rect = cellRect(0, 1);
+  const QRect rect = cellRect(0, column::Beschreibung);
   EXPECT_EQ(image.pixelColor(rect.left() + 1, rect.top() + 2), QColor(0xF0, 0xD0, 0xE0));
   EXPECT_EQ(image.pixelColor(rect.right() - 1, rect.top() + 2), QColor(0xF0, 0xD0, 0xE0));
   EXPECT_EQ(image.pixelColor(rect.right() + 3, rect.top() + 2),
@@ -39,11 +39,11 @@ TEST_F(GridTest, ACellBackgroundCoversItsCellAlone) {
 }
 
 TEST_F(GridTest, TheToolTipColourFollowsThePalette) {
-  grid->CellBackColor(0, 1, toolTipBackground);
+  grid->CellBackColor(0, column::Beschreibung, toolTipBackground);
   for (const QPalette& palette : {QPalette(), darkPalette()}) {
     view().setPalette(palette);
     const QImage image = shot(view());
-    const QRect rect = cellRect(0, 1);
+    const QRect rect = cellRect(0, column::Beschreibung);
     EXPECT_EQ(image.pixelColor(rect.right() - 1, rect.top() + 2),
               palette.color(QPalette::ToolTipBase));
     EXPECT_TRUE(contains(image, rect, palette.color(QPalette::ToolTipText)));
@@ -53,8 +53,8 @@ TEST_F(GridTest, TheToolTipColourFollowsThePalette) {
 TEST_F(GridTest, ALightGroundGlaresOnNoDarkPalette) {
   view().setPalette(darkPalette());
   for (const GridColour colour : {0xF0F0F0U, 0xFFFFFFU, 0xFFFFE1U}) {
-    grid->CellBackColor(0, 1, colour);
-    const QRect rect = cellRect(0, 1);
+    grid->CellBackColor(0, column::Beschreibung, colour);
+    const QRect rect = cellRect(0, column::Beschreibung);
     const QColor ground = shot(view()).pixelColor(rect.right() - 1, rect.top() + 2);
     const float shade = contrast(ground, darkPalette().color(QPalette::Base));
     EXPECT_NEAR(shade, contrast(QColor::fromRgb(colour), Qt::white), 0.03) << std::hex << colour;
@@ -62,29 +62,29 @@ TEST_F(GridTest, ALightGroundGlaresOnNoDarkPalette) {
 }
 
 TEST_F(GridTest, ALightGroundIsPaintedToTheLetterOnALightPalette) {
-  grid->CellBackColor(0, 1, 0xF0F0F0U);
-  const QRect rect = cellRect(0, 1);
+  grid->CellBackColor(0, column::Beschreibung, 0xF0F0F0U);
+  const QRect rect = cellRect(0, column::Beschreibung);
   EXPECT_EQ(shot(view()).pixelColor(rect.right() - 1, rect.top() + 2), QColor(0xF0, 0xF0, 0xF0));
 }
 
 TEST_F(GridTest, AFittedShadeKeepsItsTint) {
   view().setPalette(darkPalette());
-  grid->CellBackColor(0, 1, 0xFFFF80U);
-  const QRect rect = cellRect(0, 1);
+  grid->CellBackColor(0, column::Beschreibung, 0xFFFF80U);
+  const QRect rect = cellRect(0, column::Beschreibung);
   const QColor ground = shot(view()).pixelColor(rect.right() - 1, rect.top() + 2);
   EXPECT_EQ(ground.red(), ground.green());
   EXPECT_GT(ground.red(), ground.blue());
 }
 
 TEST_F(GridTest, AnUnknownSystemColourLeavesTheGridsOwn) {
-  grid->CellBackColor(0, 1, 0x800000FF);
-  const QRect rect = cellRect(0, 1);
+  grid->CellBackColor(0, column::Beschreibung, 0x800000FF);
+  const QRect rect = cellRect(0, column::Beschreibung);
   EXPECT_EQ(shot(view()).pixelColor(rect.right() - 1, rect.top() + 2),
             view().palette().color(QPalette::Base));
 }
 
 TEST_F(GridTest, BoldCellsAreBolder) {
-  const QRect rect = cellRect(0, 1);
+  const QRect rect = cellRect(0, column::Beschreibung);
   const auto inkedPixels = [&] {
     const QImage image = shot(view()).copy(rect);
     int count = 0;
@@ -94,7 +94,7 @@ TEST_F(GridTest, BoldCellsAreBolder) {
     return count;
   };
   const int plain = inkedPixels();
-  grid->CellFontBold(0, 1, true);
+  grid->CellFontBold(0, column::Beschreibung, true);
   EXPECT_GT(inkedPixels(), plain);
 }
 
@@ -102,7 +102,7 @@ TEST_F(GridTest, TheSelectionCoversTheWholeRow) {
   grid->ListIndex(2);
   const QImage image = shot(view());
   const QColor selection = selectionColours(view().palette()).background;
-  const int y = cellRect(2, 1).top() + 2;
+  const int y = cellRect(2, column::Beschreibung).top() + 2;
   EXPECT_EQ(image.pixelColor(1, y), selection);
   EXPECT_EQ(image.pixelColor(image.width() - 2, y), selection);
 }
@@ -110,11 +110,11 @@ TEST_F(GridTest, TheSelectionCoversTheWholeRow) {
 TEST_F(GridTest, TheSelectionIsQuietWhileTheKeysGoElsewhere) {
   grid->ListIndex(2);
   other->setFocus();
-  const QColor tint = shot(view()).pixelColor(1, cellRect(2, 1).top() + 2);
+  const QColor tint = shot(view()).pixelColor(1, cellRect(2, column::Beschreibung).top() + 2);
   EXPECT_NE(tint, selectionColours(view().palette()).background);
   EXPECT_NE(tint, view().palette().color(QPalette::Base));
-  grid->StartEdit(2, 2);
-  EXPECT_EQ(shot(view()).pixelColor(1, cellRect(2, 1).top() + 2), tint);
+  grid->StartEdit(2, column::Start);
+  EXPECT_EQ(shot(view()).pixelColor(1, cellRect(2, column::Beschreibung).top() + 2), tint);
 }
 
 TEST_F(GridTest, AStateIsSeenInThePicture) {
@@ -186,7 +186,7 @@ TEST_F(GridTest, AFrameShowsTheFocusAlsoWhileNoItemIsCurrent) {
   EXPECT_NE(edge(), frame);
   view().setFocus();
   EXPECT_EQ(edge(), frame);
-  grid->StartEdit(2, 2);
+  grid->StartEdit(2, column::Start);
   EXPECT_NE(edge(), frame);
 }
 
@@ -194,8 +194,8 @@ TEST_F(GridTest, ValuesThatTakeNoEntriesAreMuted) {
   for (const QPalette& palette : {QPalette(), darkPalette()}) {
     view().setPalette(palette);
     const QColor text = palette.color(QPalette::Text);
-    const QRect value = cellRect(2, 2);
-    const QRect caption = cellRect(2, 1).adjusted(55, 0, 0, 0);
+    const QRect value = cellRect(2, column::Start);
+    const QRect caption = cellRect(2, column::Beschreibung).adjusted(55, 0, 0, 0);
     EXPECT_TRUE(contains(shot(view()), value, text));
     grid->AcceptsEntries(false);
     const QImage image = shot(view());
@@ -212,22 +212,23 @@ TEST_F(GridTest, OptionButtonsThatCannotBeChosenArePale) {
   grid->ItemPicture(2, pictureHandle(PictureKind::OptionOn));
   const QRect place(pictureOf(2) - QPoint(8, 8), QSize(17, 17));
   const QImage before = shot(view()).copy(place);
-  const QImage boxBefore =
-      shot(view()).copy(place.translated(0, cellRect(3, 1).top() - cellRect(2, 1).top()));
+  const QImage boxBefore = shot(view()).copy(place.translated(
+      0, cellRect(3, column::Beschreibung).top() - cellRect(2, column::Beschreibung).top()));
   grid->AcceptsChoices(false);
   const QImage after = shot(view());
   EXPECT_FALSE(contains(after, place, view().palette().color(QPalette::Text)));
   EXPECT_NE(after.copy(place), before);
-  EXPECT_EQ(after.copy(place.translated(0, cellRect(3, 1).top() - cellRect(2, 1).top())),
+  EXPECT_EQ(after.copy(place.translated(0, cellRect(3, column::Beschreibung).top() -
+                                               cellRect(2, column::Beschreibung).top())),
             boxBefore);
 }
 
 TEST_F(GridTest, TextsBehindNumbersStandClearOfThem) {
-  grid->List(2, 4, "88888888");
-  grid->List(2, 5, "MMM");
+  grid->List(2, column::Ende, "88888888");
+  grid->List(2, column::Maske, "MMM");
   const QImage image = shot(view());
   const QColor base = view().palette().color(QPalette::Base);
-  const QRect mask = cellRect(2, 5);
+  const QRect mask = cellRect(2, column::Maske);
   const auto isEmpty = [&](int x) {
     for (int y = mask.top() + 2; y < mask.bottom() - 1; ++y)
       if (image.pixelColor(x, y) != base) return false;

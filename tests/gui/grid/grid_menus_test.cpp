@@ -56,7 +56,7 @@ class GridMenusTest : public GridTest {
 };
 
 TEST_F(GridMenusTest, TheEditorOffersItsCommands) {
-  grid->StartEdit(2, 2);
+  grid->StartEdit(2, column::Start);
   EXPECT_EQ(captions(openEditorMenu()),
             (Lines{"Rückgängig", "Wiederherstellen", "Ausschneiden", "Kopieren", "Einfügen",
                    "Löschen", "Alles markieren"}));
@@ -64,7 +64,7 @@ TEST_F(GridMenusTest, TheEditorOffersItsCommands) {
 
 TEST_F(GridMenusTest, TheEditorOffersWhatCanBeDone) {
   QApplication::clipboard()->clear();
-  grid->StartEdit(2, 2);
+  grid->StartEdit(2, column::Start);
   EXPECT_EQ(enabled(openEditorMenu()), (Lines{"Ausschneiden", "Kopieren", "Löschen"}));
   closeMenu();
   QApplication::clipboard()->setText(QStringLiteral("7"));
@@ -76,7 +76,7 @@ TEST_F(GridMenusTest, TheEditorOffersWhatCanBeDone) {
 }
 
 TEST_F(GridMenusTest, TheEditorObeysItsCommands) {
-  grid->StartEdit(2, 2);
+  grid->StartEdit(2, column::Start);
   choose(openEditorMenu(), "Ausschneiden");
   closeMenu();
   EXPECT_EQ(editor()->text(), QString());
@@ -100,7 +100,7 @@ TEST_F(GridMenusTest, TheEditorObeysItsCommands) {
 }
 
 TEST_F(GridMenusTest, TheMenuLeavesTheEditOpen) {
-  grid->StartEdit(2, 2);
+  grid->StartEdit(2, column::Start);
   openEditorMenu();
   EXPECT_TRUE(grid->isEditing());
   closeMenu();
@@ -143,7 +143,7 @@ TEST_F(GridMenusTest, TheScrollBarObeysItsCommands) {
 TEST_F(GridMenusTest, MenusHaveTheFontOfTheirPlace) {
   grid->SetFont({"Liberation Serif", 15, false});
   grid->ItemEditFont({"Liberation Serif", 15, false});
-  grid->StartEdit(2, 2);
+  grid->StartEdit(2, column::Start);
   EXPECT_EQ(openEditorMenu().font().family(), QStringLiteral("Liberation Serif"));
   closeMenu();
   rebuild(20, 5, -1);
@@ -153,7 +153,7 @@ TEST_F(GridMenusTest, MenusHaveTheFontOfTheirPlace) {
 
 TEST_F(GridMenusTest, ARowOffersItsCommands) {
   QGuiApplication::clipboard()->setText(QStringLiteral("1\t2"));
-  click(textOf(2, 2), Qt::RightButton);
+  click(textOf(2, column::Start), Qt::RightButton);
   QMenu& menu = *qobject_cast<QMenu*>(QApplication::activePopupWidget());
   EXPECT_EQ(captions(menu),
             (Lines{"Bearbeiten", "Kopieren", "Einfügen", "Alle aufklappen", "Alle zuklappen"}));
@@ -173,7 +173,7 @@ TEST_F(GridMenusTest, ARowOffersItsCommands) {
 TEST_F(GridMenusTest, WhatCannotBeDoneToARowIsNotOffered) {
   QGuiApplication::clipboard()->clear();
   const auto offered = [&](int item) {
-    click(textOf(item, 1), Qt::RightButton);
+    click(textOf(item, column::Beschreibung), Qt::RightButton);
     const Lines lines = enabled(*qobject_cast<QMenu*>(QApplication::activePopupWidget()));
     closeMenu();
     return lines;
@@ -191,14 +191,14 @@ TEST_F(GridMenusTest, TheMenuKeyOpensItOnTheCurrentRow) {
   const QWidget* menu = QApplication::activePopupWidget();
   ASSERT_NE(menu, nullptr);
   const QPoint corner = view().viewport()->mapFromGlobal(menu->pos());
-  EXPECT_NEAR(corner.y(), cellRect(2, 1).bottom(), 3);
+  EXPECT_NEAR(corner.y(), cellRect(2, column::Beschreibung).bottom(), 3);
 }
 
 TEST_F(GridMenusTest, WhereAnEntryStaysOpenThereIsNoMenu) {
   handler.onAfterEdit = [](bool& cancel, std::string&) { cancel = true; };
-  grid->StartEdit(2, 2);
+  grid->StartEdit(2, column::Start);
   type("x");
-  click(textOf(3, 2), Qt::RightButton);
+  click(textOf(3, column::Start), Qt::RightButton);
   EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
   EXPECT_TRUE(editorHasFocus());
 }

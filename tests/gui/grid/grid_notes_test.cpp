@@ -10,12 +10,13 @@
 #include "adapters/qtgrid/view/grid_colours.h"
 #include "gui/grid/grid_fixture.h"
 #include "gui/palettes.h"
+#include "support/screen_reader.h"
 
 namespace vexnumkr::test {
 namespace {
 
 constexpr int range = 2;
-constexpr int current = 3;
+constexpr int current = column::Aktuell;
 
 class GridNotesTest : public GridTest {
  protected:
@@ -64,11 +65,11 @@ TEST_F(GridNotesTest, ABarIsAsLongAsARangeIsFull) {
 }
 
 TEST_F(GridNotesTest, AChangedCellHasACorner) {
-  const QImage before = painted(range, 2);
+  const QImage before = painted(range, column::Start);
   handler.onDescribe = [](std::int32_t item, std::int16_t column, CellNote& note) {
-    note.changed = item == range && column == 2;
+    note.changed = item == range && column == column::Start;
   };
-  const QImage after = painted(range, 2);
+  const QImage after = painted(range, column::Start);
   const QColor mark = changedColour(view().palette());
   EXPECT_EQ(pixelsOf(before, mark), 0);
   EXPECT_GT(pixelsOf(after, mark), 5);
@@ -78,9 +79,9 @@ TEST_F(GridNotesTest, AChangedCellHasACorner) {
 
 TEST_F(GridNotesTest, TheToolTipSaysWhatTheNoteSaysAndThenTheRest) {
   handler.onDescribe = [](std::int32_t, std::int16_t, CellNote& note) { note.text = "Geladen: 7"; };
-  EXPECT_EQ(tipOf(range, 2), QStringLiteral("Geladen: 7"));
+  EXPECT_EQ(tipOf(range, column::Start), QStringLiteral("Geladen: 7"));
   handler.onToolTip = [](std::int16_t, std::string& text) { text = "Maske"; };
-  EXPECT_EQ(tipOf(range, 5), QStringLiteral("Geladen: 7\n\nMaske"));
+  EXPECT_EQ(tipOf(range, column::Maske), QStringLiteral("Geladen: 7\n\nMaske"));
 }
 
 TEST_F(GridNotesTest, ScreenReadersAreToldTheNote) {
@@ -88,7 +89,9 @@ TEST_F(GridNotesTest, ScreenReadersAreToldTheNote) {
     if (column == current) note.text = "noch 5 Nummern frei\nGeladen: 7";
   };
   QAccessibleInterface* tree = QAccessible::queryAccessibleInterface(&view());
-  EXPECT_EQ(tree->tableInterface()->cellAt(range, 2)->text(QAccessible::Description),
+  EXPECT_EQ(tree->tableInterface()
+                ->cellAt(range, sectionOf(column::Aktuell))
+                ->text(QAccessible::Description),
             QStringLiteral("Aktuell, Filiale 1, Gruppe 0, noch 5 Nummern frei, Geladen: 7"));
 }
 
@@ -97,7 +100,7 @@ TEST_F(GridNotesTest, WhatIsSaidOfAnEntryFollowsTheTyping) {
     if (text == "12") note = {"zu klein", true};
     if (text == "123") note = {"so ist es gut", false};
   };
-  grid->StartEdit(range, 2);
+  grid->StartEdit(range, column::Start);
   EXPECT_FALSE(bubble().isVisible());
   type("12");
   EXPECT_TRUE(bubble().isVisible());
@@ -117,7 +120,7 @@ TEST_F(GridNotesTest, WhatIsSaidStandsInTheListBesideItsCell) {
     note = {"Überschneidet sich mit einer Zeile, die einen recht langen Namen hat", true};
   };
   for (const int item : {1, 2, 7}) {
-    grid->StartEdit(item, 5);
+    grid->StartEdit(item, column::Maske);
     const QRect place = bubble().geometry();
     EXPECT_TRUE(view().viewport()->rect().contains(place)) << item;
     EXPECT_FALSE(place.intersects(editor()->geometry())) << item;
@@ -128,7 +131,7 @@ TEST_F(GridNotesTest, WhatIsSaidStandsInTheListBesideItsCell) {
 TEST_F(GridNotesTest, AHandlerThatFailsSaysNothing) {
   handler.onChange = [](const std::string&, EntryNote&) { throw Error::objectNotSet(); };
   QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("CEChange: .*")));
-  grid->StartEdit(range, 2);
+  grid->StartEdit(range, column::Start);
   EXPECT_TRUE(grid->isEditing());
   EXPECT_FALSE(bubble().isVisible());
 }

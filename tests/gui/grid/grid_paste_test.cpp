@@ -22,10 +22,10 @@ class GridPasteTest : public GridTest {
   /// What the cell of the first range holds after pasting by keys.
   std::string pasted(const char* text) {
     copied(text);
-    grid->StartEdit(2, 5);
+    grid->StartEdit(2, column::Maske);
     press(Qt::Key_V, Qt::ControlModifier);
     EXPECT_TRUE(grid->EndEdit(true));
-    return grid->List(2, 5);
+    return grid->List(2, column::Maske);
   }
 };
 
@@ -43,7 +43,7 @@ TEST_F(GridPasteTest, BreaksInsideOfTheTextBecomeABlank) {
 TEST_F(GridPasteTest, BlanksInsideOfTheTextStay) { EXPECT_EQ(pasted("A  B"), "A  B"); }
 
 TEST_F(GridPasteTest, TheTextGoesWhereTheCaretIs) {
-  grid->StartEdit(2, 2);
+  grid->StartEdit(2, column::Start);
   press(Qt::Key_End);
   copied(" 55\n");
   press(Qt::Key_Insert, Qt::ShiftModifier);
@@ -51,7 +51,7 @@ TEST_F(GridPasteTest, TheTextGoesWhereTheCaretIs) {
 }
 
 TEST_F(GridPasteTest, UndoTakesBackWhatWasPastedAlone) {
-  grid->StartEdit(2, 5);
+  grid->StartEdit(2, column::Maske);
   editor()->clear();
   type("AB");
   copied("CD\n");
@@ -64,11 +64,11 @@ TEST_F(GridPasteTest, UndoTakesBackWhatWasPastedAlone) {
 }
 
 TEST_F(GridPasteTest, AColumnMayTakeSoManyCharactersOnlyAndSaysSo) {
-  grid->ColTextLimit(5, 4);
+  grid->ColTextLimit(column::Maske, 4);
   EXPECT_EQ(pasted("J%%JNNN"), "J%%J");
   EXPECT_EQ(toolTipText(QToolTip::text()), QStringLiteral("höchstens 4 Zeichen"));
   QToolTip::hideText();
-  grid->StartEdit(2, 5);
+  grid->StartEdit(2, column::Maske);
   type("12345");
   EXPECT_EQ(editor()->text(), QStringLiteral("1234"));
   EXPECT_EQ(toolTipText(QToolTip::text()), QStringLiteral("höchstens 4 Zeichen"));
@@ -76,23 +76,23 @@ TEST_F(GridPasteTest, AColumnMayTakeSoManyCharactersOnlyAndSaysSo) {
 }
 
 TEST_F(GridPasteTest, TextsThatAreLongerAlreadyAreNotCut) {
-  grid->List(2, 5, "JJJJMMNNN");
-  grid->ColTextLimit(5, 4);
-  grid->StartEdit(2, 5);
+  grid->List(2, column::Maske, "JJJJMMNNN");
+  grid->ColTextLimit(column::Maske, 4);
+  grid->StartEdit(2, column::Maske);
   EXPECT_EQ(editor()->text(), QStringLiteral("JJJJMMNNN"));
   EXPECT_TRUE(grid->EndEdit(true));
-  EXPECT_EQ(grid->List(2, 5), "JJJJMMNNN");
+  EXPECT_EQ(grid->List(2, column::Maske), "JJJJMMNNN");
 }
 
 TEST_F(GridPasteTest, TypedBlanksStay) {
-  grid->StartEdit(2, 5);
+  grid->StartEdit(2, column::Maske);
   type(" M ");
   EXPECT_TRUE(grid->EndEdit(true));
-  EXPECT_EQ(grid->List(2, 5), " M ");
+  EXPECT_EQ(grid->List(2, column::Maske), " M ");
 }
 
 TEST_F(GridPasteTest, ADroppedTextIsTreatedAlike) {
-  grid->StartEdit(2, 5);
+  grid->StartEdit(2, column::Maske);
   editor()->clear();
   QMimeData data;
   data.setText(QStringLiteral(" JJNN\r\n"));

@@ -29,7 +29,7 @@ class GridRowCopyTest : public GridTest {
 };
 
 TEST_F(GridRowCopyTest, ARowIsCopiedWithoutTheBlanksOfItsCells) {
-  grid->List(2, 3, "1010");
+  grid->List(2, column::Aktuell, "1010");
   grid->ListIndex(2);
   press(Qt::Key_C, Qt::ControlModifier);
   EXPECT_EQ(QGuiApplication::clipboard()->text(), QStringLiteral("Filiale 1\t1002\t1010\t\t"));
@@ -45,26 +45,26 @@ TEST_F(GridRowCopyTest, ValuesGoIntoTheCellsAsIfTheyWereTyped) {
   paste(2, " 10\t20\t30\tJJNN\r\n40\t50");
   EXPECT_EQ(edited(),
             (Lines{"edited 2 2 10", "edited 2 3 20", "edited 2 4 30", "edited 2 5 JJNN"}));
-  EXPECT_EQ(grid->List(2, 2) + grid->List(2, 5), "10JJNN");
+  EXPECT_EQ(grid->List(2, column::Start) + grid->List(2, column::Maske), "10JJNN");
   EXPECT_FALSE(grid->isEditing());
   EXPECT_TRUE(view().hasFocus());
 }
 
 TEST_F(GridRowCopyTest, FewerValuesLeaveTheOtherCells) {
-  grid->List(2, 4, "99");
+  grid->List(2, column::Ende, "99");
   paste(2, "10\t20");
   EXPECT_EQ(edited(), (Lines{"edited 2 2 10", "edited 2 3 20"}));
-  EXPECT_EQ(grid->List(2, 4), "99");
+  EXPECT_EQ(grid->List(2, column::Ende), "99");
 }
 
 TEST_F(GridRowCopyTest, ACopiedRowComesWithoutItsCaption) {
-  grid->List(3, 3, "1010");
+  grid->List(3, column::Aktuell, "1010");
   grid->ListIndex(3);
   press(Qt::Key_C, Qt::ControlModifier);
   paste(2, QGuiApplication::clipboard()->text().toUtf8().constData());
-  EXPECT_EQ(grid->List(2, 1), "Filiale 1");
-  EXPECT_EQ(grid->List(2, 2), "1003");
-  EXPECT_EQ(grid->List(2, 3), "1010");
+  EXPECT_EQ(grid->List(2, column::Beschreibung), "Filiale 1");
+  EXPECT_EQ(grid->List(2, column::Start), "1003");
+  EXPECT_EQ(grid->List(2, column::Aktuell), "1010");
 }
 
 TEST_F(GridRowCopyTest, ARefusedValueStaysOpenAndStopsTheOthers) {
@@ -73,7 +73,7 @@ TEST_F(GridRowCopyTest, ARefusedValueStaysOpenAndStopsTheOthers) {
   EXPECT_EQ(edited(), (Lines{"edited 2 2 10", "edited 2 3 zwanzig"}));
   ASSERT_TRUE(editorHasFocus());
   EXPECT_EQ(editor()->selectedText(), QStringLiteral("zwanzig"));
-  EXPECT_EQ(grid->List(2, 4), "");
+  EXPECT_EQ(grid->List(2, column::Ende), "");
 }
 
 TEST_F(GridRowCopyTest, WhatTakesNoEntriesTakesNone) {
@@ -83,7 +83,7 @@ TEST_F(GridRowCopyTest, WhatTakesNoEntriesTakesNone) {
   grid->AcceptsEntries(true);
   paste(2, " \r\n");
   EXPECT_EQ(edited(), Lines{});
-  EXPECT_EQ(grid->List(2, 2), "1002");
+  EXPECT_EQ(grid->List(2, column::Start), "1002");
 }
 
 }  // namespace

@@ -69,7 +69,7 @@ class GridScalesTest : public GridTest {
     const std::vector<Line> lines = rules();
     ASSERT_GT(lines.size(), 5U);
     const int pitch = lines[1].top - lines[0].top;
-    EXPECT_EQ(pitch, qRound(view().visualRect(cell(2, 1)).height() * ratio()));
+    EXPECT_EQ(pitch, qRound(view().visualRect(cell(2, column::Beschreibung)).height() * ratio()));
     for (std::size_t i = 1; i < lines.size(); ++i) {
       EXPECT_EQ(lines[i].top - lines[i - 1].top, pitch) << "rule " << i;
     }
@@ -78,7 +78,7 @@ class GridScalesTest : public GridTest {
 };
 
 TEST_F(GridScalesTest, RowsAreWholeDevicePixelsHigh) {
-  const qreal height = view().visualRect(cell(2, 1)).height() * ratio();
+  const qreal height = view().visualRect(cell(2, column::Beschreibung)).height() * ratio();
   EXPECT_DOUBLE_EQ(height, qRound(height));
 }
 
@@ -111,7 +111,7 @@ TEST_F(GridScalesTest, RulesAreEvenlySpacedInEveryFontSize) {
 TEST_F(GridScalesTest, ASelectedRowLeavesNoGap) {
   grid->ListIndex(2);
   const QImage image = shot();
-  const QRect row = cellRect(2, 5);
+  const QRect row = cellRect(2, column::Maske);
   const int x = onShot({view().viewport()->width() - 4, 0}).x();
   const int top = onShot(row.topLeft()).y();
   const int end = onShot({0, row.top() + row.height()}).y() - static_cast<int>(ratio());
@@ -123,7 +123,8 @@ TEST_F(GridScalesTest, AllCheckBoxesLookAlike) {
   const QImage image = shot();
   const int edge = qRound(20 * ratio());
   const auto boxOf = [&](int item) {
-    const QPoint corner = onShot(QPoint(pictureOf(item).x() - 10, cellRect(item, 1).top()));
+    const QPoint corner =
+        onShot(QPoint(pictureOf(item).x() - 10, cellRect(item, column::Beschreibung).top()));
     return image.copy(QRect(corner, QSize(edge, edge)));
   };
   for (const int item : {2, 3, 5, 6, 7}) {
@@ -132,7 +133,7 @@ TEST_F(GridScalesTest, AllCheckBoxesLookAlike) {
 }
 
 TEST_F(GridScalesTest, TheFrameOfTheEditorIsEvenAllAround) {
-  grid->StartEdit(2, 2);
+  grid->StartEdit(2, column::Start);
   editor()->clear();
   const QImage image = editor()->grab().toImage();
   const QColor frame = editor()->palette().color(QPalette::Highlight);

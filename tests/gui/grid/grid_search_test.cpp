@@ -11,9 +11,9 @@ class GridSearchTest : public GridTest {
  protected:
   void SetUp() override {
     GridTest::SetUp();
-    grid->List(2, 1, "Ulm");
-    grid->List(6, 1, "Ulm-Nord");
-    grid->List(7, 1, "Dresden");
+    grid->List(2, column::Beschreibung, "Ulm");
+    grid->List(6, column::Beschreibung, "Ulm-Nord");
+    grid->List(7, column::Beschreibung, "Dresden");
     view().setFocus();
   }
   QLineEdit& field() const { return *window.findChild<QLineEdit*>(QStringLiteral("searchField")); }
@@ -101,16 +101,16 @@ TEST_F(GridSearchTest, TurningToSomethingElseClosesIt) {
 }
 
 TEST_F(GridSearchTest, AnOpenEntryIsKeptFirst) {
-  grid->StartEdit(2, 2);
+  grid->StartEdit(2, column::Start);
   type("55");
   press(Qt::Key_F, Qt::ControlModifier);
-  EXPECT_EQ(grid->List(2, 2), "55");
+  EXPECT_EQ(grid->List(2, column::Start), "55");
   EXPECT_TRUE(field().hasFocus());
 }
 
 TEST_F(GridSearchTest, ARefusedEntryKeepsItClosed) {
   handler.onAfterEdit = [](bool& cancel, std::string&) { cancel = true; };
-  grid->StartEdit(2, 2);
+  grid->StartEdit(2, column::Start);
   type("55");
   press(Qt::Key_F, Qt::ControlModifier);
   EXPECT_FALSE(field().isVisible());

@@ -19,33 +19,33 @@ class GridToolTipTest : public GridTest {
 };
 
 TEST_F(GridToolTipTest, AFittingTextProposesNothing) {
-  EXPECT_EQ(tipAt(textOf(2, 2)), QString());
+  EXPECT_EQ(tipAt(textOf(2, column::Start)), QString());
   EXPECT_EQ(events(), Lines{"tip 2 "});
 }
 
 TEST_F(GridToolTipTest, ATextThatIsCutOffIsProposedInFull) {
   const std::string longText(60, 'W');
-  grid->List(2, 5, longText);
-  EXPECT_EQ(tipAt(textOf(2, 5)), QString::fromStdString(longText));
+  grid->List(2, column::Maske, longText);
+  EXPECT_EQ(tipAt(textOf(2, column::Maske)), QString::fromStdString(longText));
   EXPECT_EQ(events(), Lines{"tip 5 " + longText});
 }
 
 TEST_F(GridToolTipTest, TheHandlerHasTheLastWord) {
   handler.onToolTip = [](std::int16_t column, std::string& text) {
-    if (column == 5) text = "<b>eins</b>\r\nzwei";
-    if (column == 2) text = "J%%J --> 24\r\nM=Monat";
+    if (column == column::Maske) text = "<b>eins</b>\r\nzwei";
+    if (column == column::Start) text = "J%%J --> 24\r\nM=Monat";
   };
-  EXPECT_EQ(tipAt(textOf(2, 5)), QStringLiteral("<b>eins</b>\nzwei"));
-  EXPECT_EQ(tipAt(textOf(2, 2)), QStringLiteral("J%%J --> 24\nM=Monat"));
+  EXPECT_EQ(tipAt(textOf(2, column::Maske)), QStringLiteral("<b>eins</b>\nzwei"));
+  EXPECT_EQ(tipAt(textOf(2, column::Start)), QStringLiteral("J%%J --> 24\nM=Monat"));
   handler.onToolTip = [](std::int16_t, std::string& text) { text.clear(); };
-  grid->List(2, 5, std::string(60, 'W'));
-  (void)tipAt(textOf(2, 5));
+  grid->List(2, column::Maske, std::string(60, 'W'));
+  (void)tipAt(textOf(2, column::Maske));
   EXPECT_TRUE(QTest::qWaitFor([] { return !QToolTip::isVisible(); }));
 }
 
 TEST_F(GridToolTipTest, ThereIsATipOverTheEditorToo) {
   handler.onToolTip = [](std::int16_t, std::string& text) { text = "Maske"; };
-  grid->StartEdit(2, 5);
+  grid->StartEdit(2, column::Maske);
   const QPoint position = editor()->rect().center();
   QHelpEvent event(QEvent::ToolTip, position, editor()->mapToGlobal(position));
   QApplication::sendEvent(editor(), &event);
@@ -60,9 +60,9 @@ TEST_F(GridToolTipTest, TheGridsOwnTipIsForWhereNoCellHasOne) {
 }
 
 TEST_F(GridToolTipTest, AFailingHandlerLeavesTheProposal) {
-  grid->List(2, 5, std::string(60, 'W'));
+  grid->List(2, column::Maske, std::string(60, 'W'));
   handler.onToolTip = [](std::int16_t, std::string&) { throw Error::overflow(); };
-  EXPECT_EQ(tipAt(textOf(2, 5)), QString(60, QLatin1Char('W')));
+  EXPECT_EQ(tipAt(textOf(2, column::Maske)), QString(60, QLatin1Char('W')));
 }
 
 }  // namespace
