@@ -31,8 +31,17 @@ class Failures final : public Reporter {
 TEST(WithoutWindowTest, RangesAreNumberedCheckedAndToldApart) {
   XArray table = XArray::created();
   for (const char* key : {"AN", "RE"})
-    table.append(test::rowOf(
-        table, {alleBenutzer, 0, standardGroup, key, "Beleg", 1, 1, 9, true, 1, "", "JJNN"}));
+    table.append(test::rowOf(table, {.Benutzer = alleBenutzer,
+                                     .Buchungskreis = 0,
+                                     .Gruppe = standardGroup,
+                                     .NSchl = key,
+                                     .NBezeichnung = "Beleg",
+                                     .StartWert = 1,
+                                     .AktuellerWert = 1,
+                                     .EndWert = 9,
+                                     .Aktiviert = true,
+                                     .SortierIndex = 1,
+                                     .Maske = "JJNN"}));
   Failures failures;
   Progress progress(nullptr);
   EXPECT_TRUE(numberFromMasks(table, "20260315", progress));

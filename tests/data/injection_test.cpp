@@ -1,11 +1,26 @@
 // Whatever stands in a value, nothing but its own row can change by it.
+#include <map>
+
 #include "data/sql/statements.h"
 #include "support/core_session.h"
 
 namespace vexnumkr {
 namespace {
 
+using test::RowCells;
 using Texts = std::vector<std::string>;
+
+const RowCells invoice{.Benutzer = "Alle Benutzer",
+                       .Buchungskreis = 1,
+                       .Gruppe = "Nord",
+                       .NSchl = "RE",
+                       .NBezeichnung = "Rechnung",
+                       .StartWert = 1,
+                       .AktuellerWert = 2,
+                       .EndWert = 9,
+                       .Aktiviert = true,
+                       .SortierIndex = 50,
+                       .Maske = ""};
 
 const Texts attempts = {
     "'",
@@ -66,19 +81,16 @@ class InjectionTest : public test::CoreSession {
 
 TEST_F(InjectionTest, AValueThatIsSavedChangesNoOtherRow) {
   const Texts before = others();
-  const std::size_t key = 3;
-  const std::size_t description = 4;
-  const std::size_t sharedWith = 10;
-  const std::size_t mask = 11;
-  for (const std::size_t place : {key, description, sharedWith, mask}) {
+  const std::map<std::string, Value RowCells::*> texts = {{"NSchl", &RowCells::NSchl},
+                                                          {"NBezeichnung", &RowCells::NBezeichnung},
+                                                          {"IstNSchlVon", &RowCells::IstNSchlVon},
+                                                          {"Maske", &RowCells::Maske}};
+  for (const auto& [column, cell] : texts) {
     for (const std::string& attempt : attempts) {
-      SCOPED_TRACE("column " + std::to_string(place) + ": " + attempt.substr(0, 60));
+      SCOPED_TRACE(column + ": " + attempt.substr(0, 60));
       start(1, {"Max"});
       session().beginTransaction();
-      std::vector<Value> cells{
-          "Alle Benutzer", 1, "Nord", "RE", "Rechnung", 1, 2, 9, true, 50, "", ""};
-      cells[place] = attempt;
-      row(cells);
+      row(invoice.with(cell, attempt));
       session().blnChanged(true);
       const bool saved = save();
       const auto raised = boxes();
@@ -100,7 +112,7 @@ TEST_F(InjectionTest, ALongTextIsStoredAsAWholeOrReported) {
   const std::string text(70'000, 'x');
   start(1, {"Max"});
   session().beginTransaction();
-  row({"Alle Benutzer", 1, "Nord", "RE", text, 1, 2, 9, true, 50, "", text});
+  row(invoice.with(&RowCells::NBezeichnung, text).with(&RowCells::Maske, text));
   session().blnChanged(true);
   EXPECT_EQ(save(), fits);
   EXPECT_EQ(boxes().size(), fits ? 0U : 1U);
@@ -116,7 +128,7 @@ TEST_F(InjectionTest, AUserNameChangesNoOtherRow) {
     start(1, {attempt});
     AktiviertDB(1, "RE", attempt);
     session().beginTransaction();
-    row({attempt, 1, "Nord", "RE", "Rechnung", 1, 2, 9, true, 50, "", ""});
+    row(invoice.with(&RowCells::Benutzer, attempt));
     session().blnChanged(true);
     const bool saved = save();
     boxes();
@@ -132,7 +144,7 @@ TEST_F(InjectionTest, ACaptionChangesNoOtherRow) {
     SCOPED_TRACE(attempt.substr(0, 60));
     start(1, {"Max"});
     session().beginTransaction();
-    row({"Alle Benutzer", 1, attempt, "RE", "Rechnung", 1, 2, 9, true, 50, "", ""});
+    row(invoice.with(&RowCells::Gruppe, attempt));
     session().blnChanged(true);
     EXPECT_TRUE(save()) << "captions are not saved";
     EXPECT_EQ(others(), before);
@@ -142,7 +154,7 @@ TEST_F(InjectionTest, ACaptionChangesNoOtherRow) {
 TEST_F(InjectionTest, AStatementThatAValueHasTurnedIntoAnotherIsRefusedBySaving) {
   start(1, {"Max"});
   session().beginTransaction();
-  row({"Alle Benutzer", 1, "Nord", "RE", "Rechnung", 1, 2, 9, true, 50, "", ""});
+  row(invoice);
   table().setValue(0, &RangeRow::Maske, "' || (SELECT strUserName_PK FROM tblUser) || '");
   session().blnChanged(true);
   script().takeStatements();

@@ -8,7 +8,20 @@ namespace vexnumkr {
 namespace {
 
 using test::errorBox;
+using test::RowCells;
 using Texts = std::vector<std::string>;
+
+const RowCells invoice{.Benutzer = "Alle Benutzer",
+                       .Buchungskreis = 0,
+                       .Gruppe = "Standard",
+                       .NSchl = "RE",
+                       .NBezeichnung = "Rechnung",
+                       .StartWert = 1,
+                       .AktuellerWert = 2,
+                       .EndWert = 9,
+                       .Aktiviert = true,
+                       .SortierIndex = 50,
+                       .Maske = "NN"};
 
 // A command of a provider that does not know how many records a statement has found.
 class CommandThatDoesNotCount final : public Command {
@@ -216,9 +229,20 @@ TEST_F(LoadingTest, AQuoteInAKeyBreaksItsStatement) {
 TEST_F(LoadingTest, AddsACircleWithTheValuesOfTheStandardRanges) {
   circle(2, "Süd");
   start(1);
-  row({"Alle Benutzer", 0, "Standard", "RE", "Rechnung", 1, 2, 9, true, 50, "AN", "NN"});
-  row({"Max", 0, "Standard", "RE", "Rechnung", 1, 2, 9, true, 50, "AN", "NN"});
-  row({"Alle Benutzer", 0, "Standard", "AN", "Angebot", 3, 4, 8, true, 10, "", "N"});
+  const RowCells special = invoice.with(&RowCells::IstNSchlVon, "AN");
+  row(special);
+  row(special.with(&RowCells::Benutzer, "Max"));
+  row({.Benutzer = "Alle Benutzer",
+       .Buchungskreis = 0,
+       .Gruppe = "Standard",
+       .NSchl = "AN",
+       .NBezeichnung = "Angebot",
+       .StartWert = 3,
+       .AktuellerWert = 4,
+       .EndWert = 8,
+       .Aktiviert = true,
+       .SortierIndex = 10,
+       .Maske = "N"});
   AddDataBuchungskreis("Alle Benutzer", 2, "", "RE", false);
   EXPECT_EQ(rows().back(), "Alle Benutzer|2|Süd|RE|Rechnung|1|2|9|True|50|AN|NN");
   EXPECT_EQ(rows().size(), 4U);
@@ -226,7 +250,7 @@ TEST_F(LoadingTest, AddsACircleWithTheValuesOfTheStandardRanges) {
 
 TEST_F(LoadingTest, ACircleThatIsNotListedIsAddedUnderItsNumberOfNothing) {
   start(1);
-  row({"Alle Benutzer", 0, "Standard", "RE", "Rechnung", 1, 2, 9, true, 50, "", ""});
+  row(invoice.with(&RowCells::Maske, ""));
   AddDataBuchungskreis("Alle Benutzer", 5, "", "", true);
   EXPECT_EQ(rows().back(), "Alle Benutzer|5|-1|RE|Rechnung|0|0|0|False|50||");
 }

@@ -10,13 +10,22 @@ using Texts = std::vector<std::string>;
 
 class RangeTableTest : public test::CoreSession {
  protected:
-  void ranges(std::initializer_list<std::vector<Value>> list) {
+  void ranges(std::initializer_list<test::RowCells> list) {
     for (const auto& cells : list) row(cells);
   }
 
   RangeRow invoices(const char* user) {
-    return test::rowOf(table(),
-                       {user, 5, "Nord", "RE", "Rechnung", "1", "2", "3", false, 50, "AN"});
+    return test::rowOf(table(), {.Benutzer = user,
+                                 .Buchungskreis = 5,
+                                 .Gruppe = "Nord",
+                                 .NSchl = "RE",
+                                 .NBezeichnung = "Rechnung",
+                                 .StartWert = "1",
+                                 .AktuellerWert = "2",
+                                 .EndWert = "3",
+                                 .Aktiviert = false,
+                                 .SortierIndex = 50,
+                                 .IstNSchlVon = "AN"});
   }
 };
 
@@ -28,7 +37,8 @@ TEST_F(RangeTableTest, NothingIsFoundInAnEmptyTable) {
 
 TEST_F(RangeTableTest, ARowWithoutKeyIsFoundBeforeTheOneWithTheKey) {
   start(1, {"Max"});
-  ranges({{"Max", 5, "Nord", ""}, {"Max", 5, "Nord", "RE"}});
+  ranges({{.Benutzer = "Max", .Buchungskreis = 5, .Gruppe = "Nord", .NSchl = ""},
+          {.Benutzer = "Max", .Buchungskreis = 5, .Gruppe = "Nord", .NSchl = "RE"}});
   EXPECT_EQ(FoundInXArray("Max", 5, "RE"), 0);
 }
 
@@ -40,7 +50,7 @@ TEST_F(RangeTableTest, FindingWithoutATableIsReportedAndFindsNothing) {
 
 TEST_F(RangeTableTest, AddsARowForEveryUserWhoLacksOne) {
   start(1, {"Anna", "Max"});
-  ranges({{"Anna", 5, "Nord", "RE"}});
+  ranges({{.Benutzer = "Anna", .Buchungskreis = 5, .Gruppe = "Nord", .NSchl = "RE"}});
   AddInXArray(invoices("Alle Benutzer"), false);
   EXPECT_EQ(rows(),
             (Texts{"Anna|5|Nord|RE|||||False|0||", "Max|5|Nord|RE|Rechnung|1|2|3|False|50|AN|"}));
@@ -64,10 +74,10 @@ TEST_F(RangeTableTest, AddsNothingForASingleUser) {
 
 TEST_F(RangeTableTest, DeletesOneRowPerUserAndSaysSo) {
   start(1, {"Anna", "Max"});
-  ranges({{"Alle Benutzer", 5, "Nord", "RE"},
-          {"Max", 5, "Nord", "RE"},
-          {"Max", 5, "Nord", "RE"},
-          {"Max", 6, "Süd", "RE"}});
+  ranges({{.Benutzer = "Alle Benutzer", .Buchungskreis = 5, .Gruppe = "Nord", .NSchl = "RE"},
+          {.Benutzer = "Max", .Buchungskreis = 5, .Gruppe = "Nord", .NSchl = "RE"},
+          {.Benutzer = "Max", .Buchungskreis = 5, .Gruppe = "Nord", .NSchl = "RE"},
+          {.Benutzer = "Max", .Buchungskreis = 6, .Gruppe = "Süd", .NSchl = "RE"}});
   EXPECT_TRUE(DeleteInXArray(5, "RE", false));
   EXPECT_EQ(rows(), (Texts{"Alle Benutzer|5|Nord|RE|||||False|0||", "Max|5|Nord|RE|||||False|0||",
                            "Max|6|Süd|RE|||||False|0||"}));
@@ -77,7 +87,7 @@ TEST_F(RangeTableTest, DeletesOneRowPerUserAndSaysSo) {
 
 TEST_F(RangeTableTest, DeletingWhatIsNotThereChangesNothing) {
   start(1, {"Max"});
-  ranges({{"Max", 5, "Nord", "RE"}});
+  ranges({{.Benutzer = "Max", .Buchungskreis = 5, .Gruppe = "Nord", .NSchl = "RE"}});
   EXPECT_FALSE(DeleteInXArray(5, "AN", true));
   EXPECT_EQ(rows().size(), 1U);
 }
@@ -89,7 +99,9 @@ TEST_F(RangeTableTest, NewKeysComeLast) {
 
 TEST_F(RangeTableTest, AValueReachesEveryUsersRow) {
   start(1, {"Anna", "Max"});
-  ranges({{"Max", 5, "Nord", "RE"}, {"Alle Benutzer", 5, "Nord", "RE"}, {"Max", 6, "Süd", "RE"}});
+  ranges({{.Benutzer = "Max", .Buchungskreis = 5, .Gruppe = "Nord", .NSchl = "RE"},
+          {.Benutzer = "Alle Benutzer", .Buchungskreis = 5, .Gruppe = "Nord", .NSchl = "RE"},
+          {.Benutzer = "Max", .Buchungskreis = 6, .Gruppe = "Süd", .NSchl = "RE"}});
   SetValueAll("RE", 5, &RangeRow::EndWert, "99");
   EXPECT_EQ(rows(),
             (Texts{"Max|5|Nord|RE||||99|False|0||", "Alle Benutzer|5|Nord|RE||||99|False|0||",
@@ -98,7 +110,8 @@ TEST_F(RangeTableTest, AValueReachesEveryUsersRow) {
 
 TEST_F(RangeTableTest, AValueOfOneUserIsFoundByCaptionAndKey) {
   start(1, {"Max"});
-  ranges({{"Max", 5, "Nord", "RE"}, {"Max", 6, "Süd", "RE"}});
+  ranges({{.Benutzer = "Max", .Buchungskreis = 5, .Gruppe = "Nord", .NSchl = "RE"},
+          {.Benutzer = "Max", .Buchungskreis = 6, .Gruppe = "Süd", .NSchl = "RE"}});
   SetValue("RE", "Süd", "Max", true);
   SetValue("RE", "West", "Max", true);
   EXPECT_EQ(activity(), (Texts{"Max 5 RE False", "Max 6 RE True"}));
@@ -109,10 +122,33 @@ class RefreshInXArrayTest : public RangeTableTest {
   void SetUp() override {
     sql("INSERT INTO Nummernkreis_Buchungskreise VALUES (1, 'Nord', 'ORB')");
     start(1, {"Max"});
-    ranges({{"Alle Benutzer", 0, "Standard", "RE", "Rechnung", 1, 2, 9, true, 50, "", "NN"},
-            {"Alle Benutzer", 0, "Standard", "AN", "Angebot", 1, 2, 9, true, 10, "", "NN"},
-            {"Alle Benutzer", 1, "Nord", "RE", "Rechnung", 10, 11, 19, true, 50, "", "1N"},
-            {"Max", 1, "Nord", "RE", "Rechnung", 10, 11, 19, true, 50, "", "1N"}});
+    const test::RowCells standard{.Benutzer = "Alle Benutzer",
+                                  .Buchungskreis = 0,
+                                  .Gruppe = "Standard",
+                                  .NSchl = "RE",
+                                  .NBezeichnung = "Rechnung",
+                                  .StartWert = 1,
+                                  .AktuellerWert = 2,
+                                  .EndWert = 9,
+                                  .Aktiviert = true,
+                                  .SortierIndex = 50,
+                                  .Maske = "NN"};
+    test::RowCells offers = standard;
+    offers.NSchl = "AN";
+    offers.NBezeichnung = "Angebot";
+    offers.SortierIndex = 10;
+    const test::RowCells north{.Benutzer = "Alle Benutzer",
+                               .Buchungskreis = 1,
+                               .Gruppe = "Nord",
+                               .NSchl = "RE",
+                               .NBezeichnung = "Rechnung",
+                               .StartWert = 10,
+                               .AktuellerWert = 11,
+                               .EndWert = 19,
+                               .Aktiviert = true,
+                               .SortierIndex = 50,
+                               .Maske = "1N"};
+    ranges({standard, offers, north, north.with(&test::RowCells::Benutzer, "Max")});
   }
 
   void refresh() {
@@ -175,7 +211,7 @@ TEST_F(RefreshInXArrayTest, ACircleThatIsGoneLosesItsRowsOfEveryUser) {
 }
 
 TEST_F(RefreshInXArrayTest, RowsOfUsersAloneStayWhenTheirCircleIsGone) {
-  row({"Max", 7, "Weg", "RE"});
+  row({.Benutzer = "Max", .Buchungskreis = 7, .Gruppe = "Weg", .NSchl = "RE"});
   refresh();
   EXPECT_EQ(activity().back(), "Max 7 RE False");
 }

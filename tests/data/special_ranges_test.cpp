@@ -19,7 +19,7 @@ class SpecialRangesTest : public test::CoreSession {
 TEST_F(SpecialRangesTest, WithoutAnyOfTheOriginNothingHappens) {
   special("'PF', 'RE', 'Proforma', -1, 'ORC'");
   start(1, {"Max"});
-  row({"Alle Benutzer", 0, "Standard", "RE"});
+  row({.Benutzer = "Alle Benutzer", .Buchungskreis = 0, .Gruppe = "Standard", .NSchl = "RE"});
   EXPECT_FALSE(CheckSonderkreise());
   refresh();
   EXPECT_EQ(rows().size(), 1U);
@@ -50,7 +50,18 @@ TEST_F(SpecialRangesTest, OneThatIsOnBecomesAStandardRangeOfEveryUserAndOneOfEve
 TEST_F(SpecialRangesTest, OneThatIsInTheTableIsNotAddedAgain) {
   special("'PF', 'RE', 'Proforma', -1, 'ORB'");
   start(1, {"Max"});
-  row({"Alle Benutzer", 0, "Standard", "PF", "Proforma", 1, 2, 9, true, 5, "RE", "N"});
+  row({.Benutzer = "Alle Benutzer",
+       .Buchungskreis = 0,
+       .Gruppe = "Standard",
+       .NSchl = "PF",
+       .NBezeichnung = "Proforma",
+       .StartWert = 1,
+       .AktuellerWert = 2,
+       .EndWert = 9,
+       .Aktiviert = true,
+       .SortierIndex = 5,
+       .IstNSchlVon = "RE",
+       .Maske = "N"});
   refresh();
   EXPECT_EQ(rows(), Texts{"Alle Benutzer|0|Standard|PF|Proforma|1|2|9|True|5|RE|N"});
 }
@@ -58,10 +69,10 @@ TEST_F(SpecialRangesTest, OneThatIsInTheTableIsNotAddedAgain) {
 TEST_F(SpecialRangesTest, OneThatIsOffLosesAllItsRows) {
   special("'PF', 'RE', 'Proforma', 0, 'ORB'");
   start(1, {"Max"});
-  row({"Alle Benutzer", 0, "Standard", "PF"});
-  row({"Alle Benutzer", 0, "Standard", "RE"});
-  row({"Max", 0, "Standard", "PF"});
-  row({"Max", 1, "Nord", "PF"});
+  row({.Benutzer = "Alle Benutzer", .Buchungskreis = 0, .Gruppe = "Standard", .NSchl = "PF"});
+  row({.Benutzer = "Alle Benutzer", .Buchungskreis = 0, .Gruppe = "Standard", .NSchl = "RE"});
+  row({.Benutzer = "Max", .Buchungskreis = 0, .Gruppe = "Standard", .NSchl = "PF"});
+  row({.Benutzer = "Max", .Buchungskreis = 1, .Gruppe = "Nord", .NSchl = "PF"});
   refresh();
   EXPECT_EQ(activity(), Texts{"Alle Benutzer 0 RE False"});
   EXPECT_FALSE(session().blnChanged());

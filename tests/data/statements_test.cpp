@@ -65,9 +65,18 @@ TEST(StatementsTest, Deletes) {
 class RangeStatementsTest : public ::testing::Test {
  protected:
   XArray table_ = XArray::created();
-  RangeRow range_ =
-      test::rowOf(table_, {"Alle Benutzer", 1, "Nord", "RE", "Rechnung", -5, " 7 ",
-                           std::numeric_limits<std::int32_t>::min(), true, 50, "AN", "JJNNN"});
+  RangeRow range_ = test::rowOf(table_, {.Benutzer = "Alle Benutzer",
+                                         .Buchungskreis = 1,
+                                         .Gruppe = "Nord",
+                                         .NSchl = "RE",
+                                         .NBezeichnung = "Rechnung",
+                                         .StartWert = -5,
+                                         .AktuellerWert = " 7 ",
+                                         .EndWert = std::numeric_limits<std::int32_t>::min(),
+                                         .Aktiviert = true,
+                                         .SortierIndex = 50,
+                                         .IstNSchlVon = "AN",
+                                         .Maske = "JJNNN"});
 };
 
 TEST_F(RangeStatementsTest, Insert) {

@@ -90,8 +90,15 @@ class Pair {
 
   void append() {
     const Row row{user(), circle(), caption(), key(), circle(), Value(3), pick(2) == 0};
-    table_.append(test::rowOf(
-        table_, {row.user, row.circle, row.caption, row.key, "", 1, 1, 3, row.active, row.place}));
+    table_.append(test::rowOf(table_, {.Benutzer = row.user,
+                                       .Buchungskreis = row.circle,
+                                       .Gruppe = row.caption,
+                                       .NSchl = row.key,
+                                       .StartWert = 1,
+                                       .AktuellerWert = 1,
+                                       .EndWert = 3,
+                                       .Aktiviert = row.active,
+                                       .SortierIndex = row.place}));
     plain_.rows.push_back(row);
   }
 

@@ -11,10 +11,11 @@ namespace vexnumkr {
 namespace {
 
 using test::errorOf;
+using test::RowCells;
 using test::rowOf;
 using Texts = std::vector<std::string>;
 
-XArray tableOf(const std::vector<std::vector<Value>>& rows) {
+XArray tableOf(const std::vector<RowCells>& rows) {
   XArray table = XArray::created();
   for (const auto& cells : rows) table.append(rowOf(table, cells));
   return table;
@@ -53,7 +54,8 @@ TEST(XArrayTest, WhatWasNotCreatedIsError91) {
 }
 
 TEST(XArrayTest, RowsThatDoNotExistAreError9) {
-  XArray table = tableOf({{"Max", 1, "Nord", "RE"}});
+  XArray table =
+      tableOf({{.Benutzer = "Max", .Buchungskreis = 1, .Gruppe = "Nord", .NSchl = "RE"}});
   EXPECT_EQ(errorOf([&] { table.at(-1); }), 9);
   EXPECT_EQ(errorOf([&] { table.at(1); }), 9);
   EXPECT_EQ(errorOf([&] { table.remove(1); }), 9);
@@ -63,7 +65,8 @@ TEST(XArrayTest, RowsThatDoNotExistAreError9) {
 }
 
 TEST(XArrayTest, ValuesStayAsTheyWereTyped) {
-  XArray table = tableOf({{"Max", 1, "Nord", "RE"}});
+  XArray table =
+      tableOf({{.Benutzer = "Max", .Buchungskreis = 1, .Gruppe = "Nord", .NSchl = "RE"}});
   EXPECT_EQ(table.at(0).StartWert.toValue(), Value()) << "nothing yet";
   EXPECT_EQ(table.at(0).StartWert.toLong(), 0);
   for (const Value& value : {Value(-5), Value("1.000"), Value(""), Value(0), Value()}) {
@@ -79,8 +82,19 @@ TEST(XArrayTest, ValuesStayAsTheyWereTyped) {
 }
 
 TEST(XArrayTest, ARowShowsItsColumnsInOrder) {
-  const XArray table =
-      tableOf({{"Max", 1, "Nord", "RE", "Rechnung", 10, "11", 99, true, 50, "AN", ""}, {"Eva"}});
+  const XArray table = tableOf({{.Benutzer = "Max",
+                                 .Buchungskreis = 1,
+                                 .Gruppe = "Nord",
+                                 .NSchl = "RE",
+                                 .NBezeichnung = "Rechnung",
+                                 .StartWert = 10,
+                                 .AktuellerWert = "11",
+                                 .EndWert = 99,
+                                 .Aktiviert = true,
+                                 .SortierIndex = 50,
+                                 .IstNSchlVon = "AN",
+                                 .Maske = ""},
+                                {.Benutzer = "Eva"}});
   const auto full = table.at(0).columns();
   const std::array<Value, 12> expected{"Max", 1,  "Nord", "RE", "Rechnung", 10,
                                        "11",  99, true,   50,   "AN",       ""};
@@ -89,19 +103,22 @@ TEST(XArrayTest, ARowShowsItsColumnsInOrder) {
 }
 
 TEST(XArrayTest, LaterRowsMoveUpWhenOneGoes) {
-  XArray table = tableOf({{"A", 1}, {"B", 2}, {"C", 3}, {"D", 4}});
+  XArray table = tableOf({{.Benutzer = "A", .Buchungskreis = 1},
+                          {.Benutzer = "B", .Buchungskreis = 2},
+                          {.Benutzer = "C", .Buchungskreis = 3},
+                          {.Benutzer = "D", .Buchungskreis = 4}});
   table.remove(1);
   EXPECT_EQ(keys(table), (Texts{"A 1 ", "C 3 ", "D 4 "}));
   EXPECT_EQ(table.at(1).Benutzer, "C");
   table.remove(2);
-  table.append(rowOf(table, {"E", 5}));
+  table.append(rowOf(table, {.Benutzer = "E", .Buchungskreis = 5}));
   EXPECT_EQ(keys(table), (Texts{"A 1 ", "C 3 ", "E 5 "}));
   for (int i = 0; i < 3; ++i) table.remove(0);
   EXPECT_TRUE(table.empty());
 }
 
 TEST(XArrayTest, ARowCanBeReadWhileOthersAreAppended) {
-  XArray table = tableOf({{"A", 1}});
+  XArray table = tableOf({{.Benutzer = "A", .Buchungskreis = 1}});
   const RangeRow& first = table.at(0);
   for (int i = 0; i < 1000; ++i) table.append(first);
   EXPECT_EQ(first.Benutzer, "A");
@@ -109,7 +126,9 @@ TEST(XArrayTest, ARowCanBeReadWhileOthersAreAppended) {
 }
 
 TEST(XArrayTest, ARowWithoutKeyStandsForAllKeys) {
-  const XArray table = tableOf({{"Max", 6, "", "RE"}, {"Max", 5, "", ""}, {"Max", 5, "", "RE"}});
+  const XArray table = tableOf({{.Benutzer = "Max", .Buchungskreis = 6, .NSchl = "RE"},
+                                {.Benutzer = "Max", .Buchungskreis = 5, .NSchl = ""},
+                                {.Benutzer = "Max", .Buchungskreis = 5, .NSchl = "RE"}});
   EXPECT_EQ(table.findRange("Max", 5, "RE"), 1);
   EXPECT_EQ(table.findRange("Max", 5, "never heard of"), 1);
   EXPECT_EQ(table.findRange("Max", 6, "RE"), 0);
@@ -119,7 +138,9 @@ TEST(XArrayTest, ARowWithoutKeyStandsForAllKeys) {
 }
 
 TEST(XArrayTest, TheFirstOfSeveralIsFoundWhateverWasRemovedBefore) {
-  XArray table = tableOf({{"Max", 5, "", "RE"}, {"Max", 5, "", "RE"}, {"Max", 5, "", "RE"}});
+  XArray table = tableOf({{.Benutzer = "Max", .Buchungskreis = 5, .NSchl = "RE"},
+                          {.Benutzer = "Max", .Buchungskreis = 5, .NSchl = "RE"},
+                          {.Benutzer = "Max", .Buchungskreis = 5, .NSchl = "RE"}});
   EXPECT_EQ(table.rangeRows("Max", 5, "RE"), (std::vector<std::int32_t>{0, 1, 2}));
   table.remove(0);
   EXPECT_EQ(table.findRange("Max", 5, "RE"), 0);
@@ -130,7 +151,9 @@ TEST(XArrayTest, TheFirstOfSeveralIsFoundWhateverWasRemovedBefore) {
 }
 
 TEST(XArrayTest, SearchesGoOnFromARow) {
-  const XArray table = tableOf({{"A", 1, "", "RE"}, {"B", 2, "", "AN"}, {"C", 1, "", "RE"}});
+  const XArray table = tableOf({{.Benutzer = "A", .Buchungskreis = 1, .NSchl = "RE"},
+                                {.Benutzer = "B", .Buchungskreis = 2, .NSchl = "AN"},
+                                {.Benutzer = "C", .Buchungskreis = 1, .NSchl = "RE"}});
   EXPECT_EQ(table.findCircle(1), 0);
   EXPECT_EQ(table.findCircle(1, 1), 2);
   EXPECT_EQ(table.findCircle(1, 3), -1) << "behind the last row there is nothing";
@@ -139,16 +162,19 @@ TEST(XArrayTest, SearchesGoOnFromARow) {
 }
 
 TEST(XArrayTest, ARowIsFoundByItsCaption) {
-  const XArray table = tableOf({{"Max", 5, "Nord", "RE"}, {"Max", 6, "Süd", "RE"}});
+  const XArray table =
+      tableOf({{.Benutzer = "Max", .Buchungskreis = 5, .Gruppe = "Nord", .NSchl = "RE"},
+               {.Benutzer = "Max", .Buchungskreis = 6, .Gruppe = "Süd", .NSchl = "RE"}});
   EXPECT_EQ(table.findCaption("Max", "Süd", "RE"), 1);
   EXPECT_EQ(table.findCaption("Max", "West", "RE"), -1);
 }
 
 TEST(XArrayTest, SortsByItsOrders) {
-  XArray table = tableOf({{"Max", 10, "", "RE", "", 0, 0, 0, true, 1},
-                          {"Max", 9, "", "RE", "", 0, 0, 0, true, 2},
-                          {"Anna", 9, "", "re", "", 0, 0, 0, true, -3},
-                          {"Max", -1, "", "AN", "", 0, 0, 0, true, 2}});
+  XArray table =
+      tableOf({{.Benutzer = "Max", .Buchungskreis = 10, .NSchl = "RE", .SortierIndex = 1},
+               {.Benutzer = "Max", .Buchungskreis = 9, .NSchl = "RE", .SortierIndex = 2},
+               {.Benutzer = "Anna", .Buchungskreis = 9, .NSchl = "re", .SortierIndex = -3},
+               {.Benutzer = "Max", .Buchungskreis = -1, .NSchl = "AN", .SortierIndex = 2}});
   table.sort(RowOrder::display);
   EXPECT_EQ(keys(table), (Texts{"Anna 9 re", "Max 10 RE", "Max -1 AN", "Max 9 RE"}));
   table.sort(RowOrder::tree);
@@ -163,7 +189,9 @@ TEST(XArrayTest, SortsByItsOrders) {
 
 TEST(XArrayTest, EqualRowsKeepTheirOrder) {
   XArray table = XArray::created();
-  for (const char* caption : {"c", "a", "b"}) table.append(rowOf(table, {"Max", 1, caption, "RE"}));
+  for (const char* caption : {"c", "a", "b"})
+    table.append(
+        rowOf(table, {.Benutzer = "Max", .Buchungskreis = 1, .Gruppe = caption, .NSchl = "RE"}));
   table.sort(RowOrder::display);
   std::string captions;
   for (const RangeRow& row : table) captions += row.Gruppe.str();
@@ -173,22 +201,24 @@ TEST(XArrayTest, EqualRowsKeepTheirOrder) {
 TEST(XArrayTest, KeysTooWideToBeJoinedAreSortedAllTheSame) {
   constexpr std::int32_t low = std::numeric_limits<std::int32_t>::min();
   constexpr std::int32_t high = std::numeric_limits<std::int32_t>::max();
-  XArray table = tableOf({{"B", high, "", "RE", "", 0, 0, 0, true, high},
-                          {"A", low, "", "RE", "", 0, 0, 0, true, high},
-                          {"A", high, "", "RE", "", 0, 0, 0, true, low},
-                          {"A", low, "", "AN", "", 0, 0, 0, true, low}});
+  XArray table =
+      tableOf({{.Benutzer = "B", .Buchungskreis = high, .NSchl = "RE", .SortierIndex = high},
+               {.Benutzer = "A", .Buchungskreis = low, .NSchl = "RE", .SortierIndex = high},
+               {.Benutzer = "A", .Buchungskreis = high, .NSchl = "RE", .SortierIndex = low},
+               {.Benutzer = "A", .Buchungskreis = low, .NSchl = "AN", .SortierIndex = low}});
   table.sort(RowOrder::display);
   EXPECT_EQ(keys(table),
             (Texts{"A -2147483648 AN", "A 2147483647 RE", "A -2147483648 RE", "B 2147483647 RE"}));
 }
 
 TEST(XArrayTest, ASnapshotStaysAsItWas) {
-  XArray table = tableOf({{"Max", 1, "Nord", "RE"}, {"Max", 2, "Süd", "RE"}});
+  XArray table = tableOf({{.Benutzer = "Max", .Buchungskreis = 1, .Gruppe = "Nord", .NSchl = "RE"},
+                          {.Benutzer = "Max", .Buchungskreis = 2, .Gruppe = "Süd", .NSchl = "RE"}});
   table.remove(0);
   XArray snapshot;
   snapshot.copyFrom(table);
   table.setGruppe(0, "West");
-  table.append(rowOf(table, {"Eva", 3, "", "AN"}));
+  table.append(rowOf(table, {.Benutzer = "Eva", .Buchungskreis = 3, .NSchl = "AN"}));
   EXPECT_EQ(keys(snapshot), Texts{"Max 2 RE"});
   EXPECT_EQ(snapshot.at(0).Gruppe, "Süd");
   table.release();

@@ -152,7 +152,7 @@ class StartUpTest : public test::CoreSession {};
 TEST_F(StartUpTest, ReopeningIsFresh) {
   sql("INSERT INTO Nummernkreis_Buchungskreise VALUES (1, 'Nord', 'ORB')");
   start(1, {"Max"});
-  row({"Max", 1, "Nord", "RE"});
+  row({.Benutzer = "Max", .Buchungskreis = 1, .Gruppe = "Nord", .NSchl = "RE"});
   session().blnChanged(true);
   basTerminate(session());
   start(1, {"Max"});

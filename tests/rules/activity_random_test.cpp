@@ -117,7 +117,13 @@ class ActivityRandomTest : public test::CoreSession {
     session().colUser() = users;
     table().create();
     for (const Row& each : rows)
-      row({each.user, each.circle, "", each.key, "", 1, 1, 9, each.active});
+      row({.Benutzer = each.user,
+           .Buchungskreis = each.circle,
+           .NSchl = each.key,
+           .StartWert = 1,
+           .AktuellerWert = 1,
+           .EndWert = 9,
+           .Aktiviert = each.active});
   }
 
   void compare(unsigned seed) {

@@ -12,7 +12,17 @@ class ActivityTest : public test::CoreSession {
  protected:
   void range(const std::string& user, std::int32_t circle, const std::string& key,
              const Value& active) {
-    row({user, circle, "Gruppe", key, "Bezeichnung", 1, 1, 9, active, 1, "", ""});
+    row({.Benutzer = user,
+         .Buchungskreis = circle,
+         .Gruppe = "Gruppe",
+         .NSchl = key,
+         .NBezeichnung = "Bezeichnung",
+         .StartWert = 1,
+         .AktuellerWert = 1,
+         .EndWert = 9,
+         .Aktiviert = active,
+         .SortierIndex = 1,
+         .Maske = ""});
   }
   void noStandardRow() {
     EXPECT_EQ(boxes(), std::vector{errorBox(9, "basAllgemein", "CheckActivity",

@@ -11,8 +11,18 @@ class EntryCheckTest : public test::CoreSession {
 
   void range(const std::string& key, std::int32_t circle, const Value& start, const Value& end,
              bool active = true, const std::string& sharedWith = "") {
-    row({alleBenutzer, circle, "Kreis " + std::to_string(circle), key, "Belegart " + key, start,
-         start, end, active, 1, sharedWith, ""});
+    row({.Benutzer = alleBenutzer,
+         .Buchungskreis = circle,
+         .Gruppe = "Kreis " + std::to_string(circle),
+         .NSchl = key,
+         .NBezeichnung = "Belegart " + key,
+         .StartWert = start,
+         .AktuellerWert = start,
+         .EndWert = end,
+         .Aktiviert = active,
+         .SortierIndex = 1,
+         .IstNSchlVon = sharedWith,
+         .Maske = ""});
   }
   /// What speaks against the entry in the first range; empty for nothing.
   std::string against(ValueColumn column, const std::string& text) {

@@ -80,8 +80,17 @@ class MaskNumberingTest : public test::CoreSession {
   // Values 5, 6, 7 to be overwritten; sorted by `index`.
   void range(std::int32_t index, const Value& mask, bool active = true,
              const std::string& user = alleBenutzer) {
-    row({user, 1, "Nord", "K" + std::to_string(index), "Bezeichnung", 5, 6, 7, active, index, "",
-         mask});
+    row({.Benutzer = user,
+         .Buchungskreis = 1,
+         .Gruppe = "Nord",
+         .NSchl = "K" + std::to_string(index),
+         .NBezeichnung = "Bezeichnung",
+         .StartWert = 5,
+         .AktuellerWert = 6,
+         .EndWert = 7,
+         .Aktiviert = active,
+         .SortierIndex = index,
+         .Maske = mask});
   }
   bool number(std::int32_t answer = msg_box::yes) {
     script().takeStatements();
@@ -137,7 +146,18 @@ TEST_F(MaskNumberingTest, WritesTheLowestNumberTwiceAndTheHighestAsEnd) {
 
 TEST_F(MaskNumberingTest, NoOtherColumnChanges) {
   start(1);
-  row({"Max", 4, "Süd", "RE", "Rechnung", "alt", "alt", "alt", false, 9, "AN", " 1N "});
+  row({.Benutzer = "Max",
+       .Buchungskreis = 4,
+       .Gruppe = "Süd",
+       .NSchl = "RE",
+       .NBezeichnung = "Rechnung",
+       .StartWert = "alt",
+       .AktuellerWert = "alt",
+       .EndWert = "alt",
+       .Aktiviert = false,
+       .SortierIndex = 9,
+       .IstNSchlVon = "AN",
+       .Maske = " 1N "});
   EXPECT_TRUE(number());
   EXPECT_EQ(rows(), Texts{"Max|4|Süd|RE|Rechnung|10|10|19|False|9|AN| 1N "});
 }
@@ -178,11 +198,27 @@ TEST_F(MaskNumberingTest, ThePointerIsResetAfterAFailure) {
 
 TEST_F(MaskNumberingTest, SortsForDisplay) {
   start(1);
-  row({"Max", 1, "", "AN", "", 5, 6, 7, true, 1, "", "1"});
-  row({alleBenutzer, 10, "", "RE", "", 5, 6, 7, true, 9, "", "2"});
-  row({alleBenutzer, 9, "", "RE", "", 5, 6, 7, true, 9, "", "3"});
-  row({alleBenutzer, 9, "", "VK", "", 5, 6, 7, true, 2, "", "4"});
-  row({alleBenutzer, 0, "", "re", "", 5, 6, 7, true, 9, "", "5"});
+  row({.Benutzer = "Max", .Buchungskreis = 1, .NSchl = "AN", .SortierIndex = 1, .Maske = "1"});
+  row({.Benutzer = alleBenutzer,
+       .Buchungskreis = 10,
+       .NSchl = "RE",
+       .SortierIndex = 9,
+       .Maske = "2"});
+  row({.Benutzer = alleBenutzer,
+       .Buchungskreis = 9,
+       .NSchl = "RE",
+       .SortierIndex = 9,
+       .Maske = "3"});
+  row({.Benutzer = alleBenutzer,
+       .Buchungskreis = 9,
+       .NSchl = "VK",
+       .SortierIndex = 2,
+       .Maske = "4"});
+  row({.Benutzer = alleBenutzer,
+       .Buchungskreis = 0,
+       .NSchl = "re",
+       .SortierIndex = 9,
+       .Maske = "5"});
   EXPECT_TRUE(number());
   EXPECT_EQ(values(), (Texts{"VK 4 4 4", "RE 3 3 3", "RE 2 2 2", "re 5 5 5", "AN 1 1 1"}));
 }

@@ -103,7 +103,17 @@ class MaskRandomTest : public test::CoreSession {
  protected:
   void SetUp() override {
     start(1);
-    row({alleBenutzer, 1, "Nord", "RE", "Rechnung", -1, -1, -1, true, 1, "", ""});
+    row({.Benutzer = alleBenutzer,
+         .Buchungskreis = 1,
+         .Gruppe = "Nord",
+         .NSchl = "RE",
+         .NBezeichnung = "Rechnung",
+         .StartWert = -1,
+         .AktuellerWert = -1,
+         .EndWert = -1,
+         .Aktiviert = true,
+         .SortierIndex = 1,
+         .Maske = ""});
   }
 
   std::size_t below(std::size_t limit) { return random_() % limit; }

@@ -67,7 +67,7 @@ TEST_F(ReportedFailuresTest, WithoutTheWorkingConnection) {
 
 TEST_F(ReportedFailuresTest, WithoutTheBookingCircles) {
   session().Buchungskreise().release();
-  row({alleBenutzer, 0, "Standard", "RE"});
+  row({.Benutzer = alleBenutzer, .Buchungskreis = 0, .Gruppe = "Standard", .NSchl = "RE"});
   expectReport("LookupBuchungskreis", [&] {
     EXPECT_EQ(
         basAllgemein::LookupBuchungskreis(session().Buchungskreise(), session().reporter(), 1),

@@ -95,8 +95,18 @@ inline void SavingSession::open() {
 inline void SavingSession::range(const std::string& user, std::int32_t circle,
                                  const std::string& key, std::int32_t start, const Value& active,
                                  const std::string& sharedWith) {
-  row({user, circle, "Gruppe", key, "Belegart " + key, start, start + 5, start + 9, active, 10,
-       sharedWith, "NN"});
+  row({.Benutzer = user,
+       .Buchungskreis = circle,
+       .Gruppe = "Gruppe",
+       .NSchl = key,
+       .NBezeichnung = "Belegart " + key,
+       .StartWert = start,
+       .AktuellerWert = start + 5,
+       .EndWert = start + 9,
+       .Aktiviert = active,
+       .SortierIndex = 10,
+       .IstNSchlVon = sharedWith,
+       .Maske = "NN"});
 }
 
 inline void SavingSession::editedTable() {

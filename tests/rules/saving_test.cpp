@@ -241,9 +241,27 @@ TEST_F(SavingTest, OnlyTheCommonViewIsStoredAsAll) {
 
 TEST_F(SavingTest, ValuesAreConvertedWhereTheyAreWritten) {
   company();
-  row({alleBenutzer, "2", "Süd", "RE", "Rechnung Ä☃", " -1.000 ", "2,5", "3,5", "Wahr", "7",
-       Empty{}, 0});
-  row({"Max", "2", "Süd", "RE", "", Empty{}, Empty{}, Empty{}, -1, 1, "", ""});
+  row({.Benutzer = alleBenutzer,
+       .Buchungskreis = "2",
+       .Gruppe = "Süd",
+       .NSchl = "RE",
+       .NBezeichnung = "Rechnung Ä☃",
+       .StartWert = " -1.000 ",
+       .AktuellerWert = "2,5",
+       .EndWert = "3,5",
+       .Aktiviert = "Wahr",
+       .SortierIndex = "7",
+       .Maske = 0});
+  row({.Benutzer = "Max",
+       .Buchungskreis = "2",
+       .Gruppe = "Süd",
+       .NSchl = "RE",
+       .StartWert = Empty{},
+       .AktuellerWert = Empty{},
+       .EndWert = Empty{},
+       .Aktiviert = -1,
+       .SortierIndex = 1,
+       .Maske = ""});
   EXPECT_TRUE(save());
   EXPECT_EQ(storedRanges()[3], "2|RE|Rechnung Ä☃|-1000|2|4|-1|7||0");
   EXPECT_EQ(storedAssignments()[1], "2|RE|Max|ORB");

@@ -16,8 +16,18 @@ class LargeValidationTest : public test::CoreSession {
   void SetUp() override { start(1); }
 
   void range(std::int32_t circle, const std::string& key, std::int32_t first, std::int32_t last) {
-    row({alleBenutzer, circle, "Kreis " + std::to_string(circle), key, "Belegart " + key, first,
-         first, last, true, 1, "AN", ""});
+    row({.Benutzer = alleBenutzer,
+         .Buchungskreis = circle,
+         .Gruppe = "Kreis " + std::to_string(circle),
+         .NSchl = key,
+         .NBezeichnung = "Belegart " + key,
+         .StartWert = first,
+         .AktuellerWert = first,
+         .EndWert = last,
+         .Aktiviert = true,
+         .SortierIndex = 1,
+         .IstNSchlVon = "AN",
+         .Maske = ""});
   }
   // The message of the first defect, or "".
   std::string check() {

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
 #include <map>
 #include <random>
 #include <vector>
@@ -82,16 +83,9 @@ std::string checked(const XArray& table) {
   });
 }
 
-using Row = std::vector<Value>;
+using Row = test::RowCells;
 
-// Where the columns stand in a Row.
-namespace place {
-constexpr std::size_t Buchungskreis = 1;
-constexpr std::size_t StartWert = 5;
-constexpr std::size_t AktuellerWert = 6;
-constexpr std::size_t EndWert = 7;
-constexpr std::size_t Aktiviert = 8;
-}  // namespace place
+constexpr std::array numberColumns = {&Row::StartWert, &Row::AktuellerWert, &Row::EndWert};
 
 class RandomTable {
  public:
@@ -119,44 +113,42 @@ class RandomTable {
   Row goodRow(std::int32_t place) {
     const Value user = oneOutOf(8) ? oneOf({"Max", "alle benutzer", ""}) : "Alle Benutzer";
     const std::int32_t end = place + 1 + integer(9);
-    return {user,
-            integer(3),
-            "Gruppe",
-            oneOf({"A", "A", "B", "a", "C"}),
-            "Bezeichnung",
-            place,
-            place + integer(static_cast<std::size_t>(end - place + 1)),
-            end,
-            !oneOutOf(6),
-            integer(2),
-            sharing_ ? oneOf({"A", "S", "S"}) : oneOf({"", "", "A", "B"}),
-            ""};
+    return {.Benutzer = user,
+            .Buchungskreis = integer(3),
+            .Gruppe = "Gruppe",
+            .NSchl = oneOf({"A", "A", "B", "a", "C"}),
+            .NBezeichnung = "Bezeichnung",
+            .StartWert = place,
+            .AktuellerWert = place + integer(static_cast<std::size_t>(end - place + 1)),
+            .EndWert = end,
+            .Aktiviert = !oneOutOf(6),
+            .SortierIndex = integer(2),
+            .IstNSchlVon = sharing_ ? oneOf({"A", "S", "S"}) : oneOf({"", "", "A", "B"}),
+            .Maske = ""};
   }
 
   Value badNumber() { return oneOf({"x", "", "99999999999", "1.5"}); }
 
   void spoil(std::vector<Row>& rows) {
     Row& row = rows[below(rows.size())];
-    const auto cell = [&row](std::size_t c) -> Value& { return row[c]; };
     switch (below(14)) {
       case 0:
-        cell(place::EndWert) = cell(place::StartWert);
+        row.EndWert = row.StartWert;
         break;
       case 1:
-        cell(place::AktuellerWert) = oneOutOf(2) ? -5 : 500;
+        row.AktuellerWert = oneOutOf(2) ? -5 : 500;
         break;
       case 2:
-        cell(place::EndWert) =
-            cell(place::EndWert).isLong() ? cell(place::EndWert).asLong() + 25 : 900;
+        row.EndWert = row.EndWert.isLong() ? row.EndWert.asLong() + 25 : 900;
         break;
       case 3:
-        cell(place::StartWert) = integer(100);
+        row.StartWert = integer(100);
         break;
       case 4:
-        cell(place::StartWert + below(3)) = badNumber();
+        row.*numberColumns[below(3)] = badNumber();
         break;
       case 5:
-        cell(place::Aktiviert) = oneOutOf(2);
+        row.Aktiviert = oneOutOf(2);
         break;
       case 6: {  // the same range once more
         const Row again = row;
@@ -164,17 +156,15 @@ class RandomTable {
         break;
       }
       case 7:  // a text that is a number
-        cell(place::StartWert) = cell(place::StartWert).isLong()
-                                     ? Value(" " + cell(place::StartWert).toText() + ",4 ")
-                                     : Value("1.000");
+        row.StartWert =
+            row.StartWert.isLong() ? Value(" " + row.StartWert.toText() + ",4 ") : Value("1.000");
         break;
       case 8:
-        cell(place::Buchungskreis) = integer(2);
+        row.Buchungskreis = integer(2);
         break;
       default: {  // moved onto the numbers of another one
         const Row& other = rows[below(rows.size())];
-        for (const std::size_t c : {place::StartWert, place::AktuellerWert, place::EndWert})
-          cell(c) = other[c];
+        for (const auto column : numberColumns) row.*column = other.*column;
         break;
       }
     }

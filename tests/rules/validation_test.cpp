@@ -28,8 +28,18 @@ class ValidationTest : public test::CoreSession {
   void SetUp() override { start(1, {"Max"}); }
 
   void range(const Range& range) {
-    row({range.user, range.circle, circleName(range.circle), range.key, name(range.key),
-         range.start, range.current, range.end, range.active, range.place, range.sharedWith, ""});
+    row({.Benutzer = range.user,
+         .Buchungskreis = range.circle,
+         .Gruppe = circleName(range.circle),
+         .NSchl = range.key,
+         .NBezeichnung = name(range.key),
+         .StartWert = range.start,
+         .AktuellerWert = range.current,
+         .EndWert = range.end,
+         .Aktiviert = range.active,
+         .SortierIndex = range.place,
+         .IstNSchlVon = range.sharedWith,
+         .Maske = ""});
   }
   // In the order of the tree, as after loading.
   void ranges(std::initializer_list<Range> list) {
@@ -282,11 +292,61 @@ TEST_F(ValidationTest, WithoutTableItDoesNotPass) {
 }
 
 TEST_F(ValidationTest, SortsForDisplayAndChangesNoValue) {
-  row({"Max", 1, "Nord", "RE", "Rechnung", 1, 1, 2, true, 1, "", ""});
-  row({alleBenutzer, 10, "Zehn", "RE", "Rechnung", 1, 1, "2", true, 5, "", ""});
-  row({alleBenutzer, 9, "Neun", "RE", "Rechnung", 3, 3, 4, true, 5, "", ""});
-  row({alleBenutzer, 1, "Nord", "re", "klein", 1, 1, 2, true, 5, "", ""});
-  row({alleBenutzer, 1, "Nord", "VK", "Verkauf", 1, 1, 2, true, 4, "", 0});
+  row({.Benutzer = "Max",
+       .Buchungskreis = 1,
+       .Gruppe = "Nord",
+       .NSchl = "RE",
+       .NBezeichnung = "Rechnung",
+       .StartWert = 1,
+       .AktuellerWert = 1,
+       .EndWert = 2,
+       .Aktiviert = true,
+       .SortierIndex = 1,
+       .Maske = ""});
+  row({.Benutzer = alleBenutzer,
+       .Buchungskreis = 10,
+       .Gruppe = "Zehn",
+       .NSchl = "RE",
+       .NBezeichnung = "Rechnung",
+       .StartWert = 1,
+       .AktuellerWert = 1,
+       .EndWert = "2",
+       .Aktiviert = true,
+       .SortierIndex = 5,
+       .Maske = ""});
+  row({.Benutzer = alleBenutzer,
+       .Buchungskreis = 9,
+       .Gruppe = "Neun",
+       .NSchl = "RE",
+       .NBezeichnung = "Rechnung",
+       .StartWert = 3,
+       .AktuellerWert = 3,
+       .EndWert = 4,
+       .Aktiviert = true,
+       .SortierIndex = 5,
+       .Maske = ""});
+  row({.Benutzer = alleBenutzer,
+       .Buchungskreis = 1,
+       .Gruppe = "Nord",
+       .NSchl = "re",
+       .NBezeichnung = "klein",
+       .StartWert = 1,
+       .AktuellerWert = 1,
+       .EndWert = 2,
+       .Aktiviert = true,
+       .SortierIndex = 5,
+       .Maske = ""});
+  row({.Benutzer = alleBenutzer,
+       .Buchungskreis = 1,
+       .Gruppe = "Nord",
+       .NSchl = "VK",
+       .NBezeichnung = "Verkauf",
+       .StartWert = 1,
+       .AktuellerWert = 1,
+       .EndWert = 2,
+       .Aktiviert = true,
+       .SortierIndex = 4,
+       .Maske = 0});
   script().takeStatements();
   passes();
   EXPECT_EQ(rows(), (Texts{"Alle Benutzer|1|Nord|VK|Verkauf|1|1|2|True|4||0",

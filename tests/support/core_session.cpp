@@ -99,7 +99,7 @@ std::vector<std::string> CoreSession::activity() {
   return result;
 }
 
-void CoreSession::row(const std::vector<Value>& cells) { table().append(rowOf(table(), cells)); }
+void CoreSession::row(const RowCells& cells) { table().append(rowOf(table(), cells)); }
 
 void CoreSession::change(std::int32_t row, const std::function<void(RangeRow&)>& write) {
   XArray before;

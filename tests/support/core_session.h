@@ -53,8 +53,8 @@ class CoreSession : public ::testing::Test {
   std::vector<std::string> rows();
   /// The range table, user, booking circle, key and activity of each row: "Max 1 RE True".
   std::vector<std::string> activity();
-  /// Appends a row; cells in column order, the rest stays as in a new row.
-  void row(const std::vector<Value>& cells);
+  /// Appends a row of these cells.
+  void row(const RowCells& cells);
   /// Writes what the component itself never writes into a row that is there.
   void change(std::int32_t row, const std::function<void(RangeRow&)>& write);
 

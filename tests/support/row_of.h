@@ -1,7 +1,7 @@
 // Rows of the range table as tests write them.
 #pragma once
 
-#include <vector>
+#include <utility>
 
 #include <vexnumkr/value.h>
 
@@ -9,29 +9,49 @@
 
 namespace vexnumkr::test {
 
-/// A row for `table` with these cells, in column order; the rest stays as in a new row.
-inline RangeRow rowOf(XArray& table, const std::vector<Value>& cells) {
-  const auto cell = [&](std::size_t column) {
-    return column < cells.size() ? cells[column] : Value();
-  };
-  const auto text = [&](std::size_t column) { return table.text(cell(column).toText()); };
-  const auto value = [&](std::size_t column) -> Cell {
-    const Value given = cell(column);
+/// A row by its cells, which may be whatever a cell or a column of the database may hold. What is
+/// not given stays as in a new row.
+struct RowCells {
+  Value Benutzer{};
+  Value Buchungskreis{};
+  Value Gruppe{};
+  Value NSchl{};
+  Value NBezeichnung{};
+  Value StartWert{};
+  Value AktuellerWert{};
+  Value EndWert{};
+  Value Aktiviert{};
+  Value SortierIndex{};
+  Value IstNSchlVon{};
+  Value Maske{};
+
+  /// The same with another cell in one column.
+  RowCells with(Value RowCells::*column, Value cell) const {
+    RowCells row = *this;
+    row.*column = std::move(cell);
+    return row;
+  }
+};
+
+/// A row for `table` with these cells. Errors: those of their conversions.
+inline RangeRow rowOf(XArray& table, const RowCells& cells) {
+  const auto text = [&](const Value& given) { return table.text(given.toText()); };
+  const auto value = [&](const Value& given) -> Cell {
     if (given.isText()) return table.text(given.asText());
     return given.isEmpty() ? Cell() : Cell(given.toLong());
   };
-  return {.Benutzer = text(0),
-          .Buchungskreis = cell(1).toLong(),
-          .Gruppe = text(2),
-          .NSchl = text(3),
-          .NBezeichnung = text(4),
-          .StartWert = value(5),
-          .AktuellerWert = value(6),
-          .EndWert = value(7),
-          .Aktiviert = cell(8).toBoolean(),
-          .SortierIndex = cell(9).toLong(),
-          .IstNSchlVon = text(10),
-          .Maske = value(11)};
+  return {.Benutzer = text(cells.Benutzer),
+          .Buchungskreis = cells.Buchungskreis.toLong(),
+          .Gruppe = text(cells.Gruppe),
+          .NSchl = text(cells.NSchl),
+          .NBezeichnung = text(cells.NBezeichnung),
+          .StartWert = value(cells.StartWert),
+          .AktuellerWert = value(cells.AktuellerWert),
+          .EndWert = value(cells.EndWert),
+          .Aktiviert = cells.Aktiviert.toBoolean(),
+          .SortierIndex = cells.SortierIndex.toLong(),
+          .IstNSchlVon = text(cells.IstNSchlVon),
+          .Maske = value(cells.Maske)};
 }
 
 }  // namespace vexnumkr::test
