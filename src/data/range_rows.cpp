@@ -28,7 +28,7 @@ std::vector<RangeRow> standardRows(const XArray& table, const std::string& user,
 }
 
 // Gives a copy of a standard row what the database has for its booking circle.
-void takeStoredValues(RangeQuestions& questions, RangeRow& row) {
+void fillFromDatabase(RangeQuestions& questions, RangeRow& row) {
   const SharedValues stored = questions.GetBuchungskreisData(row.Buchungskreis, row.NSchl.str());
   row.StartWert = stored.StartWert;
   row.AktuellerWert = stored.AktuellerWert;
@@ -68,7 +68,7 @@ void AddDataBuchungskreis(const RangeData& data, RangeQuestions& questions, Repo
     for (RangeRow row : standardRows(data.table, Benutzer, NSchl)) {
       row.Buchungskreis = Buchungskreis;
       row.Gruppe = data.table.text(Gruppe);
-      if (AusDatenbank) takeStoredValues(questions, row);
+      if (AusDatenbank) fillFromDatabase(questions, row);
       data.table.append(row);
       progress.advance();
     }
