@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "rules/saving_session.h"
+#include "support/forwarding_connection.h"
 
 namespace vexnumkr {
 namespace {
@@ -13,35 +14,6 @@ using test::Box;
 using test::errorBox;
 using test::Texts;
 using Boxes = std::vector<Box>;
-
-// What a connection is that knows nothing but plain statements.
-class PlainConnection final : public Connection {
- public:
-  explicit PlainConnection(std::shared_ptr<Connection> real) : real_(std::move(real)) {}
-  std::string ConnectionString() const override { return real_->ConnectionString(); }
-  void ConnectionString(const std::string& text) override { real_->ConnectionString(text); }
-  std::int32_t IsolationLevel() const override { return real_->IsolationLevel(); }
-  void IsolationLevel(std::int32_t level) override { real_->IsolationLevel(level); }
-  void CommandTimeout(std::int32_t seconds) override { real_->CommandTimeout(seconds); }
-  void ConnectionTimeout(std::int32_t seconds) override { real_->ConnectionTimeout(seconds); }
-  void CursorLocation(std::int32_t location) override { real_->CursorLocation(location); }
-  void Open(const std::string& user, const std::string& password, std::int32_t options) override {
-    real_->Open(user, password, options);
-  }
-  void Close() override { real_->Close(); }
-  std::unique_ptr<Recordset> Execute(const std::string& text, std::int32_t& affected) override {
-    return real_->Execute(text, affected);
-  }
-  void BeginTrans() override { real_->BeginTrans(); }
-  void CommitTrans() override { real_->CommitTrans(); }
-  void RollbackTrans() override { real_->RollbackTrans(); }
-  std::unique_ptr<Connection> createConnection() override { return real_->createConnection(); }
-  std::unique_ptr<Command> createCommand() override { return real_->createCommand(); }
-  std::unique_ptr<Recordset> createRecordset() override { return real_->createRecordset(); }
-
- private:
-  std::shared_ptr<Connection> real_;
-};
 
 class SavingInSetsTest : public test::SavingSession {
  protected:
@@ -274,7 +246,7 @@ TEST_F(SavingInSetsTest, AValueWithAQuoteStandsAlone) {
 TEST_F(SavingInSetsTest, WhereSeveralRowsAreNotTakenSingleOnesAreSent) {
   firm(2);
   session().source().ConnWork(
-      std::make_unique<PlainConnection>(hostConnection()->createConnection()));
+      std::make_unique<test::PlainConnection>(hostConnection()->createConnection()));
   session().source().ConnWork().ConnectionString(connectionString());
   session().source().ConnWork().Open("", "", ado::unspecified);
   for (const char* key : {"K0", "K1"}) SetValueAll(key, 1, &RangeRow::Maske, "NN");

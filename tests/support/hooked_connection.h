@@ -11,6 +11,8 @@
 #include <vexnumkr/database.h>
 #include <vexnumkr/error.h>
 
+#include "support/forwarding_connection.h"
+
 namespace vexnumkr::test {
 
 /// What happens in the members of a HookedConnection and of all that it makes; outlives them.
@@ -53,42 +55,40 @@ class HookedLockWait final : public LockWait {
   const Hooks& hooks_;
 };
 
-class HookedConnection final : public Connection {
+class HookedConnection final : public PlainConnection {
  public:
   HookedConnection(std::shared_ptr<Connection> real, const Hooks& hooks)
-      : real_(std::move(real)), hooks_(hooks) {}
-  ~HookedConnection() override { real_->OnLockWait(nullptr); }
+      : PlainConnection(std::move(real)), hooks_(hooks) {}
+  ~HookedConnection() override { real().OnLockWait(nullptr); }
   HookedConnection(const HookedConnection&) = delete;
   HookedConnection& operator=(const HookedConnection&) = delete;
+
+  using PlainConnection::ConnectionString;
+  using PlainConnection::IsolationLevel;
 
   /// Whether somebody is told of its waits.
   bool tellsOfWaits() const { return told_ != nullptr; }
 
   static Connection& realOf(Connection& connection) {
     auto* hooked = dynamic_cast<HookedConnection*>(&connection);
-    return hooked == nullptr ? connection : *hooked->real_;
+    return hooked == nullptr ? connection : hooked->real();
   }
 
   std::string ConnectionString() const override {
     return entered("ConnectionString").ConnectionString();
   }
-  void ConnectionString(const std::string& text) override { real_->ConnectionString(text); }
-  std::int32_t IsolationLevel() const override { return real_->IsolationLevel(); }
   void IsolationLevel(std::int32_t level) override {
     entered("IsolationLevel").IsolationLevel(level);
   }
-  void CommandTimeout(std::int32_t seconds) override { real_->CommandTimeout(seconds); }
-  void ConnectionTimeout(std::int32_t seconds) override { real_->ConnectionTimeout(seconds); }
-  void CursorLocation(std::int32_t location) override { real_->CursorLocation(location); }
   void Open(const std::string& user, const std::string& password, std::int32_t options) override {
     entered("Open").Open(user, password, options);
   }
   void Close() override { entered("Close").Close(); }
-  bool BackslashEscapes() const override { return real_->BackslashEscapes(); }
+  bool BackslashEscapes() const override { return real().BackslashEscapes(); }
   std::unique_ptr<Recordset> Execute(const std::string& text, std::int32_t& affected) override {
-    Connection& real = entered("Execute");
+    Connection& entry = entered("Execute");
     if (hooks_.beforeStatement) hooks_.beforeStatement(text);
-    return hooks_.given("Execute", real.Execute(text, affected));
+    return hooks_.given("Execute", entry.Execute(text, affected));
   }
   void RequireTransactions(const std::vector<std::string>& tables) override {
     entered("RequireTransactions").RequireTransactions(tables);
@@ -108,11 +108,11 @@ class HookedConnection final : public Connection {
   void LockTable(const std::string& table) override { entered("LockTable").LockTable(table); }
   void OnLockWait(LockWait* told) override {
     auto hooked = told == nullptr ? nullptr : std::make_unique<HookedLockWait>(*told, hooks_);
-    real_->OnLockWait(hooked.get());
+    real().OnLockWait(hooked.get());
     told_ = std::move(hooked);
   }
   std::int32_t TextLimit(const std::string& table, const std::string& column) override {
-    return real_->TextLimit(table, column);
+    return real().TextLimit(table, column);
   }
   std::unique_ptr<Connection> createConnection() override {
     return hooks_.given<Connection>(
@@ -125,10 +125,9 @@ class HookedConnection final : public Connection {
  private:
   Connection& entered(const char* member) const {
     hooks_.enter(member);
-    return *real_;
+    return real();
   }
 
-  std::shared_ptr<Connection> real_;
   const Hooks& hooks_;
   std::unique_ptr<HookedLockWait> told_;
 };

@@ -4,6 +4,8 @@
 
 #include <vexnumkr/error.h>
 
+#include "support/forwarding_connection.h"
+
 namespace vexnumkr::test {
 
 std::vector<std::string> ConnectionScript::takeStatements() { return std::exchange(record_, {}); }
@@ -22,65 +24,44 @@ namespace {
 
 enum class Side { Host, Working };
 
-class ScriptedConnection : public Connection {
+class ScriptedConnection : public ForwardingConnection {
  public:
   ScriptedConnection(std::shared_ptr<Connection> real, ConnectionScript& script, Side side)
-      : real_(std::move(real)),
+      : ForwardingConnection(std::move(real)),
         script_(script),
         side_(side),
         label_(side == Side::Host ? "conn" : "work") {}
 
-  Connection& real() const { return *real_; }
   const std::string& label() const { return label_; }
-
-  std::string ConnectionString() const override { return real_->ConnectionString(); }
-  void ConnectionString(const std::string& text) override { real_->ConnectionString(text); }
-  std::int32_t IsolationLevel() const override { return real_->IsolationLevel(); }
-  void IsolationLevel(std::int32_t level) override { real_->IsolationLevel(level); }
-  void CommandTimeout(std::int32_t seconds) override { real_->CommandTimeout(seconds); }
-  void ConnectionTimeout(std::int32_t seconds) override { real_->ConnectionTimeout(seconds); }
-  void CursorLocation(std::int32_t location) override { real_->CursorLocation(location); }
 
   void Open(const std::string& user, const std::string& password, std::int32_t options) override {
     if (side_ == Side::Working && script_.connectFails()) ConnectionScript::failOnPurpose();
-    real_->Open(user, password, options);
+    ForwardingConnection::Open(user, password, options);
   }
-  void Close() override { real_->Close(); }
-  bool BackslashEscapes() const override { return real_->BackslashEscapes(); }
-  bool TakesSeveralRows() const override { return real_->TakesSeveralRows(); }
 
   std::unique_ptr<Recordset> Execute(const std::string& text,
                                      std::int32_t& recordsAffected) override {
     return script_.statement(label_ + ": " + text,
-                             [&] { return real_->Execute(text, recordsAffected); });
+                             [&] { return real().Execute(text, recordsAffected); });
   }
 
-  void RequireTransactions(const std::vector<std::string>& tables) override {
-    real_->RequireTransactions(tables);
-  }
   void BeginTrans() override {
-    script_.transaction(label_ + ": BEGIN", [&] { real_->BeginTrans(); });
+    script_.transaction(label_ + ": BEGIN", [&] { real().BeginTrans(); });
   }
   void CommitTrans() override {
-    script_.commit(label_ + ": COMMIT", [&] { real_->CommitTrans(); });
-  }
-  void LockTable(const std::string& table) override { real_->LockTable(table); }
-  void OnLockWait(LockWait* told) override { real_->OnLockWait(told); }
-  std::int32_t TextLimit(const std::string& table, const std::string& column) override {
-    return real_->TextLimit(table, column);
+    script_.commit(label_ + ": COMMIT", [&] { real().CommitTrans(); });
   }
   void RollbackTrans() override {
-    script_.transaction(label_ + ": ROLLBACK", [&] { real_->RollbackTrans(); });
+    script_.transaction(label_ + ": ROLLBACK", [&] { real().RollbackTrans(); });
   }
 
   std::unique_ptr<Connection> createConnection() override {
-    return std::make_unique<ScriptedConnection>(real_->createConnection(), script_, Side::Working);
+    return std::make_unique<ScriptedConnection>(real().createConnection(), script_, Side::Working);
   }
   std::unique_ptr<Command> createCommand() override;
   std::unique_ptr<Recordset> createRecordset() override;
 
  private:
-  std::shared_ptr<Connection> real_;
   ConnectionScript& script_;
   Side side_;
   std::string label_;
@@ -177,11 +158,11 @@ class ScriptedRecordset : public Recordset {
 };
 
 std::unique_ptr<Command> ScriptedConnection::createCommand() {
-  return std::make_unique<ScriptedCommand>(real_->createCommand(), script_, label_);
+  return std::make_unique<ScriptedCommand>(real().createCommand(), script_, label_);
 }
 
 std::unique_ptr<Recordset> ScriptedConnection::createRecordset() {
-  return std::make_unique<ScriptedRecordset>(real_->createRecordset(), script_, label_);
+  return std::make_unique<ScriptedRecordset>(real().createRecordset(), script_, label_);
 }
 
 }  // namespace
