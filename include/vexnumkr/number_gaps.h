@@ -92,4 +92,7 @@ VEXNUMKR_API std::vector<const Range*> rangesToCompare(const Company& company,
 VEXNUMKR_API void findGaps(const UsedNumbers& used, const std::vector<const Range*>& ranges,
                            const std::function<void(const GapFinding&)>& found);
 
+/// The name of a kind in English, as JSON has it: "gap". It stays the same from version to version.
+VEXNUMKR_API const char* nameOf(GapKind kind);
+
 }  // namespace vexnumkr::numbers

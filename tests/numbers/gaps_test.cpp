@@ -24,20 +24,6 @@ Range range(std::int32_t circle, std::int32_t start, std::int32_t current, std::
   return made;
 }
 
-const char* nameOf(GapKind kind) {
-  switch (kind) {
-    case GapKind::gap:
-      return "gap";
-    case GapKind::ahead:
-      return "ahead";
-    case GapKind::duplicate:
-      return "duplicate";
-    case GapKind::stray:
-      break;
-  }
-  return "stray";
-}
-
 std::string shown(GapKind kind, std::int64_t first, std::int64_t last, const Range* range) {
   return std::string(nameOf(kind)) + " " + std::to_string(first) + "-" + std::to_string(last) +
          (range == nullptr ? "" : " of " + std::to_string(range->circle));

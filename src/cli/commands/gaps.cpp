@@ -40,20 +40,6 @@ struct Tally {
   }
 };
 
-const char* nameOf(GapKind kind) {
-  switch (kind) {
-    case GapKind::gap:
-      return "gap";
-    case GapKind::ahead:
-      return "ahead";
-    case GapKind::duplicate:
-      return "duplicate";
-    case GapKind::stray:
-      break;
-  }
-  return "stray";
-}
-
 const char* germanNameOf(GapKind kind) {
   switch (kind) {
     case GapKind::gap:
@@ -144,7 +130,7 @@ class Printer {
   }
 
   void printObject(const GapFinding& finding) {
-    Json object{{"kind", nameOf(finding.kind)},
+    Json object{{"kind", numbers::nameOf(finding.kind)},
                 {"first", finding.numbers.first},
                 {"last", finding.numbers.last},
                 {"count", finding.numbers.count()}};

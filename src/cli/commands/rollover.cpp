@@ -3,6 +3,7 @@
 
 #include <vexnumkr/number_rollover.h>
 
+#include "cli/broken_rules.h"
 #include "cli/commands/commands.h"
 #include "cli/exit_status.h"
 #include "cli/text_table.h"
@@ -10,7 +11,6 @@
 namespace vexnumkr::cli {
 namespace {
 
-using numbers::Finding;
 using numbers::MaskFailure;
 using numbers::Range;
 using numbers::Reissuing;
@@ -59,13 +59,7 @@ Json described(const RolloverPlan& plan) {
                         {"key", failure.range.key},
                         {"mask", failure.range.mask},
                         {"text", failure.text}});
-  Json broken = Json::array();
-  for (const Finding& finding : plan.broken)
-    broken.push_back({{"kind", numbers::nameOf(finding.kind)},
-                      {"circle", finding.circle},
-                      {"key", finding.key},
-                      {"text", finding.text}});
-  return {{"changes", changes}, {"maskErrors", failures}, {"broken", broken}};
+  return {{"changes", changes}, {"maskErrors", failures}, {"broken", describedRules(plan.broken)}};
 }
 
 void printChanges(Session& session, const RolloverPlan& plan) {
@@ -97,7 +91,7 @@ void printText(Session& session, const RolloverPlan& plan, bool applied) {
   printReissues(session, plan);
   for (const MaskFailure& failure : plan.failures)
     session.out() << "FEHLER  " << failure.text << '\n';
-  for (const Finding& finding : plan.broken) session.out() << "FEHLER  " << finding.text << '\n';
+  printRules(session, plan.broken);
   const std::string ranges =
       counted(static_cast<std::int64_t>(plan.changes.size()), "Nummernkreis", "Nummernkreise");
   if (plan.changes.empty() && plan.isPossible()) {

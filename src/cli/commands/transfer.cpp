@@ -7,6 +7,7 @@
 
 #include <vexnumkr/number_transfer.h>
 
+#include "cli/broken_rules.h"
 #include "cli/commands/commands.h"
 #include "cli/exit_status.h"
 #include "cli/text_table.h"
@@ -135,17 +136,12 @@ int runImport(Session& session, const TransferOptions& options) {
                               : numbers::storeCompany(connection, wanted, options.transfer);
   const bool stored = plan.isPossible() && !session.dryRun();
   if (session.json()) {
-    Json broken = Json::array();
-    for (const Finding& finding : plan.broken)
-      broken.push_back({{"kind", numbers::nameOf(finding.kind)},
-                        {"circle", finding.circle},
-                        {"key", finding.key},
-                        {"text", finding.text}});
-    session.printDocument(
-        {{"stored", stored}, {"changes", listOf(plan.changes)}, {"broken", broken}});
+    session.printDocument({{"stored", stored},
+                           {"changes", listOf(plan.changes)},
+                           {"broken", describedRules(plan.broken)}});
   } else {
     printText(session, plan.changes);
-    for (const Finding& finding : plan.broken) session.out() << "FEHLER  " << finding.text << '\n';
+    printRules(session, plan.broken);
     session.out() << (!plan.isPossible() ? refusalOf(plan)
                       : plan.changes.empty()
                           ? std::string("Kein Unterschied; es ist nichts zu tun.")

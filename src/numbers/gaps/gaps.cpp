@@ -116,4 +116,18 @@ void findGaps(const UsedNumbers& used, const std::vector<const Range*>& ranges,
   search.tellStrays(ranges);
 }
 
+const char* nameOf(GapKind kind) {
+  switch (kind) {
+    case GapKind::gap:
+      return "gap";
+    case GapKind::ahead:
+      return "ahead";
+    case GapKind::duplicate:
+      return "duplicate";
+    case GapKind::stray:
+      break;
+  }
+  return "stray";
+}
+
 }  // namespace vexnumkr::numbers
