@@ -8,15 +8,8 @@ namespace {
 using test::errorBox;
 using test::Texts;
 
-class ReadBackTest : public test::SavingSession {
+class ReadBackTest : public test::EditedCompany {
  protected:
-  using CoreSession::sql;  // on another connection
-
-  void SetUp() override {
-    company();
-    before_ = stored();
-    editedTable();
-  }
   /// The host's connection forgets what it knows of the tables, and begins anew.
   void onTheDatabase(const std::string& text) {
     session().rollBackTransaction();
@@ -33,8 +26,6 @@ class ReadBackTest : public test::SavingSession {
     EXPECT_EQ(stored(), before_);
     EXPECT_TRUE(session().blnChanged());
   }
-
-  Texts before_;
 };
 
 TEST_F(ReadBackTest, ATriggerThatPassesOverARange) {

@@ -8,15 +8,8 @@ namespace {
 using test::errorBox;
 using test::Texts;
 
-class SavingEngineTest : public test::SavingSession {
+class SavingEngineTest : public test::EditedCompany {
  protected:
-  using CoreSession::sql;  // on another connection
-
-  void SetUp() override {
-    company();
-    before_ = stored();
-    editedTable();
-  }
   /// Runs a statement on the connection that saves, outside of its transaction and unrecorded.
   void onHostConnection(const std::string& text) {
     Connection& connection = test::realConnection(*hostConnection());
@@ -52,8 +45,6 @@ class SavingEngineTest : public test::SavingSession {
     EXPECT_EQ(storedRanges().size(), 8U);
     EXPECT_EQ(storedAssignments().size(), 8U);
   }
-
-  Texts before_;
 };
 
 TEST_F(SavingEngineTest, AFullDatabase) {

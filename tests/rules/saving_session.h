@@ -40,6 +40,21 @@ class SavingSession : public CoreSession {
   void sql(const Texts& statements);
 };
 
+/// The company with the edits of editedTable, for saves that fail.
+class EditedCompany : public SavingSession {
+ protected:
+  using CoreSession::sql;  // on another connection
+
+  void SetUp() override {
+    company();
+    before_ = stored();
+    editedTable();
+  }
+
+  /// What was stored before the edits.
+  Texts before_;
+};
+
 inline void SavingSession::company(std::int32_t application) {
   const auto values = [](const char* table, const char* row) {
     return std::string("INSERT INTO ") + table + " VALUES (" + row + ")";

@@ -268,19 +268,6 @@ TEST_F(DialogFailuresTest, SwitchingFontsTellsItsOwn) {
   });
 }
 
-TEST_F(DialogFailuresTest, ClosingTellsItsOwn) {
-  smallCompany("ORC");
-  init(2);
-  show([&] {
-    realConnection(*session().sharedConn()).RollbackTrans();
-    press("cmdCancel");
-    EXPECT_FALSE(isOpen());
-    const Boxes raised = boxes();
-    ASSERT_EQ(raised.size(), 1U);
-    EXPECT_EQ(raised[0].prompt.find("frmNummernkreise\r\nForm_QueryUnload: "), 0U);
-  });
-}
-
 TEST_F(DialogFailuresTest, AFormThatCannotBeMadeIsToldByTheComponent) {
   init(2);
   faults().fail("createForm frmNummernkreise");
