@@ -32,6 +32,7 @@ bool isDate(const std::string& text) {
   return date.ok() && text.substr(0, 4) != "0000";
 }
 
+// Asked here, so that a number that is none is a wrong call and not a failure of the command.
 std::string notANumber(const std::string& text, std::int32_t lowest, std::int32_t highest) {
   const bool sign = text.starts_with('-');
   const std::string digits = text.substr(sign ? 1 : 0);

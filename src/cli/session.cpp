@@ -66,6 +66,7 @@ std::string Session::readConnectionText() const {
       throw UsageError(error.what());
     }
   }
+  // Last, so that a call can name another one than its surroundings do.
   std::string text = connectionOfEnvironment();
   if (text.empty())
     throw UsageError(
@@ -73,6 +74,7 @@ std::string Session::readConnectionText() const {
   return text;
 }
 
+// A text that is not UTF-8 is no reason to print nothing of an answer.
 void Session::printLine(const Json& object) {
   out_ << object.dump(-1, ' ', false, Json::error_handler_t::replace) << '\n';
 }

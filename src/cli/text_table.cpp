@@ -48,6 +48,7 @@ void TextTable::print(std::ostream& out) const {
       const std::string gap(columns[i] - widthOf(row[i]), ' ');
       line += (i == 0 ? "" : "  ") + (toTheRight_[i] ? gap + row[i] : row[i] + gap);
     }
+    // Lines that end in blanks break in a narrow terminal, and are a nuisance when they are copied.
     line.erase(line.find_last_not_of(' ') + 1);
     out << line << '\n';
   };

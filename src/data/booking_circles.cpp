@@ -32,6 +32,7 @@ bool RefreshCombo(BookingCircleList& list, StatementSource& source, Reporter& re
   bool isAnew = false;
   reportingFailures(reporter, {generalModule, "RefreshCombo"}, [&] {
     const auto records = source.query(statement::bookingCircles(source.origin().Herkunft()));
+    // Not before the answer is there: where the question fails, the list stays as it was.
     list.create();
     isAnew = true;
     for (; !records->EndOfFile(); records->MoveNext())

@@ -27,6 +27,7 @@ void addAssignment(AssignedRanges& assigned, const Recordset& record) {
   const Value circle = record.Fields("Buchungskreis");
   const Value key = record.Fields("NSchl");
   const Value user = record.Fields("Benutzer");
+  // NULL equals no key and no user, so the engine would not find the row either.
   if (key.isNull() || user.isNull()) return;
   if (circle.isLong())
     assigned.add(circle.asLong(), key.toText(), user.toText());
@@ -67,6 +68,7 @@ class QuestionsInSets final : public RangeQuestions {
                    const std::string& Benutzer) override {
     const Assigned found =
         assigned_ ? assigned_->find(Buchungskreis, NSchl, Benutzer) : Assigned::Perhaps;
+    // The engine compares as its columns do; where that might matter it has the last word.
     return found == Assigned::Perhaps ? exactly_->AktiviertDB(Buchungskreis, NSchl, Benutzer)
                                       : found == Assigned::Yes;
   }

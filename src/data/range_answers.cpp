@@ -28,6 +28,8 @@ void GetBuchungskreisData(StatementSource& source, Reporter& reporter, std::int3
     StartWert = EndWert = AktuellerWert = 0;
     const auto others = source.queryAside(
         statement::otherOriginsOfCircle(Buchungskreis, source.origin().Herkunft()));
+    // A circle that the other origin does not have is new: no row that is left of an earlier one
+    // counts.
     if (others->Fields("Anzahl").toLong() != 1) return;
     const auto stored = source.queryAside(statement::storedRange(NSchl, Buchungskreis));
     if (stored->EndOfFile()) return;

@@ -20,6 +20,7 @@ void AddInXArray(XArray& table, const Users& users, Reporter& reporter, const Ra
   reportingFailures(reporter, {generalModule, "AddInXArray"}, [&] {
     if (!range.isCommon() && !AlleBenutzer) return;
     RangeRow row = range;
+    // Nobody draws from a range until somebody has said so.
     row.Aktiviert = false;
     row.Maske = Cell();
     for (const std::string& user : users) {

@@ -22,6 +22,8 @@ std::optional<RangeValues> writableValues(const RangeRow& row) {
 std::optional<RangeId> rangeIdOf(const Recordset& record) {
   const Value circle = record.Fields("Buchungskreis");
   const Value key = record.Fields("NSchl");
+  // A row that no range of the table can stand for is none of the dialog's business, and must not
+  // keep it from saving.
   if (!circle.isLong() || key.isNull()) return std::nullopt;
   return RangeId{circle.asLong(), key.toText()};
 }
@@ -43,6 +45,7 @@ void KnownRanges::follow(const XArray& table) {
     if (!row.isCommon()) continue;
     RangeId id = RangeId::of(row);
     const auto known = values_.find(id);
+    // What is known of a range outlives what its user types; only one that is new begins with it.
     if (known != values_.end())
       followed.emplace(std::move(id), known->second);
     else if (const auto values = writableValues(row))

@@ -37,6 +37,8 @@ std::int32_t StatementSource::execute(const std::string& text) {
   return recordsAffected;
 }
 
+// On the working connection: nothing of what the dialog's transaction has locked or changed is in
+// the answer.
 std::unique_ptr<Recordset> StatementSource::queryAside(const std::string& text) {
   std::int32_t found = 0;
   return requiredRows(ConnWork().Execute(text, found));

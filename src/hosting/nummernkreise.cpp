@@ -42,6 +42,7 @@ bool Nummernkreise::Init(std::shared_ptr<Connection> Conn, std::int32_t LngAppli
                                                                  : jmtVerarbeitungsdatum);
     session_.colUser().emplace_back(alleBenutzer);
     readUsers();
+    // The host may have released the component while its database was asked.
     initialised = !session_.isAbandoned();
   });
   isInitialising_ = false;
@@ -53,6 +54,7 @@ void Nummernkreise::abandon() noexcept {
   forms_.closeAll();
 }
 
+// Boxes, dialogs and progress handle events, in which the host may call again.
 bool Nummernkreise::isBusy() {
   return isOpen_ || isInitialising_ || session_.progress().isWorking();
 }
@@ -73,6 +75,7 @@ void Nummernkreise::ShowDialog() {
   isOpen_ = true;
   reportingFailures(session_.reporter(), {moduleName, "ShowDialog"}, [&] {
     const auto dialog = createDialog_(session_);
+    // The windows of that host have a font of their own, and its dialogs look alike.
     if (session_.Herkunft() == "ORB") dialog->RefreshFont(hostFont);
     dialog->Show();
   });

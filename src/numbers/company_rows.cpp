@@ -25,6 +25,7 @@ Range rangeIn(const Recordset& row) {
   range.start = numberOf(row, "StartWert");
   range.current = numberOf(row, "AktuellerWert");
   range.end = numberOf(row, "EndWert");
+  // The standard range of a key is there for everybody and cannot be switched off.
   range.active = range.circle == 0 || flagOf(row, "Aktiviert");
   range.sortIndex = numberOf(row, "SortierIndex").value_or(0);
   range.sharedKey = textOf(row, "IstNSchlVon");

@@ -57,6 +57,7 @@ RolloverPlan planRollover(const Company& company, const std::string& date) {
                                           ")."});
     }
   }
+  // Only all of them together: ranges may well overlap while a part has its new numbers.
   plan.broken = brokenRules(after);
   return plan;
 }
@@ -65,6 +66,7 @@ RolloverPlan applyRollover(Connection& connection, std::int32_t application,
                            const std::string& date, Reissuing reissuing) {
   RolloverPlan plan;
   inTransaction(connection, Ending::commit, [&] {
+    // From here on nobody draws, so that no number is issued from values that are about to go.
     execute(connection, statement::takeWriteLock());
     plan = planRollover(readCompany(connection, application), date);
     plan.reissuing = reissuing;

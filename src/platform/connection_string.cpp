@@ -31,6 +31,7 @@ std::size_t positionOf(std::string_view key) {
   return static_cast<std::size_t>(found - nativeKeys.begin());
 }
 
+// Entries are told by their number: their text may be part of a password that lacks its quotes.
 std::size_t requireKey(const ConnectionEntry& entry, std::size_t number) {
   if (!entry.hasSign)
     throw malformed("In Eintrag " + std::to_string(number) + " fehlt das Gleichheitszeichen.");

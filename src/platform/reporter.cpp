@@ -5,6 +5,7 @@
 namespace vexnumkr {
 namespace {
 
+// As users of the host applications know them.
 constexpr std::int32_t outOfMemory = 7;
 constexpr std::int32_t internalError = 51;
 

@@ -39,6 +39,8 @@ std::string overlapText(const RangeRow& other) {
 
 std::optional<EntryDefect> ruleDefect(const XArray& table, const RangeRow& entered,
                                       ValueColumn column) {
+  // A new range is all zeros. Until its end is typed its values contradict each other, which is no
+  // mistake of the user's.
   const bool isBeingGiven = entered.EndWert.toLong() == 0 && column != &RangeRow::EndWert;
   if (!entered.Aktiviert || isBeingGiven) return std::nullopt;
   if (const auto rule = ruleBrokenBy(entered))

@@ -35,6 +35,8 @@ void writeTable(const XArray& table, StatementSource& source, Progress& progress
 
 void InsertIntoNummernkreise(StatementSource& source, const RangeRow& range) {
   const std::string insert = statement::insertRange(range);
+  // Which failure means that the row is there already differs from engine to engine; the update
+  // that finds it tells for all of them.
   try {
     source.execute(insert);
   } catch (...) {

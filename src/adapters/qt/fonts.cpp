@@ -19,6 +19,8 @@ int pixelSize(double points) {
 
 }  // namespace
 
+// Forms name fonts of Windows. Where these are not installed others of the same widths stand in, so
+// that captions fit their controls there, too.
 void registerFontSubstitutes() {
   const QString liberation = QStringLiteral("Liberation Sans");
   const QString arial = QStringLiteral("Arial");

@@ -14,6 +14,7 @@ struct KeyPair {
   std::int16_t code;
 };
 
+// The handlers of dialogs know keys by the numbers that they have on Windows.
 constexpr KeyPair namedKeys[] = {
     {Qt::Key_Backspace, 8},
     {Qt::Key_Tab, key_code::tab},

@@ -8,6 +8,7 @@
 namespace vexnumkr::cli {
 namespace {
 
+// What spreadsheets write in front of UTF-8.
 constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 
 class CsvReader {
@@ -18,6 +19,7 @@ class CsvReader {
     std::vector<CsvRow> rows;
     while (at_ < content_.size()) {
       CsvRow row{line_, readCells()};
+      // Empty lines are left behind by people, at the end above all.
       if (row.cells.size() > 1 || !row.cells.front().empty()) rows.push_back(std::move(row));
     }
     return rows;

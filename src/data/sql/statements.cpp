@@ -6,6 +6,7 @@
 namespace vexnumkr::statement {
 namespace {
 
+// Saving a large company makes hundreds of thousands of these, so each is put together in one go.
 std::string join(std::initializer_list<std::string_view> pieces) {
   std::size_t size = 0;
   for (const auto piece : pieces) size += piece.size();
@@ -28,6 +29,7 @@ std::string specialRanges(const std::string& Herkunft, std::string_view order) {
 
 }  // namespace
 
+// What the transaction of the dialog may change, the circles by the host's own administration.
 std::vector<std::string> writtenTables() {
   return {"Nummernkreise", "Nummernkreis_Buchungskreise", "Nummernkreis_Zuordnung",
           "Nummernkreis_Sonderkreise"};
@@ -35,6 +37,8 @@ std::vector<std::string> writtenTables() {
 
 std::string users() { return "SELECT strUserName_PK FROM tblUser ORDER BY strUserName_PK"; }
 
+// LM and AF are keys of the host's own, which it numbers without this dialog: they are neither
+// shown nor ever changed.
 std::string ranges() {
   return "SELECT NSchl, NBezeichnung, Buchungskreis, StartWert, AktuellerWert, EndWert, Aktiviert, "
          "SortierIndex, IstNSchlVon, Maske FROM Nummernkreise "
@@ -78,6 +82,8 @@ std::string storedRange(const std::string& NSchl, std::int32_t Buchungskreis) {
                "' AND Buchungskreis=", number(Buchungskreis)});
 }
 
+// What the other origin needs stays: the ranges of its circles, and the standard ranges, which both
+// share, but for those of special ranges.
 std::string deleteRanges(const std::string& andereHerkunft) {
   return join(
       {"DELETE FROM Nummernkreise WHERE NOT EXISTS (SELECT * FROM "

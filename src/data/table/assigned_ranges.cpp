@@ -36,6 +36,7 @@ Assigned AssignedRanges::find(std::int32_t Buchungskreis, std::string_view NSchl
                               std::string_view Benutzer) const {
   const Number key = keys_.find(NSchl);
   const Number user = users_.find(Benutzer);
+  // Whoever has no number here was not asked for when the assignments were read.
   if (key == LooseNames::none || user == LooseNames::none) return Assigned::Perhaps;
   const auto found = ranges_.find(rangeOf(Buchungskreis, key));
   return found == ranges_.end() ? Assigned::No : found->second[user];

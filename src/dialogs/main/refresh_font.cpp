@@ -5,6 +5,7 @@
 namespace vexnumkr::basAllgemein {
 namespace {
 
+// In that host's font "Buchungskreise" is wider than its button.
 bool hasNarrowCaption(const Session& session, const Control& control) {
   return session.LngApplication() == 1 && control.Name() == "cmdBuchungskreise";
 }

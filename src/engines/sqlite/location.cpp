@@ -27,6 +27,8 @@ std::string percentEncoded(std::string_view path) {
 
 }  // namespace
 
+// SQLite makes an empty database of a name that it does not find; with mode=rw a mistyped name
+// fails.
 std::string uriOf(const std::string& database) {
   if (database == ":memory:") return database;
   if (database.starts_with("file:")) {

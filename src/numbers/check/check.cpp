@@ -46,6 +46,7 @@ CheckResult check(const Company& company, const CheckOptions& options) {
   addLevels(company, ranges, options, result);
   addMasks(company, ranges, options, result.findings);
   addAssignments(company, result.findings);
+  // Whoever reads the first line only has read the worst.
   std::stable_partition(result.findings.begin(), result.findings.end(), [](const Finding& finding) {
     return finding.severity == Severity::critical;
   });

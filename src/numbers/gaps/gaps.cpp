@@ -29,6 +29,8 @@ std::uint64_t UsedNumbers::count() const { return content_->count; }
 
 void addSelected(UsedNumbers& numbers, Connection& connection, const std::string& select,
                  const std::function<void(std::uint64_t)>& progress) {
+  // The engine counts and sorts, where an index may help it; parts are found by their numbers, so
+  // no cursor has to be kept open for the millions.
   constexpr std::int32_t atOnce = 50'000;
   std::optional<std::int64_t> above;
   for (bool isLast = false; !isLast;) {

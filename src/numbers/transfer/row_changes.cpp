@@ -156,6 +156,7 @@ RowChanges compareRows(const Company& stored, const Company& wanted, bool remove
 Company completed(const Company& stored, Company wanted, bool withCurrent) {
   for (Range& range : wanted.ranges) {
     const Range* const known = stored.find(range.circle, range.key);
+    // A current value is no setting but the memory of what has been issued, which stays here.
     if (withCurrent && range.current) continue;
     range.current = range.start;
     if (known == nullptr || !known->current) continue;

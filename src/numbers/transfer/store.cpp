@@ -130,6 +130,7 @@ ImportPlan storeCompany(Connection& connection, const Company& wanted,
                         const TransferOptions& options) {
   ImportPlan plan;
   inTransaction(connection, Ending::commit, [&] {
+    // What is compared has to be what is overwritten: nobody draws or saves in between.
     execute(connection, statement::takeWriteLock());
     const Comparison comparison(connection, wanted, options);
     plan = comparison.plan();

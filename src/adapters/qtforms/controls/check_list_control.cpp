@@ -45,6 +45,7 @@ bool CheckDelegate::editorEvent(QEvent* event, QAbstractItemModel* model,
       static_cast<QMouseEvent*>(event)->button() != Qt::LeftButton) {
     return false;
   }
+  // Anywhere in the row: the box alone is small to aim at.
   return model->setData(index, stateOf(!isChecked(index)), Qt::CheckStateRole);
 }
 

@@ -37,6 +37,7 @@ bool CellAccessible::isGroup() const { return isFirst() && view().hasChildren(it
 
 int CellAccessible::level() const { return model().items().level(item_) + 1; }
 
+// Screen readers tell levels and what is expanded of tree items alone.
 QAccessible::Role CellAccessible::role() const {
   return isFirst() ? QAccessible::TreeItem : QAccessible::Cell;
 }
@@ -73,6 +74,7 @@ QString CellAccessible::text(QAccessible::Text kind) const {
     case QAccessible::Name:
       return textOf(item_, section_);
     case QAccessible::Value:
+      // The caption is the name already, and would be read twice.
       return isFirst() ? QString() : textOf(item_, section_);
     case QAccessible::Description:
       return description();
@@ -91,6 +93,7 @@ QString CellAccessible::description() const {
                           : path + QStringLiteral(", ") +
                                 QString(note).replace(QLatin1Char('\n'), QStringLiteral(", "));
   }
+  // Whoever walks the tree down hears of each range all that others see in its row.
   QStringList words;
   const QString picture = model().pictureText(item_);
   if (!picture.isEmpty()) words << picture;
@@ -151,6 +154,7 @@ QString CellAccessible::localizedActionName(const QString& name) const {
   return QStringLiteral("Bearbeiten");
 }
 
+// As a click of the mouse, so that the dialog answers to both in one place.
 void CellAccessible::doAction(const QString& name) {
   if (!actionNames().contains(name) || !takesActions()) return;
   if (name == Actions::setFocusAction()) {

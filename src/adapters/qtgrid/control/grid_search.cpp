@@ -121,6 +121,7 @@ bool GridSearch::eventFilter(QObject* receiver, QEvent* event) {
     return false;
   }
   if (event->type() == QEvent::KeyPress) return keyPressed(*static_cast<QKeyEvent*>(event));
+  // A menu of the field, or another program in front, is no end of the search.
   const bool leaves = event->type() == QEvent::FocusOut &&
                       static_cast<QFocusEvent*>(event)->reason() != Qt::ActiveWindowFocusReason &&
                       static_cast<QFocusEvent*>(event)->reason() != Qt::PopupFocusReason;

@@ -31,6 +31,7 @@ void EntryBubble::say(const QString& text, bool refuses, const QRect& cell) {
   if (text.isEmpty()) return hide();
   refuses_ = refuses;
   setText(text);
+  // A label that may wrap asks for a width of its own, so it is asked first what it wants without.
   const int most = std::min(fontMetrics().averageCharWidth() * toolTipColumns,
                             parentWidget()->width() - 2 * distance);
   setWordWrap(false);
@@ -44,6 +45,7 @@ void EntryBubble::say(const QString& text, bool refuses, const QRect& cell) {
 }
 
 void EntryBubble::follow(const QRect& cell) {
+  // What is read next stands below, unless the note would be cut off there.
   const QRect room = parentWidget()->rect();
   const int below = cell.bottom() + 1 + distance;
   const int above = cell.top() - distance - height();

@@ -10,6 +10,7 @@
 namespace vexnumkr::qtsql {
 
 QString toQString(std::string_view text) {
+  // U+FEFF at the beginning of a value is a character of it like any other.
   QStringDecoder decoder(QStringDecoder::Utf8,
                          QStringDecoder::Flag::Stateless | QStringDecoder::Flag::ConvertInitialBom);
   QString decoded =

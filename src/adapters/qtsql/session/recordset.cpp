@@ -55,6 +55,7 @@ void SqlRecordset::Fields(std::string_view name, const Value& value) {
   requireWritable();
   const std::size_t changed = column(name);
   rows_.set(current_, changed, toField(value));
+  // Noted also where the value is the same: what the user has set is to be written.
   changed_.emplace(current_, changed);
 }
 
@@ -80,6 +81,7 @@ void SqlRecordset::Update() {
 
 void SqlRecordset::Close() {
   requireOpen();
+  // A closed recordset may be opened again, with where its rows are kept as it was set.
   const std::int32_t location = cursorLocation_;
   *this = SqlRecordset();
   cursorLocation_ = location;
