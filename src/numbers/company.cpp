@@ -94,7 +94,7 @@ const Range* Company::find(std::int32_t circle, const std::string& key) const {
 }
 
 Company readCompany(Connection& connection, std::int32_t application) {
-  const std::string origin = originOf(application);
+  const std::string origin = requiredOrigin(application);
   Company company;
   company.application = application;
   company.circles = readCircles(connection, origin);

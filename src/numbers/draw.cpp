@@ -62,9 +62,10 @@ Assignment read(const Recordset& row) {
 std::vector<Assignment> assignmentsFor(Connection& connection, const DrawRequest& request) {
   std::vector<Assignment> own;
   std::vector<Assignment> common;
-  const auto rows = select(
-      connection, statement::assignedRanges(Literals(connection), originOf(request.application),
-                                            request.user, request.key, request.circle));
+  const auto rows =
+      select(connection,
+             statement::assignedRanges(Literals(connection), requiredOrigin(request.application),
+                                       request.user, request.key, request.circle));
   for (; !rows->EndOfFile(); rows->MoveNext()) {
     if (textOf(*rows, "Schluessel") != request.key) continue;
     const std::string user = textOf(*rows, "Benutzer");

@@ -5,22 +5,24 @@
 #include <string>
 #include <string_view>
 
+#include "data/origin.h"
 #include "numbers/failure.h"
 
 namespace vexnumkr::numbers {
 
 /// "ORB" for application 1, "ORC" for 2. Error (5) for any other: it has no ranges of its own.
-inline std::string originOf(std::int32_t application) {
-  if (application == 1) return "ORB";
-  if (application == 2) return "ORC";
+inline std::string requiredOrigin(std::int32_t application) {
+  const Origin origin(application);
+  if (origin.exists()) return origin.Herkunft();
   throw invalidCall("Die Anwendung " + std::to_string(application) +
                     " hat keine eigenen Nummernkreise; möglich sind 1 und 2.");
 }
 
 /// The application with that origin; 0 for none.
 inline std::int32_t applicationOf(std::string_view origin) {
-  if (origin == "ORB") return 1;
-  return origin == "ORC" ? 2 : 0;
+  for (const std::int32_t application : {1, 2})
+    if (origin == Origin(application).Herkunft()) return application;
+  return 0;
 }
 
 }  // namespace vexnumkr::numbers

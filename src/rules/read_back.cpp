@@ -23,8 +23,10 @@ std::string withoutBlanksAtItsEnd(std::string text) {
 
 std::string writtenText(const Text& text) { return withoutBlanksAtItsEnd(text.str()); }
 
-// The values of a record or of a row besides its identity, in one form for both.
-struct Content {
+// The values of a record or of a row besides its identity, in one form for both. Looser than
+// RangeContent: blanks at the end of a text and NULL for an empty one are what engines and hosts
+// make of what was written, and no loss.
+struct LooseContent {
   std::string NBezeichnung;
   std::int32_t StartWert = 0;
   std::int32_t AktuellerWert = 0;
@@ -34,10 +36,10 @@ struct Content {
   std::string IstNSchlVon;
   std::string Maske;
 
-  friend bool operator==(const Content&, const Content&) = default;
+  friend bool operator==(const LooseContent&, const LooseContent&) = default;
 };
 
-Content written(const RangeRow& row) {
+LooseContent written(const RangeRow& row) {
   return {writtenText(row.NBezeichnung),
           row.StartWert.toLong(),
           row.AktuellerWert.toLong(),
@@ -54,23 +56,25 @@ std::string textOf(const Recordset& record, std::string_view column) {
 }
 
 // Nothing for a record with a NULL or something else than a number where a number was written.
-std::optional<Content> storedContent(const Recordset& record) {
+std::optional<LooseContent> looseContentOf(const Recordset& record) {
   try {
-    return Content{textOf(record, "NBezeichnung"),          record.Fields("StartWert").toLong(),
-                   record.Fields("AktuellerWert").toLong(), record.Fields("EndWert").toLong(),
-                   record.Fields("Aktiviert").toBoolean(),  record.Fields("SortierIndex").toLong(),
-                   textOf(record, "IstNSchlVon"),           textOf(record, "Maske")};
+    return LooseContent{
+        textOf(record, "NBezeichnung"),          record.Fields("StartWert").toLong(),
+        record.Fields("AktuellerWert").toLong(), record.Fields("EndWert").toLong(),
+        record.Fields("Aktiviert").toBoolean(),  record.Fields("SortierIndex").toLong(),
+        textOf(record, "IstNSchlVon"),           textOf(record, "Maske")};
   } catch (const Error&) {  // it is not what was written then
     return std::nullopt;
   }
 }
 
-struct StoredContent {
-  std::int32_t records = 0;
-  std::optional<Content> content;
+// All that is stored of one range: once, if all is well.
+struct FoundRecords {
+  std::int32_t count = 0;
+  std::optional<LooseContent> last;
 };
 
-using Stored = std::map<RangeId, StoredContent>;
+using Stored = std::map<RangeId, FoundRecords>;
 
 Stored readAll(Recordset& records) {
   Stored stored;
@@ -78,9 +82,9 @@ Stored readAll(Recordset& records) {
     auto range = rangeIdOf(records);
     if (!range) continue;
     range->NSchl = withoutBlanksAtItsEnd(range->NSchl);
-    StoredContent& found = stored[*range];
-    ++found.records;
-    found.content = storedContent(records);
+    FoundRecords& found = stored[*range];
+    ++found.count;
+    found.last = looseContentOf(records);
   }
   records.Close();
   return stored;
@@ -110,21 +114,21 @@ class ReadBack {
 
   bool isAsWritten(const RangeRow& row) const {
     const auto found = stored_.find(writtenId(row));
-    return found != stored_.end() && found->second.records == 1 &&
-           found->second.content == lastWritten_.at(writtenId(row));
+    return found != stored_.end() && found->second.count == 1 &&
+           found->second.last == lastWritten_.at(writtenId(row));
   }
 
   void requireGone(const RangeId& range) const {
     const RangeId id{range.Buchungskreis, withoutBlanksAtItsEnd(range.NSchl)};
     const auto found = stored_.find(id);
     if (found == stored_.end() || lastWritten_.contains(id)) return;
-    const auto& content = found->second.content;
+    const auto& content = found->second.last;
     failNotAsWritten(told(content ? content->NBezeichnung : id.NSchl, id.Buchungskreis));
   }
 
  private:
   Stored stored_;
-  std::map<RangeId, Content> lastWritten_;
+  std::map<RangeId, LooseContent> lastWritten_;
 };
 
 // Assignments in a form that can be sorted: texts are numbered, so that many take little room.

@@ -8,9 +8,18 @@
 #include <stdexcept>
 
 namespace vexnumkr::test {
+namespace {
 
-PrivateServer::PrivateServer(const std::string& engine)
-    : server_(engine == "mariadb" ? "mariadb" : "postgresql") {
+// Whose server an engine of the tests is on, by whatever driver.
+std::string serverOf(const std::string& engine) {
+  for (const char* const server : {"mariadb", "postgresql"})
+    if (engine.ends_with(server)) return server;
+  throw std::runtime_error("there is no server of " + engine);
+}
+
+}  // namespace
+
+PrivateServer::PrivateServer(const std::string& engine) : server_(serverOf(engine)) {
   const std::string folder = folder_.path().toStdString();
   // The server may run as another user, which has to pass through.
   ::chmod(folder.c_str(), 0711);

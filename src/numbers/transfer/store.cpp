@@ -42,7 +42,7 @@ struct Comparison {
       : stored(readCompany(connection, asked.application)),
         wanted(completed(stored, asked, options.withCurrent)),
         changes(compareRows(stored, wanted, options.removeOthers,
-                            sharedCircles(connection, originOf(asked.application)))) {
+                            sharedCircles(connection, requiredOrigin(asked.application)))) {
     broken = brokenRules(applied(stored, changes));
     if (!options.reissue) addReissues(asked, options.withCurrent);
   }
@@ -135,7 +135,7 @@ ImportPlan storeCompany(Connection& connection, const Company& wanted,
     const Comparison comparison(connection, wanted, options);
     plan = comparison.plan();
     if (!plan.isPossible() || plan.changes.empty()) return;
-    Writer(connection, originOf(wanted.application)).write(comparison.changes);
+    Writer(connection, requiredOrigin(wanted.application)).write(comparison.changes);
     requireStored(connection, wanted, options);
   });
   return plan;
