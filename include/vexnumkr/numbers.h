@@ -58,7 +58,7 @@ struct Draw {
 /// Why no number was drawn.
 enum class DrawFailure : std::int32_t {
   notAssigned = 3031,   ///< no assignment of this key to the user or to everybody
-  ambiguous = 3032,     ///< several booking circles are assigned, and none was named
+  ambiguous = 3032,     ///< several circles have an active range assigned, and none was named
   rangeMissing = 3033,  ///< the assignment names a range that is not stored
   rangeInactive = 3034,
   rangeBroken = 3035,  ///< its values contradict each other, or one is missing
@@ -83,10 +83,10 @@ class VEXNUMKR_API DrawError : public Error {
 /// the document, its number is used up. Hosts that draw like this do not wait for each other's
 /// documents, and an abandoned document leaves a gap.
 ///
-/// The range is the one assigned to the user, otherwise the one assigned to everybody, in the
-/// booking circle of the assignment; a special range (its `IstNSchlVon` is not empty) draws from
-/// the range of that key in the same circle. `AktuellerWert` is the number last issued; the range's
-/// `StartWert` counts as issued.
+/// The range is the active one assigned to the user, or where the user has no assignment the one
+/// assigned to everybody, in the booking circle of the assignment; a special range (its
+/// `IstNSchlVon` is not empty) draws from the range of that key in the same circle. `AktuellerWert`
+/// is the number last issued; the range's `StartWert` counts as issued.
 ///
 /// A lock that somebody else holds is waited for as long as the adapter waits, up to ten times.
 ///

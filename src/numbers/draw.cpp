@@ -102,9 +102,20 @@ DrawError ambiguous(const DrawRequest& request, const std::vector<Assignment>& f
           circles};
 }
 
+// Those with an active range; where there are none, the first alone, which tells why.
+std::vector<Assignment> usable(std::vector<Assignment> found) {
+  const auto isUsable = [](const Assignment& one) { return one.hasRange && one.isActive; };
+  if (std::any_of(found.begin(), found.end(), isUsable))
+    std::erase_if(found, [&](const Assignment& one) { return !isUsable(one); });
+  else
+    found.erase(found.begin() + 1, found.end());
+  return found;
+}
+
 Target targetOf(Connection& connection, const DrawRequest& request) {
-  const std::vector<Assignment> found = assignmentsFor(connection, request);
+  std::vector<Assignment> found = assignmentsFor(connection, request);
   if (found.empty()) throw notAssigned(request);
+  found = usable(std::move(found));
   if (found.size() > 1) throw ambiguous(request, found);
   const Assignment& assignment = found.front();
   const std::string name = rangeName(assignment.circle, request.key);

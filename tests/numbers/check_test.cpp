@@ -253,10 +253,13 @@ class NaiveCheck {
     for (const std::string& key : keys) {
       std::vector<std::int32_t> circles = circlesOf(user, key);
       if (circles.empty()) circles = circlesOf("ALL", key);
-      const Range* const one = circles.size() == 1 ? find(circles[0], key) : nullptr;
+      std::erase_if(circles, [&](std::int32_t circle) {
+        const Range* const one = find(circle, key);
+        return one == nullptr || !usable(*one);
+      });
       if (circles.size() > 1) {
         ambiguous += " " + key;
-      } else if (one == nullptr || !usable(*one)) {
+      } else if (circles.empty()) {
         without += " " + key;
       }
     }

@@ -134,6 +134,18 @@ TEST_F(DrawTest, SeveralCirclesHaveToBeToldApart) {
   EXPECT_EQ(failureOf(asked), DrawFailure::notAssigned);
 }
 
+TEST_F(DrawTest, OneActiveRangeAmongOthersIsTheOne) {
+  assign("Anna", 1, "LS");
+  assign("Anna", 2, "LS");
+  assign("ALL", 2, "LS");
+  range(1, "LS", 10, 10, 19, {.active = false});
+  EXPECT_EQ(failureOf(request("Anna", "LS")), DrawFailure::rangeInactive);
+  range(2, "LS", 20, 20, 29);
+  EXPECT_EQ(drawn(request("Anna", "LS")), 21);
+  sql("UPDATE Nummernkreise SET Aktiviert = -1 WHERE NSchl = 'LS'");
+  EXPECT_EQ(failureOf(request("Anna", "LS")), DrawFailure::ambiguous);
+}
+
 TEST_F(DrawTest, AssignmentsThatDoNotCountAreNone) {
   EXPECT_EQ(failureOf(request("Anna")), DrawFailure::notAssigned);
   assign("Anna", 1, "RE", "ORC");

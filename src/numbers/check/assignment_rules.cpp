@@ -149,7 +149,7 @@ class AssignmentCheck {
     std::vector<std::string> ambiguous;
     for (const std::string& key : directory_.usableKeys()) {
       const Served served = servedWith(user, *directory_.numberOf(key));
-      if (served.assigned > 1) {
+      if (served.usable > 1) {
         ambiguous.push_back(key);
       } else if (served.usable == 0) {
         without.push_back(key);
