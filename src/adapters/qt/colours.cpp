@@ -1,5 +1,6 @@
 #include "adapters/qt/colours.h"
 
+#include <QApplication>
 #include <algorithm>
 #include <cmath>
 
@@ -67,6 +68,16 @@ CellColours selectionColours(const QPalette& palette) {
     ground = blended(usual, deep, std::min(share, 1.0F));
   }
   return {ground, legibleOn(ground, text)};
+}
+
+QPalette storablePalette(const QPalette& palette) {
+  QPalette usual = QApplication::palette();
+  usual.setCurrentColorGroup(palette.currentColorGroup());
+  for (int role = 0; role != QPalette::NColorRoles; ++role)
+    if (const auto one = static_cast<QPalette::ColorRole>(role);
+        one != QPalette::NoRole && usual.brush(one) != palette.brush(one))
+      return palette;
+  return usual;
 }
 
 }  // namespace vexnumkr

@@ -4,6 +4,7 @@
 #include <QWidget>
 #include <algorithm>
 
+#include "adapters/qt/colours.h"
 #include "adapters/qt/device_pixels.h"
 #include "adapters/qt/picture_art.h"
 #include "adapters/qtgrid/view/grid_colours.h"
@@ -20,6 +21,7 @@ constexpr int cornerEdge = 7;
 void paintArrow(QPainter* painter, const QRect& area, const QStyleOptionViewItem& option) {
   if (!option.state.testFlag(QStyle::State_Children)) return;
   QStyleOption branch(option);
+  branch.palette = storablePalette(option.palette);
   branch.rect = area;
   branch.state &= ~QStyle::State_Sibling;
   const QStyle* style = option.widget->style();

@@ -2,6 +2,7 @@
 
 #include <QPainter>
 
+#include "adapters/qt/colours.h"
 #include "adapters/qtgrid/view/cell_layout.h"
 
 namespace vexnumkr {
@@ -24,6 +25,7 @@ void GridHeader::paintSection(QPainter* painter, const QRect& rect, int section)
   initStyleOption(&option);
   initStyleOptionForIndex(&option, section);
   option.rect = rect;
+  option.palette = storablePalette(option.palette);
   painter->save();
   style()->drawControl(QStyle::CE_HeaderSection, &option, painter, this);
   const int left = cellPadding + (model_.standsApart(section) ? apartPadding : 0);
