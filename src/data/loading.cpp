@@ -75,9 +75,7 @@ class Loading {
   // A range that is active for all gets a row for every user; the assignments say whose is active.
   void deriveUserRows() {
     progress_.expect(userRows());
-    const bool usersDiffer =
-        std::unordered_set<std::string>(data_.users.begin(), data_.users.end()).size() ==
-        data_.users.size();
+    const bool allDiffer = !hasUserTwice() && !hasEmptyKey();
     std::set<std::pair<std::int32_t, std::uint32_t>> derived;
     const std::int32_t rows = data_.table.size();
     for (std::int32_t i = 0; i < rows; ++i) {
@@ -87,10 +85,20 @@ class Loading {
       const bool isFirst = derived.insert({common.Buchungskreis, common.NSchl.id()}).second;
       for (const std::string& user : data_.users) {
         if (user == alleBenutzer) continue;
-        if ((isFirst && usersDiffer) || !hasRow(common, user)) deriveUserRow(common, user);
+        if ((isFirst && allDiffer) || !hasRow(common, user)) deriveUserRow(common, user);
         progress_.advance();
       }
     }
+  }
+
+  bool hasUserTwice() const {
+    const std::unordered_set<std::string> names(data_.users.begin(), data_.users.end());
+    return names.size() != data_.users.size();
+  }
+
+  // Such a row stands for every range of its booking circle.
+  bool hasEmptyKey() const {
+    return std::ranges::any_of(data_.table, [](const RangeRow& row) { return row.NSchl.empty(); });
   }
 
   bool hasRow(const RangeRow& range, const std::string& user) const {
