@@ -73,10 +73,10 @@ CellColours selectionColours(const QPalette& palette) {
 QPalette storablePalette(const QPalette& palette) {
   QPalette usual = QApplication::palette();
   usual.setCurrentColorGroup(palette.currentColorGroup());
-  for (int role = 0; role != QPalette::NColorRoles; ++role)
-    if (const auto one = static_cast<QPalette::ColorRole>(role);
-        one != QPalette::NoRole && usual.brush(one) != palette.brush(one))
-      return palette;
+  for (const auto role :
+       {QPalette::Window, QPalette::WindowText, QPalette::Base, QPalette::Text, QPalette::Button,
+        QPalette::ButtonText, QPalette::Light, QPalette::Dark, QPalette::Mid, QPalette::Shadow})
+    if (usual.brush(role) != palette.brush(role)) return palette;
   return usual;
 }
 

@@ -39,7 +39,8 @@ struct CellColours {
 /// be legible.
 CellColours selectionColours(const QPalette& palette);
 
-/// The application's palette where `palette` looks the same, else that one. Styles store what they
+/// For what shows no selection: the application's palette where `palette` looks the same, else that
+/// one. Styles store what they
 /// have drawn by the identity of the palette: those that each window makes for itself would fill
 /// the store of the whole application with pictures that are never used again.
 QPalette storablePalette(const QPalette& palette);
