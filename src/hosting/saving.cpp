@@ -130,15 +130,24 @@ class Saving {
   bool hasUnshownChanges_ = false;
 };
 
+// Where no server can be reached any more the user has just been told so, and whatever comes next
+// begins anew.
+void restart(Session& session) {
+  constexpr std::int32_t invalidConnection = 3709;
+  try {
+    session.restartTransaction();
+  } catch (const Error& error) {
+    if (error.number() != invalidConnection) throw;
+  }
+}
+
 // A failure leaves a fresh transaction behind, and what the display shows is what the table holds.
 bool saveOrRollBack(Session& session, RangeDisplay& display) {
   Saving saving(session, display);
   bool saved = false;
   if (reportingFailures(session.reporter(), saveProcedure, [&] { saved = saving.run(); }))
     return saved;
-  // Where there is nobody to begin with any more, the user has just been told so; whatever comes
-  // next begins anew.
-  ignoringFailures([&] { session.restartTransaction(); });
+  reportingFailures(session.reporter(), saveProcedure, [&] { restart(session); });
   if (saving.hasUnshownChanges()) display.showChanges();
   return false;
 }
