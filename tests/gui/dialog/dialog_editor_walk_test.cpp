@@ -1,4 +1,5 @@
 // Opening the cell editor, and where it goes from a cell.
+#include <QApplication>
 #include <QLineEdit>
 
 #include "support/dialog_session.h"
@@ -65,6 +66,9 @@ TEST_F(DialogEditorWalkTest, AClickOnADescriptionOnlySelects) {
 TEST_F(DialogEditorWalkTest, OnlyTheLeftButtonOpens) {
   inCompany(2, [&] {
     click(2, grid_column::Start, Qt::RightButton);
+    QWidget* const menu = QApplication::activePopupWidget();
+    ASSERT_NE(menu, nullptr);
+    menu->close();
     EXPECT_EQ(editor(), "none");
     EXPECT_EQ(grid().ListIndex(), 2);
   });

@@ -353,7 +353,8 @@ TEST_F(DialogEntriesTest, OtherColumnsTellWhatDoesNotFit) {
     click(2, grid_column::Aktuell);
     type("000000000000000000000000000160");
     key("Enter");
-    EXPECT_EQ(toolTip(2, grid_column::Aktuell), "000000000000000000000000000160");
+    EXPECT_EQ(toolTip(2, grid_column::Aktuell),
+              "noch 39 Nummern frei\nGeladen: 150\n\n000000000000000000000000000160");
     EXPECT_EQ(toolTip(2, grid_column::Ende), "");
   });
 }
