@@ -30,12 +30,14 @@ usage() {
 [ $# -ge 3 ] || usage
 kind=$1 action=$2 folder=$3 node=${4:-}
 
-# Prints a port that nobody listens on, outside those that the system gives to clients.
+# Prints a port that nobody listens on, outside those that the system gives to clients. Nodes listen only
+# later, so each kind of cluster has ports of its own, and none has one twice.
 free_port() {
-  local port
+  local port first=20000
+  if [ "$kind" = standby ]; then first=26000; fi
   while :; do
-    port=$((20000 + RANDOM % 12000))
-    if ! (exec 3<>"/dev/tcp/127.0.0.1/$port") 2>/dev/null; then
+    port=$((first + RANDOM % 6000))
+    if ! grep -qsx "$port" "$folder"/*/* && ! (exec 3<>"/dev/tcp/127.0.0.1/$port") 2>/dev/null; then
       echo "$port"
       return
     fi
