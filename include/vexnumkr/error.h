@@ -52,6 +52,9 @@ inline constexpr std::int32_t unreadableText = 3024;
 inline constexpr std::int32_t notAvailable = 3251;
 /// A database driver, or the engine behind it, that is not supported.
 inline constexpr std::int32_t unknownDriver = 3706;
+/// There is no connection to work over: none was given, none is open any more, or no server of it
+/// can be reached.
+inline constexpr std::int32_t invalidConnection = 3709;
 }  // namespace error_number
 
 /// A failure: its number, the place it comes from and a text for the user (UTF-8).

@@ -133,11 +133,10 @@ class Saving {
 // Where no server can be reached any more the user has just been told so, and whatever comes next
 // begins anew.
 void restart(Session& session) {
-  constexpr std::int32_t invalidConnection = 3709;
   try {
     session.restartTransaction();
   } catch (const Error& error) {
-    if (error.number() != invalidConnection) throw;
+    if (error.number() != error_number::invalidConnection) throw;
   }
 }
 

@@ -40,12 +40,13 @@ void Session::Conn(std::shared_ptr<Connection> connection) {
 // A server that cannot answer just now has answered when the dialog opened; one that is away is not
 // asked twice.
 void Session::beginTransaction() {
-  constexpr std::int32_t invalidConnection = 3709;
   inTransaction_ = false;
   try {
     Conn().RequireTransactions(statement::writtenTables());
   } catch (const Error& error) {
-    if (error.number() == error_number::notAvailable || error.number() == invalidConnection) throw;
+    if (error.number() == error_number::notAvailable ||
+        error.number() == error_number::invalidConnection)
+      throw;
   }
   Conn().BeginTrans();
   inTransaction_ = true;

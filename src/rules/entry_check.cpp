@@ -8,8 +8,6 @@
 namespace vexnumkr {
 namespace {
 
-constexpr std::int32_t overflowNumber = 6;
-
 // As the entry would leave it: a start above the current value takes that along.
 RangeRow withEntry(const RangeRow& range, ValueColumn column, std::int32_t number) {
   RangeRow entered = range;
@@ -81,8 +79,8 @@ MaskPreview maskPreview(const std::string& mask, const std::string& date) {
     if (bounds->low < bounds->high) return {span, false};
     return {span + "\nOhne freie Stelle (N) ist der Endwert nicht größer als der Startwert.", true};
   } catch (const Error& error) {
-    return {error.number() == overflowNumber ? "Die Maske ergibt eine zu große Zahl."
-                                             : "Die Maske ergibt keine Zahl.",
+    return {error.number() == error_number::overflow ? "Die Maske ergibt eine zu große Zahl."
+                                                     : "Die Maske ergibt keine Zahl.",
             true};
   }
 }

@@ -19,7 +19,7 @@ void SqlCommand::CommandTimeout(std::int32_t seconds) { requireTimeout(seconds);
 std::unique_ptr<Recordset> SqlCommand::Execute(std::int32_t& recordsAffected) {
   const std::shared_ptr<SessionSlot> connection = connection_.lock();
   if (!connection)
-    throw failure(failure_number::invalidConnection, "Dem Befehl fehlt die Datenbankverbindung.");
+    throw failure(error_number::invalidConnection, "Dem Befehl fehlt die Datenbankverbindung.");
   return connection->execute(text_, recordsAffected);
 }
 

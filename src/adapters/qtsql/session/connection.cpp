@@ -22,8 +22,7 @@ void requireIsolation(std::int32_t level) {
 
 Driver driverOfBorrowed(const QSqlDatabase& database) {
   if (!database.isOpen())
-    throw failure(failure_number::invalidConnection,
-                  "Die übergebene Datenbank ist nicht geöffnet.");
+    throw failure(error_number::invalidConnection, "Die übergebene Datenbank ist nicht geöffnet.");
   requireSteadyConnection(database);
   return driverOf(database.driverName().toStdString());
 }
@@ -158,7 +157,7 @@ std::unique_ptr<Recordset> SqlConnection::createRecordset() {
 std::shared_ptr<SessionSlot> SqlConnection::slotOf(Connection& connection) {
   auto* const own = dynamic_cast<SqlConnection*>(&connection);
   if (own == nullptr)
-    throw failure(failure_number::invalidConnection,
+    throw failure(error_number::invalidConnection,
                   "Die Datenbankverbindung gehört nicht zu diesem Datenbankadapter.");
   return own->slot_;
 }

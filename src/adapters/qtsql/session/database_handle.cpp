@@ -12,13 +12,13 @@ namespace {
 // Asked for here because Qt itself only prints a warning.
 QString availableDriver(const Driver& driver) {
   if (QCoreApplication::instance() == nullptr)
-    throw failure(failure_number::invalidConnection,
+    throw failure(error_number::invalidConnection,
                   "Für eine Datenbankverbindung fehlt das Qt-Anwendungsobjekt.");
   const QString name =
       QString::fromLatin1(driver.name.data(), static_cast<qsizetype>(driver.name.size()));
   if (!QSqlDatabase::isDriverAvailable(name))
     throw failure(
-        failure_number::invalidConnection,
+        error_number::invalidConnection,
         "Der Qt-Datenbanktreiber " + std::string(driver.name) + " ist nicht installiert.");
   return name;
 }

@@ -23,7 +23,6 @@ inline constexpr std::int32_t fileMoved = 1032;  // SQLite's own.
 inline constexpr std::int32_t itemNotFound = 3265;
 inline constexpr std::int32_t objectClosed = 3704;
 inline constexpr std::int32_t objectOpen = 3705;
-inline constexpr std::int32_t invalidConnection = 3709;
 inline constexpr std::int32_t recordGone = -2147217864;
 inline constexpr std::int32_t unspecified = -2147467259;
 inline constexpr std::int32_t noTransaction = -2147168242;

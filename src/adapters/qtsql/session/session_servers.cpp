@@ -24,7 +24,7 @@ void Session::connect() {
   isLost_ = true;
   query_.reset();
   database_.close();
-  throw failure(failure_number::invalidConnection,
+  throw failure(error_number::invalidConnection,
                 "Keiner der Datenbankserver nimmt zurzeit Änderungen an. Bitte versuchen Sie es in "
                 "einer Minute noch einmal; bleibt es dabei, verständigen Sie die "
                 "Datenbankadministration." +
@@ -62,7 +62,7 @@ void Session::openAt(std::size_t server) {
 void Session::requireWritable() {
   if (engine_->unwritable == nullptr) return;
   const std::string reason = engine_->unwritable(catalogueOf(*this));
-  if (!reason.empty()) throw failure(failure_number::invalidConnection, reason);
+  if (!reason.empty()) throw failure(error_number::invalidConnection, reason);
 }
 
 // A borrowed connection is the host's to open again.
