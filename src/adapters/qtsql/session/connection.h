@@ -28,8 +28,8 @@ struct SessionSlot {
 ///
 /// A connection of the adapter's own that was lost is opened again by whatever comes next, except
 /// inside a transaction, which is lost with it: that has to be rolled back first. One whose
-/// transaction could not begin because the server was away begins it with the next statement, or
-/// when it is told to begin once more.
+/// transaction could not begin because the server was away is in none, until it is told to begin
+/// once more.
 ///
 /// Where its string names several servers, those that it makes, with the same ones in theirs, are
 /// on the one that it is on, wherever that moves.

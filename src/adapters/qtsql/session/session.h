@@ -105,8 +105,8 @@ class Session {
 
   /// Begins a transaction. On the engine it begins with the first statement that may change
   /// something, or with lockTable: until then nothing is locked, and no reading grows old. Where
-  /// the connection was lost before, a new one is opened first; fails that too, the transaction has
-  /// begun nevertheless, and may be begun once more.
+  /// the connection was lost before, a new one is opened first; where that fails too, none has
+  /// begun.
   void begin(std::int32_t isolation);
   /// After a failed commit the transaction still runs or can only be rolled back, as after any
   /// other failure.
@@ -137,7 +137,18 @@ class Session {
   bool patiently(const std::function<bool()>& attempt);
   RowSet run(const QString& text);
   bool mayBeLostUnnoticed() const;
-  RowSet readAnew(const QString& text);
+  /// What `work` returns. What goes before a transaction may be the first to meet a connection that
+  /// was lost meanwhile; then it is done once more, over a new one.
+  template <class Work>
+  auto anew(Work&& work) {
+    const bool mayHaveBeenLostBefore = mayBeLostUnnoticed();
+    try {
+      return work();
+    } catch (const Error&) {
+      if (!isLost_ || !mayHaveBeenLostBefore) throw;
+      return work();
+    }
+  }
   RowSet readRows(const QString& text);
   bool isWholeByItself() const;
   void markUnreadable(RowSet& rows, const QString& text);

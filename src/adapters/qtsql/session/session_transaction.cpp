@@ -11,18 +11,13 @@ void Session::begin(std::int32_t isolation) {
   if (beginsLater_ || (inTransaction_ && !engine_->guardsTransactions)) throw transactionRuns();
   isolation_ = isolation;
   onlyReads_ = false;
-  const bool mayHaveBeenLostBefore = mayBeLostUnnoticed();
-  try {
+  anew([&] {
     requireReady();
     requireSameFile();
     requireNone();
     learnRules();
-    beginsLater_ = true;
-  } catch (const Error&) {
-    if (!isLost_ || !mayHaveBeenLostBefore) throw;
-    requireReady();  // Fails if the server is still away now.
-    beginsLater_ = true;
-  }
+  });
+  beginsLater_ = true;
 }
 
 // Whoever knows that it is lost has just tried to open it again.
@@ -114,17 +109,6 @@ void Session::commit() {
   inTransaction_ = false;
 }
 
-// What goes before a transaction may be the first to meet a connection that was lost meanwhile.
-RowSet Session::readAnew(const QString& text) {
-  const bool mayHaveBeenLostBefore = mayBeLostUnnoticed();
-  try {
-    return read(text);
-  } catch (const Error&) {
-    if (!isLost_ || !mayHaveBeenLostBefore) throw;
-    return read(text);
-  }
-}
-
 void Session::requireTransactions(const std::vector<std::string>& tables) {
   locksLater_ = true;
   if (engine_->withoutTransactions == nullptr || tables.empty()) return;
@@ -132,7 +116,8 @@ void Session::requireTransactions(const std::vector<std::string>& tables) {
   std::string literals;
   for (const std::string& table : tables)
     literals += (literals.empty() ? "'" : ", '") + table + '\'';
-  const RowSet found = readAnew(QString::fromStdString(engine_->withoutTransactions(literals)));
+  const RowSet found =
+      anew([&] { return read(QString::fromStdString(engine_->withoutTransactions(literals))); });
   if (found.rowCount() == 0) return;
   const auto text = [&](std::size_t column) {
     return found.at(0, column).toString().toStdString();
