@@ -18,9 +18,9 @@ namespace vexnumkr {
 /// The ranges of a table as they are stored at one moment, and the stored ranges that are none of
 /// it.
 struct StoredRanges {
-  /// All of them, in the order of the records.
+  /// Those that a statement finds by their booking circle and key, in the order of the records.
   std::vector<StoredRecord> records;
-  /// Records that can be no range of a table are among them.
+  /// There are others: what can be no range of a table, and keys that are stored as numbers.
   bool hasOthers = false;
   std::map<RangeId, RangeValues> ofTable;
   /// Ranges that the dialog has never read and that the table does not hold, in the order of the

@@ -40,9 +40,9 @@ struct CellColours {
 CellColours selectionColours(const QPalette& palette);
 
 /// For what shows no selection: the application's palette where `palette` looks the same, else that
-/// one. Styles store what they
-/// have drawn by the identity of the palette: those that each window makes for itself would fill
-/// the store of the whole application with pictures that are never used again.
+/// one. Styles store what they have drawn by the identity of the palette: those that each window
+/// makes for itself would fill the store of the whole application with pictures that are never used
+/// again.
 QPalette storablePalette(const QPalette& palette);
 
 }  // namespace vexnumkr

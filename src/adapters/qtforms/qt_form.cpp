@@ -149,24 +149,25 @@ void QtForm::open(QWidget* owner) {
 
 bool QtForm::isResizable() const { return minimumSize() != maximumSize(); }
 
+void QtForm::forEachGrid(const std::function<void(QtTreeGrid&)>& visit) const {
+  for (Control* control : controls_->inOrder())
+    if (auto* grid = dynamic_cast<QtTreeGrid*>(control)) visit(*grid);
+}
+
 // After the handlers have laid out the grids for the size of the window.
 void QtForm::recall() {
   if (!memory_.keeps() || !isResizable()) return;
-  for (Control* control : controls_->inOrder()) {
-    auto* grid = dynamic_cast<QtTreeGrid*>(control);
-    if (grid == nullptr) continue;
-    guarded("recall", [&] { grid->look(memory_.look(objectName(), toQt(grid->Name()))); });
-  }
+  forEachGrid([&](QtTreeGrid& grid) {
+    guarded("recall", [&] { grid.look(memory_.look(objectName(), toQt(grid.Name()))); });
+  });
 }
 
 void QtForm::keep() {
   if (!memory_.keeps() || !isResizable() || !isVisible()) return;
   if (!isMaximized() && area_ == nullptr) memory_.keepSize(objectName(), size());
-  for (Control* control : controls_->inOrder()) {
-    auto* grid = dynamic_cast<QtTreeGrid*>(control);
-    if (grid == nullptr) continue;
-    guarded("keep", [&] { memory_.keepLook(objectName(), toQt(grid->Name()), grid->look()); });
-  }
+  forEachGrid([&](QtTreeGrid& grid) {
+    guarded("keep", [&] { memory_.keepLook(objectName(), toQt(grid.Name()), grid.look()); });
+  });
 }
 
 void QtForm::fitScreen(const QScreen& screen) {

@@ -3,6 +3,7 @@
 
 #include <QDialog>
 #include <QEventLoop>
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -64,6 +65,7 @@ class QtForm final : public QDialog, public Form {
   void makeSelectionsLegible();
   void open(QWidget* owner);
   bool isResizable() const;
+  void forEachGrid(const std::function<void(QtTreeGrid&)>& visit) const;
   void recall();
   void keep();
   void fitScreen(const QScreen& screen);
