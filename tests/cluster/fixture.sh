@@ -9,37 +9,20 @@
 set -euo pipefail
 here=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
 kind=${1:?} action=${2:?} file=${3:?}
+# shellcheck source=../servers/life.sh
+. "$here/../servers/life.sh"
+
+usage() { sed -n '4,6p' "$0"; }
 
 stop_all() {
   "$here/cluster.sh" "$kind" stop "$1/$kind" >>"$1/log" 2>&1 || true
   rm -rf "$1"
 }
 
-case "$action" in
-  start)
-    folder=$(mktemp -d "${TMPDIR:-/tmp}/vexnumkr-cluster-XXXXXX")
-    chmod 711 "$folder"
-    # Before anything is started, so that nothing outlives a run that is killed meanwhile.
-    setsid "$0" "$kind" watch "$file" "$folder" "$PPID" >/dev/null 2>&1 </dev/null &
-    if ! "$here/cluster.sh" "$kind" start "$folder/$kind" >"$folder/log" 2>&1 </dev/null; then
-      tail -n 40 "$folder/log" "$folder/$kind"/*/log || true
-      stop_all "$folder"
-      exit 1
-    fi
-    mkdir -p "$(dirname "$file")"
-    echo "$folder" >"$file"
-    ;;
-  stop)
-    stop_all "$(cat "$file")"
-    rm -f "$file"
-    ;;
-  watch)
-    folder=${4:?} parent=${5:?}
-    tail --pid="$parent" -f /dev/null
-    [ ! -d "$folder" ] || stop_all "$folder"
-    ;;
-  *)
-    sed -n '4,6p' "$0" >&2
-    exit 2
-    ;;
-esac
+start_all() {
+  "$here/cluster.sh" "$kind" start "$1/$kind" >"$1/log" 2>&1 </dev/null && return
+  tail -n 40 "$1/log" "$1/$kind"/*/log || true
+  return 1
+}
+
+live vexnumkr-cluster "$action" "$file" "${@:4}" -- "$0" "$kind"

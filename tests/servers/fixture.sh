@@ -8,11 +8,15 @@
 set -euo pipefail
 here=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
 action=${1:?} file=${2:?}
+# shellcheck source=life.sh
+. "$here/life.sh"
 # Those that have servers.
 engines=()
 for script in "$here"/../../src/engines/*/server.sh; do
   engines+=("$(basename "$(dirname "$script")")")
 done
+
+usage() { sed -n '4,5p' "$0"; }
 
 stop_all() {
   local folder=$1 engine
@@ -22,39 +26,18 @@ stop_all() {
   rm -rf "$folder"
 }
 
-case "$action" in
-  start)
-    # Sockets have short names, so this is not the build folder.
-    folder=$(mktemp -d "${TMPDIR:-/tmp}/vexnumkr-servers-XXXXXX")
-    chmod 711 "$folder"
-    # Before anything is started, so that nothing outlives a run that is killed meanwhile.
-    setsid "$0" watch "$file" "$folder" "$PPID" >/dev/null 2>&1 </dev/null &
-    pids=()
-    for engine in "${engines[@]}"; do
-      "$here/server.sh" "$engine" start "$folder/$engine" >"$folder/$engine.log" 2>&1 </dev/null &
-      pids+=($!)
-    done
-    for i in "${!engines[@]}"; do
-      wait "${pids[$i]}" && continue
-      cat "$folder/${engines[$i]}.log" "$folder/${engines[$i]}/log" || true
-      echo "${engines[$i]} does not start"
-      stop_all "$folder"
-      exit 1
-    done
-    mkdir -p "$(dirname "$file")"
-    echo "$folder" >"$file"
-    ;;
-  stop)
-    stop_all "$(cat "$file")"
-    rm -f "$file"
-    ;;
-  watch)
-    folder=${3:?} parent=${4:?}
-    tail --pid="$parent" -f /dev/null
-    [ ! -d "$folder" ] || stop_all "$folder"
-    ;;
-  *)
-    sed -n '4,5p' "$0" >&2
-    exit 2
-    ;;
-esac
+start_all() {
+  local folder=$1 engine i pids=()
+  for engine in "${engines[@]}"; do
+    "$here/server.sh" "$engine" start "$folder/$engine" >"$folder/$engine.log" 2>&1 </dev/null &
+    pids+=($!)
+  done
+  for i in "${!engines[@]}"; do
+    wait "${pids[$i]}" && continue
+    cat "$folder/${engines[$i]}.log" "$folder/${engines[$i]}/log" || true
+    echo "${engines[$i]} does not start"
+    return 1
+  done
+}
+
+live vexnumkr-servers "$action" "$file" "${@:3}" -- "$0"
