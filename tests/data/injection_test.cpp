@@ -10,17 +10,10 @@ namespace {
 using test::RowCells;
 using Texts = std::vector<std::string>;
 
-const RowCells invoice{.Benutzer = "Alle Benutzer",
-                       .Buchungskreis = 1,
-                       .Gruppe = "Nord",
-                       .NSchl = "RE",
-                       .NBezeichnung = "Rechnung",
-                       .StartWert = 1,
-                       .AktuellerWert = 2,
-                       .EndWert = 9,
-                       .Aktiviert = true,
-                       .SortierIndex = 50,
-                       .Maske = ""};
+const RowCells invoice = test::standardInvoice()
+                             .with(&RowCells::Buchungskreis, 1)
+                             .with(&RowCells::Gruppe, "Nord")
+                             .with(&RowCells::Maske, "");
 
 const Texts attempts = {
     "'",

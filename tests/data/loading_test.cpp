@@ -11,17 +11,7 @@ using test::errorBox;
 using test::RowCells;
 using Texts = std::vector<std::string>;
 
-const RowCells invoice{.Benutzer = "Alle Benutzer",
-                       .Buchungskreis = 0,
-                       .Gruppe = "Standard",
-                       .NSchl = "RE",
-                       .NBezeichnung = "Rechnung",
-                       .StartWert = 1,
-                       .AktuellerWert = 2,
-                       .EndWert = 9,
-                       .Aktiviert = true,
-                       .SortierIndex = 50,
-                       .Maske = "NN"};
+const RowCells invoice = test::standardInvoice();
 
 // A command of a provider that does not know how many records a statement has found.
 class CommandThatDoesNotCount final : public Command {
@@ -139,6 +129,28 @@ TEST_F(LoadingTest, UsersHaveRowsForActiveRangesOnly) {
   load();
   EXPECT_EQ(activity(),
             (Texts{"Alle Benutzer 0 RE True", "Alle Benutzer 1 RE False", "Max 0 RE True"}));
+}
+
+TEST_F(LoadingTest, NobodyHasTwoRowsOfARange) {
+  circle(1, "Nord");
+  sql("DROP TABLE Nummernkreise");
+  sql("CREATE TABLE Nummernkreise (Buchungskreis INTEGER, NSchl VARCHAR(10), NBezeichnung "
+      "VARCHAR(60), StartWert INTEGER, AktuellerWert INTEGER, EndWert INTEGER, Aktiviert INTEGER, "
+      "SortierIndex INTEGER, IstNSchlVon VARCHAR(10), Maske VARCHAR(40))");
+  range("0, 'RE', 'Rechnung', 1, 2, 9, -1, 50, '', ''");
+  range("0, 'RE', 'Rechnung', 1, 2, 9, -1, 50, '', ''");
+  range("1, 'RE', 'Rechnung', 10, 12, 99, -1, 50, '', ''");
+  start(1, {"Max"});
+  load();
+  EXPECT_EQ(std::ranges::count(activity(), "Max 0 RE True"), 1) << "of a range that comes twice";
+}
+
+TEST_F(LoadingTest, AUserWhoIsNamedTwiceHasTheRowsOfOne) {
+  circle(1, "Nord");
+  range("0, 'RE', 'Rechnung', 1, 2, 9, -1, 50, '', ''");
+  start(1, {"Max", "Max"});
+  load();
+  EXPECT_EQ(std::ranges::count(activity(), "Max 0 RE True"), 1);
 }
 
 TEST_F(LoadingTest, AnAssignmentCountsForExactlyItsUserCircleKeyAndOrigin) {

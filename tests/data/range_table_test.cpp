@@ -122,32 +122,18 @@ class RefreshInXArrayTest : public RangeTableTest {
   void SetUp() override {
     sql("INSERT INTO Nummernkreis_Buchungskreise VALUES (1, 'Nord', 'ORB')");
     start(1, {"Max"});
-    const test::RowCells standard{.Benutzer = "Alle Benutzer",
-                                  .Buchungskreis = 0,
-                                  .Gruppe = "Standard",
-                                  .NSchl = "RE",
-                                  .NBezeichnung = "Rechnung",
-                                  .StartWert = 1,
-                                  .AktuellerWert = 2,
-                                  .EndWert = 9,
-                                  .Aktiviert = true,
-                                  .SortierIndex = 50,
-                                  .Maske = "NN"};
+    const test::RowCells standard = test::standardInvoice();
     test::RowCells offers = standard;
     offers.NSchl = "AN";
     offers.NBezeichnung = "Angebot";
     offers.SortierIndex = 10;
-    const test::RowCells north{.Benutzer = "Alle Benutzer",
-                               .Buchungskreis = 1,
-                               .Gruppe = "Nord",
-                               .NSchl = "RE",
-                               .NBezeichnung = "Rechnung",
-                               .StartWert = 10,
-                               .AktuellerWert = 11,
-                               .EndWert = 19,
-                               .Aktiviert = true,
-                               .SortierIndex = 50,
-                               .Maske = "1N"};
+    test::RowCells north = standard;
+    north.Buchungskreis = 1;
+    north.Gruppe = "Nord";
+    north.StartWert = 10;
+    north.AktuellerWert = 11;
+    north.EndWert = 19;
+    north.Maske = "1N";
     ranges({standard, offers, north, north.with(&test::RowCells::Benutzer, "Max")});
   }
 

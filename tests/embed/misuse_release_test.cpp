@@ -36,6 +36,37 @@ class MisuseReleaseTest : public MisuseSession {
     EXPECT_EQ(calls, std::vector<std::string>{}) << "of the host, after the component was released";
   }
 
+  // Nobody else reads or writes until `other` closes.
+  static void lockOut(Connection& other) {
+    std::int32_t affected = 0;
+    other.Execute("PRAGMA locking_mode = EXCLUSIVE", affected);
+    other.Execute("UPDATE Nummernkreise SET AktuellerWert = AktuellerWert", affected);
+  }
+
+  // Nobody else writes from the dialog's opening until `other` ends its transaction.
+  void writeWhenUp(Connection& other) {
+    user.whenUp = [&other](const std::string& name) {
+      if (name != "frmNummernkreise") return;
+      other.BeginTrans();
+      std::int32_t affected = 0;
+      other.Execute("UPDATE Nummernkreise SET AktuellerWert = 0", affected);
+    };
+  }
+
+  // Runs until the component was released in a wait that lasts until `other` is closed.
+  void releaseInAWait(Connection& other) {
+    int waits = 0;
+    hooks.before = [&](const std::string& member) {
+      if (member != "LockWait.Lasts") return;
+      component.reset();
+      if (++waits == 3) other.Close();
+    };
+    run(2);
+    EXPECT_EQ(waits, 3);
+    expectClosed();
+    EXPECT_TRUE(isUnchanged());
+  }
+
   std::vector<std::string> calls;
 };
 
@@ -147,12 +178,7 @@ TEST_F(MisuseReleaseTest, WhileAStatementWaitsForALock) {
     component.reset();
     other->RollbackTrans();
   };
-  user.whenUp = [&](const std::string& name) {
-    if (name != "frmNummernkreise") return;
-    other->BeginTrans();
-    std::int32_t affected = 0;
-    other->Execute("UPDATE Nummernkreise SET AktuellerWert = 0", affected);
-  };
+  writeWhenUp(*other);
   run(2);
   expectClosed();
   EXPECT_TRUE(isUnchanged());
@@ -160,39 +186,17 @@ TEST_F(MisuseReleaseTest, WhileAStatementWaitsForALock) {
 
 TEST_F(MisuseReleaseTest, WhileInitWaitsForALock) {
   const auto other = database.connect();
-  std::int32_t affected = 0;
-  other->Execute("PRAGMA locking_mode = EXCLUSIVE", affected);
-  other->Execute("UPDATE Nummernkreise SET AktuellerWert = AktuellerWert", affected);
-  int waits = 0;
-  hooks.before = [&](const std::string& member) {
-    if (member != "LockWait.Lasts") return;
-    component.reset();
-    if (++waits == 3) other->Close();
-  };
-  run(2);
-  EXPECT_EQ(waits, 3);
-  expectClosed();
-  EXPECT_TRUE(isUnchanged());
+  lockOut(*other);
+  releaseInAWait(*other);
 }
 
 TEST_F(MisuseReleaseTest, WhileOpeningWaitsForALock) {
   const auto other = database.connect();
   host.before = [&](const std::string& member) {
     if (member != "CreateObject") return;
-    std::int32_t affected = 0;
-    other->Execute("PRAGMA locking_mode = EXCLUSIVE", affected);
-    other->Execute("UPDATE Nummernkreise SET AktuellerWert = AktuellerWert", affected);
+    lockOut(*other);
   };
-  int waits = 0;
-  hooks.before = [&](const std::string& member) {
-    if (member != "LockWait.Lasts") return;
-    component.reset();
-    if (++waits == 3) other->Close();
-  };
-  run(2);
-  EXPECT_EQ(waits, 3);
-  expectClosed();
-  EXPECT_TRUE(isUnchanged());
+  releaseInAWait(*other);
 }
 
 // The component keeps the host's connection until it has closed.
@@ -205,12 +209,7 @@ TEST_F(MisuseReleaseTest, TheHostsConnectionIsClosedWhileAStatementWaits) {
     isClosed = true;
     real->Close();
   };
-  user.whenUp = [&](const std::string& name) {
-    if (name != "frmNummernkreise") return;
-    other->BeginTrans();
-    std::int32_t affected = 0;
-    other->Execute("UPDATE Nummernkreise SET AktuellerWert = 0", affected);
-  };
+  writeWhenUp(*other);
   run(2);
   EXPECT_TRUE(isClosed);
   EXPECT_TRUE(component);

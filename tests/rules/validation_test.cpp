@@ -7,6 +7,7 @@ namespace {
 
 using test::Box;
 using test::errorBox;
+using test::RowCells;
 using Boxes = std::vector<Box>;
 using Texts = std::vector<std::string>;
 
@@ -292,61 +293,32 @@ TEST_F(ValidationTest, WithoutTableItDoesNotPass) {
 }
 
 TEST_F(ValidationTest, SortsForDisplayAndChangesNoValue) {
-  row({.Benutzer = "Max",
-       .Buchungskreis = 1,
-       .Gruppe = "Nord",
-       .NSchl = "RE",
-       .NBezeichnung = "Rechnung",
-       .StartWert = 1,
-       .AktuellerWert = 1,
-       .EndWert = 2,
-       .Aktiviert = true,
-       .SortierIndex = 1,
-       .Maske = ""});
-  row({.Benutzer = alleBenutzer,
-       .Buchungskreis = 10,
-       .Gruppe = "Zehn",
-       .NSchl = "RE",
-       .NBezeichnung = "Rechnung",
-       .StartWert = 1,
-       .AktuellerWert = 1,
-       .EndWert = "2",
-       .Aktiviert = true,
-       .SortierIndex = 5,
-       .Maske = ""});
-  row({.Benutzer = alleBenutzer,
-       .Buchungskreis = 9,
-       .Gruppe = "Neun",
-       .NSchl = "RE",
-       .NBezeichnung = "Rechnung",
-       .StartWert = 3,
-       .AktuellerWert = 3,
-       .EndWert = 4,
-       .Aktiviert = true,
-       .SortierIndex = 5,
-       .Maske = ""});
-  row({.Benutzer = alleBenutzer,
-       .Buchungskreis = 1,
-       .Gruppe = "Nord",
-       .NSchl = "re",
-       .NBezeichnung = "klein",
-       .StartWert = 1,
-       .AktuellerWert = 1,
-       .EndWert = 2,
-       .Aktiviert = true,
-       .SortierIndex = 5,
-       .Maske = ""});
-  row({.Benutzer = alleBenutzer,
-       .Buchungskreis = 1,
-       .Gruppe = "Nord",
-       .NSchl = "VK",
-       .NBezeichnung = "Verkauf",
-       .StartWert = 1,
-       .AktuellerWert = 1,
-       .EndWert = 2,
-       .Aktiviert = true,
-       .SortierIndex = 4,
-       .Maske = 0});
+  const RowCells own{.Benutzer = "Max",
+                     .Buchungskreis = 1,
+                     .Gruppe = "Nord",
+                     .NSchl = "RE",
+                     .NBezeichnung = "Rechnung",
+                     .StartWert = 1,
+                     .AktuellerWert = 1,
+                     .EndWert = 2,
+                     .Aktiviert = true,
+                     .SortierIndex = 1,
+                     .Maske = ""};
+  const RowCells common =
+      own.with(&RowCells::Benutzer, alleBenutzer).with(&RowCells::SortierIndex, 5);
+  RowCells nine = common.with(&RowCells::Buchungskreis, 9).with(&RowCells::Gruppe, "Neun");
+  nine.StartWert = nine.AktuellerWert = 3;
+  nine.EndWert = 4;
+  RowCells sale = common.with(&RowCells::NSchl, "VK").with(&RowCells::NBezeichnung, "Verkauf");
+  sale.SortierIndex = 4;
+  sale.Maske = 0;
+  row(own);
+  row(common.with(&RowCells::Buchungskreis, 10)
+          .with(&RowCells::Gruppe, "Zehn")
+          .with(&RowCells::EndWert, "2"));
+  row(nine);
+  row(common.with(&RowCells::NSchl, "re").with(&RowCells::NBezeichnung, "klein"));
+  row(sale);
   script().takeStatements();
   passes();
   EXPECT_EQ(rows(), (Texts{"Alle Benutzer|1|Nord|VK|Verkauf|1|1|2|True|4||0",

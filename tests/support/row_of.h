@@ -33,6 +33,21 @@ struct RowCells {
   }
 };
 
+/// The common row of a standard range.
+inline RowCells standardInvoice() {
+  return {.Benutzer = "Alle Benutzer",
+          .Buchungskreis = 0,
+          .Gruppe = "Standard",
+          .NSchl = "RE",
+          .NBezeichnung = "Rechnung",
+          .StartWert = 1,
+          .AktuellerWert = 2,
+          .EndWert = 9,
+          .Aktiviert = true,
+          .SortierIndex = 50,
+          .Maske = "NN"};
+}
+
 /// A row for `table` with these cells. Errors: those of their conversions.
 inline RangeRow rowOf(XArray& table, const RowCells& cells) {
   const auto text = [&](const Value& given) { return table.text(given.toText()); };

@@ -112,6 +112,17 @@ TEST(GridColours, EverySelectionGetsLegibleText) {
   }
 }
 
+TEST(GridColours, StylesStoreWhatLooksLikeTheApplicationsByItsPalette) {
+  const QPalette usual = QApplication::palette();
+  QPalette alike = usual;
+  alike.setColor(QPalette::Highlight, Qt::red);
+  ASSERT_NE(alike.cacheKey(), usual.cacheKey());
+  EXPECT_EQ(storablePalette(alike).cacheKey(), usual.cacheKey());
+  QPalette other = usual;
+  other.setColor(QPalette::Text, Qt::red);
+  EXPECT_EQ(storablePalette(other).cacheKey(), other.cacheKey());
+}
+
 TEST(GridColours, ALegibleSelectionIsThePalettesOwn) {
   EXPECT_EQ(selectionColours(blackPalette()).background, QColor(Qt::yellow));
   EXPECT_EQ(selectionColours(blackPalette()).text, QColor(Qt::black));
