@@ -10,16 +10,16 @@ add_dependencies(vexnumkr_program_database vexnumkr-program)
 # vexnumkr_program_test(NAME LABEL): a test on a ProgramDatabase, on every engine.
 function(vexnumkr_program_test name label)
   vexnumkr_test(cli/${name} LABEL ${label}
-    SOURCES contract/qt_main.cpp LINKS vexnumkr_program_database)
+    QT LINKS vexnumkr_program_database)
   vexnumkr_on_every_engine(${name})
 endfunction()
 
 vexnumkr_test(cli/program_calls_test LABEL unit
-  SOURCES contract/qt_main.cpp LINKS vexnumkr_program_database)
+  QT LINKS vexnumkr_program_database)
 target_compile_definitions(program_calls_test PRIVATE
   VEXNUMKR_PROGRAM="$<TARGET_FILE:vexnumkr-program>" PROJECT_DIR="${PROJECT_SOURCE_DIR}")
 vexnumkr_test(cli/terminal_test LABEL unit
-  SOURCES contract/qt_main.cpp LINKS vexnumkr_program_database)
+  QT LINKS vexnumkr_program_database)
 target_compile_definitions(terminal_test PRIVATE
   VEXNUMKR_PROGRAM="$<TARGET_FILE:vexnumkr-program>")
 vexnumkr_program_test(draw_command_test unit)

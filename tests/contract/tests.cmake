@@ -15,7 +15,7 @@ target_link_libraries(vexnumkr_database_contract
 function(vexnumkr_sqlite_test name label)
   cmake_parse_arguments(PARSE_ARGV 2 arg "" "" "SOURCES")
   vexnumkr_test(contract/${name} LABEL ${label}
-    SOURCES contract/qt_main.cpp contract/sqlite_database.cpp ${arg_SOURCES}
+    QT SOURCES contract/sqlite_database.cpp ${arg_SOURCES}
     LINKS vexnumkr_qtsql vexnumkr_database_contract)
 endfunction()
 
@@ -24,18 +24,18 @@ vexnumkr_sqlite_test(database_contract_scripted_test contract
   SOURCES support/scripted_connection.cpp)
 
 vexnumkr_test(contract/database_contract_engine_test LABEL contract
-  SOURCES contract/qt_main.cpp
+  QT
   LINKS vexnumkr_fresh_database vexnumkr_database_contract)
 vexnumkr_on_every_engine(database_contract_engine_test)
 
 vexnumkr_test(contract/engine_sessions_test LABEL engine
-  SOURCES contract/qt_main.cpp
+  QT
   LINKS vexnumkr_fresh_database vexnumkr_database_contract)
 vexnumkr_on_every_engine(engine_sessions_test)
 
 foreach(name server postgresql mariadb)
   vexnumkr_test(contract/${name}_sessions_test LABEL engine
-    SOURCES contract/qt_main.cpp
+    QT
     LINKS vexnumkr_fresh_database vexnumkr_database_contract)
 endforeach()
 vexnumkr_on_engines(server_sessions_test postgresql mariadb odbc-postgresql)

@@ -9,7 +9,7 @@ target_link_libraries(vexnumkr_core_session
 
 # vexnumkr_core_test(FOLDER/NAME LABEL): a test on a CoreSession.
 function(vexnumkr_core_test path label)
-  vexnumkr_test(${path} LABEL ${label} SOURCES contract/qt_main.cpp LINKS vexnumkr_core_session)
+  vexnumkr_test(${path} LABEL ${label} QT LINKS vexnumkr_core_session)
 endfunction()
 
 vexnumkr_test(data/live_rows_test LABEL unit LINKS vexnumkr_table)

@@ -7,7 +7,7 @@ target_compile_definitions(vexnumkr-manual-pictures
   PRIVATE QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_KEYWORDS)
 
 vexnumkr_test(manual/manual_test LABEL unit
-  SOURCES contract/qt_main.cpp manual/source_texts.cpp
+  QT SOURCES manual/source_texts.cpp
     "${PROJECT_SOURCE_DIR}/src/app/components/booking_circles.cpp"
     "${PROJECT_SOURCE_DIR}/src/app/sql.cpp"
   LINKS vexnumkr_core_session vexnumkr_main_dialog)

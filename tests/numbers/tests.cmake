@@ -14,7 +14,7 @@ function(vexnumkr_numbers_test name label)
     set(arg_TIMEOUT 120)
   endif()
   vexnumkr_test(numbers/${name} LABEL ${label} TIMEOUT ${arg_TIMEOUT}
-    SOURCES contract/qt_main.cpp ${arg_SOURCES} LINKS vexnumkr_numbers_database ${arg_LINKS})
+    QT SOURCES ${arg_SOURCES} LINKS vexnumkr_numbers_database ${arg_LINKS})
   vexnumkr_on_every_engine(${name})
 endfunction()
 
@@ -31,7 +31,7 @@ target_compile_definitions(draw_processes_test
   PRIVATE DRAWING_PROGRAM="$<TARGET_FILE:drawing_program>")
 add_dependencies(draw_processes_test drawing_program)
 vexnumkr_test(numbers/drawing_hosts_test LABEL fault TIMEOUT 300
-  SOURCES contract/qt_main.cpp LINKS vexnumkr_core_session)
+  QT LINKS vexnumkr_core_session)
 target_compile_definitions(drawing_hosts_test
   PRIVATE DRAWING_PROGRAM="$<TARGET_FILE:drawing_program>")
 add_dependencies(drawing_hosts_test drawing_program)
@@ -39,7 +39,7 @@ vexnumkr_on_every_engine(drawing_hosts_test)
 vexnumkr_test(numbers/gaps_test LABEL unit LINKS vexnumkr_numbers)
 vexnumkr_test(numbers/check_test LABEL unit LINKS vexnumkr_numbers)
 vexnumkr_test(numbers/rollover_test LABEL unit
-  SOURCES contract/qt_main.cpp LINKS vexnumkr_numbers vexnumkr_core_session)
+  QT LINKS vexnumkr_numbers vexnumkr_core_session)
 vexnumkr_on_every_engine(rollover_test)
 vexnumkr_numbers_test(transfer_test unit)
 vexnumkr_numbers_test(doctor_test unit)
@@ -48,6 +48,6 @@ set(schema "${PROJECT_SOURCE_DIR}/src/app/schema")
 vexnumkr_numbers_test(journal_test unit)
 target_compile_definitions(journal_test PRIVATE SCHEMA_FOLDER="${schema}")
 vexnumkr_test(numbers/journal_saving_test LABEL engine
-  SOURCES contract/qt_main.cpp LINKS vexnumkr_numbers vexnumkr_core_session)
+  QT LINKS vexnumkr_numbers vexnumkr_core_session)
 target_compile_definitions(journal_saving_test PRIVATE SCHEMA_FOLDER="${schema}")
 vexnumkr_on_every_engine(journal_saving_test)

@@ -67,7 +67,7 @@ vexnumkr_test(scenario/scenario_program_test LABEL gui LINKS vexnumkr_scenario_d
 vexnumkr_test(scenario/random_scenario_test LABEL gui
   SOURCES scenario/plain_rules.cpp scenario/random_scenario.cpp LINKS vexnumkr_scenario_driver)
 vexnumkr_test(scenario/both_ways_test LABEL gui TIMEOUT 300
-  SOURCES scenario/both_ways.cpp scenario/random_scenario.cpp contract/qt_main.cpp
+  QT SOURCES scenario/both_ways.cpp scenario/random_scenario.cpp
   LINKS vexnumkr_scenario_driver vexnumkr_fresh_database)
 vexnumkr_on_every_engine(both_ways_test)
 foreach(test scenario_program_test random_scenario_test both_ways_test)

@@ -5,7 +5,7 @@ function(vexnumkr_server_test path kind timeout)
   cmake_parse_arguments(PARSE_ARGV 3 arg "FIXTURE" "" "ENGINES;SOURCES")
   get_filename_component(name "${path}" NAME)
   vexnumkr_test(${path} LABEL "${kind};postgresql" TIMEOUT ${timeout}
-    SOURCES contract/qt_main.cpp ${arg_SOURCES} LINKS vexnumkr_core_session)
+    QT SOURCES ${arg_SOURCES} LINKS vexnumkr_core_session)
   target_compile_definitions(${name} PRIVATE
     FIXTURE_SCRIPT="${CMAKE_CURRENT_SOURCE_DIR}/servers/fixture.sh"
     SERVER_SCRIPT="${CMAKE_CURRENT_SOURCE_DIR}/servers/server.sh")
@@ -49,7 +49,7 @@ target_compile_definitions(rights_test
   PRIVATE SCHEMA_FOLDER="${PROJECT_SOURCE_DIR}/src/app/schema")
 
 vexnumkr_test(servers/sample_engine_test LABEL engine TIMEOUT 300
-  SOURCES contract/qt_main.cpp contract/database_language.cpp
+  QT SOURCES contract/database_language.cpp
   LINKS vexnumkr_fresh_database)
 target_compile_definitions(sample_engine_test PRIVATE HOST_PROGRAM="$<TARGET_FILE:vexnumkr-host>")
 add_dependencies(sample_engine_test vexnumkr-host)

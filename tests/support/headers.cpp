@@ -1,0 +1,2 @@
+// Only the headers that are compiled beforehand are of use here.
+int main() {}
