@@ -6,7 +6,7 @@
 #include <QVariant>
 #include <stdexcept>
 
-#include "adapters/qtsql/session/driver.h"
+#include "adapters/qtsql/opening/driver.h"
 
 namespace vexnumkr::bench {
 

@@ -4,7 +4,7 @@
 #include <QSqlDatabase>
 #include <string>
 
-#include "adapters/qtsql/session/database_handle.h"
+#include "adapters/qtsql/opening/database_handle.h"
 
 namespace vexnumkr::bench {
 

@@ -4,7 +4,7 @@
 
 #include <vexnumkr/adapters.h>
 
-#include "support/scripted_connection.h"
+#include "support/faults/scripted_connection.h"
 
 namespace vexnumkr::bench {
 namespace {

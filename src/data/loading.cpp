@@ -10,7 +10,7 @@
 #include "data/range_rows.h"
 #include "data/range_table.h"
 #include "data/sql/statements.h"
-#include "data/stored_range.h"
+#include "data/stored/stored_range.h"
 
 namespace vexnumkr::basAllgemein {
 namespace {

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "data/booking_circles.h"
-#include "data/range_values.h"
+#include "data/stored/range_values.h"
 #include "data/table/common_names.h"
 #include "data/table/xarray.h"
 

@@ -2,10 +2,10 @@
 
 #include "data/sql/set_statements.h"
 #include "data/sql/statements.h"
-#include "rules/read_back.h"
-#include "rules/saving.h"
-#include "rules/saving_in_sets.h"
-#include "rules/stored_changes.h"
+#include "rules/saving/read_back.h"
+#include "rules/saving/saving.h"
+#include "rules/saving/saving_in_sets.h"
+#include "rules/saving/stored_changes.h"
 #include "rules/validation.h"
 
 namespace vexnumkr::basAllgemein {

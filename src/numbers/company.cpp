@@ -4,7 +4,7 @@
 
 #include <vexnumkr/number_company.h>
 
-#include "data/hosts_keys.h"
+#include "data/stored/hosts_keys.h"
 #include "numbers/company_rows.h"
 #include "numbers/origin.h"
 #include "numbers/query.h"

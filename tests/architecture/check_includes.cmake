@@ -2,14 +2,14 @@
 # standard one. Run with -DSOURCE_DIR=... -P.
 cmake_minimum_required(VERSION 3.25)
 
-set(order platform data/table data/sql data rules hosting dialogs/side dialogs/main)
+set(order platform data/table data/sql data/stored data rules/saving rules hosting dialogs/side dialogs/main)
 # What has to do with windows, which data and rules do not know.
 set(windows "platform/(forms|tree_grid|descriptions|services)\\.h")
 set(failures "")
 
 # The folder of the core that a path below src/ belongs to.
 function(layer_of path result)
-  foreach(folder data/table data/sql dialogs/side dialogs/main platform hosting data rules)
+  foreach(folder data/table data/sql data/stored rules/saving dialogs/side dialogs/main platform hosting data rules)
     if(path MATCHES "^${folder}/")
       set(${result} "${folder}" PARENT_SCOPE)
       return()

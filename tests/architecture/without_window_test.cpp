@@ -9,7 +9,7 @@
 #include "data/special_ranges.h"
 #include "rules/activity.h"
 #include "rules/mask_numbering.h"
-#include "rules/saving.h"
+#include "rules/saving/saving.h"
 #include "rules/validation.h"
 #include "support/row_of.h"
 

@@ -18,9 +18,9 @@
 
 #include "component/composition.h"
 #include "dialogs/main/grid_columns.h"
-#include "scenario/controls.h"
-#include "scenario/grid_access.h"
-#include "scenario/input.h"
+#include "scenario/windows/controls.h"
+#include "scenario/windows/grid_access.h"
+#include "scenario/windows/input.h"
 #include "support/modal_user.h"
 
 namespace vexnumkr::test {

@@ -1,7 +1,7 @@
 // The database contract on a SQLite database that the host has opened itself.
 #include <vexnumkr/adapters.h>
 
-#include "contract/sqlite_database.h"
+#include "contract/sqlite/sqlite_database.h"
 
 namespace vexnumkr::test {
 namespace {

@@ -6,7 +6,7 @@
 #include <vexnumkr/adapters.h>
 #include <vexnumkr/connection_string.h>
 
-#include "adapters/qtsql/session/database_handle.h"
+#include "adapters/qtsql/opening/database_handle.h"
 #include "contract/database_contract.h"
 #include "support/fresh_database.h"
 

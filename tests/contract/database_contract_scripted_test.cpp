@@ -1,7 +1,7 @@
 // The database contract on the connection that records and fails on command: it must not change
 // what it forwards.
-#include "contract/sqlite_database.h"
-#include "support/scripted_connection.h"
+#include "contract/sqlite/sqlite_database.h"
+#include "support/faults/scripted_connection.h"
 
 namespace vexnumkr::test {
 namespace {

@@ -1,4 +1,4 @@
-#include "adapters/qtsql/session/eight_bit_text.h"
+#include "adapters/qtsql/rows/eight_bit_text.h"
 
 #include <gtest/gtest.h>
 

@@ -11,7 +11,7 @@
 #include <vexnumkr/connection_string.h>
 #include <vexnumkr/engines.h>
 
-#include "adapters/qtsql/session/database_handle.h"
+#include "adapters/qtsql/opening/database_handle.h"
 #include "contract/database_language.h"
 #include "support/fresh_database.h"
 

@@ -1,4 +1,4 @@
-#include "adapters/qtsql/session/field_value.h"
+#include "adapters/qtsql/rows/field_value.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "adapters/qtsql/session/simple_select.h"
+#include "adapters/qtsql/rows/simple_select.h"
 
 #include <gtest/gtest.h>
 

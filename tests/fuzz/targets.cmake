@@ -26,10 +26,10 @@ vexnumkr_fuzz_target(connection_strings LINKS vexnumkr_platform)
 vexnumkr_fuzz_target(connection_files
   SOURCES "${PROJECT_SOURCE_DIR}/src/app/connection_file.cpp" LINKS Qt6::Core)
 vexnumkr_fuzz_target(scenario_texts
-  SOURCES "${PROJECT_SOURCE_DIR}/tests/scenario/chord.cpp"
-    "${PROJECT_SOURCE_DIR}/tests/scenario/command_forms.cpp"
-    "${PROJECT_SOURCE_DIR}/tests/scenario/script.cpp"
-    "${PROJECT_SOURCE_DIR}/tests/scenario/words.cpp"
+  SOURCES "${PROJECT_SOURCE_DIR}/tests/scenario/language/chord.cpp"
+    "${PROJECT_SOURCE_DIR}/tests/scenario/language/command_forms.cpp"
+    "${PROJECT_SOURCE_DIR}/tests/scenario/language/script.cpp"
+    "${PROJECT_SOURCE_DIR}/tests/scenario/language/words.cpp"
   LINKS vexnumkr_platform Qt6::Core)
 find_package(nlohmann_json REQUIRED)
 vexnumkr_fuzz_target(import_files

@@ -3,7 +3,7 @@
 #include <new>
 #include <stdexcept>
 
-#include "data/nz_value.h"
+#include "data/stored/nz_value.h"
 #include "hosting/host_facility.h"
 #include "support/plain_host.h"
 #include "support/recording_forms.h"

@@ -12,7 +12,7 @@
 #include "manual/source_texts.h"
 #include "rules/activity.h"
 #include "rules/mask_numbering.h"
-#include "rules/stored_changes.h"
+#include "rules/saving/stored_changes.h"
 #include "rules/validation.h"
 #include "support/core_session.h"
 

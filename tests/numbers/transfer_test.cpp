@@ -6,7 +6,7 @@
 
 #include "numbers/numbers_database.h"
 #include "support/error_of.h"
-#include "support/hooked_connection.h"
+#include "support/faults/hooked_connection.h"
 
 namespace vexnumkr::test {
 namespace {

@@ -1,11 +1,11 @@
 // What is sent in sets, and how much of it. That it leaves what saving row by row leaves is the
 // matter of both_ways_test.
-#include "rules/saving_in_sets.h"
+#include "rules/saving/saving_in_sets.h"
 
 #include <algorithm>
 
 #include "rules/saving_session.h"
-#include "support/forwarding_connection.h"
+#include "support/faults/forwarding_connection.h"
 
 namespace vexnumkr {
 namespace {

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "data/sql/statements.h"
-#include "rules/saving.h"
+#include "rules/saving/saving.h"
 #include "support/core_session.h"
 
 namespace vexnumkr::test {

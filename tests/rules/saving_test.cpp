@@ -1,4 +1,4 @@
-#include "rules/saving.h"
+#include "rules/saving/saving.h"
 
 #include "hosting/call_log.h"
 #include "hosting/host_facility.h"

@@ -1,6 +1,6 @@
 // What hosts draw and others store while the dialog is open: it is kept, or asked about, and never
 // overwritten unseen.
-#include "rules/stored_changes.h"
+#include "rules/saving/stored_changes.h"
 
 #include "rules/saving_session.h"
 

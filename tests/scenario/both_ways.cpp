@@ -7,7 +7,7 @@
 #include <stdexcept>
 #include <vector>
 
-#include "scenario/temporary_folder.h"
+#include "scenario/world/temporary_folder.h"
 #include "support/fresh_database.h"
 
 namespace vexnumkr::scenario {

@@ -4,7 +4,7 @@
 
 #include <fstream>
 
-#include "scenario/temporary_folder.h"
+#include "scenario/world/temporary_folder.h"
 
 namespace vexnumkr::scenario {
 namespace {

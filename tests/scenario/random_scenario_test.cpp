@@ -12,7 +12,7 @@
 #include <vector>
 
 #include "scenario/plain_rules.h"
-#include "scenario/temporary_folder.h"
+#include "scenario/world/temporary_folder.h"
 
 namespace vexnumkr::scenario {
 namespace {

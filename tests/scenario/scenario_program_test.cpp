@@ -7,7 +7,7 @@
 #include <fstream>
 #include <iterator>
 
-#include "scenario/temporary_folder.h"
+#include "scenario/world/temporary_folder.h"
 
 namespace vexnumkr::scenario {
 namespace {

@@ -1,7 +1,7 @@
 # The scenario driver, its tests, and one test per scenario.
 
 # What the fault tests use as well.
-add_library(vexnumkr_scripted_connection STATIC support/scripted_connection.cpp)
+add_library(vexnumkr_scripted_connection STATIC support/faults/scripted_connection.cpp)
 target_include_directories(vexnumkr_scripted_connection PUBLIC "${PROJECT_SOURCE_DIR}/tests")
 target_link_libraries(vexnumkr_scripted_connection
   PUBLIC vexnumkr_platform PRIVATE vexnumkr_options)
@@ -15,37 +15,40 @@ target_link_libraries(vexnumkr_scenario_settings
   PUBLIC vexnumkr_engines vexnumkr_schema Qt6::Core PRIVATE vexnumkr_options)
 
 add_library(vexnumkr_scenario_language STATIC
-  scenario/chord.cpp scenario/command_forms.cpp scenario/script.cpp scenario/transcript.cpp
-  scenario/words.cpp)
+  scenario/language/chord.cpp
+  scenario/language/command_forms.cpp
+  scenario/language/script.cpp
+  scenario/language/transcript.cpp
+  scenario/language/words.cpp)
 target_include_directories(vexnumkr_scenario_language PUBLIC "${PROJECT_SOURCE_DIR}/tests")
 target_link_libraries(vexnumkr_scenario_language
   PUBLIC vexnumkr_engines Qt6::Core PRIVATE vexnumkr_options)
 
 add_library(vexnumkr_scenario_driver STATIC
-  scenario/controls.cpp
-  scenario/data_reports.cpp
-  scenario/database.cpp
-  scenario/dialog_reports.cpp
-  scenario/grid_access.cpp
-  scenario/grid_commands.cpp
-  scenario/idle_pump.cpp
-  scenario/input.cpp
-  scenario/input_commands.cpp
-  scenario/interpreter.cpp
-  scenario/schema.cpp
-  scenario/scripted_host.cpp
-  scenario/session.cpp
-  scenario/session_commands.cpp
-  scenario/stage.cpp
-  scenario/temporary_folder.cpp
-  scenario/watchdog.cpp
-  scenario/windows.cpp)
+  scenario/windows/controls.cpp
+  scenario/driver/data_reports.cpp
+  scenario/world/database.cpp
+  scenario/driver/dialog_reports.cpp
+  scenario/windows/grid_access.cpp
+  scenario/driver/grid_commands.cpp
+  scenario/windows/idle_pump.cpp
+  scenario/windows/input.cpp
+  scenario/driver/input_commands.cpp
+  scenario/driver/interpreter.cpp
+  scenario/world/schema.cpp
+  scenario/world/scripted_host.cpp
+  scenario/world/session.cpp
+  scenario/driver/session_commands.cpp
+  scenario/driver/stage.cpp
+  scenario/world/temporary_folder.cpp
+  scenario/windows/watchdog.cpp
+  scenario/windows/windows.cpp)
 target_link_libraries(vexnumkr_scenario_driver
   PUBLIC vexnumkr_scenario_language vexnumkr_scripted_connection vexnumkr_scenario_settings
     vexnumkr_component vexnumkr_qtsql Qt6::Widgets Qt6::Sql
   PRIVATE vexnumkr_options Qt6::Test)
 
-add_executable(vexnumkr-scenario scenario/main.cpp)
+add_executable(vexnumkr-scenario scenario/driver/main.cpp)
 target_link_libraries(vexnumkr-scenario PRIVATE vexnumkr_scenario_driver vexnumkr_options)
 
 foreach(target vexnumkr_scenario_settings vexnumkr_scenario_language vexnumkr_scenario_driver
@@ -54,15 +57,15 @@ foreach(target vexnumkr_scenario_settings vexnumkr_scenario_language vexnumkr_sc
     PRIVATE QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_KEYWORDS)
 endforeach()
 
-foreach(name chord script transcript watchdog)
-  vexnumkr_test(scenario/${name}_test LABEL unit LINKS vexnumkr_scenario_driver)
+foreach(path language/chord language/script language/transcript windows/watchdog)
+  vexnumkr_test(scenario/${path}_test LABEL unit LINKS vexnumkr_scenario_driver)
 endforeach()
 vexnumkr_test(scenario/expected_transcript_test LABEL unit
   SOURCES scenario/expected_transcript.cpp LINKS vexnumkr_scenario_driver)
 foreach(name scenario_database scripted_connection scripted_host)
-  vexnumkr_test(scenario/${name}_test GUI LABEL unit LINKS vexnumkr_scenario_driver)
+  vexnumkr_test(scenario/world/${name}_test GUI LABEL unit LINKS vexnumkr_scenario_driver)
 endforeach()
-vexnumkr_test(scenario/idle_pump_test GUI LABEL unit LINKS vexnumkr_scenario_driver)
+vexnumkr_test(scenario/windows/idle_pump_test GUI LABEL unit LINKS vexnumkr_scenario_driver)
 vexnumkr_test(scenario/scenario_program_test LABEL gui LINKS vexnumkr_scenario_driver)
 vexnumkr_test(scenario/random_scenario_test LABEL gui
   SOURCES scenario/plain_rules.cpp scenario/random_scenario.cpp LINKS vexnumkr_scenario_driver)

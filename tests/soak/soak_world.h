@@ -13,9 +13,9 @@
 #include <vexnumkr/component.h>
 
 #include "servers/private_server.h"
-#include "support/failing_disk.h"
+#include "support/faults/failing_disk.h"
+#include "support/faults/hooked_connection.h"
 #include "support/fresh_database.h"
-#include "support/hooked_connection.h"
 
 namespace vexnumkr::test {
 

@@ -1,6 +1,6 @@
 # What holds for hours; tools/soak.sh runs it for as long as wanted.
 vexnumkr_test(soak/soak_test GUI LABEL "fault;sqlite" TIMEOUT 600
-  SOURCES soak/random_user.cpp soak/soak_world.cpp support/failing_disk.cpp
+  SOURCES soak/random_user.cpp soak/soak_world.cpp support/faults/failing_disk.cpp
     servers/private_server.cpp
   LINKS vexnumkr_component vexnumkr_numbers vexnumkr_fresh_database vexnumkr_core_session)
 set_target_properties(soak_test PROPERTIES ENABLE_EXPORTS ON)

@@ -25,12 +25,12 @@
 
 #include "hosting/saving.h"
 #include "hosting/session.h"
+#include "support/faults/scripted_connection.h"
 #include "support/fresh_database.h"
 #include "support/plain_host.h"
 #include "support/recording_forms.h"
 #include "support/recording_progress.h"
 #include "support/row_of.h"
-#include "support/scripted_connection.h"
 
 namespace vexnumkr::test {
 

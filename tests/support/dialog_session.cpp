@@ -18,9 +18,9 @@
 #include "adapters/qt/tool_tips.h"
 #include "adapters/qtforms/qt_forms_toolkit.h"
 #include "app/schema/schema.h"
-#include "scenario/controls.h"
-#include "scenario/input.h"
-#include "scenario/transcript.h"
+#include "scenario/language/transcript.h"
+#include "scenario/windows/controls.h"
+#include "scenario/windows/input.h"
 
 namespace vexnumkr::test {
 namespace {

@@ -25,14 +25,14 @@
 
 #include "component/composition.h"
 #include "dialogs/main/grid_columns.h"
-#include "scenario/database.h"
-#include "scenario/grid_access.h"
-#include "scenario/watchdog.h"
+#include "scenario/windows/grid_access.h"
+#include "scenario/windows/watchdog.h"
+#include "scenario/world/database.h"
 #include "support/dialog_host.h"
-#include "support/faulty_forms.h"
+#include "support/faults/faulty_forms.h"
+#include "support/faults/scripted_connection.h"
 #include "support/fresh_database.h"
 #include "support/modal_user.h"
-#include "support/scripted_connection.h"
 
 namespace vexnumkr::test {
 

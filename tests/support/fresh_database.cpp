@@ -13,7 +13,7 @@
 #include <vexnumkr/adapters.h>
 #include <vexnumkr/connection_string.h>
 
-#include "adapters/qtsql/session/database_handle.h"
+#include "adapters/qtsql/opening/database_handle.h"
 
 namespace vexnumkr::test {
 namespace {

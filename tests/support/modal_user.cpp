@@ -9,7 +9,7 @@
 #include <algorithm>
 #include <exception>
 
-#include "scenario/input.h"
+#include "scenario/windows/input.h"
 
 namespace vexnumkr::test {
 namespace {

@@ -1,7 +1,7 @@
 #include "dialogs/side/frmSonderkreise.h"
 
-#include "data/nz_value.h"
 #include "data/sql/statements.h"
+#include "data/stored/nz_value.h"
 #include "platform/descriptions.h"
 
 namespace vexnumkr {

@@ -13,7 +13,7 @@
 #include "app/sample_database.h"
 #include "embed/misuse/hasty_user.h"
 #include "embed/misuse/rude_host.h"
-#include "support/hooked_connection.h"
+#include "support/faults/hooked_connection.h"
 
 namespace vexnumkr::test {
 

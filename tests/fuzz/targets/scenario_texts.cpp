@@ -5,10 +5,10 @@
 
 #include "fuzz/support/input.h"
 #include "fuzz/support/property.h"
-#include "scenario/chord.h"
-#include "scenario/command_forms.h"
-#include "scenario/script.h"
-#include "scenario/words.h"
+#include "scenario/language/chord.h"
+#include "scenario/language/command_forms.h"
+#include "scenario/language/script.h"
+#include "scenario/language/words.h"
 
 namespace vexnumkr::fuzz {
 namespace {

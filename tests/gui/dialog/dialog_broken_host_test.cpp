@@ -2,8 +2,8 @@
 // loaded, worked and saved.
 #include <QRadioButton>
 
-#include "support/breakable_messages.h"
 #include "support/dialog_session.h"
+#include "support/faults/breakable_messages.h"
 
 namespace vexnumkr::test {
 namespace {

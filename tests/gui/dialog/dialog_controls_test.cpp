@@ -5,7 +5,7 @@
 #include <QPushButton>
 #include <QTreeView>
 
-#include "scenario/controls.h"
+#include "scenario/windows/controls.h"
 #include "support/dialog_session.h"
 
 namespace vexnumkr::test {

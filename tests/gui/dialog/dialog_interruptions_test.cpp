@@ -12,7 +12,7 @@
 #include <QWheelEvent>
 #include <QWindow>
 
-#include "scenario/input.h"
+#include "scenario/windows/input.h"
 #include "support/dialog_session.h"
 
 namespace vexnumkr::test {

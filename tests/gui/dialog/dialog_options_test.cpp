@@ -2,7 +2,7 @@
 #include <QGroupBox>
 #include <QRadioButton>
 
-#include "scenario/controls.h"
+#include "scenario/windows/controls.h"
 #include "support/dialog_session.h"
 
 namespace vexnumkr::test {

@@ -5,8 +5,8 @@
 #include <QScrollBar>
 #include <algorithm>
 
-#include "scenario/controls.h"
-#include "scenario/input.h"
+#include "scenario/windows/controls.h"
+#include "scenario/windows/input.h"
 #include "support/dialog_session.h"
 
 namespace vexnumkr::test {

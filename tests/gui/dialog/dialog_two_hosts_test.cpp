@@ -4,7 +4,7 @@
 
 #include "app/program.h"
 #include "support/dialog_session.h"
-#include "support/engine_waits.h"
+#include "support/faults/engine_waits.h"
 #include "support/other_writer.h"
 
 namespace vexnumkr::test {

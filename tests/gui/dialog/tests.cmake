@@ -1,6 +1,6 @@
 # The real dialogs on a real database.
 add_library(vexnumkr_dialog_session STATIC
-  support/dialog_session.cpp support/faulty_forms.cpp support/modal_user.cpp)
+  support/dialog_session.cpp support/faults/faulty_forms.cpp support/modal_user.cpp)
 target_link_libraries(vexnumkr_dialog_session
   PUBLIC vexnumkr_scenario_driver vexnumkr_fresh_database GTest::gtest
   PRIVATE vexnumkr_options Qt6::Test)
@@ -16,7 +16,7 @@ vexnumkr_on_every_engine(
 
 # Its own functions take the place of those by which the engine waits.
 vexnumkr_test(gui/dialog/dialog_two_hosts_test GUI LABEL engine
-  SOURCES app/program.cpp support/engine_waits.cpp LINKS vexnumkr_dialog_session)
+  SOURCES app/program.cpp support/faults/engine_waits.cpp LINKS vexnumkr_dialog_session)
 set_target_properties(dialog_two_hosts_test PROPERTIES ENABLE_EXPORTS ON)
 target_compile_definitions(dialog_two_hosts_test PRIVATE
   HOST_PROGRAM="$<TARGET_FILE:vexnumkr-host>" PLUGIN_FOLDER="${CMAKE_BINARY_DIR}/tests/plugins")

@@ -12,7 +12,7 @@
 #include <QGenericPlugin>
 #include <QTest>
 
-#include "scenario/idle_pump.h"
+#include "scenario/windows/idle_pump.h"
 
 namespace vexnumkr::test {
 namespace {

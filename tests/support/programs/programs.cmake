@@ -2,7 +2,7 @@
 
 # Presses buttons; see button_presser.cpp.
 add_library(vexnumkr_button_presser MODULE
-  support/programs/button_presser.cpp scenario/idle_pump.cpp)
+  support/programs/button_presser.cpp scenario/windows/idle_pump.cpp)
 target_include_directories(vexnumkr_button_presser PRIVATE "${PROJECT_SOURCE_DIR}/tests")
 target_link_libraries(vexnumkr_button_presser PRIVATE Qt6::Widgets Qt6::Test vexnumkr_options)
 target_compile_definitions(vexnumkr_button_presser

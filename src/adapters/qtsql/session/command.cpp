@@ -1,7 +1,7 @@
 #include "adapters/qtsql/session/command.h"
 
+#include "adapters/qtsql/opening/failure.h"
 #include "adapters/qtsql/session/connection.h"
-#include "adapters/qtsql/session/failure.h"
 
 namespace vexnumkr::qtsql {
 

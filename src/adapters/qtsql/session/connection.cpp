@@ -3,10 +3,10 @@
 #include <vexnumkr/adapters.h>
 #include <vexnumkr/connection_string.h>
 
+#include "adapters/qtsql/opening/driver.h"
+#include "adapters/qtsql/opening/driver_options.h"
+#include "adapters/qtsql/opening/failure.h"
 #include "adapters/qtsql/session/command.h"
-#include "adapters/qtsql/session/driver.h"
-#include "adapters/qtsql/session/driver_options.h"
-#include "adapters/qtsql/session/failure.h"
 #include "adapters/qtsql/session/recordset.h"
 
 namespace vexnumkr {

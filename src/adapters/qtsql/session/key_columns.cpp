@@ -1,6 +1,6 @@
 #include "adapters/qtsql/session/key_columns.h"
 
-#include "adapters/qtsql/session/field_value.h"
+#include "adapters/qtsql/rows/field_value.h"
 #include "adapters/qtsql/session/session.h"
 
 namespace vexnumkr::qtsql {

@@ -1,8 +1,8 @@
 #include "adapters/qtsql/session/keyed_select.h"
 
-#include "adapters/qtsql/session/field_value.h"
+#include "adapters/qtsql/rows/field_value.h"
+#include "adapters/qtsql/rows/simple_select.h"
 #include "adapters/qtsql/session/session.h"
-#include "adapters/qtsql/session/simple_select.h"
 
 namespace vexnumkr::qtsql {
 namespace {

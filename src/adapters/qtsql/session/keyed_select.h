@@ -3,8 +3,8 @@
 
 #include <optional>
 
+#include "adapters/qtsql/rows/row_set.h"
 #include "adapters/qtsql/session/record_keys.h"
-#include "adapters/qtsql/session/row_set.h"
 
 namespace vexnumkr {
 struct Statement;

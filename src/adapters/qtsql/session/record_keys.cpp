@@ -3,7 +3,7 @@
 #include <QStringList>
 #include <algorithm>
 
-#include "adapters/qtsql/session/field_value.h"
+#include "adapters/qtsql/rows/field_value.h"
 #include "adapters/qtsql/session/key_columns.h"
 #include "adapters/qtsql/session/session.h"
 #include "platform/ascii_case.h"

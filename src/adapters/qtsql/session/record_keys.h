@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "adapters/qtsql/session/row_set.h"
+#include "adapters/qtsql/rows/row_set.h"
 #include "engines/engine.h"
 
 namespace vexnumkr::qtsql {

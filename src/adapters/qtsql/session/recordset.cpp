@@ -1,8 +1,8 @@
 #include "adapters/qtsql/session/recordset.h"
 
+#include "adapters/qtsql/opening/failure.h"
+#include "adapters/qtsql/rows/field_value.h"
 #include "adapters/qtsql/session/connection.h"
-#include "adapters/qtsql/session/failure.h"
-#include "adapters/qtsql/session/field_value.h"
 #include "adapters/qtsql/session/keyed_select.h"
 #include "adapters/qtsql/session/session.h"
 

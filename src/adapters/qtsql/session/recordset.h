@@ -11,8 +11,8 @@
 
 #include <vexnumkr/database.h>
 
+#include "adapters/qtsql/rows/row_set.h"
 #include "adapters/qtsql/session/record_keys.h"
-#include "adapters/qtsql/session/row_set.h"
 
 namespace vexnumkr::qtsql {
 

@@ -3,9 +3,9 @@
 #include <algorithm>
 
 #include "adapters/qtsql/clients/mariadb_client.h"
-#include "adapters/qtsql/session/eight_bit_text.h"
-#include "adapters/qtsql/session/failure.h"
-#include "adapters/qtsql/session/field_value.h"
+#include "adapters/qtsql/opening/failure.h"
+#include "adapters/qtsql/rows/eight_bit_text.h"
+#include "adapters/qtsql/rows/field_value.h"
 
 namespace vexnumkr::qtsql {
 namespace {

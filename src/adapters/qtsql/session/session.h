@@ -18,9 +18,9 @@
 #include <vexnumkr/error.h>
 
 #include "adapters/qtsql/clients/sqlite_client.h"
-#include "adapters/qtsql/session/database_handle.h"
-#include "adapters/qtsql/session/row_set.h"
-#include "adapters/qtsql/session/servers.h"
+#include "adapters/qtsql/opening/database_handle.h"
+#include "adapters/qtsql/opening/servers.h"
+#include "adapters/qtsql/rows/row_set.h"
 #include "platform/statement_gate.h"
 
 namespace vexnumkr::qtsql {

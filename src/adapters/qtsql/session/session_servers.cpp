@@ -1,5 +1,5 @@
 // How a session finds the server that it works on.
-#include "adapters/qtsql/session/failure.h"
+#include "adapters/qtsql/opening/failure.h"
 #include "adapters/qtsql/session/key_columns.h"
 #include "adapters/qtsql/session/session.h"
 

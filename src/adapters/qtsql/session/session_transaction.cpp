@@ -1,7 +1,7 @@
 // The transactions of a session, and what becomes of them when something fails.
 #include <QSqlError>
 
-#include "adapters/qtsql/session/failure.h"
+#include "adapters/qtsql/opening/failure.h"
 #include "adapters/qtsql/session/session.h"
 
 namespace vexnumkr::qtsql {

@@ -2,7 +2,7 @@
 #include <chrono>
 #include <thread>
 
-#include "adapters/qtsql/session/failure.h"
+#include "adapters/qtsql/opening/failure.h"
 #include "adapters/qtsql/session/session.h"
 
 namespace vexnumkr::qtsql {
