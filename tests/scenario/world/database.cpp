@@ -22,10 +22,10 @@ void provideFile(const std::string& file) {
   QFile(QString::fromStdString(file)).open(QIODevice::ReadWrite);
 }
 
-std::unique_ptr<qtsql::Session> open(const ConnectionSettings& settings) {
+std::unique_ptr<qtsql::SqlSession> open(const ConnectionSettings& settings) {
   const qtsql::Driver driver = qtsql::driverOf(settings.driver);
   if (driver.name == sqliteDriver) provideFile(settings.database);
-  return std::make_unique<qtsql::Session>(driver, settings);
+  return std::make_unique<qtsql::SqlSession>(driver, settings);
 }
 
 // The file of a SQLite database, by whatever driver it is reached.
@@ -38,7 +38,7 @@ std::string printedField(const QVariant& field) {
   return field.isNull() ? std::string() : printedText(field.toString().toStdString());
 }
 
-std::vector<PrintedRow> runOn(qtsql::Session& session, const std::string& statement) {
+std::vector<PrintedRow> runOn(qtsql::SqlSession& session, const std::string& statement) {
   const qtsql::RowSet found = session.execute(statement).rows;
   std::vector<PrintedRow> rows;
   for (std::size_t row = 0; row < found.rowCount(); ++row) {
@@ -51,7 +51,7 @@ std::vector<PrintedRow> runOn(qtsql::Session& session, const std::string& statem
 }
 
 // Engines differ in what they say about a table that is not there, and none of it matters.
-void drop(qtsql::Session& session, const std::string& table) {
+void drop(qtsql::SqlSession& session, const std::string& table) {
   try {
     session.execute("DROP TABLE " + table);
   } catch (const Error&) {
@@ -59,7 +59,7 @@ void drop(qtsql::Session& session, const std::string& table) {
 }
 
 // Lets statements on `session` name the tables of another SQLite file as if they were its own.
-void attach(qtsql::Session& session, const std::string& file) {
+void attach(qtsql::SqlSession& session, const std::string& file) {
   session.execute("ATTACH DATABASE " + app::sqlText(file) + " AS settings");
 }
 
@@ -78,13 +78,13 @@ ScenarioDatabase::ScenarioDatabase(const std::string& connectionString) {
 
 ScenarioDatabase::~ScenarioDatabase() = default;
 
-qtsql::Session& ScenarioDatabase::sessionOf(const std::string& table) const {
+qtsql::SqlSession& ScenarioDatabase::sessionOf(const std::string& table) const {
   return table == settingsTable && settings_ != nullptr ? *settings_ : *main_;
 }
 
 void ScenarioDatabase::createTables() {
   for (const TableDefinition& table : tableDefinitions()) {
-    qtsql::Session& session = sessionOf(table.name);
+    qtsql::SqlSession& session = sessionOf(table.name);
     drop(session, table.name);
     session.execute(createStatement(table, session.engine().name));
   }
@@ -104,7 +104,7 @@ const std::vector<std::string>& ScenarioDatabase::tableNames() {
 
 // NULL comes first, as it does by itself everywhere else.
 std::vector<PrintedRow> ScenarioDatabase::rows(const std::string& table) const {
-  qtsql::Session& session = sessionOf(table);
+  qtsql::SqlSession& session = sessionOf(table);
   const bool isPostgresql = session.engine().name == "postgresql";
   for (const TableDefinition& definition : tableDefinitions()) {
     if (definition.name != table) continue;

@@ -6,7 +6,7 @@
 #include <vector>
 
 namespace vexnumkr::qtsql {
-class Session;
+class SqlSession;
 }
 
 namespace vexnumkr::scenario {
@@ -38,10 +38,10 @@ class ScenarioDatabase {
   std::vector<PrintedRow> rows(const std::string& table) const;
 
  private:
-  qtsql::Session& sessionOf(const std::string& table) const;
+  qtsql::SqlSession& sessionOf(const std::string& table) const;
 
-  std::unique_ptr<qtsql::Session> main_;
-  std::unique_ptr<qtsql::Session> settings_;  // Where the settings have a file of their own.
+  std::unique_ptr<qtsql::SqlSession> main_;
+  std::unique_ptr<qtsql::SqlSession> settings_;  // Where the settings have a file of their own.
 };
 
 }  // namespace vexnumkr::scenario

@@ -43,7 +43,7 @@ std::string connectionStringOf(const QSqlDatabase& database, const Driver& drive
 
 }  // namespace
 
-std::shared_ptr<Session> SessionSlot::require() const {
+std::shared_ptr<SqlSession> SessionSlot::require() const {
   if (!session) throw connectionClosed();
   session->requireFree();
   return session;
@@ -51,7 +51,7 @@ std::shared_ptr<Session> SessionSlot::require() const {
 
 std::unique_ptr<Recordset> SessionSlot::execute(const std::string& text,
                                                 std::int32_t& recordsAffected) const {
-  Session::Outcome outcome = require()->execute(text);
+  SqlSession::Outcome outcome = require()->execute(text);
   recordsAffected = outcome.recordsAffected;
   return std::make_unique<SqlRecordset>(std::move(outcome.rows));
 }
@@ -59,7 +59,7 @@ std::unique_ptr<Recordset> SessionSlot::execute(const std::string& text,
 SqlConnection::SqlConnection(const QSqlDatabase& borrowed) {
   const Driver driver = driverOfBorrowed(borrowed);
   connectionString_ = connectionStringOf(borrowed, driver);
-  slot_->session = std::make_shared<Session>(driver, borrowed);
+  slot_->session = std::make_shared<SqlSession>(driver, borrowed);
 }
 
 SqlConnection::~SqlConnection() {
@@ -92,8 +92,8 @@ void SqlConnection::Open(const std::string& user, const std::string& password,
   if (!password.empty()) settings.password = password;
   const Driver driver = driverOf(settings.driver);
   requireIsolation(isolationLevel_);
-  const auto session = std::make_shared<Session>(driver, settings, isolationLevel_, commandTimeout_,
-                                                 serversOf(settings));
+  const auto session = std::make_shared<SqlSession>(driver, settings, isolationLevel_,
+                                                    commandTimeout_, serversOf(settings));
   session->onLockWait(told_);
   slot_->session = session;
 }
@@ -162,7 +162,7 @@ std::shared_ptr<SessionSlot> SqlConnection::slotOf(Connection& connection) {
   return own->slot_;
 }
 
-std::shared_ptr<Session> SqlConnection::sessionOf(Connection& connection) {
+std::shared_ptr<SqlSession> SqlConnection::sessionOf(Connection& connection) {
   return slotOf(connection)->require();
 }
 

@@ -14,11 +14,11 @@ namespace vexnumkr::qtsql {
 /// What a connection has open. Its commands keep an eye on it, so that they work again after the
 /// connection was closed and opened, and fail cleanly in between and when it is gone.
 struct SessionSlot {
-  std::shared_ptr<Session> session;
+  std::shared_ptr<SqlSession> session;
 
   /// Whoever uses it keeps it: a host that is called back in the middle may close the connection.
-  /// Errors: 3704 when nothing is open; those of Session::requireFree.
-  std::shared_ptr<Session> require() const;
+  /// Errors: 3704 when nothing is open; those of SqlSession::requireFree.
+  std::shared_ptr<SqlSession> require() const;
   std::unique_ptr<Recordset> execute(const std::string& text, std::int32_t& recordsAffected) const;
 };
 
@@ -72,7 +72,7 @@ class SqlConnection final : public Connection {
 
   /// What `connection` has open. Errors: 3709 when it is not of this adapter, 3704 when it is
   /// closed.
-  static std::shared_ptr<Session> sessionOf(Connection& connection);
+  static std::shared_ptr<SqlSession> sessionOf(Connection& connection);
   static std::shared_ptr<SessionSlot> slotOf(Connection& connection);
 
  private:

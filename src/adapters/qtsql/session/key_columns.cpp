@@ -18,7 +18,7 @@ CatalogueRow catalogueRow(const RowSet& rows, std::size_t row) {
 
 }  // namespace
 
-Catalogue catalogueOf(Session& session) {
+Catalogue catalogueOf(SqlSession& session) {
   return [&session](const std::string& select) {
     const RowSet rows = session.read(toQString(select));
     std::vector<CatalogueRow> found;
@@ -28,7 +28,7 @@ Catalogue catalogueOf(Session& session) {
   };
 }
 
-TableKeys keysOf(Session& session, std::string_view table) {
+TableKeys keysOf(SqlSession& session, std::string_view table) {
   return session.engine().keys(catalogueOf(session), table);
 }
 

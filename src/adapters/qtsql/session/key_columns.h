@@ -7,12 +7,12 @@
 
 namespace vexnumkr::qtsql {
 
-class Session;
+class SqlSession;
 
 /// Asks the session.
-Catalogue catalogueOf(Session& session);
+Catalogue catalogueOf(SqlSession& session);
 
 /// Asks the session's engine about `table`, as Engine::keys. Errors: the engine's.
-TableKeys keysOf(Session& session, std::string_view table);
+TableKeys keysOf(SqlSession& session, std::string_view table);
 
 }  // namespace vexnumkr::qtsql

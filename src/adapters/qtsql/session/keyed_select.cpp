@@ -8,7 +8,7 @@ namespace vexnumkr::qtsql {
 namespace {
 
 // The rows of `select` with the key columns; empty when the table lacks one of them.
-std::optional<RowSet> selectWith(Session& session, const SimpleSelect& select,
+std::optional<RowSet> selectWith(SqlSession& session, const SimpleSelect& select,
                                  const RecordKeys& keys) {
   try {
     return session.read(toQString(select.withColumns(keys.columnList().toStdString())));
@@ -20,7 +20,7 @@ std::optional<RowSet> selectWith(Session& session, const SimpleSelect& select,
 
 }  // namespace
 
-KeyedSelect selectWithKeys(Session& session, const Statement& statement) {
+KeyedSelect selectWithKeys(SqlSession& session, const Statement& statement) {
   if (const auto select = parseSimpleSelect(statement)) {
     for (RecordKeys& keys : RecordKeys::candidates(session, select->table)) {
       if (auto rows = selectWith(session, *select, keys)) {

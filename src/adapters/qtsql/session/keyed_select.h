@@ -12,7 +12,7 @@ struct Statement;
 
 namespace vexnumkr::qtsql {
 
-class Session;
+class SqlSession;
 
 /// The rows of a select; without keys they can only be read.
 struct KeyedSelect {
@@ -23,6 +23,6 @@ struct KeyedSelect {
 /// Runs `statement`, which has passed the session's gate: with the key columns added (they are
 /// hidden in the rows) where it is a simple select of a table that has a unique identity, else as
 /// it stands. Errors: the engine's.
-KeyedSelect selectWithKeys(Session& session, const Statement& statement);
+KeyedSelect selectWithKeys(SqlSession& session, const Statement& statement);
 
 }  // namespace vexnumkr::qtsql

@@ -39,7 +39,7 @@ RecordKeys::RecordKeys(const Engine& engine, std::string_view table, std::vector
 
 QString RecordKeys::quoted(const QString& name) const { return inQuotes(name, quote_); }
 
-std::vector<RecordKeys> RecordKeys::candidates(Session& session, std::string_view table) {
+std::vector<RecordKeys> RecordKeys::candidates(SqlSession& session, std::string_view table) {
   const Engine& engine = session.engine();
   const TableKeys known = keysOf(session, table);
   std::vector<Key> keys;

@@ -11,7 +11,7 @@
 
 namespace vexnumkr::qtsql {
 
-class Session;
+class SqlSession;
 
 /// Columns that tell a table's records apart. They stand in the rows behind the select's own
 /// columns, hidden.
@@ -21,7 +21,7 @@ class RecordKeys {
   /// engine's built-in row number with the primary key, then the primary key alone. The two
   /// together also notice when the number of a deleted record has gone to another one. Whether the
   /// table does have the row number shows only when it is selected.
-  static std::vector<RecordKeys> candidates(Session& session, std::string_view table);
+  static std::vector<RecordKeys> candidates(SqlSession& session, std::string_view table);
 
   /// The key columns, for a select.
   QString columnList() const;

@@ -16,7 +16,7 @@ void SqlRecordset::CursorLocation(std::int32_t location) {
 void SqlRecordset::Open(const std::string& source, Connection& connection, std::int32_t cursorType,
                         std::int32_t lockType, std::int32_t /*options*/) {
   if (isOpen_) throw recordsetOpen();
-  const std::shared_ptr<Session> session = SqlConnection::sessionOf(connection);
+  const std::shared_ptr<SqlSession> session = SqlConnection::sessionOf(connection);
   const Statement statement = session->passSelect(source);
   isWritable_ = cursorType == ado::openKeyset && lockType == ado::lockOptimistic;
   if (isWritable_) {
@@ -64,7 +64,7 @@ void SqlRecordset::Update() {
   if (!keys_ || !keys_->identify(rows_, current_))
     throw failure(error_number::notAvailable,
                   "Der Datensatz hat keinen eindeutigen Schlüssel und kann nicht geändert werden.");
-  const std::shared_ptr<Session> session = session_.lock();
+  const std::shared_ptr<SqlSession> session = session_.lock();
   if (!session) throw connectionClosed();
   session->requireFree();
   const std::vector<std::size_t> columns = changedColumns();

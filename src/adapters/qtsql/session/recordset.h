@@ -16,7 +16,7 @@
 
 namespace vexnumkr::qtsql {
 
-class Session;
+class SqlSession;
 
 /// All rows are kept in memory, whatever the cursor location, so it can be read after its
 /// connection was closed; writing then is error 3704, as is everything after its own Close.
@@ -54,7 +54,7 @@ class SqlRecordset final : public Recordset {
   RowSet rows_;
   std::size_t current_ = 0;
   std::optional<RecordKeys> keys_;
-  std::weak_ptr<Session> session_;
+  std::weak_ptr<SqlSession> session_;
   std::set<std::pair<std::size_t, std::size_t>> changed_;  // Rows and columns not written yet.
 };
 

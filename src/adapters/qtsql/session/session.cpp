@@ -19,8 +19,9 @@ bool takesAppendix(const Statement& statement) { return statement.tokens.back().
 
 }  // namespace
 
-Session::Session(const Driver& driver, const ConnectionSettings& settings, std::int32_t isolation,
-                 std::int32_t seconds, std::shared_ptr<Servers> servers)
+SqlSession::SqlSession(const Driver& driver, const ConnectionSettings& settings,
+                       std::int32_t isolation, std::int32_t seconds,
+                       std::shared_ptr<Servers> servers)
     : thread_(QThread::currentThreadId()),
       driver_(driver),
       settings_(settings),
@@ -31,7 +32,7 @@ Session::Session(const Driver& driver, const ConnectionSettings& settings, std::
   connect();
 }
 
-Session::Session(const Driver& driver, const QSqlDatabase& borrowed)
+SqlSession::SqlSession(const Driver& driver, const QSqlDatabase& borrowed)
     : thread_(QThread::currentThreadId()),
       driver_(driver),
       database_(borrowed),
@@ -39,12 +40,12 @@ Session::Session(const Driver& driver, const QSqlDatabase& borrowed)
   prepare();
 }
 
-Session::~Session() {
+SqlSession::~SqlSession() {
   if (inTransaction_ && !isLost_ && database_.isOpen()) succeeds(engine_->rollback);
 }
 
 // Nothing of a borrowed connection is changed.
-void Session::prepare() {
+void SqlSession::prepare() {
   query_.emplace(database_.get());
   query_->setForwardOnly(true);
   usualWait_.reset();
@@ -54,7 +55,7 @@ void Session::prepare() {
 
 // Over a network a text is a round trip, so for the drivers of servers this is what the next one
 // begins with.
-std::string Session::prepareOwned() {
+std::string SqlSession::prepareOwned() {
   std::vector<std::string> statements(engine_->openingStatements.begin(),
                                       engine_->openingStatements.end());
   if (sessionIsolation_ == ado::isolated && engine_->isolateSession != nullptr)
@@ -71,20 +72,20 @@ std::string Session::prepareOwned() {
   return text;
 }
 
-void Session::requireOwnThread() const {
+void SqlSession::requireOwnThread() const {
   if (QThread::currentThreadId() != thread_)
     throw failure(error_number::invalidCall,
                   "Die Datenbankverbindung gehört zu einem anderen Thread.");
 }
 
-void Session::requireFree() const {
+void SqlSession::requireFree() const {
   requireOwnThread();
   if (isWaiting_)
     throw failure(error_number::invalidCall,
                   "Die Datenbankverbindung wartet gerade auf eine Sperre.");
 }
 
-void Session::limit(std::int32_t seconds) {
+void SqlSession::limit(std::int32_t seconds) {
   if (seconds == limit_) return;
   limit_ = seconds;
   if (!database_.isOwned() || !database_.isOpen() || isLost_ || endedBy_) return;
@@ -92,7 +93,7 @@ void Session::limit(std::int32_t seconds) {
 }
 
 // Until they are known, nothing is sent.
-void Session::learnRules(const std::string& before) {
+void SqlSession::learnRules(const std::string& before) {
   knowsRules_ = false;
   std::string mode;
   if (engine_->lexicalMode != nullptr)
@@ -102,7 +103,7 @@ void Session::learnRules(const std::string& before) {
   knowsRules_ = true;
 }
 
-Session::Outcome Session::execute(std::string_view text) {
+SqlSession::Outcome SqlSession::execute(std::string_view text) {
   requireReady();
   Statement statement = gate_.pass(text, rules_);
   onlyReads_ = statement.onlyReads();
@@ -126,7 +127,7 @@ Session::Outcome Session::execute(std::string_view text) {
   return {std::move(rows), affected};
 }
 
-Statement Session::passSelect(std::string_view text) {
+Statement SqlSession::passSelect(std::string_view text) {
   requireReady();
   const Statement statement = gate_.pass(text, rules_);
   if (!statement.isSelect())
@@ -134,18 +135,18 @@ Statement Session::passSelect(std::string_view text) {
   return statement;
 }
 
-RowSet Session::read(const Statement& statement) {
+RowSet SqlSession::read(const Statement& statement) {
   return read(textOf(statement, takesEightBits()));
 }
 
-RowSet Session::read(const QString& text) {
+RowSet SqlSession::read(const QString& text) {
   requireReady();
   onlyReads_ = true;
   return run(text);
 }
 
 // A host may have opened a database of MariaDB so that it counts the rows changed only.
-std::int32_t Session::rowsAffected(const Statement& statement) {
+std::int32_t SqlSession::rowsAffected(const Statement& statement) {
   const std::int32_t changed = query_->numRowsAffected();
   if (database_.isOwned() || engine_->name != "mariadb" || !statement.startsWith("UPDATE"))
     return changed;
@@ -153,7 +154,7 @@ std::int32_t Session::rowsAffected(const Statement& statement) {
   return rowsFoundOnMariadb(database_.get()).value_or(changed == 0 ? unknown : changed);
 }
 
-RowSet Session::run(const QString& text) {
+RowSet SqlSession::run(const QString& text) {
   const bool settles = text.startsWith(QLatin1String("PRAGMA"), Qt::CaseInsensitive);
   const auto attempt = [&] { return query_->exec(text); };
   if (!(settles ? attempt() : patiently(attempt))) fail(*query_);
@@ -164,7 +165,7 @@ RowSet Session::run(const QString& text) {
   return rows;
 }
 
-RowSet Session::runAll(const std::string& text) {
+RowSet SqlSession::runAll(const std::string& text) {
   const QString sent = QString::fromStdString(text);
   RowSet rows = run(sent);
   while (query_->nextResult())
@@ -174,13 +175,13 @@ RowSet Session::runAll(const std::string& text) {
 }
 
 // What else a text of the adapter's own consists of.
-void Session::runRest() {
+void SqlSession::runRest() {
   while (query_->nextResult()) {
   }
   if (query_->lastError().isValid()) fail(*query_);
 }
 
-bool Session::succeeds(const char* text) {
+bool SqlSession::succeeds(const char* text) {
   bool done = query_->exec(QString::fromLatin1(text));
   while (done && query_->nextResult()) {
   }
@@ -189,7 +190,7 @@ bool Session::succeeds(const char* text) {
   return done && !failure_.isValid();
 }
 
-std::int32_t Session::change(const QString& text, const QVariantList& values) {
+std::int32_t SqlSession::change(const QString& text, const QVariantList& values) {
   requireReady();
   std::int32_t changed = 0;
   onlyReads_ = false;
@@ -208,7 +209,7 @@ std::int32_t Session::change(const QString& text, const QVariantList& values) {
   return changed;
 }
 
-std::int32_t Session::count(const QString& text, const QVariantList& values) {
+std::int32_t SqlSession::count(const QString& text, const QVariantList& values) {
   requireReady();
   QSqlQuery query(database_.get());
   query.setForwardOnly(true);
@@ -218,14 +219,16 @@ std::int32_t Session::count(const QString& text, const QVariantList& values) {
   return query.value(0).toInt();
 }
 
-std::int32_t Session::textLimit(const std::string& table, const std::string& column) {
+std::int32_t SqlSession::textLimit(const std::string& table, const std::string& column) {
   const RowSet found = read(QString::fromStdString(engine_->textLimit(table, column)));
   return found.rowCount() == 0 ? 0 : std::max(found.at(0, 0).toInt(), 0);
 }
 
-bool Session::takesEightBits() const { return driver_.isOdbc() && engine_->odbc->hasEightBitText; }
+bool SqlSession::takesEightBits() const {
+  return driver_.isOdbc() && engine_->odbc->hasEightBitText;
+}
 
-void Session::requireReady() {
+void SqlSession::requireReady() {
   if (endedBy_) throw *endedBy_;
   if (!database_.isOpen()) {
     if (!database_.isOwned()) throw connectionClosed();

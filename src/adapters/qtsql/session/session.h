@@ -46,19 +46,19 @@ namespace vexnumkr::qtsql {
 /// takes none any more, or a session that shares the servers has gone on to another one, what comes
 /// next outside a transaction goes on there too. Error where none takes changes: 3709, with the
 /// reason of each.
-class Session {
+class SqlSession {
  public:
   /// Opens an own database. `isolation` also holds for statements outside transactions; `seconds`
   /// limits them as by limit(). `servers` are those of `settings`, shared with other sessions.
-  Session(const Driver& driver, const ConnectionSettings& settings,
-          std::int32_t isolation = ado::unspecified, std::int32_t seconds = 0,
-          std::shared_ptr<Servers> servers = nullptr);
-  Session(const Driver& driver, const QSqlDatabase& borrowed);
+  SqlSession(const Driver& driver, const ConnectionSettings& settings,
+             std::int32_t isolation = ado::unspecified, std::int32_t seconds = 0,
+             std::shared_ptr<Servers> servers = nullptr);
+  SqlSession(const Driver& driver, const QSqlDatabase& borrowed);
 
   /// Rolls back a transaction that was begun here and is still running.
-  ~Session();
-  Session(const Session&) = delete;
-  Session& operator=(const Session&) = delete;
+  ~SqlSession();
+  SqlSession(const SqlSession&) = delete;
+  SqlSession& operator=(const SqlSession&) = delete;
 
   struct Outcome {
     RowSet rows;

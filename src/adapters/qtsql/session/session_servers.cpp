@@ -6,7 +6,7 @@
 namespace vexnumkr::qtsql {
 
 // A single server is taken as it is, so that who only reads may name a standby.
-void Session::connect() {
+void SqlSession::connect() {
   if (!servers_->areSeveral()) return openAt(0);
   std::string reasons;
   const std::size_t used = servers_->inUse();
@@ -31,7 +31,7 @@ void Session::connect() {
                     reasons);
 }
 
-ConnectionSettings Session::settingsOf(std::size_t server) const {
+ConnectionSettings SqlSession::settingsOf(std::size_t server) const {
   ConnectionSettings one = settings_;
   one.server = servers_->addresses()[server].server;
   one.port = servers_->addresses()[server].port;
@@ -41,7 +41,7 @@ ConnectionSettings Session::settingsOf(std::size_t server) const {
   return one;
 }
 
-void Session::openAt(std::size_t server) {
+void SqlSession::openAt(std::size_t server) {
   query_.reset();
   sqlite_.reset();
   isLost_ = true;
@@ -59,27 +59,27 @@ void Session::openAt(std::size_t server) {
   isLost_ = false;
 }
 
-void Session::requireWritable() {
+void SqlSession::requireWritable() {
   if (engine_->unwritable == nullptr) return;
   const std::string reason = engine_->unwritable(catalogueOf(*this));
   if (!reason.empty()) throw failure(error_number::invalidConnection, reason);
 }
 
 // A borrowed connection is the host's to open again.
-void Session::reconnect() {
+void SqlSession::reconnect() {
   if (database_.isOwned()) return connect();
   isLost_ = false;
   prepare();
 }
 
 // Never in the middle of a transaction.
-bool Session::isLeftBehind() const {
+bool SqlSession::isLeftBehind() const {
   return database_.isOwned() && !inTransaction_ && servers_->areSeveral() &&
          server_ != servers_->inUse();
 }
 
 // As far as the failure tells; ODBC drivers have codes of their own.
-bool Session::isLost(const QSqlError& error) const {
+bool SqlSession::isLost(const QSqlError& error) const {
   if (driver_.isOdbc()) return false;
   const std::string code = error.nativeErrorCode().toStdString();
   const bool othersMayTake =

@@ -5,7 +5,7 @@
 namespace vexnumkr::qtsql {
 
 // Reads the rows of the query that was just run by `text`.
-RowSet Session::readRows(const QString& text) {
+RowSet SqlSession::readRows(const QString& text) {
   std::vector<std::pair<std::size_t, std::size_t>> substituted;
   const bool asksPostgresql = driver_.name == "QPSQL";
   RowSet rows(*query_, [&](std::size_t row, std::size_t column) {
@@ -28,10 +28,10 @@ RowSet Session::readRows(const QString& text) {
 
 // Where the engine checks what it stores and Qt has it sent in UTF-8, a substitute character is
 // what somebody has stored.
-bool Session::isWholeByItself() const { return engine_->name == "mariadb" && !driver_.isOdbc(); }
+bool SqlSession::isWholeByItself() const { return engine_->name == "mariadb" && !driver_.isOdbc(); }
 
 // Reads the same once more in an encoding that has all characters.
-void Session::markUnreadable(RowSet& rows, const QString& text) {
+void SqlSession::markUnreadable(RowSet& rows, const QString& text) {
   query_->finish();
   QSqlQuery other(database_.get());
   other.setForwardOnly(true);

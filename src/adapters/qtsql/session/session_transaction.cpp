@@ -6,7 +6,7 @@
 
 namespace vexnumkr::qtsql {
 
-void Session::begin(std::int32_t isolation) {
+void SqlSession::begin(std::int32_t isolation) {
   if (endedBy_) throw *endedBy_;
   if (beginsLater_ || (inTransaction_ && !engine_->guardsTransactions)) throw transactionRuns();
   isolation_ = isolation;
@@ -21,24 +21,24 @@ void Session::begin(std::int32_t isolation) {
 }
 
 // Whoever knows that it is lost has just tried to open it again.
-bool Session::mayBeLostUnnoticed() const {
+bool SqlSession::mayBeLostUnnoticed() const {
   return database_.isOwned() && database_.isOpen() && !inTransaction_ && !isLost_;
 }
 
 // An engine that refuses a second transaction is asked for one, which locks nothing by itself.
-void Session::requireNone() {
+void SqlSession::requireNone() {
   if (!engine_->guardsTransactions) return requireNoOtherTransaction();
   run(QString::fromLatin1(engine_->begin.front()));
   run(QString::fromLatin1(engine_->rollback));
 }
 
 // Beginning a transaction would silently commit, or join, one that the host has begun.
-void Session::requireNoOtherTransaction() {
+void SqlSession::requireNoOtherTransaction() {
   if (database_.isOwned() || engine_->guardsTransactions) return;
   if (engineInTransaction()) throw transactionRuns();
 }
 
-bool Session::engineInTransaction() {
+bool SqlSession::engineInTransaction() {
   if (engine_->transactionProbe != nullptr) return succeeds(engine_->transactionProbe);
   const bool runs = query_->exec(QString::fromLatin1(engine_->transactionQuery)) &&
                     query_->next() && query_->value(0).toInt() != 0;
@@ -47,14 +47,14 @@ bool Session::engineInTransaction() {
   return runs;
 }
 
-Statements Session::beginStatements() const {
+Statements SqlSession::beginStatements() const {
   if (isolation_ != ado::isolated) return engine_->begin;
   return locksLater_ ? engine_->beginBeforeLocking : engine_->beginIsolated;
 }
 
 // The rules come first: on MariaDB the isolation is for whatever is sent next. Nobody else changes
 // those of an own connection.
-void Session::beginNow(Statements statements) {
+void SqlSession::beginNow(Statements statements) {
   if (!database_.isOwned()) learnRules();
   for (const char* const statement : statements) {
     run(QString::fromLatin1(statement));
@@ -64,12 +64,12 @@ void Session::beginNow(Statements statements) {
   beginsLater_ = false;
 }
 
-void Session::beginBeforeChanging() {
+void SqlSession::beginBeforeChanging() {
   if (beginsLater_) beginNow(beginStatements());
 }
 
 // What a save writes into a file that has lost its name nobody will ever see.
-void Session::requireSameFile() {
+void SqlSession::requireSameFile() {
   if (!sqlite_ || !sqlite_->hasMoved()) return;
   const Error moved(
       failure_number::fileMoved, std::string(engine_->title),
@@ -80,20 +80,20 @@ void Session::requireSameFile() {
 }
 
 // On a connection that others use as well, one that the engine knows of would be theirs.
-void Session::requireOneOfItsOwn() const {
+void SqlSession::requireOneOfItsOwn() const {
   if (inTransaction_ || (engine_->guardsTransactions && database_.isOwned())) return;
   throw transactionMissing();
 }
 
 // What has been sent since the transaction ended is committed already, and the rest is not to be.
-void Session::requireItsTransaction() {
+void SqlSession::requireItsTransaction() {
   if (engineInTransaction()) return;
   if (failure_.isValid()) fail(failure_, failure_.nativeErrorCode());
   endedBy_ = transactionMissing();
   throw *endedBy_;
 }
 
-void Session::commit() {
+void SqlSession::commit() {
   if (endedBy_) throw *endedBy_;
   if (!beginsLater_) requireOneOfItsOwn();
   requireReady();
@@ -109,7 +109,7 @@ void Session::commit() {
   inTransaction_ = false;
 }
 
-void Session::requireTransactions(const std::vector<std::string>& tables) {
+void SqlSession::requireTransactions(const std::vector<std::string>& tables) {
   locksLater_ = true;
   if (engine_->withoutTransactions == nullptr || tables.empty()) return;
   requireReady();
@@ -129,7 +129,7 @@ void Session::requireTransactions(const std::vector<std::string>& tables) {
           text(2));
 }
 
-void Session::lockTable(const std::string& table) {
+void SqlSession::lockTable(const std::string& table) {
   if (endedBy_) throw *endedBy_;
   if (!inTransaction_ && !beginsLater_) throw transactionMissing();
   onlyReads_ = false;
@@ -143,7 +143,7 @@ void Session::lockTable(const std::string& table) {
   runAll(text);
 }
 
-void Session::rollback() {
+void SqlSession::rollback() {
   if (!database_.isOwned() && !database_.isOpen()) throw connectionClosed();
   if (beginsLater_) {
     beginsLater_ = false;
@@ -164,7 +164,7 @@ void Session::rollback() {
 }
 
 // The roll-back has worked whatever becomes of this; the next statement tries again.
-void Session::relearnRules() {
+void SqlSession::relearnRules() {
   try {
     learnRules();
     // Where it was set in the transaction, it went with it.
@@ -173,13 +173,13 @@ void Session::relearnRules() {
   }
 }
 
-void Session::fail(const QSqlQuery& failed) {
+void SqlSession::fail(const QSqlQuery& failed) {
   const QSqlError error = failed.lastError();
   fail(error, engineCode(failed, driver_, *engine_));
 }
 
 // Going back to the savepoint comes first in any case: an aborted transaction answers nothing.
-void Session::fail(const QSqlError& error, const QString& engineCode) {
+void SqlSession::fail(const QSqlError& error, const QString& engineCode) {
   const bool isUnreadable = onlyReads_ && engine_->isUnreadable(engineCode.toStdString());
   const Error raised = isUnreadable ? unreadableText() : engineFailure(error, *engine_, engineCode);
   isLost_ = isLost(error) || (database_.isOwned() && !database_.isOpen());
@@ -194,18 +194,18 @@ void Session::fail(const QSqlError& error, const QString& engineCode) {
 
 // On a cluster a commit elsewhere may have ended the transaction while a statement failed for a
 // reason of its own: the engine says so when it is asked.
-Error Session::whatHasEnded(const Error& raised) const {
+Error SqlSession::whatHasEnded(const Error& raised) const {
   if (engine_->recovery != Recovery::askEngine || !failure_.isValid()) return raised;
   return engineFailure(failure_, *engine_, failure_.nativeErrorCode());
 }
 
 // REQUIRES: no transaction that would notice being asked.
-bool Session::isGone(const QSqlError& error) {
+bool SqlSession::isGone(const QSqlError& error) {
   return isLost(error) || (database_.isOwned() && !database_.isOpen()) ||
          (driver_.isOdbc() && !succeeds("SELECT 1"));
 }
 
-bool Session::recovers() {
+bool SqlSession::recovers() {
   switch (engine_->recovery) {
     case Recovery::secondBegin:
       // A second transaction can begin only where the first is gone.

@@ -34,7 +34,7 @@ class Telling {
 }  // namespace
 
 // Asked for again after whatever may have changed it.
-std::chrono::milliseconds Session::usualWait() {
+std::chrono::milliseconds SqlSession::usualWait() {
   if (!usualWait_) {
     query_->exec(QStringLiteral("PRAGMA busy_timeout"));
     usualWait_ = query_->next() ? query_->value(0).toInt() : 0;
@@ -45,7 +45,7 @@ std::chrono::milliseconds Session::usualWait() {
 
 // In between, nothing of the engine's is on the stack, so that windows may be painted. Whoever is
 // told may do anything meanwhile: whoever has called this keeps it alive, and nothing else is sent.
-bool Session::patiently(const std::function<bool()>& attempt) {
+bool SqlSession::patiently(const std::function<bool()>& attempt) {
   if (told_ == nullptr || sqlite_ == nullptr || !database_.isOwned()) return attempt();
   const std::chrono::milliseconds longest = usualWait();
   SqliteClient::Impatience impatience(*sqlite_, static_cast<int>(longest.count()));
