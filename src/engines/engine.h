@@ -87,7 +87,7 @@ struct Engine {
   std::string (*limit)(std::int32_t seconds);
   /// Makes such a connection's statements serializable that run outside transactions; may be null.
   const char* isolateSession;
-  /// Selects the setting that decides about quotes and backslashes; null where nothing does.
+  /// Selects the settings that decide about quotes, backslashes and encodings; null where none do.
   const char* lexicalMode;
   /// What that selects where nobody has changed it.
   std::string_view usualMode;

@@ -107,9 +107,25 @@ std::string_view advice(std::string_view code) {
          "Datenbankadministration die Verbindung richtigstellen.";
 }
 
+// UTF-8, as Qt's driver calls it as well, and whatever there is, unchanged.
+constexpr std::array<std::string_view, 3> wholeEncodings = {"UTF8", "UNICODE", "SQL_ASCII"};
+
+// The setting ends in the encoding of texts. Qt's driver goes on reading and sending UTF-8 where
+// the host has set another one: both ways wrong, so that a text seems to come back as it was sent.
+std::string lackingEncoding(std::string_view mode) {
+  const std::size_t at = mode.rfind(' ');
+  const std::string encoding(at == std::string_view::npos ? "" : mode.substr(at + 1));
+  return std::ranges::find(wholeEncodings, encoding) != wholeEncodings.end() ? std::string()
+                                                                             : encoding;
+}
+
+std::string setEncoding(const std::string& encoding) {
+  return "SET client_encoding = '" + encoding + "'";
+}
+
 // A vertical tab is white space from version 16 on; before, it makes the whole text a mistake.
 LexicalRules rules(std::string_view mode) {
-  return {.backslashEscapes = mode == "off",
+  return {.backslashEscapes = mode.starts_with("off"),
           .escapeTexts = true,
           .dollarTexts = true,
           .nestedComments = true,
@@ -134,12 +150,14 @@ const Engine postgresql = {
     .openingStatements = opening,
     .limit = limit,
     .isolateSession = "SET SESSION CHARACTERISTICS AS TRANSACTION ISOLATION LEVEL SERIALIZABLE",
-    .lexicalMode = "SHOW standard_conforming_strings",
-    .usualMode = "on",
+    .lexicalMode =
+        "SELECT CONCAT(current_setting('standard_conforming_strings'), ' ', "
+        "current_setting('client_encoding'))",
+    .usualMode = "on UTF8",
     .rules = rules,
-    .lackingEncoding = nullptr,
-    .setEncoding = nullptr,
-    .wholeEncoding = nullptr,
+    .lackingEncoding = lackingEncoding,
+    .setEncoding = setEncoding,
+    .wholeEncoding = "UTF8",
     .begin = begin,
     .beginIsolated = beginIsolated,
     .commit = "RELEASE SAVEPOINT vexnumkr; COMMIT",
