@@ -128,6 +128,23 @@ TEST_F(GridNotesTest, WhatIsSaidStandsInTheListBesideItsCell) {
   }
 }
 
+TEST_F(GridNotesTest, WhatIsSaidLeavesTheRowInSightThatItIsAbout) {
+  handler.onChange = [](const std::string&, EntryNote& note) { note = {"zu klein", true}; };
+  int partner = 0;
+  handler.onDescribe = [&](std::int32_t item, std::int16_t, CellNote& note) {
+    note.involved = item == partner;
+  };
+  for (const auto& [item, against] :
+       {std::pair(2, 3), {2, 1}, {2, 4}, {0, 1}, {0, 2}, {1, 0}, {7, 6}, {6, 7}, {5, 1}}) {
+    partner = against;
+    grid->StartEdit(item, column::Ende);
+    const QRect place = bubble().geometry();
+    EXPECT_TRUE(view().viewport()->rect().contains(place)) << item << ' ' << against;
+    EXPECT_FALSE(place.intersects(editor()->geometry())) << item << ' ' << against;
+    EXPECT_FALSE(place.intersects(cellRect(against, column::Ende))) << item << ' ' << against;
+  }
+}
+
 TEST_F(GridNotesTest, AHandlerThatFailsSaysNothing) {
   handler.onChange = [](const std::string&, EntryNote&) { throw Error::objectNotSet(); };
   QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("CEChange: .*")));

@@ -27,7 +27,7 @@ EntryBubble::EntryBubble(QWidget* viewport) : QLabel(viewport) {
   hide();
 }
 
-void EntryBubble::say(const QString& text, bool refuses, const QRect& cell) {
+void EntryBubble::say(const QString& text, bool refuses, const QRect& cell, const QRect& spared) {
   if (text.isEmpty()) return hide();
   refuses_ = refuses;
   setText(text);
@@ -39,19 +39,29 @@ void EntryBubble::say(const QString& text, bool refuses, const QRect& cell) {
   setWordWrap(wraps);
   const int width = wraps ? most : sizeHint().width();
   resize(width, wraps ? heightForWidth(width) : sizeHint().height());
-  follow(cell);
+  follow(cell, spared);
   raise();
   show();
 }
 
-void EntryBubble::follow(const QRect& cell) {
-  // What is read next stands below, unless the note would be cut off there.
-  const QRect room = parentWidget()->rect();
-  const int below = cell.bottom() + 1 + distance;
-  const int above = cell.top() - distance - height();
-  const bool fitsBelow = below + height() <= room.height() || above < 0;
-  const int rightmost = std::max(room.right() - width() - distance, 0);
-  move(std::clamp(cell.left(), 0, rightmost), fitsBelow ? below : above);
+void EntryBubble::follow(const QRect& cell, const QRect& spared) {
+  const int rightmost = std::max(parentWidget()->rect().right() - width() - distance, 0);
+  move(std::clamp(cell.left(), 0, rightmost), topBeside(cell, spared));
+}
+
+// A note that would be cut off everywhere stands below, whatever it covers.
+int EntryBubble::topBeside(const QRect& cell, const QRect& spared) const {
+  const auto below = [](const QRect& area) { return area.bottom() + 1 + distance; };
+  const auto above = [this](const QRect& area) { return area.top() - distance - height(); };
+  const auto fits = [this](int top) {
+    return top >= 0 && top + height() <= parentWidget()->height();
+  };
+  const auto covers = [this](int top, const QRect& area) {
+    return !area.isEmpty() && top <= area.bottom() && area.top() < top + height();
+  };
+  for (const int top : {below(cell), above(cell), below(spared), above(spared)})
+    if (fits(top) && !covers(top, cell) && !covers(top, spared)) return top;
+  return fits(below(cell)) || !fits(above(cell)) ? below(cell) : above(cell);
 }
 
 void EntryBubble::paintEvent(QPaintEvent* event) {

@@ -12,15 +12,18 @@ class EntryBubble final : public QLabel {
  public:
   explicit EntryBubble(QWidget* viewport);
 
-  /// Says a text below `cell`, or above it where there is more room; an empty one is not shown.
-  void say(const QString& text, bool refuses, const QRect& cell);
-  /// The cell is elsewhere now.
-  void follow(const QRect& cell);
+  /// Says a text below `cell` or above it, where there is room without covering `spared`, and else
+  /// beyond that; an empty text is not shown, an empty area is nowhere.
+  void say(const QString& text, bool refuses, const QRect& cell, const QRect& spared);
+  /// The cell and the spared area are elsewhere now.
+  void follow(const QRect& cell, const QRect& spared);
 
  protected:
   void paintEvent(QPaintEvent* event) override;
 
  private:
+  int topBeside(const QRect& cell, const QRect& spared) const;
+
   bool refuses_ = false;
 };
 

@@ -70,7 +70,7 @@ void GridEdit::describeEntry() {
   const QString said = toQt(note.text);
   editor_->tell(said, note.refuses);
   bubble_->setFont(view_.font());
-  bubble_->say(said, note.refuses, editor_->geometry());
+  bubble_->say(said, note.refuses, editor_->geometry(), view_.involvedArea());
   view_.viewport()->update();
 }
 
@@ -96,7 +96,7 @@ void GridEdit::layOut() {
   } else {
     editor_->setGeometry(area);
   }
-  if (bubble_) bubble_->follow(editor_->geometry());
+  if (bubble_ && !bubble_->isHidden()) bubble_->follow(editor_->geometry(), view_.involvedArea());
 }
 
 void GridEdit::reveal() {

@@ -224,6 +224,17 @@ QRect GridView::editorArea(int item, int column) const {
   return cell.adjusted(text.left() - cell.left() - cellPadding, 0, 0, -1);
 }
 
+QRect GridView::involvedArea() const {
+  QRect area;
+  for (QModelIndex index = indexAt(QPoint(0, 0)); index.isValid(); index = indexBelow(index)) {
+    const QRect row = visualRect(index);
+    if (row.top() > viewport()->height()) break;
+    if (noteOf(GridModel::itemOf(index), 0).involved)
+      area |= QRect(0, row.top(), viewport()->width(), row.height());
+  }
+  return area;
+}
+
 GridHit GridView::hitTest(const QPoint& position) const {
   const QModelIndex index = indexAt(position);
   if (!index.isValid()) return {};

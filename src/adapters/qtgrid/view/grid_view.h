@@ -82,6 +82,8 @@ class GridView : public QTreeView {
   /// lie outside of what is seen.
   QRect editorArea(int item, int column) const;
   GridHit hitTest(const QPoint& position) const;
+  /// The rows in the viewport that stand against the entry being made; empty for none.
+  QRect involvedArea() const;
 
   // What assistive technology asks for. Rows are counted among the items that are shown, those in
   // closed groups left out; sections are those of the model.
