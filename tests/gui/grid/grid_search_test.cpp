@@ -70,6 +70,44 @@ TEST_F(GridSearchTest, EnterGoesOnAndShiftEnterBackRoundTheEnds) {
   EXPECT_TRUE(window.isVisible()) << "Enter pressed no button";
 }
 
+TEST_F(GridSearchTest, AGroupThatIsFoundShowsItsRows) {
+  rebuild(20, 3, 0);
+  grid->List(12 * groupSize, column::Beschreibung, "Proforma");
+  type("prof");
+  EXPECT_EQ(grid->ListIndex(), 12 * groupSize);
+  EXPECT_TRUE(inSight(12 * groupSize));
+  EXPECT_TRUE(inSight(12 * groupSize + 3));
+  openField();
+  QTest::keyClicks(&field(), QStringLiteral("gruppe 15"));
+  EXPECT_EQ(grid->ListIndex(), 15 * groupSize);
+  EXPECT_TRUE(inSight(15 * groupSize));
+  EXPECT_TRUE(inSight(15 * groupSize + 3));
+}
+
+TEST_F(GridSearchTest, AClosedGroupThatIsFoundStaysClosed) {
+  rebuild(20, 3, 0);
+  grid->List(12 * groupSize, column::Beschreibung, "Proforma");
+  grid->ListIndex(12 * groupSize);
+  press(Qt::Key_Left);
+  grid->ListIndex(0);
+  type("prof");
+  EXPECT_EQ(grid->ListIndex(), 12 * groupSize);
+  EXPECT_FALSE(view().isExpanded(cell(12 * groupSize, column::Beschreibung)));
+}
+
+TEST_F(GridSearchTest, TheFieldDoesNotStandOverWhatItHasFound) {
+  rebuild(20, 3, 0);
+  grid->List(7 * groupSize + 2, column::Beschreibung, "Ulm");
+  grid->ListIndex(19 * groupSize + 3);
+  openField();
+  QTest::keyClicks(&field(), QStringLiteral("lm"));
+  EXPECT_EQ(grid->ListIndex(), 7 * groupSize + 2);
+  const QRect row = cellRect(7 * groupSize + 2, column::Maske)
+                        .translated(view().viewport()->mapTo(&window, QPoint()));
+  const QWidget& search = *field().parentWidget();
+  EXPECT_FALSE(row.intersects(QRect(search.mapTo(&window, QPoint()), search.size())));
+}
+
 TEST_F(GridSearchTest, WhatIsNotThereIsSaidAndChoosesNothing) {
   grid->ListIndex(1);
   openField();

@@ -68,6 +68,7 @@ void GridSearch::find(int from, int step) {
     const int item = ((from + i * step) % count + count) % count;
     if (!matches(item)) continue;
     choose_(item);
+    view_.revealFound(item, height());
     break;
   }
   tell();

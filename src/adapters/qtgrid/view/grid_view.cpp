@@ -113,6 +113,16 @@ void GridView::revealGroup(int item) {
   scrollTo(group);
 }
 
+void GridView::revealFound(int item, int covered) {
+  if (hasChildren(item) && isOpen(item)) {
+    revealGroup(item);
+  } else {
+    reveal(item);
+  }
+  const int hidden = covered - visualRect(model_->indexOf(item)).top();
+  if (hidden > 0) verticalScrollBar()->setValue(verticalScrollBar()->value() - hidden);
+}
+
 void GridView::collapseAllGroups() {
   executeDelayedItemsLayout();
   collapseAll();
@@ -320,7 +330,7 @@ void GridView::searchByTyping(const QKeyEvent& event) {
   const auto others = event.modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier);
   if (!isText || others != Qt::NoModifier) return;
   keyboardSearch(text);
-  if (currentIndex().isValid()) reveal(GridModel::itemOf(currentIndex()));
+  if (currentIndex().isValid()) revealFound(GridModel::itemOf(currentIndex()));
 }
 
 // Leaves out the base class, which would choose a current item.

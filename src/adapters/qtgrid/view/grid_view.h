@@ -71,6 +71,9 @@ class GridView : public QTreeView {
   void revealAtLayout(int item);
   /// Expands the group and scrolls as little as it takes to show it with its items.
   void revealGroup(int item);
+  /// Scrolls to an item that was looked for, a group that is open with its items; where there is
+  /// more above, not into the topmost `covered` pixels.
+  void revealFound(int item, int covered = 0);
   void collapseAllGroups();
   void toggle(int item);
 
