@@ -55,10 +55,10 @@ void CellEditor::start(const QString& text, int limit) {
   setText(text);
 }
 
-// Nothing is lost silently.
+// Nothing is lost silently. Below the editor stands what is said of the entry.
 void CellEditor::tellLimit() {
   if (limitNote_.isEmpty()) return;
-  QToolTip::showText(mapToGlobal(rect().bottomLeft()), toolTipMarkup(limitNote_, font()), this);
+  QToolTip::showText(mapToGlobal(rect().topRight()), toolTipMarkup(limitNote_, font()), this);
 }
 
 void CellEditor::tell(const QString& note, bool refuses) {
