@@ -1,9 +1,14 @@
 // Keys: the form first, then the control; Enter and Escape for the buttons with a role.
 #include <QApplication>
+#include <QDesktopServices>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QTest>
+#include <QTextBrowser>
 
 #include "gui/forms/forms_fixture.h"
 
@@ -52,6 +57,20 @@ TEST_F(KeysTest, EveryPressReachesTheFormOnce) {
             }),
             (Log{"KeyDown 118 0", "KeyDown 119 0", "KeyDown 16 1", "KeyDown 120 1", "KeyDown 17 2",
                  "KeyDown 18 6", "KeyDown 121 6", "KeyDown 40 0", "KeyDown 37 0", "KeyDown 88 0"}));
+}
+
+TEST_F(KeysTest, F1OpensTheManualThatLiesBesideTheProgram) {
+  const QDir program(QCoreApplication::applicationDirPath());
+  ASSERT_TRUE(program.mkpath(QStringLiteral("handbuch")));
+  QFile manual(program.filePath(QStringLiteral("handbuch/handbuch.html")));
+  ASSERT_TRUE(manual.open(QIODevice::WriteOnly));
+  manual.close();
+  QTextBrowser desktop;  // in its place, it opens what is to be opened
+  QDesktopServices::setUrlHandler(QStringLiteral("file"), &desktop, "setSource");
+  steps([] { press(Qt::Key_F1); });
+  QDesktopServices::unsetUrlHandler(QStringLiteral("file"));
+  EXPECT_EQ(desktop.source().toLocalFile(), QFileInfo(manual).canonicalFilePath());
+  EXPECT_TRUE(manual.remove() && program.rmdir(QStringLiteral("handbuch")));
 }
 
 TEST_F(KeysTest, IgnoredKeysThatWalkUpToTheWindowCountOnce) {
