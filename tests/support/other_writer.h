@@ -9,13 +9,14 @@
 
 namespace vexnumkr::test {
 
-/// Another process with the write lock on a file, until it is released. REQUIRES: the program
+/// Another process with the write lock on a file, until it is released; with "EXCLUSIVE" nobody
+/// reads meanwhile, either. REQUIRES: the program
 /// hold_write_lock beside this one.
 class OtherWriter {
  public:
-  explicit OtherWriter(const std::string& file) {
+  explicit OtherWriter(const std::string& file, const char* lock = "IMMEDIATE") {
     process_.start(QCoreApplication::applicationDirPath() + QStringLiteral("/hold_write_lock"),
-                   {QString::fromStdString(file)});
+                   {QString::fromStdString(file), QString::fromLatin1(lock)});
     EXPECT_TRUE(process_.waitForReadyRead());
     EXPECT_EQ(process_.readLine(), "locked\n");
   }

@@ -64,6 +64,18 @@ TEST_F(SqliteWaiting, WhoeverIsToldHearsOfTheWholeWait) {
   expectWaitsAsBefore(*conn);
 }
 
+// Which asks for the keys of its table first.
+TEST_F(SqliteWaiting, OpeningARecordsetThatCanBeChangedIsToldToo) {
+  OtherWriter other(file.path(), "EXCLUSIVE");
+  told.meanwhile = [&] { other.release(); };
+  const auto records = conn->createRecordset();
+  records->Open("SELECT b FROM a", *conn, ado::openKeyset, ado::lockOptimistic, 1);
+  EXPECT_EQ(told.log, wholeWait);
+  records->Fields("b", 7);
+  records->Update();
+  EXPECT_EQ(stored(), Texts{"7"});
+}
+
 TEST_F(SqliteWaiting, NobodyIsToldAnyMoreOnceThatWasSaid) {
   conn->OnLockWait(nullptr);
   run(*conn, "PRAGMA busy_timeout = 0");

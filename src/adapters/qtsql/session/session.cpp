@@ -17,6 +17,12 @@ QString textOf(const Statement& statement, bool inEightBits) {
 // What goes along with a text must not end up inside a literal of it.
 bool takesAppendix(const Statement& statement) { return statement.tokens.back().isClosed; }
 
+// One that tells of a table waits for locks like a select.
+bool isSetting(const QString& text) {
+  return text.startsWith(QLatin1String("PRAGMA"), Qt::CaseInsensitive) &&
+         !text.contains(QLatin1String("table_info("), Qt::CaseInsensitive);
+}
+
 }  // namespace
 
 SqlSession::SqlSession(const Driver& driver, const ConnectionSettings& settings,
@@ -155,7 +161,7 @@ std::int32_t SqlSession::rowsAffected(const Statement& statement) {
 }
 
 RowSet SqlSession::run(const QString& text) {
-  const bool settles = text.startsWith(QLatin1String("PRAGMA"), Qt::CaseInsensitive);
+  const bool settles = isSetting(text);
   const auto attempt = [&] { return query_->exec(text); };
   if (!(settles ? attempt() : patiently(attempt))) fail(*query_);
   if (settles) usualWait_.reset();
@@ -213,9 +219,9 @@ std::int32_t SqlSession::count(const QString& text, const QVariantList& values) 
   requireReady();
   QSqlQuery query(database_.get());
   query.setForwardOnly(true);
-  if (!query.prepare(text)) fail(query);
+  if (!patiently([&] { return query.prepare(text); })) fail(query);
   for (const QVariant& value : values) query.addBindValue(value);
-  if (!query.exec() || !query.next()) fail(query);
+  if (!patiently([&] { return query.exec(); }) || !query.next()) fail(query);
   return query.value(0).toInt();
 }
 
