@@ -181,6 +181,9 @@ class VEXNUMKR_API Connection {
   /// moment; borrowed, null for nobody. How long they wait does not change. Implementations that do
   /// not notice tell nobody.
   virtual void OnLockWait(LockWait* /*told*/) {}
+  /// Who is told; null for nobody. Components that open a further connection for the work that they
+  /// do on this one tell the same there, so that no wait of theirs freezes the window.
+  virtual LockWait* ToldOfLockWait() const { return nullptr; }
 
   /// How many characters a column for texts has room for; 0 where the database does not say, or
   /// there is no such column.

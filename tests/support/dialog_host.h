@@ -20,6 +20,8 @@ struct SettingsCalls {
   std::vector<std::string> calls;
   std::vector<const Connection*> connections;
   std::string failing;  // the member that fails, with error 4712
+  /// Runs whenever a setting is saved, with the connection of the store.
+  std::function<void(Connection&)> whenSaved;
 
   void enter(const char* member) const {
     if (failing == member) throw Error(4712, "Host", "Der Host versagt");
@@ -34,6 +36,7 @@ class KeptSettings final : public SettingsStore {
     calls_.enter("Init");
     calls_.calls.push_back("Init " + std::to_string(reserved));
     calls_.connections.push_back(&connection);
+    connection_ = &connection;
   }
   void GetSetting(const std::string& section, const std::string& key, std::string& value,
                   const std::string& profile, const std::string& user,
@@ -49,6 +52,7 @@ class KeptSettings final : public SettingsStore {
     calls_.enter("SaveSetting");
     calls_.calls.push_back("Save " + section + " " + key + " " + value + " " + profile);
     calls_.values[inSmallLetters(key)] = value;
+    if (calls_.whenSaved) calls_.whenSaved(*connection_);
   }
 
  private:
@@ -60,6 +64,7 @@ class KeptSettings final : public SettingsStore {
   }
 
   SettingsCalls& calls_;
+  Connection* connection_ = nullptr;
 };
 
 class DialogHost final : public HostComponents {

@@ -115,6 +115,7 @@ class Guarded final : public GuardedConnection {
     guard_->call([&] { real_->LockTable(table); });
   }
   void OnLockWait(LockWait* told) override { real_->OnLockWait(told); }
+  LockWait* ToldOfLockWait() const override { return real_->ToldOfLockWait(); }
   std::int32_t TextLimit(const std::string& table, const std::string& column) override {
     return guard_->call([&] { return real_->TextLimit(table, column); });
   }

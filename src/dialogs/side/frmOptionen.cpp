@@ -28,6 +28,7 @@ void frmOptionen::Form_Load() {
     if (session_.sharedConn() == nullptr) throw Error::objectNotSet();
     connection_ = session_.sharedConn()->createConnection();
     if (connection_ == nullptr) throw Error::objectNotSet();
+    connection_->OnLockWait(&session_.lockNotice());
     connection_->ConnectionString(session_.Conn().ConnectionString());
     connection_->Open("", "", ado::unspecified);
   });

@@ -66,6 +66,13 @@ class DialogTwoHostsTest : public DialogSession {
     EXPECT_EQ(cell(2, grid_column::Aktuell), "160") << "the user's value is kept";
     EXPECT_TRUE(changed());
   }
+  /// What the progress window says; empty where there is none.
+  static std::string progressCaption() {
+    for (const QWidget* window : QApplication::topLevelWidgets())
+      if (window->objectName() == QLatin1String("progress") && window->isVisible())
+        return window->findChild<QLabel*>(QStringLiteral("caption"))->text().toStdString();
+    return {};
+  }
   static Box conflictBox(const std::string& changes) {
     return {"Abfrage",
             "Folgende Nummernkreise wurden inzwischen an anderer Stelle geändert:\r\n" + changes +
@@ -177,9 +184,7 @@ TEST_P(DialogTwoHostsKeepingTest, WhileALockIsWaitedForTheUserSeesIt) {
     std::string seen;
     int pauses = 0;
     const EngineWaits waits([&] {
-      for (const QWidget* window : QApplication::topLevelWidgets())
-        if (window->objectName() == QLatin1String("progress") && window->isVisible())
-          seen = window->findChild<QLabel*>(QStringLiteral("caption"))->text().toStdString();
+      if (!progressCaption().empty()) seen = progressCaption();
       if (++pauses == 10) other.release();
     });
     press("cmdOK");
@@ -223,6 +228,35 @@ TEST_F(DialogTwoHostsTest, TheHostThatSavesLastPrevailsWhereItsUserSaysSo) {
     savesAtOnce("Angebot, Nord: Aktuell 150 -> 600");
   });
   EXPECT_EQ(stored(), saved_);
+}
+
+// The options have a connection of their own.
+TEST_F(DialogTwoHostsTest, WhileTheOptionsWaitForALockTheUserSeesIt) {
+  inCompany(2, [&] {
+    host().settings.whenSaved = [&](Connection& connection) {
+      host().settings.whenSaved = {};
+      std::int32_t affected = 0;
+      connection.Execute("UPDATE Nummernkreise SET Maske = 'N'", affected);
+      EXPECT_EQ(affected, 5);
+    };
+    expectDialog("frmOptionen", [&] {
+      OtherWriter other(databaseFile());
+      everyLookTakes(std::chrono::milliseconds(200));
+      std::string seen;
+      int pauses = 0;
+      const EngineWaits waits([&] {
+        if (!progressCaption().empty()) seen = progressCaption();
+        if (++pauses == 10) other.release();
+      });
+      press("cmdOK");
+      everyLookTakes(std::chrono::milliseconds(0));
+      EXPECT_EQ(seen, "Die Datenbank ist gerade gesperrt…");
+      EXPECT_EQ(windows().back(), "close frmOptionen");
+      EXPECT_EQ(progressCaption(), "");
+    });
+    press("cmdOptionen");
+    EXPECT_EQ(boxes(), Boxes{});
+  });
 }
 
 TEST_F(DialogTwoHostsTest, AReaderIsWaitedForAtTheCommit) {

@@ -54,6 +54,7 @@ class ForwardingConnection : public PlainConnection {
     real().RequireTransactions(tables);
   }
   void OnLockWait(LockWait* told) override { real().OnLockWait(told); }
+  LockWait* ToldOfLockWait() const override { return real().ToldOfLockWait(); }
   std::int32_t TextLimit(const std::string& table, const std::string& column) override {
     return real().TextLimit(table, column);
   }

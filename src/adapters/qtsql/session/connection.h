@@ -62,6 +62,7 @@ class SqlConnection final : public Connection {
   void RequireTransactions(const std::vector<std::string>& tables) override;
   void LockTable(const std::string& table) override;
   void OnLockWait(LockWait* told) override;
+  LockWait* ToldOfLockWait() const override { return told_; }
   std::int32_t TextLimit(const std::string& table, const std::string& column) override;
   void BeginTrans() override;
   void CommitTrans() override;
