@@ -7,6 +7,8 @@
 #include <vexnumkr/error.h>
 
 #include "app/sample_database.h"
+#include "support/faults/engine_waits.h"
+#include "support/other_writer.h"
 
 namespace vexnumkr::app {
 namespace {
@@ -137,6 +139,59 @@ TEST_F(Settings, OfAFileThatIsNoDatabaseFail) {
   file.close();
   EXPECT_EQ(get("A", "0"), "0");
   EXPECT_THROW(save("A", "1"), Error);
+}
+
+class Told final : public LockWait {
+ public:
+  explicit Told(test::OtherWriter& other) : other_(other) {}
+  void Begins() override { ++waits; }
+  void Lasts() override {
+    if (!released_) other_.release();
+    released_ = true;
+  }
+  void Ends() noexcept override {}
+
+  int waits = 0;
+
+ private:
+  test::OtherWriter& other_;
+  bool released_ = false;
+};
+
+TEST_F(Settings, TellOfTheirWaitsWhoeverIsToldOfThoseOfTheConnection) {
+  save("A", "1");
+  test::OtherWriter other(ownFile());
+  Told told(other);
+  connection_->OnLockWait(&told);
+  store_.Init(0, *connection_);
+  save("A", "2");
+  EXPECT_EQ(told.waits, 1);
+  EXPECT_EQ(get("A"), "2");
+}
+
+// Once for all settings, and what could not be read is not overwritten by what is shown instead.
+TEST_F(Settings, OfALockedFileFailAtTheBeginningAndAreLeftAlone) {
+  constexpr std::int32_t busy = 5;
+  constexpr std::int32_t objectNotSet = 91;
+  const auto numberOf = [](const std::function<void()>& call) {
+    try {
+      call();
+    } catch (const Error& error) {
+      return error.number();
+    }
+    return 0;
+  };
+  save("A", "1");
+  test::OtherWriter other(ownFile(), "EXCLUSIVE");
+  const test::EngineWaits waits;
+  EXPECT_EQ(numberOf([&] { store_.Init(0, *connection_); }), busy);
+  EXPECT_EQ(numberOf([&] { get("A"); }), objectNotSet);
+  EXPECT_EQ(numberOf([&] { save("A", "0"); }), objectNotSet);
+  EXPECT_EQ(waits.milliseconds(), 5000);
+  other.release();
+  EXPECT_EQ(numberOf([&] { save("A", "0"); }), objectNotSet);
+  store_.Init(0, *connection_);
+  EXPECT_EQ(get("A"), "1");
 }
 
 TEST_F(Settings, OfADatabaseInMemoryLieInIt) {

@@ -61,11 +61,16 @@ std::optional<Setting> find(Connection& connection, const std::string& section,
   return found;
 }
 
+// Of a SQLite file that somebody else has locked.
+constexpr std::int32_t busy = 5;
+
+// A file that is locked has its table for all we know.
 bool hasTable(Connection& connection) {
   try {
     execute(connection, "SELECT COUNT(*) AS Anzahl FROM Einstellungen");
     return true;
-  } catch (const Error&) {
+  } catch (const Error& error) {
+    if (error.number() == busy) throw;
     return false;
   }
 }
@@ -74,6 +79,7 @@ bool exists(const std::string& file) { return QFileInfo::exists(QString::fromStd
 
 std::unique_ptr<Connection> openFile(Connection& host, const std::string& file) {
   auto connection = host.createConnection();
+  connection->OnLockWait(host.ToldOfLockWait());
   connection->ConnectionString(sqliteConnectionString(file));
   connection->Open("", "", ado::unspecified);
   return connection;
@@ -90,9 +96,13 @@ std::string settingsFile(const std::string& databaseFile) {
 
 void TableSettings::Init(std::int32_t, Connection& connection) {
   own_.reset();
-  host_ = &connection;
+  host_ = nullptr;
   file_ = ownFile(connection.ConnectionString());
-  if (!file_.empty() && exists(file_)) own_ = openFile(connection, file_);
+  if (!file_.empty() && exists(file_)) {
+    own_ = openFile(connection, file_);
+    hasTable(*own_);  // a file that is locked is waited for once, and not for each setting
+  }
+  host_ = &connection;
 }
 
 Connection* TableSettings::stored() {

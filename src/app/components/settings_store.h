@@ -16,7 +16,8 @@ namespace vexnumkr::app {
 /// engines in the database of the connection.
 class TableSettings : public SettingsStore {
  public:
-  /// Errors: the engine's, for a settings file that cannot be opened.
+  /// Errors: the engine's, for a settings file that cannot be opened, or that somebody else keeps
+  /// locked; that is as if Init had not been called.
   void Init(std::int32_t reserved, Connection& connection) override;
   /// Without a settings table every setting has its default. Errors: 91 before Init; the engine's.
   void GetSetting(const std::string& section, const std::string& key, std::string& value,
