@@ -29,11 +29,21 @@ QPalette darkPalette() {
   return palette;
 }
 
+// Menus and drop-down lists stand out from the lists below them, though nothing dark casts a shadow
+// on them.
+QPalette raisedPalette() {
+  QPalette palette = darkPalette();
+  palette.setColor(QPalette::Base, QColor(60, 60, 65));
+  return palette;
+}
+
 }  // namespace
 
 void makeDark() {
   QApplication::setStyle(QStringLiteral("Fusion"));
   QApplication::setPalette(darkPalette());
+  QApplication::setPalette(raisedPalette(), "QMenu");
+  QApplication::setPalette(raisedPalette(), "QComboBoxListView");
   QToolTip::setPalette(darkPalette());
 }
 
