@@ -189,10 +189,8 @@ void ManualTour::planSaving() {
 // The value that was changed before has its mark.
 void ManualTour::planHints() {
   then(mainDialog, [](QWidget& dialog) {
-    editLine(dialog, 3);
-    app::press(dialog, Qt::Key_Tab);
-    app::press(dialog, Qt::Key_Tab);
-    type(dialog, QStringLiteral("12269999"));
+    editLine(dialog, 4);
+    type(dialog, QStringLiteral("2265000"));
   });
   upperPart(QStringLiteral("hinweise"), 8);
   then(mainDialog, [](QWidget& dialog) {
