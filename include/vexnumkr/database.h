@@ -31,6 +31,7 @@ inline constexpr std::int32_t openKeyset = 1;
 inline constexpr std::int32_t lockReadOnly = 1;
 inline constexpr std::int32_t lockOptimistic = 3;
 inline constexpr std::int32_t commandText = 1;
+inline constexpr std::int32_t repeatableRead = 65536;
 inline constexpr std::int32_t isolated = 1048576;
 inline constexpr std::int32_t unspecified = -1;
 }  // namespace ado
@@ -138,7 +139,9 @@ class VEXNUMKR_API Connection {
   virtual std::string ConnectionString() const = 0;
   virtual void ConnectionString(const std::string& text) = 0;
 
-  /// The isolation of transactions begun from now on; the component uses ado::isolated.
+  /// The isolation of transactions begun from now on; the component uses ado::isolated. One of
+  /// ado::repeatableRead reads only, all of it as it was stored at one moment, whatever others
+  /// store meanwhile; the number library asks for it, and does without it where that fails.
   virtual std::int32_t IsolationLevel() const = 0;
   virtual void IsolationLevel(std::int32_t level) = 0;
 
@@ -193,7 +196,7 @@ class VEXNUMKR_API Connection {
 
   /// Transactions do not nest: beginning a second one, or ending one that is not open, is an error.
   /// What is read before a transaction has changed anything, or LockTable was called, may be read
-  /// outside of it, so that nothing is locked meanwhile.
+  /// outside of it, so that nothing is locked meanwhile; but for one of ado::repeatableRead.
   virtual void BeginTrans() = 0;
   virtual void CommitTrans() = 0;
   virtual void RollbackTrans() = 0;

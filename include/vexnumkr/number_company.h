@@ -5,6 +5,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -87,10 +88,19 @@ struct VEXNUMKR_API Company {
 };
 
 /// Reads the five tables; texts are ordered by code points, whatever the engine's collation is. A
-/// transaction is not needed and none is begun; who needs a picture of one moment reads in his own.
+/// transaction is not needed and none is begun; who needs a picture of one moment, which a save
+/// meanwhile would spoil, reads in readAtOneMoment.
 ///
 /// Errors: 5 for an application other than 1 and 2; the engine's; 13 and 6 for a number that is
 /// none.
 VEXNUMKR_API Company readCompany(Connection& connection, std::int32_t application);
+
+/// Runs `work` so that all that it reads on `connection` is as it was stored at one moment,
+/// whatever others store meanwhile. It must not change anything. Nobody waits for it; but where
+/// one who reads keeps a file from being written, as on SQLite, others store when it has ended. A
+/// connection that refuses transactions of ado::repeatableRead (with 3251) reads without one.
+///
+/// REQUIRES: no transaction runs on `connection`. Errors: the engine's, and what `work` raises.
+VEXNUMKR_API void readAtOneMoment(Connection& connection, const std::function<void()>& work);
 
 }  // namespace vexnumkr::numbers

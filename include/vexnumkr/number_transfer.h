@@ -56,8 +56,8 @@ struct ImportPlan {
   bool isPossible() const { return broken.empty(); }
 };
 
-/// What storeCompany would do, as the database is now. Changes nothing. Errors: 5 for an
-/// application other than 1 and 2; the engine's.
+/// What storeCompany would do, as the database is now. Changes nothing. REQUIRES: no transaction
+/// runs on `connection`. Errors: 5 for an application other than 1 and 2; the engine's.
 VEXNUMKR_API ImportPlan planImport(Connection& connection, const Company& wanted,
                                    const TransferOptions& options);
 

@@ -52,7 +52,10 @@ numbers::Company Session::company() {
   Connection& database = connection();
   Progress progress("Nummernkreise werden gelesen …");
   progress.show();
-  return numbers::readCompany(database, application());
+  numbers::Company company;
+  numbers::readAtOneMoment(database,
+                           [&] { company = numbers::readCompany(database, application()); });
+  return company;
 }
 
 std::string Session::readConnectionText() const {

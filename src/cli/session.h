@@ -39,7 +39,8 @@ class Session {
   /// the connection cannot be read. Errors: UsageError when none is named.
   std::string missingFile() const;
 
-  /// What the database holds, read anew; a terminal is told of it. Errors: of readCompany.
+  /// What the database holds at one moment, read anew; a terminal is told of it. Errors: of
+  /// readCompany.
   numbers::Company company();
 
   /// 1 where none is named.

@@ -105,6 +105,8 @@ struct Engine {
   /// What begins a transaction of isolation ado::unspecified, and of ado::isolated.
   Statements begin;
   Statements beginIsolated;
+  /// What begins one that reads what was stored at one moment, and changes nothing.
+  Statements beginReading;
   const char* commit;
   const char* rollback;
   /// Whether the engine itself refuses to begin a second transaction and to end one that is none.

@@ -1,24 +1,27 @@
 #include "numbers/transaction.h"
 
+#include <vexnumkr/number_company.h>
+
 #include "engines/engines.h"
 
 namespace vexnumkr::numbers {
 namespace {
 
-class EngineIsolation {
+// Another isolation as long as this lives.
+class Isolation {
  public:
-  explicit EngineIsolation(Connection& connection)
+  Isolation(Connection& connection, std::int32_t level)
       : connection_(connection), before_(connection.IsolationLevel()) {
-    if (before_ != ado::unspecified) connection_.IsolationLevel(ado::unspecified);
+    if (before_ != level) connection_.IsolationLevel(level);
   }
-  ~EngineIsolation() {
+  ~Isolation() {
     try {
-      if (before_ != ado::unspecified) connection_.IsolationLevel(before_);
+      if (connection_.IsolationLevel() != before_) connection_.IsolationLevel(before_);
     } catch (const Error&) {  // then it is as the engine has it
     }
   }
-  EngineIsolation(const EngineIsolation&) = delete;
-  EngineIsolation& operator=(const EngineIsolation&) = delete;
+  Isolation(const Isolation&) = delete;
+  Isolation& operator=(const Isolation&) = delete;
 
  private:
   Connection& connection_;
@@ -33,10 +36,34 @@ void rollBackQuietly(Connection& connection) {
   }
 }
 
+// Whether a transaction that reads one moment has begun. What keeps it from that on a connection of
+// the host's own is no reason to read nothing.
+bool beginsReading(Connection& connection) {
+  try {
+    const Isolation isolation(connection, ado::repeatableRead);
+    connection.BeginTrans();
+    return true;
+  } catch (const Error& error) {
+    if (error.number() != error_number::notAvailable) throw;
+    return false;
+  }
+}
+
 }  // namespace
 
+void readAtOneMoment(Connection& connection, const std::function<void()>& work) {
+  if (!beginsReading(connection)) return work();
+  try {
+    work();
+  } catch (...) {
+    rollBackQuietly(connection);
+    throw;
+  }
+  connection.RollbackTrans();
+}
+
 void inTransaction(Connection& connection, Ending ending, const std::function<void()>& work) {
-  const EngineIsolation isolation(connection);
+  const Isolation isolation(connection, ado::unspecified);
   connection.BeginTrans();
   try {
     work();

@@ -108,6 +108,21 @@ TEST_P(DatabaseContract, AnIsolationLevelThatDoesNotExistIsAnError) {
             0);
 }
 
+TEST_P(DatabaseContract, ATransactionOfRepeatableReadsReads) {
+  run("INSERT INTO Werte (Nr, Zahl) VALUES (1, 10)");
+  conn->IsolationLevel(ado::repeatableRead);
+  EXPECT_EQ(conn->IsolationLevel(), ado::repeatableRead);
+  conn->BeginTrans();
+  EXPECT_EQ(rows("SELECT Nr FROM Werte", {"Nr"}), Texts{"1"});
+  EXPECT_NE(errorOf([&] { conn->BeginTrans(); }).number(), 0);
+  conn->CommitTrans();
+  conn->BeginTrans();
+  EXPECT_EQ(rows("SELECT Nr FROM Werte", {"Nr"}), Texts{"1"});
+  conn->RollbackTrans();
+  run("INSERT INTO Werte (Nr, Zahl) VALUES (2, 20)");
+  EXPECT_EQ(rows("SELECT Nr FROM Werte ORDER BY Nr", {"Nr"}), (Texts{"1", "2"}));
+}
+
 TEST_P(DatabaseContract, OthersReadWhatWasBeforeWhileATransactionRuns) {
   run("INSERT INTO Werte (Nr, Zahl) VALUES (1, 10)");
   const auto other = database->connect();

@@ -24,6 +24,27 @@ TEST_F(ServerSessions, BothConnectionsAreSerializable) {
   conn->RollbackTrans();
 }
 
+TEST_F(ServerSessions, ATransactionOfRepeatableReadsSeesWhatWasStoredAtOneMoment) {
+  run("INSERT INTO Kreise VALUES (1, 'alt', 0)");
+  run("CREATE TABLE Weitere (Nr INTEGER)");
+  const HostsDatabase host(database);
+  for (const auto& connection : {conn, borrowQtSqlConnection(host.get())}) {
+    connection->IsolationLevel(ado::repeatableRead);
+    connection->BeginTrans();
+    EXPECT_EQ(test::rows(*connection, "SELECT Text FROM Kreise", {"Text"}), Texts{"'alt'"});
+    const auto other = open();
+    test::run(*other, "UPDATE Kreise SET Text = 'neu'");
+    test::run(*other, "INSERT INTO Weitere VALUES (1)");
+    EXPECT_EQ(test::rows(*connection, "SELECT Nr FROM Weitere", {"Nr"}), Texts{});
+    EXPECT_NE(errorOf(*connection, "DELETE FROM Weitere").number(), 0) << "it only reads";
+    EXPECT_EQ(test::rows(*connection, "SELECT Text FROM Kreise", {"Text"}), Texts{"'alt'"});
+    connection->CommitTrans();
+    EXPECT_EQ(test::rows(*connection, "SELECT Text FROM Kreise", {"Text"}), Texts{"'neu'"});
+    test::run(*other, "DELETE FROM Weitere");
+    test::run(*other, "UPDATE Kreise SET Text = 'alt'");
+  }
+}
+
 TEST_F(ServerSessions, WhoHasChangedSomethingSeesUnderTheLockWhatIsStoredByThen) {
   run("INSERT INTO Kreise VALUES (1, 'alt', 0)");
   conn->IsolationLevel(ado::isolated);

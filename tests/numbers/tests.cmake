@@ -19,6 +19,7 @@ function(vexnumkr_numbers_test name label)
 endfunction()
 
 vexnumkr_test(numbers/masks_test LABEL unit LINKS vexnumkr_numbers)
+vexnumkr_numbers_test(company_test unit)
 vexnumkr_numbers_test(draw_test unit)
 
 add_executable(drawing_program numbers/drawing_program.cpp)

@@ -68,6 +68,10 @@ std::string limit(std::int32_t seconds) {
 constexpr std::array begin = {"START TRANSACTION"};
 constexpr std::array beginIsolated = {
     "SET TRANSACTION ISOLATION LEVEL SERIALIZABLE; START TRANSACTION"};
+// Its moment is this one, not that of the first select.
+constexpr std::array beginReading = {
+    "SET TRANSACTION ISOLATION LEVEL REPEATABLE READ; "
+    "START TRANSACTION WITH CONSISTENT SNAPSHOT, READ ONLY"};
 
 std::string withoutTransactions(const std::string& tables) {
   return "SELECT t.TABLE_NAME, t.ENGINE, CONCAT('ALTER TABLE ', t.TABLE_NAME, ' ENGINE = InnoDB') "
@@ -218,6 +222,7 @@ const Engine mariadb = {
     .wholeEncoding = "utf8mb4",
     .begin = begin,
     .beginIsolated = beginIsolated,
+    .beginReading = beginReading,
     .commit = "COMMIT",
     .rollback = "ROLLBACK",
     .guardsTransactions = false,

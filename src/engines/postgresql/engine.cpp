@@ -43,6 +43,8 @@ std::string limit(std::int32_t seconds) {
 
 constexpr std::array begin = {"BEGIN; SAVEPOINT vexnumkr"};
 constexpr std::array beginIsolated = {"BEGIN ISOLATION LEVEL SERIALIZABLE; SAVEPOINT vexnumkr"};
+constexpr std::array beginReading = {
+    "BEGIN ISOLATION LEVEL REPEATABLE READ READ ONLY; SAVEPOINT vexnumkr"};
 // A serializable transaction goes on seeing what was stored at its first statement, and fails where
 // it changes what others have changed since.
 constexpr std::array beginBeforeLocking = {
@@ -160,6 +162,7 @@ const Engine postgresql = {
     .wholeEncoding = "UTF8",
     .begin = begin,
     .beginIsolated = beginIsolated,
+    .beginReading = beginReading,
     .commit = "RELEASE SAVEPOINT vexnumkr; COMMIT",
     .rollback = "ROLLBACK",
     .guardsTransactions = false,

@@ -109,6 +109,7 @@ const Engine sqlite = {
     .wholeEncoding = nullptr,
     .begin = begin,
     .beginIsolated = begin,
+    .beginReading = begin,
     .commit = "COMMIT",
     .rollback = "ROLLBACK",
     .guardsTransactions = true,

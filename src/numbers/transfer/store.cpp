@@ -123,7 +123,9 @@ void requireStored(Connection& connection, const Company& wanted, const Transfer
 
 ImportPlan planImport(Connection& connection, const Company& wanted,
                       const TransferOptions& options) {
-  return Comparison(connection, wanted, options).plan();
+  ImportPlan plan;
+  readAtOneMoment(connection, [&] { plan = Comparison(connection, wanted, options).plan(); });
+  return plan;
 }
 
 ImportPlan storeCompany(Connection& connection, const Company& wanted,

@@ -15,7 +15,7 @@ namespace {
 
 // All engines have this one.
 void requireIsolation(std::int32_t level) {
-  if (level == ado::unspecified || level == ado::isolated) return;
+  if (level == ado::unspecified || level == ado::repeatableRead || level == ado::isolated) return;
   throw failure(error_number::notAvailable,
                 "Die Isolationsstufe " + std::to_string(level) + " gibt es nicht.");
 }

@@ -104,9 +104,9 @@ class SqlSession {
   std::int32_t textLimit(const std::string& table, const std::string& column);
 
   /// Begins a transaction. On the engine it begins with the first statement that may change
-  /// something, or with lockTable: until then nothing is locked, and no reading grows old. Where
-  /// the connection was lost before, a new one is opened first; where that fails too, none has
-  /// begun.
+  /// something, or with lockTable: until then nothing is locked, and no reading grows old. One of
+  /// ado::repeatableRead begins at once. Where the connection was lost before, a new one is opened
+  /// first; where that fails too, none has begun.
   void begin(std::int32_t isolation);
   /// After a failed commit the transaction still runs or can only be rolled back, as after any
   /// other failure.

@@ -16,8 +16,10 @@ void SqlSession::begin(std::int32_t isolation) {
     requireSameFile();
     requireNone();
     learnRules();
+    // What reads one moment has to be there before the first select.
+    if (isolation_ == ado::repeatableRead) beginNow(engine_->beginReading);
   });
-  beginsLater_ = true;
+  beginsLater_ = isolation_ != ado::repeatableRead;
 }
 
 // Whoever knows that it is lost has just tried to open it again.
