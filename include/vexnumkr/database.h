@@ -43,7 +43,9 @@ class VEXNUMKR_API Recordset {
  public:
   virtual ~Recordset() = default;
 
-  /// Where the rows are kept while the recordset is open; set before Open.
+  /// Where the rows are kept while the recordset is open; set before Open. With ado::useServer, and
+  /// opened forward only for reading, a recordset of a great many rows may keep but a few of them
+  /// at a time: it goes forward only, and until it is closed its connection does nothing else.
   virtual std::int32_t CursorLocation() const = 0;
   virtual void CursorLocation(std::int32_t location) = 0;
 
@@ -56,7 +58,8 @@ class VEXNUMKR_API Recordset {
   /// always when the select found none.
   virtual bool EndOfFile() const = 0;
 
-  /// MoveFirst on an empty recordset and MoveNext at its end: error 3021.
+  /// MoveFirst on an empty recordset and MoveNext at its end: error 3021. MoveFirst where the first
+  /// rows are no longer kept: error 3251.
   virtual void MoveFirst() = 0;
   virtual void MoveNext() = 0;
 
