@@ -107,6 +107,9 @@ struct Engine {
   Statements beginIsolated;
   /// What begins one that reads what was stored at one moment, and changes nothing.
   Statements beginReading;
+  /// What goes before a select to make it a cursor of the running transaction called vexnumkr_rows;
+  /// null where the client libraries hand rows over one by one.
+  const char* declareCursor;
   const char* commit;
   const char* rollback;
   /// Whether the engine itself refuses to begin a second transaction and to end one that is none.

@@ -114,4 +114,44 @@ TEST_P(DatabaseContract, ARecordsetGoesOnWhileOtherStatementsRun) {
   EXPECT_EQ(rest(*second, {"Nr"}), (Texts{"2", "1"}));
 }
 
+// More rows than an implementation would keep at once.
+TEST_P(DatabaseContract, RowsThatStayOnTheServerComeOneAfterTheOther) {
+  constexpr int count = 1 << 15;
+  run("INSERT INTO Werte (Nr, Zahl) VALUES (0, 7)");
+  for (int rows = 1; rows < count; rows *= 2)
+    run("INSERT INTO Werte (Nr, Zahl) SELECT Nr + " + std::to_string(rows) + ", 7 FROM Werte");
+  const auto readAll = [&] {
+    const auto found = conn->createRecordset();
+    found->CursorLocation(ado::useServer);
+    found->Open("SELECT Nr FROM Werte ORDER BY Nr", *conn, ado::openForwardOnly, ado::lockReadOnly,
+                ado::unspecified);
+    found->MoveFirst();
+    int expected = 0;
+    for (; !found->EndOfFile(); found->MoveNext(), ++expected)
+      if (found->Fields("nr").toLong() != expected) break;
+    EXPECT_EQ(expected, count);
+    EXPECT_EQ(errorOf([&] { found->MoveNext(); }).number(), 3021);
+    found->Close();
+  };
+  readAll();
+  conn->IsolationLevel(ado::repeatableRead);
+  conn->BeginTrans();
+  readAll();
+  {
+    const auto half = conn->createRecordset();
+    half->Open("SELECT Nr FROM Werte", *conn, ado::openForwardOnly, ado::lockReadOnly,
+               ado::unspecified);
+    half->MoveNext();
+  }
+  EXPECT_EQ(rows("SELECT COUNT(*) AS Anzahl FROM Werte", {"Anzahl"}), Texts{std::to_string(count)});
+  const auto wrong = conn->createRecordset();
+  EXPECT_EQ(errorOf([&] {
+              wrong->Open("SELECT * FROM GibtEsNicht", *conn, ado::openForwardOnly,
+                          ado::lockReadOnly, ado::unspecified);
+            }).number(),
+            GetParam().numbers.unknownTable);
+  readAll();
+  conn->CommitTrans();
+}
+
 }  // namespace vexnumkr::test

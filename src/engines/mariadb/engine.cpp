@@ -223,6 +223,7 @@ const Engine mariadb = {
     .begin = begin,
     .beginIsolated = beginIsolated,
     .beginReading = beginReading,
+    .declareCursor = nullptr,
     .commit = "COMMIT",
     .rollback = "ROLLBACK",
     .guardsTransactions = false,

@@ -45,6 +45,9 @@ constexpr std::array begin = {"BEGIN; SAVEPOINT vexnumkr"};
 constexpr std::array beginIsolated = {"BEGIN ISOLATION LEVEL SERIALIZABLE; SAVEPOINT vexnumkr"};
 constexpr std::array beginReading = {
     "BEGIN ISOLATION LEVEL REPEATABLE READ READ ONLY; SAVEPOINT vexnumkr"};
+// All rows will be read, so it is planned for that.
+constexpr const char* declareCursor =
+    "SET LOCAL cursor_tuple_fraction = 1; DECLARE vexnumkr_rows NO SCROLL CURSOR FOR ";
 // A serializable transaction goes on seeing what was stored at its first statement, and fails where
 // it changes what others have changed since.
 constexpr std::array beginBeforeLocking = {
@@ -163,6 +166,7 @@ const Engine postgresql = {
     .begin = begin,
     .beginIsolated = beginIsolated,
     .beginReading = beginReading,
+    .declareCursor = declareCursor,
     .commit = "RELEASE SAVEPOINT vexnumkr; COMMIT",
     .rollback = "ROLLBACK",
     .guardsTransactions = false,

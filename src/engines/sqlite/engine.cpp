@@ -110,6 +110,7 @@ const Engine sqlite = {
     .begin = begin,
     .beginIsolated = begin,
     .beginReading = begin,
+    .declareCursor = nullptr,
     .commit = "COMMIT",
     .rollback = "ROLLBACK",
     .guardsTransactions = true,

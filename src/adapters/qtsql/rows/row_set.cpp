@@ -33,9 +33,10 @@ bool isAscii(std::string_view text) {
 
 }  // namespace
 
-RowSet::RowSet(QSqlQuery& query, const Substituted& substituted) : header_(query.record()) {
+RowSet::RowSet(QSqlQuery& query, const Substituted& substituted, std::size_t most)
+    : header_(query.record()) {
   width_ = visible_ = static_cast<std::size_t>(header_.count());
-  for (std::size_t row = 0; query.next(); ++row) {
+  for (std::size_t row = 0; row < most && query.next(); ++row) {
     for (int column = 0; column < header_.count(); ++column) {
       cells_.push_back(query.value(column));
       if (substituted && hasSubstitute(cells_.back()))

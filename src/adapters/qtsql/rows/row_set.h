@@ -18,10 +18,12 @@ namespace vexnumkr::qtsql {
 class RowSet {
  public:
   RowSet() = default;
-  /// Reads all rows of `query`, which has just been executed. `substituted` is called for each text
-  /// with a substitute character in it, with its row and column, while its row is the query's.
+  /// Reads the rows of `query`, which has just been executed, or its further rows, but not more
+  /// than `most`. `substituted` is called for each text with a substitute character in it, with its
+  /// row and column, while its row is the query's.
   using Substituted = std::function<void(std::size_t row, std::size_t column)>;
-  explicit RowSet(QSqlQuery& query, const Substituted& substituted = {});
+  static constexpr std::size_t all = static_cast<std::size_t>(-1);
+  explicit RowSet(QSqlQuery& query, const Substituted& substituted = {}, std::size_t most = all);
 
   std::size_t rowCount() const { return width_ == 0 ? 0 : cells_.size() / width_; }
   /// Without the hidden columns.

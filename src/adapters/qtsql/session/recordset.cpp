@@ -4,9 +4,15 @@
 #include "adapters/qtsql/rows/field_value.h"
 #include "adapters/qtsql/session/connection.h"
 #include "adapters/qtsql/session/keyed_select.h"
+#include "adapters/qtsql/session/row_blocks.h"
 #include "adapters/qtsql/session/session.h"
 
 namespace vexnumkr::qtsql {
+
+SqlRecordset::SqlRecordset() = default;
+SqlRecordset::SqlRecordset(RowSet rows) : isOpen_(true), rows_(std::move(rows)) {}
+SqlRecordset::~SqlRecordset() = default;
+SqlRecordset& SqlRecordset::operator=(SqlRecordset&& other) noexcept = default;
 
 void SqlRecordset::CursorLocation(std::int32_t location) {
   if (isOpen_) throw recordsetOpen();
@@ -23,6 +29,10 @@ void SqlRecordset::Open(const std::string& source, Connection& connection, std::
     KeyedSelect found = selectWithKeys(*session, statement);
     rows_ = std::move(found.rows);
     keys_ = std::move(found.keys);
+  } else if (cursorLocation_ == ado::useServer && cursorType == ado::openForwardOnly &&
+             lockType == ado::lockReadOnly) {
+    blocks_ = std::make_unique<RowBlocks>(session, statement);
+    rows_ = std::move(blocks_->first());
   } else {
     rows_ = session->read(statement);
   }
@@ -37,6 +47,8 @@ bool SqlRecordset::EndOfFile() const {
 
 void SqlRecordset::MoveFirst() {
   requireOpen();
+  if (isBehindFirst_)
+    throw failure(error_number::notAvailable, "Die ersten Datensätze sind nicht mehr da.");
   if (rows_.rowCount() == 0) throw Error::noCurrentRecord();
   current_ = 0;
 }
@@ -44,6 +56,14 @@ void SqlRecordset::MoveFirst() {
 void SqlRecordset::MoveNext() {
   requireRow();
   ++current_;
+  if (blocks_ && current_ == rows_.rowCount()) readOn();
+}
+
+void SqlRecordset::readOn() {
+  rows_ = blocks_->next();
+  current_ = 0;
+  isBehindFirst_ = true;
+  if (rows_.rowCount() == 0) blocks_.reset();
 }
 
 Value SqlRecordset::Fields(std::string_view name) const {

@@ -16,18 +16,25 @@
 
 namespace vexnumkr::qtsql {
 
+class RowBlocks;
 class SqlSession;
 
-/// All rows are kept in memory, whatever the cursor location, so it can be read after its
-/// connection was closed; writing then is error 3704, as is everything after its own Close.
+/// All rows are kept in memory, so it can be read after its connection was closed; writing then is
+/// error 3704, as is everything after its own Close. With ado::useServer, opened forward only for
+/// reading, some of them are kept at a time, on an engine with cursors while a transaction runs.
 ///
 /// Values set are seen at once and stay with their row, also while another row is the current one,
 /// until an Update of that row succeeds.
 class SqlRecordset final : public Recordset {
  public:
-  SqlRecordset() = default;
+  SqlRecordset();
+  ~SqlRecordset() override;
+  SqlRecordset(const SqlRecordset&) = delete;
+  SqlRecordset& operator=(const SqlRecordset&) = delete;
+  SqlRecordset(SqlRecordset&&) = delete;
+  SqlRecordset& operator=(SqlRecordset&& other) noexcept;
   /// Open on the first of `rows`, for reading.
-  explicit SqlRecordset(RowSet rows) : isOpen_(true), rows_(std::move(rows)) {}
+  explicit SqlRecordset(RowSet rows);
 
   std::int32_t CursorLocation() const override { return cursorLocation_; }
   void CursorLocation(std::int32_t location) override;
@@ -47,10 +54,13 @@ class SqlRecordset final : public Recordset {
   void requireWritable() const;
   std::size_t column(std::string_view name) const;
   std::vector<std::size_t> changedColumns() const;
+  void readOn();
 
   std::int32_t cursorLocation_ = ado::useServer;
   bool isOpen_ = false;
   bool isWritable_ = false;
+  bool isBehindFirst_ = false;         // The first rows are no longer kept.
+  std::unique_ptr<RowBlocks> blocks_;  // Where not all are.
   RowSet rows_;
   std::size_t current_ = 0;
   std::optional<RecordKeys> keys_;

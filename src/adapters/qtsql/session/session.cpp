@@ -10,10 +10,6 @@
 namespace vexnumkr::qtsql {
 namespace {
 
-QString textOf(const Statement& statement, bool inEightBits) {
-  return inEightBits ? toQString(inAscii(statement)) : toQString(statement.text);
-}
-
 // What goes along with a text must not end up inside a literal of it.
 bool takesAppendix(const Statement& statement) { return statement.tokens.back().isClosed; }
 
@@ -120,7 +116,7 @@ SqlSession::Outcome SqlSession::execute(std::string_view text) {
   const bool movesOn =
       inTransaction_ && engine_->recovery == Recovery::savepoint && !statement.onlyReads();
   const bool together = movesOn && takesAppendix(statement);
-  QString sql = textOf(statement, takesEightBits());
+  QString sql = textOf(statement);
   // In a line of its own, which the engine's messages about the statement leave out.
   if (together) sql += QLatin1String("\n; ") + QLatin1String(engine_->afterChange);
   RowSet rows = run(sql);
@@ -141,9 +137,7 @@ Statement SqlSession::passSelect(std::string_view text) {
   return statement;
 }
 
-RowSet SqlSession::read(const Statement& statement) {
-  return read(textOf(statement, takesEightBits()));
-}
+RowSet SqlSession::read(const Statement& statement) { return read(textOf(statement)); }
 
 RowSet SqlSession::read(const QString& text) {
   requireReady();
@@ -232,6 +226,10 @@ std::int32_t SqlSession::textLimit(const std::string& table, const std::string& 
 
 bool SqlSession::takesEightBits() const {
   return driver_.isOdbc() && engine_->odbc->hasEightBitText;
+}
+
+QString SqlSession::textOf(const Statement& statement) const {
+  return takesEightBits() ? toQString(inAscii(statement)) : toQString(statement.text);
 }
 
 void SqlSession::requireReady() {

@@ -75,6 +75,12 @@ class SqlSession {
   RowSet read(const Statement& statement);
   RowSet read(const QString& text);
 
+  /// Runs a select that has passed, of which some rows are kept at a time: these are the first, and
+  /// readFurther returns the next ones, none behind the last. Nothing else is sent until endBlocks.
+  RowSet readFirst(const Statement& statement);
+  RowSet readFurther();
+  void endBlocks();
+
   /// Runs a change with a value for each `?` in it. Returns the number of rows changed.
   std::int32_t change(const QString& text, const QVariantList& values);
   /// Runs a select with a value for each `?` in it that yields one number.
@@ -171,6 +177,7 @@ class SqlSession {
   bool isLost(const QSqlError& error) const;
   bool isGone(const QSqlError& error);
   bool takesEightBits() const;
+  QString textOf(const Statement& statement) const;
 
   const Qt::HANDLE thread_;
   const Driver driver_;
@@ -183,7 +190,9 @@ class SqlSession {
   std::int32_t isolation_ = ado::unspecified;  // Of the transaction.
   LexicalRules rules_;
   bool knowsRules_ = false;
-  std::optional<QSqlQuery> query_;  // One for all: making one costs as much as a short select.
+  std::optional<QSqlQuery> query_;   // One for all: making one costs as much as a short select.
+  std::optional<QSqlQuery> blocks_;  // The one whose rows are read some at a time.
+  bool hasCursor_ = false;           // Of the engine's, in its place.
   StatementGate gate_;
   std::unique_ptr<SqliteClient> sqlite_;  // Where Qt's driver for it is used.
   std::string lackingEncoding_;           // Of the texts that the engine sends; mostly empty.
