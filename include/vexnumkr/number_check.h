@@ -36,7 +36,8 @@ enum class FindingKind {
   maskOfOtherDate,
   /// "Automatisch" fails at it, and so does turning the year.
   maskUnreadable,
-  /// A special range whose numbers are those of a range that its circle does not have.
+  /// A special range whose numbers are those of a range that its circle does not have. Nothing is
+  /// drawn from it.
   sharedRangeMissing,
   /// A special range is switched on and has no ranges yet.
   specialRangeUnused,
@@ -51,6 +52,8 @@ enum class FindingKind {
   userAmbiguous,
   /// Of an import only: numbers that are issued would be issued again.
   numbersReissued,
+  /// Like sharedRangeMissing: the range is there, and nobody uses it.
+  sharedRangeInactive,
 };
 
 /// One thing that is wrong, with the place where it is and the words for it.
@@ -97,6 +100,8 @@ struct VEXNUMKR_API CheckResult {
   std::vector<Finding> findings;
   /// Of the active ranges in order whose own numbers are drawn, in the order of the company.
   std::vector<RangeLevel> levels;
+  /// How many ranges were looked at, those without a level among them.
+  std::size_t checked = 0;
 
   /// How many findings have that severity.
   std::size_t count(Severity severity) const;

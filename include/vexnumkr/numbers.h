@@ -57,12 +57,12 @@ struct Draw {
 
 /// Why no number was drawn.
 enum class DrawFailure : std::int32_t {
-  notAssigned = 3031,   ///< no assignment of this key to the user or to everybody
-  ambiguous = 3032,     ///< several circles have an active range assigned, and none was named
-  rangeMissing = 3033,  ///< the assignment names a range that is not stored
-  rangeInactive = 3034,
-  rangeBroken = 3035,  ///< its values contradict each other, or one is missing
-  exhausted = 3036,    ///< fewer numbers are left than asked for
+  notAssigned = 3031,    ///< no assignment of this key to the user or to everybody
+  ambiguous = 3032,      ///< several circles have an active range assigned, and none was named
+  rangeMissing = 3033,   ///< the assignment names a range that is not stored
+  rangeInactive = 3034,  ///< it, or the range that it draws from, or its special range
+  rangeBroken = 3035,    ///< its values contradict each other, or one is missing
+  exhausted = 3036,      ///< fewer numbers are left than asked for
 };
 
 /// The error of a draw that the ranges do not allow; its number is that of the DrawFailure.
@@ -85,7 +85,8 @@ class VEXNUMKR_API DrawError : public Error {
 ///
 /// The range is the active one assigned to the user, or where the user has no assignment the one
 /// assigned to everybody, in the booking circle of the assignment; a special range (its
-/// `IstNSchlVon` is not empty) draws from the range of that key in the same circle. `AktuellerWert`
+/// `IstNSchlVon` is not empty) draws from the range of that key in the same circle. Neither may be
+/// inactive or one of a special range that is switched off. `AktuellerWert`
 /// is the number last issued; the range's `StartWert` counts as issued.
 ///
 /// A lock that somebody else holds is waited for as long as the adapter waits, up to ten times.

@@ -3,6 +3,7 @@
 
 #include <vexnumkr/numbers.h>
 
+#include "numbers/check/drawable.h"
 #include "numbers/failure.h"
 #include "numbers/origin.h"
 #include "numbers/query.h"
@@ -27,8 +28,7 @@ std::string circleList(const std::vector<std::int32_t>& circles) {
 // An assignment as it is stored, with what decides about its range.
 struct Assignment {
   std::int32_t circle = 0;
-  bool hasRange = false;
-  bool isActive = false;
+  Drawable drawable = Drawable::missing;
   std::string sharedKey;
 };
 
@@ -46,14 +46,39 @@ void requireRequest(const DrawRequest& request) {
                       std::to_string(request.count) + ".");
 }
 
-// In the circle 0 every range is active, whatever is stored.
-Assignment read(const Recordset& row) {
+bool flagOf(const Recordset& row, const char* field) {
+  const Value value = row.Fields(field);
+  return !value.isNull() && value.toBoolean();
+}
+
+// What the row holds of a range, by the names of its fields.
+struct UseFields {
+  const char* key;
+  const char* active;
+  const char* special;
+  const char* switchedOn;
+};
+
+// In the circle 0 every range is active, whatever is stored. Keys are compared once more, since
+// engines may do it loosely.
+std::optional<RangeUse> useOf(const Recordset& row, std::int32_t circle, const std::string& key,
+                              const UseFields& fields) {
+  if (row.Fields(fields.key).isNull() || textOf(row, fields.key) != key) return std::nullopt;
+  return RangeUse{
+      .isActive = circle == 0 || flagOf(row, fields.active),
+      .isSwitchedOff = textOf(row, fields.special) == key && !flagOf(row, fields.switchedOn)};
+}
+
+Assignment read(const Recordset& row, const std::string& key) {
   Assignment found;
   found.circle = row.Fields("Kreis").toLong();
-  found.hasRange = !row.Fields("Bereich").isNull();
-  const Value active = row.Fields("Aktiviert");
-  found.isActive = found.circle == 0 || (!active.isNull() && active.toBoolean());
   found.sharedKey = textOf(row, "IstNSchlVon");
+  const auto range =
+      useOf(row, found.circle, key, {"Bereich", "Aktiviert", "Sonderkreis", "Eingeschaltet"});
+  const auto shared =
+      useOf(row, found.circle, found.sharedKey,
+            {"Gemeinsam", "GemeinsamAktiviert", "GemeinsamSonderkreis", "GemeinsamEingeschaltet"});
+  found.drawable = drawableOf(range, !found.sharedKey.empty(), shared);
   return found;
 }
 
@@ -69,8 +94,8 @@ std::vector<Assignment> assignmentsFor(Connection& connection, const DrawRequest
   for (; !rows->EndOfFile(); rows->MoveNext()) {
     if (textOf(*rows, "Schluessel") != request.key) continue;
     const std::string user = textOf(*rows, "Benutzer");
-    if (user == request.user) own.push_back(read(*rows));
-    if (user == everybody) common.push_back(read(*rows));
+    if (user == request.user) own.push_back(read(*rows, request.key));
+    if (user == everybody) common.push_back(read(*rows, request.key));
   }
   rows->Close();
   std::vector<Assignment>& deciding = own.empty() ? common : own;
@@ -102,14 +127,36 @@ DrawError ambiguous(const DrawRequest& request, const std::vector<Assignment>& f
           circles};
 }
 
-// Those with an active range; where there are none, the first alone, which tells why.
+// Those to draw from; where there are none, the first alone, which tells why.
 std::vector<Assignment> usable(std::vector<Assignment> found) {
-  const auto isUsable = [](const Assignment& one) { return one.hasRange && one.isActive; };
+  const auto isUsable = [](const Assignment& one) { return one.drawable == Drawable::yes; };
   if (std::any_of(found.begin(), found.end(), isUsable))
     std::erase_if(found, [&](const Assignment& one) { return !isUsable(one); });
   else
     found.erase(found.begin() + 1, found.end());
   return found;
+}
+
+void requireDrawable(const Assignment& assignment, const std::string& key) {
+  const std::string name = "Der Nummernkreis " + rangeName(assignment.circle, key);
+  const std::string shared = "Der Nummernkreis " +
+                             rangeName(assignment.circle, assignment.sharedKey) + ", aus dem \"" +
+                             key + "\" zieht,";
+  switch (assignment.drawable) {
+    case Drawable::yes:
+      return;
+    case Drawable::missing:
+      throw DrawError(DrawFailure::rangeMissing, name + " ist zugeordnet, aber nicht gespeichert.");
+    case Drawable::inactive:
+      throw DrawError(DrawFailure::rangeInactive, name + " ist zugeordnet, aber nicht aktiviert.");
+    case Drawable::switchedOff:
+      throw DrawError(DrawFailure::rangeInactive,
+                      name + " ist zugeordnet, aber sein Sonderkreis ist ausgeschaltet.");
+    case Drawable::sharedMissing:
+      throw DrawError(DrawFailure::rangeMissing, shared + " ist nicht gespeichert.");
+    case Drawable::sharedInactive:
+      throw DrawError(DrawFailure::rangeInactive, shared + " ist nicht aktiviert.");
+  }
 }
 
 Target targetOf(Connection& connection, const DrawRequest& request) {
@@ -118,13 +165,7 @@ Target targetOf(Connection& connection, const DrawRequest& request) {
   found = usable(std::move(found));
   if (found.size() > 1) throw ambiguous(request, found);
   const Assignment& assignment = found.front();
-  const std::string name = rangeName(assignment.circle, request.key);
-  if (!assignment.hasRange)
-    throw DrawError(DrawFailure::rangeMissing,
-                    "Der Nummernkreis " + name + " ist zugeordnet, aber nicht gespeichert.");
-  if (!assignment.isActive)
-    throw DrawError(DrawFailure::rangeInactive,
-                    "Der Nummernkreis " + name + " ist zugeordnet, aber nicht aktiviert.");
+  requireDrawable(assignment, request.key);
   return {assignment.circle, assignment.sharedKey.empty() ? request.key : assignment.sharedKey};
 }
 

@@ -1,5 +1,3 @@
-#include <unordered_set>
-
 #include <vexnumkr/error.h>
 #include <vexnumkr/number_rollover.h>
 
@@ -23,13 +21,6 @@ void setValues(Range& range, const MaskNumbers& numbers) {
   range.end = numbers.high;
 }
 
-std::unordered_set<std::string> switchedOffKeys(const Company& company) {
-  std::unordered_set<std::string> keys;
-  for (const SpecialRange& special : company.specialRanges)
-    if (!special.active) keys.insert(special.ownKey);
-  return keys;
-}
-
 void renumber(Connection& connection, const Renumbering& change) {
   const Literals literals(connection);
   const std::int32_t changed =
@@ -43,7 +34,7 @@ void renumber(Connection& connection, const Renumbering& change) {
 RolloverPlan planRollover(const Company& company, const std::string& date) {
   RolloverPlan plan;
   Company after = company;
-  const std::unordered_set<std::string> switchedOff = switchedOffKeys(company);
+  const SwitchedOffKeys switchedOff(company);
   for (Range& range : after.ranges) {
     if (switchedOff.contains(range.key)) continue;
     try {

@@ -134,6 +134,24 @@ TEST(CheckTest, SpecialRangesAreLookedAtWhileTheyAreOn) {
                                       "? specialRangeUnused 0RZ"}));
 }
 
+TEST(CheckTest, RangesThatNobodyUsesIssueNothingToOthersEither) {
+  Company company = companyOf({range(1, "RE", 1, 1, 100), range(1, "RX", 101, 101, 200)});
+  company.ranges[1].sharedKey = "RE";
+  company.users = {"Anna"};
+  company.assignments = {{1, "RX", "ALL"}};
+  EXPECT_EQ(findings(company), Lines{"? userWithoutRange 0 Anna RE"});
+  company.ranges[0].active = false;
+  EXPECT_EQ(findings(company),
+            (Lines{"? sharedRangeInactive 1RX", "? userWithoutRange 0 Anna RX"}));
+  EXPECT_EQ(check(company, options).findings[0].text,
+            "RX, Werk: Der Nummernkreis RE, aus dem gezogen wird, ist in diesem Buchungskreis "
+            "nicht aktiviert.");
+  company.specialRanges = {{"RX", "RE", "Export", false}};
+  EXPECT_EQ(findings(company), Lines{"? assignmentOfInactiveRange 1RX ALL"});
+  EXPECT_EQ(check(company, options).findings[0].text,
+            "Zuordnung von ALL zu RX, Werk: Dieser Sonderkreis ist ausgeschaltet.");
+}
+
 TEST(CheckTest, AssignmentsNeedARangeAndAUser) {
   Company company = companyOf({range(1, "RE", 1, 1, 100), range(2, "RE", 101, 101, 200)});
   company.ranges[1].active = false;
@@ -171,6 +189,11 @@ class NaiveCheck {
       if (special.ownKey == one.key && !special.active) return false;
     return one.active;
   }
+  bool drawable(const Range& one) const {
+    if (!usable(one) || one.sharedKey.empty()) return usable(one);
+    const Range* const shared = find(one.circle, one.sharedKey);
+    return shared != nullptr && usable(*shared);
+  }
   static bool sound(const Range& one) { return *one.start < *one.end; }
 
   void rules(const Range& one) {
@@ -181,11 +204,10 @@ class NaiveCheck {
     if (sound(one) && outside) found_.insert("! currentOutsideRange " + place);
     if (sound(one) && !outside && one.sharedKey.empty()) level(one, place);
     for (const Range& other : company_.ranges) overlap(one, other);
-    const bool shares = !one.sharedKey.empty();
-    bool isThere = false;
-    for (const Range& other : company_.ranges)
-      isThere = isThere || (other.circle == one.circle && other.key == one.sharedKey);
-    if (shares && !isThere) found_.insert("? sharedRangeMissing " + place);
+    if (one.sharedKey.empty()) return;
+    const Range* const shared = find(one.circle, one.sharedKey);
+    if (shared == nullptr) found_.insert("? sharedRangeMissing " + place);
+    if (shared != nullptr && !usable(*shared)) found_.insert("? sharedRangeInactive " + place);
   }
 
   void overlap(const Range& one, const Range& other) {
@@ -255,7 +277,7 @@ class NaiveCheck {
       if (circles.empty()) circles = circlesOf("ALL", key);
       std::erase_if(circles, [&](std::int32_t circle) {
         const Range* const one = find(circle, key);
-        return one == nullptr || !usable(*one);
+        return one == nullptr || !drawable(*one);
       });
       if (circles.size() > 1) {
         ambiguous += " " + key;

@@ -1,8 +1,10 @@
 // Drawing numbers: whose range, which number, and what is said when there is none.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <optional>
 
+#include <vexnumkr/number_check.h>
 #include <vexnumkr/numbers.h>
 
 #include "numbers/numbers_database.h"
@@ -47,6 +49,21 @@ class DrawTest : public NumbersDatabase {
     }
     ADD_FAILURE() << "a number was drawn";
     return std::nullopt;
+  }
+  bool drawsAnything(const DrawRequest& asked) {
+    try {
+      numbers::tryDraw(connection(), asked);
+      return true;
+    } catch (const DrawError&) {
+      return false;
+    }
+  }
+  /// Whether the check has something to say of the range of `key` in circle 1 or its assignments.
+  static bool findsAnything(const numbers::Company& company, const std::string& key) {
+    const auto findings = numbers::check(company, {.date = "20261121"}).findings;
+    return std::any_of(findings.begin(), findings.end(), [&](const numbers::Finding& finding) {
+      return finding.circle == 1 && finding.key == key;
+    });
   }
   DrawFailure failureOf(const DrawRequest& asked) {
     const auto error = refused(asked);
@@ -144,6 +161,55 @@ TEST_F(DrawTest, OneActiveRangeAmongOthersIsTheOne) {
   EXPECT_EQ(drawn(request("Anna", "LS")), 21);
   sql("UPDATE Nummernkreise SET Aktiviert = -1 WHERE NSchl = 'LS'");
   EXPECT_EQ(failureOf(request("Anna", "LS")), DrawFailure::ambiguous);
+}
+
+TEST_F(DrawTest, ASpecialRangeThatIsSwitchedOffIssuesNothing) {
+  range(1, "PF", 1000, 1000, 1999, {.sharedKey = "RE"});
+  special("PF", "RE", true);
+  special("RE", "XX", false, "ORC");  // one of the other application
+  assign("Anna", 1, "PF");
+  EXPECT_EQ(drawn(request("Anna", "PF")), 101);
+  sql("UPDATE Nummernkreis_Sonderkreise SET Aktiviert = 0");
+  const auto error = refused(request("Anna", "PF"));
+  ASSERT_TRUE(error);
+  EXPECT_EQ(error->failure(), DrawFailure::rangeInactive);
+  EXPECT_STREQ(error->what(),
+               "Der Nummernkreis \"PF\" im Buchungskreis 1 ist zugeordnet, aber sein Sonderkreis "
+               "ist ausgeschaltet.");
+}
+
+TEST_F(DrawTest, NothingIsDrawnByWayOfARangeThatNobodyUses) {
+  range(1, "PF", 1000, 1000, 1999, {.sharedKey = "RE"});
+  assign("Anna", 1, "PF");
+  sql("UPDATE Nummernkreise SET Aktiviert = 0 WHERE Buchungskreis = 1 AND NSchl = 'RE'");
+  EXPECT_EQ(failureOf(request("Anna", "PF")), DrawFailure::rangeInactive);
+  assign("Anna", 2, "PF");
+  range(2, "PF", 2000, 2000, 2999, {.sharedKey = "RE"});
+  EXPECT_EQ(drawn(request("Anna", "PF")), 251) << "the other one is ready";
+  sql("DELETE FROM Nummernkreise WHERE NSchl = 'RE'");
+  EXPECT_EQ(failureOf(request("Anna", "PF")), DrawFailure::rangeMissing);
+}
+
+// Every state that a range, the one whose numbers it draws and its special range can be in.
+TEST_F(DrawTest, TheCheckWarnsOfWhatADrawRefuses) {
+  user("Anna");
+  assign("Anna", 1, "PF");
+  special("PF", "RE", true);
+  for (int state = 0; state < 32; ++state) {
+    const bool isActive = (state & 1) != 0;
+    const bool isOn = (state & 2) != 0;
+    const bool isShared = (state & 4) != 0;
+    const bool isThere = (state & 8) != 0;
+    const bool isSharedActive = (state & 16) != 0;
+    sql("DELETE FROM Nummernkreise WHERE Buchungskreis = 1");
+    range(1, "PF", 1000, 1000, 1999, {.active = isActive, .sharedKey = isShared ? "RE" : ""});
+    if (isThere) range(1, "RE", 100, 100, 199, {.active = isSharedActive});
+    sql(std::string("UPDATE Nummernkreis_Sonderkreise SET Aktiviert = ") + (isOn ? "-1" : "0"));
+    const auto company = numbers::readCompany(connection(), 1);
+    const bool isDrawn = drawsAnything(request("Anna", "PF"));
+    EXPECT_EQ(isDrawn, !findsAnything(company, "PF")) << state;
+    EXPECT_EQ(isDrawn, isActive && isOn && (!isShared || (isThere && isSharedActive))) << state;
+  }
 }
 
 TEST_F(DrawTest, AssignmentsThatDoNotCountAreNone) {

@@ -16,16 +16,14 @@ using KeyNumber = std::uint32_t;
 // The number keys and the ranges under numbers, since there may be a great many assignments.
 class RangeDirectory {
  public:
-  explicit RangeDirectory(const Company& company) {
+  explicit RangeDirectory(const Company& company) : switchedOff_(company) {
     for (const Range& range : company.ranges) {
       const KeyNumber key = numbers_.try_emplace(range.key, next()).first->second;
       ranges_.emplace(place(range.circle, key), &range);
     }
-    for (const Range* range : checkedRanges(company)) {
-      const KeyNumber key = numbers_.at(range->key);
-      usable_.insert(place(range->circle, key));
-      if (usableKeys_.insert(key).second) keys_.push_back(range->key);
-    }
+    std::unordered_set<KeyNumber> known;
+    for (const Range* range : checkedRanges(company))
+      if (known.insert(numbers_.at(range->key)).second) keys_.push_back(range->key);
     std::sort(keys_.begin(), keys_.end());
   }
 
@@ -35,12 +33,18 @@ class RangeDirectory {
     const auto range = ranges_.find(place(circle, number->second));
     return range == ranges_.end() ? nullptr : range->second;
   }
-  bool isUsable(const Range& range) const {
-    return usable_.contains(place(range.circle, numbers_.at(range.key)));
+  /// As a draw sees the range, which may be null.
+  Drawable drawable(const Range* range) const {
+    if (range == nullptr) return Drawable::missing;
+    const Range* const shared =
+        range->sharedKey.empty() ? nullptr : find(range->circle, range->sharedKey);
+    return drawableOf(
+        useOf(*range, switchedOff_), !range->sharedKey.empty(),
+        shared == nullptr ? std::nullopt : std::optional(useOf(*shared, switchedOff_)));
   }
   /// Those of numberOf are below it.
   std::size_t keyCount() const { return numbers_.size(); }
-  /// The keys with a range to draw from, ascending.
+  /// The keys with a range in use, ascending.
   const std::vector<std::string>& usableKeys() const { return keys_; }
   std::optional<KeyNumber> numberOf(const std::string& key) const {
     const auto found = numbers_.find(key);
@@ -55,8 +59,7 @@ class RangeDirectory {
 
   std::unordered_map<std::string, KeyNumber> numbers_;
   std::unordered_map<std::uint64_t, const Range*> ranges_;
-  std::unordered_set<std::uint64_t> usable_;
-  std::unordered_set<KeyNumber> usableKeys_;
+  SwitchedOffKeys switchedOff_;
   std::vector<std::string> keys_;
 };
 
@@ -75,15 +78,15 @@ struct Drawer {
 
 // What the assignments of one range have in common.
 struct Place {
-  const Range* range = nullptr;
-  bool isUsable = false;
+  Drawable drawable = Drawable::missing;
   std::optional<KeyNumber> key{};  ///< where assignments to it count
 };
 
 class AssignmentCheck {
  public:
-  AssignmentCheck(const Company& company, std::vector<Finding>& findings)
-      : company_(company), directory_(company), findings_(findings) {
+  AssignmentCheck(const Company& company, const RangeDirectory& directory,
+                  std::vector<Finding>& findings)
+      : company_(company), directory_(directory), findings_(findings) {
     circles_.insert(0);
     for (const Circle& circle : company.circles) circles_.insert(circle.number);
     for (const std::string& user : company.users) drawers_[user].isUser = true;
@@ -108,24 +111,25 @@ class AssignmentCheck {
   // Assignments in circles of others do not count, nor do those of keys that there are none of.
   Place placeOf(const Assignment& assignment) const {
     Place place;
-    place.range = directory_.find(assignment.circle, assignment.key);
-    place.isUsable = place.range != nullptr && directory_.isUsable(*place.range);
+    place.drawable = directory_.drawable(directory_.find(assignment.circle, assignment.key));
     if (circles_.contains(assignment.circle)) place.key = directory_.numberOf(assignment.key);
     return place;
   }
 
   void examine(const Assignment& assignment, const Place& place) {
-    if (place.range == nullptr) {
+    if (place.drawable == Drawable::missing)
       add(assignment, FindingKind::assignmentWithoutRange,
           "Diesen Nummernkreis gibt es nicht (mehr).");
-    } else if (!place.isUsable) {
+    if (place.drawable == Drawable::inactive)
       add(assignment, FindingKind::assignmentOfInactiveRange,
           "Dieser Nummernkreis ist nicht aktiviert.");
-    }
+    if (place.drawable == Drawable::switchedOff)
+      add(assignment, FindingKind::assignmentOfInactiveRange,
+          "Dieser Sonderkreis ist ausgeschaltet.");
     Drawer& drawer = drawers_[assignment.user];
     if (!drawer.isUser && assignment.user != everybody)
       add(assignment, FindingKind::assignmentWithoutUser, "Diesen Benutzer gibt es nicht (mehr).");
-    if (place.key) count(drawer, *place.key, place.isUsable);
+    if (place.key) count(drawer, *place.key, place.drawable == Drawable::yes);
   }
 
   void count(Drawer& drawer, KeyNumber key, bool isUsable) const {
@@ -190,20 +194,25 @@ class AssignmentCheck {
   }
 
   const Company& company_;
-  RangeDirectory directory_;
+  const RangeDirectory& directory_;
   std::unordered_set<std::int32_t> circles_;
   std::unordered_map<std::string, Drawer> drawers_;
   std::vector<Finding>& findings_;
 };
 
-void addSharedRanges(const Company& company, std::vector<Finding>& findings) {
+void addSharedRanges(const Company& company, const RangeDirectory& directory,
+                     std::vector<Finding>& findings) {
   for (const Range* range : checkedRanges(company)) {
-    if (range->sharedKey.empty() || company.find(range->circle, range->sharedKey) != nullptr)
-      continue;
-    findings.push_back(findingAt(*range, FindingKind::sharedRangeMissing, Severity::warning,
-                                 describe(company, *range) + ": Der Nummernkreis " +
-                                     range->sharedKey +
-                                     ", aus dem gezogen wird, fehlt in diesem Buchungskreis."));
+    const Drawable drawable = directory.drawable(range);
+    if (drawable == Drawable::yes) continue;
+    const bool isMissing = drawable == Drawable::sharedMissing;
+    findings.push_back(findingAt(
+        *range, isMissing ? FindingKind::sharedRangeMissing : FindingKind::sharedRangeInactive,
+        Severity::warning,
+        describe(company, *range) + ": Der Nummernkreis " + range->sharedKey +
+            ", aus dem gezogen wird, " +
+            (isMissing ? "fehlt in diesem Buchungskreis."
+                       : "ist in diesem Buchungskreis nicht aktiviert.")));
   }
 }
 
@@ -224,9 +233,10 @@ void addSpecialRanges(const Company& company, std::vector<Finding>& findings) {
 }  // namespace
 
 void addAssignments(const Company& company, std::vector<Finding>& findings) {
-  addSharedRanges(company, findings);
+  const RangeDirectory directory(company);
+  addSharedRanges(company, directory, findings);
   addSpecialRanges(company, findings);
-  AssignmentCheck(company, findings).run();
+  AssignmentCheck(company, directory, findings).run();
 }
 
 }  // namespace vexnumkr::numbers

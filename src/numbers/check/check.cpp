@@ -1,5 +1,4 @@
 #include <algorithm>
-#include <unordered_set>
 
 #include <vexnumkr/number_check.h>
 
@@ -13,13 +12,20 @@ std::size_t CheckResult::count(Severity severity) const {
                     [&](const Finding& finding) { return finding.severity == severity; }));
 }
 
-std::vector<const Range*> checkedRanges(const Company& company) {
-  std::unordered_set<std::string> switchedOff;
+SwitchedOffKeys::SwitchedOffKeys(const Company& company) {
   for (const SpecialRange& special : company.specialRanges)
-    if (!special.active) switchedOff.insert(special.ownKey);
+    if (!special.active) keys_.insert(special.ownKey);
+}
+
+RangeUse useOf(const Range& range, const SwitchedOffKeys& switchedOff) {
+  return {.isActive = range.active, .isSwitchedOff = switchedOff.contains(range.key)};
+}
+
+std::vector<const Range*> checkedRanges(const Company& company) {
+  const SwitchedOffKeys switchedOff(company);
   std::vector<const Range*> ranges;
   for (const Range& range : company.ranges)
-    if (range.active && !switchedOff.contains(range.key)) ranges.push_back(&range);
+    if (useOf(range, switchedOff).isUsed()) ranges.push_back(&range);
   return ranges;
 }
 
@@ -42,6 +48,7 @@ Finding findingAt(const Range& range, FindingKind kind, Severity severity, std::
 CheckResult check(const Company& company, const CheckOptions& options) {
   const std::vector<const Range*> ranges = checkedRanges(company);
   CheckResult result;
+  result.checked = ranges.size();
   addBrokenRules(company, ranges, result.findings);
   addLevels(company, ranges, options, result);
   addMasks(company, ranges, options, result.findings);
@@ -77,7 +84,8 @@ const char* nameOf(FindingKind kind) {
                                           "assignmentWithoutUser",
                                           "userWithoutRange",
                                           "userAmbiguous",
-                                          "numbersReissued"};
+                                          "numbersReissued",
+                                          "sharedRangeInactive"};
   return names[static_cast<std::size_t>(kind)];
 }
 

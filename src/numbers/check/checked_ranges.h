@@ -2,11 +2,26 @@
 #pragma once
 
 #include <string>
+#include <unordered_set>
 #include <vector>
 
 #include <vexnumkr/number_check.h>
 
+#include "numbers/check/drawable.h"
+
 namespace vexnumkr::numbers {
+
+/// The keys of the special ranges that are switched off.
+class SwitchedOffKeys {
+ public:
+  explicit SwitchedOffKeys(const Company& company);
+  bool contains(const std::string& key) const { return keys_.contains(key); }
+
+ private:
+  std::unordered_set<std::string> keys_;
+};
+
+RangeUse useOf(const Range& range, const SwitchedOffKeys& switchedOff);
 
 /// Active, and not of a special range that is switched off; in the order of the company.
 std::vector<const Range*> checkedRanges(const Company& company);

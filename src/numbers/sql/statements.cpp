@@ -16,14 +16,23 @@ std::string assignedRanges(const Literals& literals, const std::string& origin,
                            std::optional<std::int32_t> circle) {
   const std::string herkunft = literals.text(origin);
   return "SELECT Z.Buchungskreis AS Kreis, Z.Benutzer AS Benutzer, Z.NSchl AS Schluessel, "
-         "N.NSchl AS Bereich, N.Aktiviert AS Aktiviert, N.IstNSchlVon AS IstNSchlVon "
+         "N.NSchl AS Bereich, N.Aktiviert AS Aktiviert, N.IstNSchlVon AS IstNSchlVon, "
+         "S.U_NSchl AS Sonderkreis, S.Aktiviert AS Eingeschaltet, G.NSchl AS Gemeinsam, "
+         "G.Aktiviert AS GemeinsamAktiviert, T.U_NSchl AS GemeinsamSonderkreis, "
+         "T.Aktiviert AS GemeinsamEingeschaltet "
          "FROM (SELECT Buchungskreis FROM Nummernkreis_Buchungskreise WHERE Herkunft = " +
          herkunft +
          " UNION SELECT 0) K JOIN Nummernkreis_Zuordnung Z ON Z.Buchungskreis = K.Buchungskreis "
          "AND Z.NSchl = " +
          literals.text(key) + " AND Z.Benutzer IN (" + literals.text(user) +
          ", 'ALL') AND Z.Herkunft = " + herkunft +
-         " LEFT JOIN Nummernkreise N ON N.Buchungskreis = Z.Buchungskreis AND N.NSchl = Z.NSchl" +
+         " LEFT JOIN Nummernkreise N ON N.Buchungskreis = Z.Buchungskreis AND N.NSchl = Z.NSchl "
+         "LEFT JOIN Nummernkreis_Sonderkreise S ON S.Herkunft = " +
+         herkunft +
+         " AND S.U_NSchl = N.NSchl LEFT JOIN Nummernkreise G ON G.Buchungskreis = N.Buchungskreis "
+         "AND G.NSchl = RTRIM(N.IstNSchlVon) "
+         "LEFT JOIN Nummernkreis_Sonderkreise T ON T.Herkunft = " +
+         herkunft + " AND T.U_NSchl = G.NSchl" +
          (circle ? " WHERE Z.Buchungskreis = " + Literals::number(*circle) : std::string());
 }
 

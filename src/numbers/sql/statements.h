@@ -15,7 +15,9 @@ namespace vexnumkr::numbers::statement {
 
 /// The assignments of a key to a user and to everybody, in the circles of the origin and in the
 /// standard circle, each with its range where that is stored: Kreis, Benutzer, Schluessel, and of
-/// the range Bereich (its key, NULL where there is none), Aktiviert, IstNSchlVon.
+/// the range Bereich (its key, NULL where there is none), Aktiviert, IstNSchlVon, and where it is
+/// one of a special range Sonderkreis (its key) and Eingeschaltet; the same of the range of
+/// IstNSchlVon: Gemeinsam, GemeinsamAktiviert, GemeinsamSonderkreis, GemeinsamEingeschaltet.
 std::string assignedRanges(const Literals& literals, const std::string& origin,
                            const std::string& user, const std::string& key,
                            std::optional<std::int32_t> circle);
