@@ -47,13 +47,24 @@ struct TransferOptions {
 VEXNUMKR_API std::vector<Change> differences(const Company& stored, const Company& wanted,
                                              const TransferOptions& options);
 
+/// A row that the database could not hold, or in which it would mean nothing: with a key that is
+/// empty, too long or the host's own, or a circle, key or user that there will not be.
+struct ImportFault {
+  ChangedTable table = ChangedTable::circles;
+  std::size_t row = 0;  ///< of the company asked for, from 0
+  std::string text{};   ///< for people (German)
+};
+
 /// What storing would do, and what speaks against it.
 struct ImportPlan {
   std::vector<Change> changes;
   /// The rules that would be broken afterwards, then the ranges that would issue numbers again.
   std::vector<Finding> broken;
+  /// Of the rows that would change. What is stored already is not judged: assignments, for one,
+  /// outlive what they point to.
+  std::vector<ImportFault> faults;
 
-  bool isPossible() const { return broken.empty(); }
+  bool isPossible() const { return broken.empty() && faults.empty(); }
 };
 
 /// What storeCompany would do, as the database is now. Changes nothing. REQUIRES: no transaction

@@ -2,6 +2,8 @@
 
 #include <ostream>
 
+#include "cli/printable.h"
+
 namespace vexnumkr::cli {
 
 Json describedRules(const std::vector<numbers::Finding>& broken) {
@@ -16,7 +18,7 @@ Json describedRules(const std::vector<numbers::Finding>& broken) {
 
 void printRules(Session& session, const std::vector<numbers::Finding>& broken) {
   for (const numbers::Finding& finding : broken)
-    session.out() << "FEHLER  " << finding.text << '\n';
+    session.out() << "FEHLER  " << printable(finding.text) << '\n';
 }
 
 }  // namespace vexnumkr::cli

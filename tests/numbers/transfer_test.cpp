@@ -37,6 +37,8 @@ class TransferTest : public NumbersDatabase {
     range(2, "RE", 200, 220, 299);
     range(7, "RE", 700, 700, 799);
     range(1, "LM", 1, 1, 9);
+    user("Anna");
+    user("O'Neill");
     assign("ALL", 1, "RE");
     assign("O'Neill", 2, "RE");
     assign("Anna", 7, "RE", "ORC");
@@ -202,6 +204,26 @@ TEST_F(TransferTest, WhatTheDialogWouldRefuseIsRefusedWithAllOfIt) {
   EXPECT_EQ(everything(), before);
 }
 
+TEST_F(TransferTest, RowsThatMeanNothingAreRefusedUnlessTheyAreStored) {
+  assign("Niemand", 1, "ZZ");
+  Company wanted = company();
+  wanted.ranges[1].mask = "1N";
+  EXPECT_TRUE(numbers::planImport(connection(), wanted, {}).faults.empty());
+  wanted.assignments.push_back({3, "RE", "Max"});
+  wanted.circles.push_back({-1, "Neu"});
+  const Lines before = everything();
+  const auto plan = numbers::storeCompany(connection(), wanted, {});
+  Lines faults;
+  for (const auto& fault : plan.faults)
+    faults.push_back(std::to_string(static_cast<int>(fault.table)) + "/" +
+                     std::to_string(fault.row) + " " + fault.text);
+  EXPECT_EQ(faults, (Lines{"0/2 Ein Buchungskreis hat eine Nummer ab 1, nicht -1.",
+                           "2/3 Den Buchungskreis 3 gibt es nicht.",
+                           "2/3 Den Benutzer \"Max\" gibt es nicht."}));
+  EXPECT_FALSE(plan.isPossible());
+  EXPECT_EQ(everything(), before);
+}
+
 TEST_F(TransferTest, ANumberDrawnMeanwhileStaysDrawn) {
   if (isSqlite()) GTEST_SKIP() << "there is one writer at a time";
   Company wanted = company();
@@ -228,10 +250,9 @@ TEST_F(TransferTest, AFailureInTheMiddleChangesNothing) {
   numbers::SpecialRange tooLong{"RY", "RE", "Sonder", true};
   tooLong.ownKey = std::string(300, 'x');
   wanted.specialRanges.push_back(tooLong);
-  if (isSqlite()) sql("DROP TABLE Nummernkreis_Sonderkreise");
-  if (isSqlite())
-    sql("CREATE TABLE Nummernkreis_Sonderkreise (U_NSchl TEXT CHECK (length(U_NSchl) < 20), NSchl "
-        "TEXT, NBezeichnung TEXT, Aktiviert SMALLINT, Herkunft TEXT)");
+  sql("DROP TABLE Nummernkreis_Sonderkreise");
+  sql("CREATE TABLE Nummernkreis_Sonderkreise (U_NSchl VARCHAR(500) CHECK (length(U_NSchl) < 20), "
+      "NSchl VARCHAR(10), NBezeichnung VARCHAR(60), Aktiviert SMALLINT, Herkunft VARCHAR(3))");
   const Lines before = everything();
   EXPECT_THROW(numbers::storeCompany(connection(), wanted, {}), Error);
   EXPECT_EQ(everything(), before);

@@ -3,19 +3,18 @@
 #include <fstream>
 #include <memory>
 #include <ostream>
-#include <set>
 
 #include <vexnumkr/number_transfer.h>
 
 #include "cli/broken_rules.h"
 #include "cli/commands/commands.h"
 #include "cli/exit_status.h"
+#include "cli/printable.h"
 #include "cli/text_table.h"
 #include "cli/transfer/change_text.h"
-#include "cli/transfer/company_csv.h"
 #include "cli/transfer/company_json.h"
 #include "cli/transfer/company_tables.h"
-#include "cli/transfer/file_content.h"
+#include "cli/transfer/wanted_file.h"
 #include "cli/usage_error.h"
 
 namespace vexnumkr::cli {
@@ -32,41 +31,8 @@ struct TransferOptions {
   std::string format = "json";
 };
 
-// What a file says twice could be stored once only.
-template <class Row, class KeyOf>
-void requireEachOnce(const std::vector<Row>& rows, const char* what, KeyOf&& keyOf) {
-  std::set<std::string> keys;
-  for (const Row& row : rows)
-    if (const std::string key = keyOf(row); !keys.insert(key).second)
-      throw UsageError(std::string("In der Datei steht zweimal: ") + what + " " + key + ".");
-}
-
-void requireEachOnce(const Company& company) {
-  const auto number = [](std::int32_t value) { return std::to_string(value); };
-  requireEachOnce(company.circles, "Buchungskreis",
-                  [&](const numbers::Circle& row) { return number(row.number); });
-  requireEachOnce(company.ranges, "Nummernkreis", [&](const numbers::Range& row) {
-    return row.key + ", Buchungskreis " + number(row.circle);
-  });
-  requireEachOnce(company.specialRanges, "Sonderkreis",
-                  [](const numbers::SpecialRange& row) { return row.ownKey; });
-}
-
-// A folder holds the tables of export --format csv.
-Company readWanted(const Session& session, const TransferOptions& options) {
-  std::error_code none;
-  Company wanted = std::filesystem::is_directory(options.file, none)
-                       ? companyInFolder(options.file, session.application())
-                       : companyOf(contentOf(options.file));
-  if (wanted.application != session.application())
-    throw UsageError("Die Datei ist von der Anwendung " + std::to_string(wanted.application) +
-                     ", nicht von " + std::to_string(session.application()) + ".");
-  requireEachOnce(wanted);
-  return wanted;
-}
-
 void printText(Session& session, const std::vector<Change>& changes) {
-  for (const Change& change : changes) session.out() << textOf(change) << '\n';
+  for (const Change& change : changes) session.out() << printable(textOf(change)) << '\n';
 }
 
 Json listOf(const std::vector<Change>& changes) {
@@ -114,7 +80,7 @@ int runExport(Session& session, const TransferOptions& options) {
 }
 
 int runDiff(Session& session, const TransferOptions& options) {
-  const Company wanted = readWanted(session, options);
+  const Company wanted = readWantedCompany(session, options.file).company;
   numbers::TransferOptions all = options.transfer;
   all.removeOthers = true;
   const Company stored = session.company();
@@ -129,11 +95,12 @@ int runDiff(Session& session, const TransferOptions& options) {
 }
 
 int runImport(Session& session, const TransferOptions& options) {
-  const Company wanted = readWanted(session, options);
+  const WantedCompany wanted = readWantedCompany(session, options.file);
   Connection& connection = session.connection();
   const ImportPlan plan = session.dryRun()
-                              ? numbers::planImport(connection, wanted, options.transfer)
-                              : numbers::storeCompany(connection, wanted, options.transfer);
+                              ? numbers::planImport(connection, wanted.company, options.transfer)
+                              : numbers::storeCompany(connection, wanted.company, options.transfer);
+  requireNoFaults(wanted, plan.faults);
   const bool stored = plan.isPossible() && !session.dryRun();
   if (session.json()) {
     session.printDocument({{"stored", stored},
@@ -146,7 +113,8 @@ int runImport(Session& session, const TransferOptions& options) {
                       : plan.changes.empty()
                           ? std::string("Kein Unterschied; es ist nichts zu tun.")
                       : stored ? countOf(plan.changes) + " gespeichert."
-                               : countOf(plan.changes) + " stünden an.")
+                               : countOf(plan.changes) +
+                                     (plan.changes.size() == 1 ? " stünde an." : " stünden an."))
                   << '\n';
   }
   return plan.isPossible() ? exit_status::fine : exit_status::findings;

@@ -1,15 +1,17 @@
 #include "cli/transfer/company_json.h"
 
 #include <algorithm>
+#include <set>
 #include <tuple>
 #include <utility>
 
-#include "cli/usage_error.h"
+#include "cli/transfer/faults.h"
 
 namespace vexnumkr::cli {
 namespace {
 
 using numbers::Assignment;
+using numbers::ChangedTable;
 using numbers::Circle;
 using numbers::Company;
 using numbers::Range;
@@ -73,65 +75,88 @@ Json specialRangesOf(const Company& company) {
   return list;
 }
 
-// One object of a list, with its place for messages.
+// A text as it is read back: without trailing blanks, which some columns are filled with.
+std::string withoutTrailingBlanks(std::string text) {
+  text.erase(text.find_last_not_of(' ') + 1);
+  return text;
+}
+
+// One object, with its place for messages. What is missing or not as it should be is a fault, and
+// read as nothing.
 class Row {
  public:
-  Row(const Json& object, std::string place) : object_(object), place_(std::move(place)) {
-    if (!object.is_object()) fail("ist kein Objekt");
+  Row(const Json& object, std::string place, Faults& faults)
+      : object_(object), place_(std::move(place)), faults_(faults) {
+    if (!object.is_object()) fault("ist kein Objekt");
   }
 
-  std::int32_t number(const char* name) const {
-    const auto value = optionalNumber(name);
-    if (!value) fail(std::string("hat keine Zahl \"") + name + "\"");
-    return *value;
+  const std::string& place() const { return place_; }
+
+  std::int32_t number(const char* name) {
+    const Json* const member = find(name);
+    if (isObject() && (member == nullptr || member->is_null()))
+      fault(std::string("hat keine Zahl \"") + name + "\"");
+    return optionalNumber(name).value_or(0);
   }
-  std::optional<std::int32_t> optionalNumber(const char* name) const {
-    const auto member = object_.find(name);
-    if (member == object_.end() || member->is_null()) return std::nullopt;
-    if (!fits(*member)) fail(std::string("hat in \"") + name + "\" keine Zahl mit 32 Bit");
-    return member->get<std::int32_t>();
+  std::optional<std::int32_t> optionalNumber(const char* name) {
+    const Json* const member = find(name);
+    if (member == nullptr || member->is_null()) return std::nullopt;
+    if (fits(*member)) return member->get<std::int32_t>();
+    fault(std::string("hat in \"") + name + "\" keine Zahl mit 32 Bit");
+    return std::nullopt;
   }
-  std::string text(const char* name) const {
-    const auto member = object_.find(name);
-    if (member == object_.end() || !member->is_string())
-      fail(std::string("hat keinen Text \"") + name + "\"");
-    return member->get<std::string>();
+  std::string text(const char* name) {
+    const Json* const member = find(name);
+    if (member != nullptr && member->is_string())
+      return withoutTrailingBlanks(member->get<std::string>());
+    if (isObject()) fault(std::string("hat keinen Text \"") + name + "\"");
+    return {};
   }
-  bool flag(const char* name) const {
-    const auto member = object_.find(name);
-    if (member == object_.end() || !member->is_boolean())
-      fail(std::string("hat kein true oder false \"") + name + "\"");
-    return member->get<bool>();
+  bool flag(const char* name) {
+    const Json* const member = find(name);
+    if (member != nullptr && member->is_boolean()) return member->get<bool>();
+    if (isObject()) fault(std::string("hat kein true oder false \"") + name + "\"");
+    return false;
+  }
+  /// The members of a list, which has to be there.
+  const Json& list(const char* name) {
+    static const Json none = Json::array();
+    const Json* const member = find(name);
+    if (member != nullptr && member->is_array()) return *member;
+    if (isObject()) fault(std::string("hat keine Liste \"") + name + "\"");
+    return none;
+  }
+  void mayHave(const char* name) { known_.insert(name); }
+  /// A member that nobody has asked for is one that was misspelt.
+  void requireNoOthers() {
+    if (!isObject()) return;
+    for (const auto& [name, value] : object_.items())
+      if (!known_.contains(name)) fault("hat \"" + name + "\", was hier niemand kennt");
   }
 
  private:
+  bool isObject() const { return object_.is_object(); }
+  const Json* find(const char* name) {
+    known_.insert(name);
+    if (!isObject()) return nullptr;
+    const auto member = object_.find(name);
+    return member == object_.end() ? nullptr : &*member;
+  }
   // A number without a sign may be too large for one with a sign.
   static bool fits(const Json& number) {
     if (number.is_number_unsigned())
       return std::in_range<std::int32_t>(number.get<std::uint64_t>());
     return number.is_number_integer() && std::in_range<std::int32_t>(number.get<std::int64_t>());
   }
-
-  [[noreturn]] void fail(const std::string& what) const {
-    throw UsageError("Die Datei ist so nicht zu verwenden: " + place_ + " " + what + ".");
-  }
+  void fault(const std::string& what) { faults_.add(place_ + " " + what + "."); }
 
   const Json& object_;
   std::string place_;
+  Faults& faults_;
+  std::set<std::string> known_;
 };
 
-template <class Read>
-void forEachRow(const Json& document, const char* list, Read&& read) {
-  const auto rows = document.find(list);
-  if (rows == document.end() || !rows->is_array())
-    throw UsageError(std::string("Die Datei ist so nicht zu verwenden: Es fehlt die Liste \"") +
-                     list + "\".");
-  std::size_t at = 0;
-  for (const Json& row : *rows)
-    read(Row(row, std::string(list) + "[" + std::to_string(at++) + "]"));
-}
-
-Range rangeOf(const Row& row) {
+Range rangeOf(Row& row) {
   Range range;
   range.circle = row.number("circle");
   range.key = row.text("key");
@@ -144,6 +169,27 @@ Range rangeOf(const Row& row) {
   range.sharedKey = row.text("sharedKey");
   range.mask = row.text("mask");
   return range;
+}
+
+Circle circleOf(Row& row) { return {row.number("number"), row.text("description")}; }
+
+Assignment assignmentOf(Row& row) {
+  return {row.number("circle"), row.text("key"), row.text("user")};
+}
+
+SpecialRange specialRangeOf(Row& row) {
+  return {row.text("ownKey"), row.text("key"), row.text("description"), row.flag("active")};
+}
+
+template <class Entry, class Read>
+void readList(Row& document, const char* name, std::vector<Entry>& entries,
+              std::vector<std::string>& places, Faults& faults, Read&& read) {
+  for (const Json& object : document.list(name)) {
+    Row row(object, std::string(name) + "[" + std::to_string(entries.size()) + "]", faults);
+    entries.push_back(read(row));
+    places.push_back(row.place());
+    row.requireNoOthers();
+  }
 }
 
 // What is nested deeper than any document of ours would be walked through call by call, and take
@@ -183,23 +229,25 @@ Json documentOf(const Company& company, bool withCurrent) {
           {"specialRanges", specialRangesOf(company)}};
 }
 
-Company companyOf(const std::string& text) {
+WantedCompany companyOf(const std::string& text) {
   const Json document = parsed(text);
   requireFormat(document);
-  Company company;
-  company.application = Row(document, "Die Datei").number("application");
-  forEachRow(document, "circles", [&](const Row& row) {
-    company.circles.push_back({row.number("number"), row.text("description")});
-  });
-  forEachRow(document, "ranges", [&](const Row& row) { company.ranges.push_back(rangeOf(row)); });
-  forEachRow(document, "assignments", [&](const Row& row) {
-    company.assignments.push_back({row.number("circle"), row.text("key"), row.text("user")});
-  });
-  forEachRow(document, "specialRanges", [&](const Row& row) {
-    company.specialRanges.push_back(
-        {row.text("ownKey"), row.text("key"), row.text("description"), row.flag("active")});
-  });
-  return company;
+  Faults faults;
+  Row root(document, "Die Datei", faults);
+  for (const char* const name : {"format", "version"}) root.mayHave(name);
+  WantedCompany wanted;
+  Company& company = wanted.company;
+  company.application = root.number("application");
+  readList(root, "circles", company.circles, wanted.placesIn(ChangedTable::circles), faults,
+           circleOf);
+  readList(root, "ranges", company.ranges, wanted.placesIn(ChangedTable::ranges), faults, rangeOf);
+  readList(root, "assignments", company.assignments, wanted.placesIn(ChangedTable::assignments),
+           faults, assignmentOf);
+  readList(root, "specialRanges", company.specialRanges,
+           wanted.placesIn(ChangedTable::specialRanges), faults, specialRangeOf);
+  root.requireNoOthers();
+  faults.raise();
+  return wanted;
 }
 
 }  // namespace vexnumkr::cli

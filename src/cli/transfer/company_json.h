@@ -6,6 +6,7 @@
 #include <vexnumkr/number_company.h>
 
 #include "cli/json.h"
+#include "cli/transfer/wanted_company.h"
 
 namespace vexnumkr::cli {
 
@@ -13,8 +14,8 @@ namespace vexnumkr::cli {
 /// wanted.
 Json documentOf(const numbers::Company& company, bool withCurrent);
 
-/// The company in a document. Error: UsageError for a text that is no such document, with the place
-/// in it.
-numbers::Company companyOf(const std::string& text);
+/// The company in a document, its texts without trailing blanks. Error: UsageError for a text that
+/// is no such document, with all its faults and their places.
+WantedCompany companyOf(const std::string& text);
 
 }  // namespace vexnumkr::cli

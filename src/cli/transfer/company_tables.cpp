@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <fstream>
 
+#include "cli/transfer/csv_rows.h"
 #include "cli/usage_error.h"
 
 namespace vexnumkr::cli {
@@ -40,6 +41,11 @@ CompanyTable rangeTable(const Company& company, bool withCurrent) {
   return table;
 }
 
+// Whose settings these are; nothing else says so.
+CompanyTable applicationTable(const Company& company) {
+  return {"Anwendung", {"Anwendung"}, {true}, {{std::to_string(company.application)}}};
+}
+
 CompanyTable circleTable(const Company& company) {
   CompanyTable table{"Buchungskreise", {"Buchungskreis", "Beschreibung"}, {true, false}, {}};
   for (const auto& circle : company.circles)
@@ -65,8 +71,6 @@ CompanyTable specialTable(const Company& company) {
   return table;
 }
 
-// A spreadsheet takes a text that begins like a formula for one, unless it stands in quotes behind
-// an apostrophe; that would change the text, so it is only put in quotes.
 std::string csvCell(const std::string& text) {
   if (text.find_first_of(";\"\r\n") == std::string::npos) return text;
   std::string cell = "\"";
@@ -77,6 +81,16 @@ std::string csvCell(const std::string& text) {
 void writeLine(std::ostream& out, const std::vector<std::string>& cells) {
   for (std::size_t i = 0; i < cells.size(); ++i) out << (i == 0 ? "" : ";") << csvCell(cells[i]);
   out << "\r\n";
+}
+
+void writeTable(std::ostream& out, const CompanyTable& table) {
+  out << byteOrderMark;
+  writeLine(out, table.headings);
+  for (std::vector<std::string> row : table.rows) {
+    for (std::size_t i = 0; i < row.size(); ++i)
+      if (!table.isNumber[i]) row[i] = harmlessText(row[i]);
+    writeLine(out, row);
+  }
 }
 
 void writeSheet(lxw_worksheet* sheet, lxw_format* bold, const CompanyTable& table) {
@@ -105,8 +119,8 @@ void writeSheet(lxw_worksheet* sheet, lxw_format* bold, const CompanyTable& tabl
 }  // namespace
 
 std::vector<CompanyTable> tablesOf(const Company& company, bool withCurrent) {
-  return {rangeTable(company, withCurrent), circleTable(company), assignmentTable(company),
-          specialTable(company)};
+  return {applicationTable(company), rangeTable(company, withCurrent), circleTable(company),
+          assignmentTable(company), specialTable(company)};
 }
 
 void writeCsv(const std::string& folder, const std::vector<CompanyTable>& tables) {
@@ -115,8 +129,7 @@ void writeCsv(const std::string& folder, const std::vector<CompanyTable>& tables
   for (const CompanyTable& table : tables) {
     const std::string file = (std::filesystem::path(folder) / (table.name + ".csv")).string();
     std::ofstream out(file, std::ios::binary);
-    writeLine(out, table.headings);
-    for (const auto& row : table.rows) writeLine(out, row);
+    writeTable(out, table);
     out.close();
     if (!out) throw UsageError("Die Datei " + file + " ist nicht zu schreiben.");
   }

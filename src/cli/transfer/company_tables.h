@@ -16,11 +16,12 @@ struct CompanyTable {
   std::vector<std::vector<std::string>> rows;
 };
 
-/// Nummernkreise, Buchungskreise, Zuordnungen and Sonderkreise.
+/// Anwendung, with its number, Nummernkreise, Buchungskreise, Zuordnungen and Sonderkreise.
 std::vector<CompanyTable> tablesOf(const numbers::Company& company, bool withCurrent);
 
-/// Writes each table as NAME.csv into `folder`, which is made where it is missing: UTF-8,
-/// semicolons, texts in double quotes where they need them. Error: UsageError.
+/// Writes each table as NAME.csv into `folder`, which is made where it is missing: UTF-8 behind a
+/// byte order mark, semicolons, texts in double quotes where they need them, and none that a
+/// spreadsheet would compute (csv_rows.h). Error: UsageError.
 void writeCsv(const std::string& folder, const std::vector<CompanyTable>& tables);
 
 /// Writes the tables as the sheets of one workbook. Error: UsageError.

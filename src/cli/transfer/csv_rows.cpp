@@ -8,8 +8,15 @@
 namespace vexnumkr::cli {
 namespace {
 
-// What spreadsheets write in front of UTF-8.
-constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
+// Whether a spreadsheet computes what begins so.
+bool beginsFormula(char c) {
+  return std::string_view("=+-@\t\r").find(c) != std::string_view::npos;
+}
+
+// An apostrophe that is one of ours, or would be taken for one.
+bool isEscaped(std::string_view cell) {
+  return cell.size() > 1 && cell[0] == '\'' && (cell[1] == '\'' || beginsFormula(cell[1]));
+}
 
 class CsvReader {
  public:
@@ -72,6 +79,13 @@ class CsvReader {
 };
 
 }  // namespace
+
+std::string harmlessText(const std::string& text) {
+  const bool isFormula = !text.empty() && beginsFormula(text.front());
+  return isFormula || isEscaped(text) ? "'" + text : text;
+}
+
+std::string writtenText(const std::string& cell) { return isEscaped(cell) ? cell.substr(1) : cell; }
 
 std::vector<CsvRow> csvRows(std::string_view content, const std::string& file) {
   if (!QUtf8StringView(content.data(), static_cast<qsizetype>(content.size())).isValidUtf8())

@@ -15,6 +15,14 @@ struct CsvRow {
   std::vector<std::string> cells;
 };
 
+/// What spreadsheets take for UTF-8, at the beginning of a file.
+inline constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
+
+/// A text as a cell: one that a spreadsheet would take for a formula stands behind an apostrophe,
+/// which writtenText takes away again.
+std::string harmlessText(const std::string& text);
+std::string writtenText(const std::string& cell);
+
 /// The rows of `content` but for empty lines: cells between semicolons, texts in double quotes
 /// where they need them, quotes inside doubled. A byte order mark is passed over. Error: UsageError
 /// for a quote that does not end and for what is no UTF-8, named by `file`.

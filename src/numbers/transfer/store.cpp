@@ -10,6 +10,7 @@
 #include "numbers/reissued.h"
 #include "numbers/sql/statements.h"
 #include "numbers/transaction.h"
+#include "numbers/transfer/import_faults.h"
 #include "numbers/transfer/row_changes.h"
 
 namespace vexnumkr::numbers {
@@ -43,18 +44,21 @@ struct Comparison {
         wanted(completed(stored, asked, options.withCurrent)),
         changes(compareRows(stored, wanted, options.removeOthers,
                             sharedCircles(connection, requiredOrigin(asked.application)))) {
-    broken = brokenRules(applied(stored, changes));
+    const Company after = applied(stored, changes);
+    broken = brokenRules(after);
+    faults = importFaults(connection, wanted, after, changes);
     if (!options.reissue) addReissues(asked, options.withCurrent);
   }
   Comparison(const Comparison&) = delete;
   Comparison& operator=(const Comparison&) = delete;
 
-  ImportPlan plan() const { return {described(changes), broken}; }
+  ImportPlan plan() const { return {described(changes), broken, faults}; }
 
   Company stored;
   Company wanted;
   RowChanges changes;
   std::vector<Finding> broken;
+  std::vector<ImportFault> faults;
 
  private:
   // Whoever asks for a current value knows what it does.

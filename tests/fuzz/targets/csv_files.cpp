@@ -52,7 +52,12 @@ void attackCells(Input& input) {
   while (!input.isAtEnd()) {
     const bool isFirst = rows.empty() || input.flag();
     if (isFirst) rows.push_back({"x"});
-    rows.back().push_back(input.text());
+    const std::string text = input.text();
+    const std::string harmless = cli::harmlessText(text);
+    require(harmless.empty() || std::string("=+-@\t\r").find(harmless[0]) == std::string::npos,
+            "no cell begins a formula", {text});
+    require(cli::writtenText(harmless) == text, "texts come out of their cells", {text, harmless});
+    rows.back().push_back(harmless);
   }
   for (const Cells& row : rows) written += lineOf(row);
   require(cellsOf(cli::csvRows(written, "datei.csv")) == rows, "cells come out as they were",
