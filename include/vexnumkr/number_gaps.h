@@ -36,15 +36,23 @@ class VEXNUMKR_API UsedNumbers {
   std::unique_ptr<Content> content_;
 };
 
-/// Adds the numbers that a select of the host's finds in its column `Nummer`, a part of them at a
-/// time, so that neither side holds all of them; NULL counts as no number. `select` becomes a part
-/// of each statement as it stands, so it is for the host to write and must not end in a semicolon.
-/// `progress` is told after each part how many have been added.
+/// Who is told what a select finds; each may be empty.
+struct SelectedTold {
+  /// The row, from 1, and the value in it that is no 32-bit number.
+  std::function<void(std::uint64_t row, const std::string& text)> unreadable{};
+  /// Now and then: how many rows have been read.
+  std::function<void(std::uint64_t rows)> progress{};
+};
+
+/// Adds the numbers that a select of the host's finds in its column `Nummer`, in one pass; NULL
+/// counts as no number, and what is no number is told. The adapter keeps some of the rows at a time
+/// (ado::useServer); on PostgreSQL that is while a transaction runs, so best in readAtOneMoment
+/// with what the numbers are compared with. `select` becomes a part of the statement as it stands,
+/// so it is for the host to write and must not end in a semicolon.
 ///
-/// Errors: the engine's; 6 for a number outside of 32 bits. What was added until then stays.
+/// Errors: the engine's. What was added until then stays.
 VEXNUMKR_API void addSelected(UsedNumbers& numbers, Connection& connection,
-                              const std::string& select,
-                              const std::function<void(std::uint64_t)>& progress = {});
+                              const std::string& select, const SelectedTold& told = {});
 
 /// Numbers that follow each other, both ends included.
 struct Interval {
@@ -76,11 +84,17 @@ struct GapFinding {
 };
 
 /// The ranges of a key whose numbers documents of this key carry, by their start; of one circle
-/// where it is named. Ranges that share another key's numbers, and those whose values contradict
-/// each other, are left out. They point into `company`; none where nothing matches.
+/// where it is named. Ranges that share another key's numbers are left out, and so are those of
+/// rangesNotToCompare. They point into `company`; none where nothing matches.
 VEXNUMKR_API std::vector<const Range*> rangesToCompare(const Company& company,
                                                        const std::string& key,
                                                        const std::int32_t* circle = nullptr);
+
+/// Those that belong to them and whose values are missing or contradict each other: nobody can say
+/// what they have issued.
+VEXNUMKR_API std::vector<const Range*> rangesNotToCompare(const Company& company,
+                                                          const std::string& key,
+                                                          const std::int32_t* circle = nullptr);
 
 /// Compares: `found` is told the gaps and the numbers ahead of each range, ascending; then all
 /// numbers that came more than once, then all that are in none of the ranges.

@@ -11,6 +11,8 @@
 namespace vexnumkr::cli {
 namespace {
 
+constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
+
 std::string_view trimmed(std::string_view line) {
   static constexpr std::string_view blanks = " \t\r";
   const std::size_t first = line.find_first_not_of(blanks);
@@ -70,7 +72,9 @@ void readNumbers(std::istream& in, const NumberLines& told) {
   std::uint64_t at = 0;
   while (lines.next()) {
     ++at;
-    const std::string_view text = trimmed(lines.text());
+    std::string_view line = lines.text();
+    if (at == 1 && line.starts_with(byteOrderMark)) line.remove_prefix(byteOrderMark.size());
+    const std::string_view text = trimmed(line);
     const auto number = lines.isLong() ? std::nullopt : numberIn(text);
     if (number) told.number(*number);
     if (!number && (lines.isLong() || !text.empty())) told.unreadable(at, std::string(text));

@@ -18,8 +18,9 @@ struct NumberLines {
 };
 
 /// Reads `lines` to the end. A line holds a 32-bit number, with a sign or without, and blanks or
-/// tabs around it; empty lines count for nothing. Whatever the file is, a line longer than 256
-/// bytes is not kept, and is no number. Error: UsageError where the end cannot be reached.
+/// tabs around it; empty lines count for nothing, nor does a byte order mark in front. Whatever the
+/// file is, a line longer than 256 bytes is not kept, and is no number. Error: UsageError where the
+/// end cannot be reached.
 void readNumbers(std::istream& lines, const NumberLines& told);
 
 }  // namespace vexnumkr::cli

@@ -49,13 +49,15 @@ std::string Session::missingFile() const {
 }
 
 numbers::Company Session::company() {
-  Connection& database = connection();
+  numbers::Company company;
+  numbers::readAtOneMoment(connection(), [&] { company = companyInTransaction(); });
+  return company;
+}
+
+numbers::Company Session::companyInTransaction() {
   Progress progress("Nummernkreise werden gelesen …");
   progress.show();
-  numbers::Company company;
-  numbers::readAtOneMoment(database,
-                           [&] { company = numbers::readCompany(database, application()); });
-  return company;
+  return numbers::readCompany(connection(), application());
 }
 
 std::string Session::readConnectionText() const {

@@ -42,6 +42,8 @@ class Session {
   /// What the database holds at one moment, read anew; a terminal is told of it. Errors: of
   /// readCompany.
   numbers::Company company();
+  /// The same in the transaction that runs, with what else is read of its moment.
+  numbers::Company companyInTransaction();
 
   /// 1 where none is named.
   std::int32_t application() const { return options_.application == "2" ? 2 : 1; }

@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <fstream>
+#include <functional>
 #include <iostream>
 #include <memory>
 #include <ostream>
@@ -10,8 +11,10 @@
 #include "cli/commands/commands.h"
 #include "cli/exit_status.h"
 #include "cli/numbers_file.h"
+#include "cli/printable.h"
 #include "cli/progress.h"
 #include "cli/text_table.h"
+#include "cli/transfer/wanted_file.h"
 #include "cli/usage_error.h"
 
 namespace vexnumkr::cli {
@@ -23,7 +26,10 @@ using numbers::GapKind;
 struct GapOptions {
   std::string key;
   std::string source;
+  std::string ranges;
   std::optional<std::int32_t> circle;
+
+  const std::int32_t* circleOrNull() const { return circle ? &*circle : nullptr; }
 };
 
 // What has been found so far; the findings themselves are printed as they come.
@@ -34,9 +40,11 @@ struct Tally {
   std::uint64_t duplicates = 0;
   std::uint64_t strays = 0;
   std::uint64_t unreadable = 0;
+  std::uint64_t skipped = 0;
 
   bool isFine() const {
-    return gaps == 0 && ahead == 0 && duplicates == 0 && strays == 0 && unreadable == 0;
+    return gaps == 0 && ahead == 0 && duplicates == 0 && strays == 0 && unreadable == 0 &&
+           skipped == 0;
   }
 };
 
@@ -65,14 +73,6 @@ std::string rangeTitle(const numbers::Company& company, const numbers::Range& ra
          "):";
 }
 
-// Without what a terminal would take for orders.
-std::string printable(std::string text) {
-  std::replace_if(
-      text.begin(), text.end(),
-      [](char c) { return static_cast<unsigned char>(c) < 0x20 || c == '\x7F'; }, '?');
-  return text;
-}
-
 class Printer {
  public:
   Printer(Session& session, const numbers::Company& company)
@@ -93,6 +93,24 @@ class Printer {
     }
   }
 
+  // Nobody can say what a range has issued whose values are missing or contradict each other.
+  void printSkipped(const numbers::Range& range) {
+    ++tally_.skipped;
+    const auto shown = [](const std::optional<std::int32_t>& value) {
+      return value ? std::to_string(*value) : std::string("NULL");
+    };
+    const std::string text = "Nummernkreis \"" + range.key + "\", " +
+                             company_.circleName(range.circle) + " wird nicht verglichen: Start " +
+                             shown(range.start) + ", aktuell " + shown(range.current) +
+                             " und Ende " + shown(range.end) + " passen nicht zueinander.";
+    if (session_.json()) {
+      session_.printLine(
+          {{"kind", "skipped"}, {"key", range.key}, {"circle", range.circle}, {"text", text}});
+    } else {
+      session_.out() << printable(text) << '\n';
+    }
+  }
+
   int finish(std::uint64_t read) {
     if (session_.json()) {
       session_.printLine({{"kind", "summary"},
@@ -102,7 +120,8 @@ class Printer {
                           {"ahead", tally_.ahead},
                           {"duplicates", tally_.duplicates},
                           {"strays", tally_.strays},
-                          {"unreadable", tally_.unreadable}});
+                          {"unreadable", tally_.unreadable},
+                          {"skipped", tally_.skipped}});
     } else {
       session_.out() << summary(read) << '\n';
     }
@@ -143,7 +162,7 @@ class Printer {
 
   void printText(const GapFinding& finding) {
     if (finding.range != nullptr && finding.range != titled_) {
-      session_.out() << rangeTitle(company_, *finding.range) << '\n';
+      session_.out() << printable(rangeTitle(company_, *finding.range)) << '\n';
       titled_ = finding.range;
     }
     session_.out() << (finding.range == nullptr ? "" : "  ") << germanNameOf(finding.kind) << ": "
@@ -165,6 +184,11 @@ class Printer {
               counted(static_cast<std::int64_t>(tally_.missing), "Nummer", "Nummern");
     return text + part(tally_.ahead, "noch nicht vergeben") + part(tally_.duplicates, "mehrfach") +
            part(tally_.strays, "in keinem Nummernkreis") + part(tally_.unreadable, "unlesbar") +
+           (tally_.skipped == 0 ? ""
+                                : ", " +
+                                      counted(static_cast<std::int64_t>(tally_.skipped),
+                                              "Nummernkreis", "Nummernkreise") +
+                                      " nicht verglichen") +
            ".";
   }
 
@@ -180,8 +204,26 @@ std::string lowerCase(std::string text) {
   return text;
 }
 
+// Behind blanks, comments and opening brackets.
+std::string firstWord(std::string_view text) {
+  const auto skipBehind = [&](std::string_view end) {
+    const std::size_t at = text.find(end);
+    text.remove_prefix(at == std::string_view::npos ? text.size() : at + end.size());
+  };
+  for (;;) {
+    text.remove_prefix(std::min(text.find_first_not_of(" \t\r\n("), text.size()));
+    if (text.starts_with("--")) {
+      skipBehind("\n");
+    } else if (text.starts_with("/*")) {
+      skipBehind("*/");
+    } else {
+      return lowerCase(std::string(text.substr(0, text.find_first_of(" \t\r\n(*/-"))));
+    }
+  }
+}
+
 bool isSelect(const std::string& source) {
-  const std::string word = lowerCase(source.substr(0, source.find_first_of(" \t\r\n(")));
+  const std::string word = firstWord(source);
   return word == "select" || word == "with";
 }
 
@@ -209,11 +251,17 @@ void readFile(const std::string& file, numbers::UsedNumbers& used, Printer& prin
   readLines(lines, used, printer);
 }
 
-void readSelect(Connection& connection, const std::string& source, numbers::UsedNumbers& used) {
+void readSelect(Connection& connection, const std::string& source, numbers::UsedNumbers& used,
+                Printer& printer) {
   Progress progress("Nummern gelesen:");
   try {
     numbers::addSelected(used, connection, withoutSemicolon(source),
-                         [&](std::uint64_t read) { progress.show(read); });
+                         {.unreadable =
+                              [&](std::uint64_t row, const std::string& text) {
+                                progress.clear();
+                                printer.printUnreadable(row, text);
+                              },
+                          .progress = [&](std::uint64_t rows) { progress.show(rows); }});
   } catch (const Error& error) {
     throw Error(error.number(), error.source(),
                 error.description() +
@@ -222,21 +270,58 @@ void readSelect(Connection& connection, const std::string& source, numbers::Used
   }
 }
 
-int runGaps(Session& session, const GapOptions& options) {
-  const numbers::Company company = session.company();
-  const auto ranges =
-      numbers::rangesToCompare(company, options.key, options.circle ? &*options.circle : nullptr);
-  if (ranges.empty())
-    throw UsageError("Für \"" + options.key + "\" gibt es hier keinen Nummernkreis.");
+UsageError nothingToCompare(const numbers::Company& company, const std::string& key) {
+  for (const numbers::Range& range : company.ranges)
+    if (range.key == key && !range.sharedKey.empty())
+      return UsageError("\"" + key + "\" hat keine eigenen Nummern, sondern zieht aus \"" +
+                        range.sharedKey + "\"; bitte --key " + range.sharedKey + " angeben.");
+  return UsageError("Für \"" + key + "\" gibt es hier keinen Nummernkreis.");
+}
+
+// Reads the numbers by `read` and compares them.
+int compare(Session& session, const GapOptions& options, const numbers::Company& company,
+            const std::function<void(numbers::UsedNumbers&, Printer&)>& read) {
+  const auto ranges = numbers::rangesToCompare(company, options.key, options.circleOrNull());
+  const auto skipped = numbers::rangesNotToCompare(company, options.key, options.circleOrNull());
+  if (ranges.empty() && skipped.empty()) throw nothingToCompare(company, options.key);
   Printer printer(session, company);
+  for (const numbers::Range* range : skipped) printer.printSkipped(*range);
   numbers::UsedNumbers used;
-  if (isSelect(options.source)) {
-    readSelect(session.connection(), options.source, used);
-  } else {
-    readFile(options.source, used, printer);
-  }
+  read(used, printer);
   numbers::findGaps(used, ranges, [&](const GapFinding& finding) { printer.print(finding); });
   return printer.finish(used.count());
+}
+
+// Without current values nobody can say what was issued.
+numbers::Company companyIn(const Session& session, const std::string& file) {
+  numbers::Company company = readWantedCompany(session, file).company;
+  const bool hasCurrent =
+      std::any_of(company.ranges.begin(), company.ranges.end(),
+                  [](const numbers::Range& range) { return range.current.has_value(); });
+  if (!hasCurrent)
+    throw UsageError("In " + file +
+                     " fehlen die aktuellen Werte; sie muss mit export --with-current geschrieben "
+                     "sein.");
+  return company;
+}
+
+int runGaps(Session& session, const GapOptions& options) {
+  const bool asksDatabase = isSelect(options.source);
+  const auto read = [&](numbers::UsedNumbers& used, Printer& printer) {
+    asksDatabase ? readSelect(session.connection(), options.source, used, printer)
+                 : readFile(options.source, used, printer);
+  };
+  std::optional<numbers::Company> company;
+  if (!options.ranges.empty()) company = companyIn(session, options.ranges);
+  if (!company && !asksDatabase) company = session.company();
+  if (company && !asksDatabase) return compare(session, options, *company, read);
+  // Numbers that are drawn meanwhile would be taken for ones that nobody has issued yet.
+  int status = exit_status::fine;
+  numbers::readAtOneMoment(session.connection(), [&] {
+    if (!company) company = session.companyInTransaction();
+    status = compare(session, options, *company, read);
+  });
+  return status;
 }
 
 }  // namespace
@@ -253,6 +338,10 @@ void addGaps(CommandSet& commands) {
                    "die benutzten Nummern: ein SELECT, dessen Spalte Nummer heißt, oder eine Datei "
                    "mit einer Nummer je Zeile; - liest die Standardeingabe"},
                   options->source, Presence::required);
+  command.addText({"--ranges-from", "DATEI",
+                   "vergleicht mit den Nummernkreisen in dieser Datei von export --with-current, "
+                   "z. B. der von vor dem Jahreswechsel"},
+                  options->ranges);
   command.addNumber({"--circle", "N", "nur der Nummernkreis dieses Buchungskreises"},
                     options->circle);
 }

@@ -1,13 +1,51 @@
 #include <algorithm>
+#include <charconv>
 #include <limits>
+#include <optional>
+#include <string_view>
 
+#include <vexnumkr/error.h>
 #include <vexnumkr/number_gaps.h>
 
 #include "numbers/gaps/number_set.h"
-#include "numbers/query.h"
 #include "numbers/sql/statements.h"
 
 namespace vexnumkr::numbers {
+namespace {
+
+// Of engines that keep numbers as texts, or with decimals, what is a whole number.
+std::optional<std::int32_t> wholeNumber(const Value& value) {
+  if (value.isLong()) return value.asLong();
+  const std::string whole = value.toText();
+  std::string_view text = whole;
+  text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
+  if (text.starts_with('+') && !text.starts_with("+-")) text.remove_prefix(1);
+  const char* const end = text.data() + text.size();
+  std::int32_t number = 0;
+  const auto read = std::from_chars(text.data(), end, number);
+  const std::string_view rest(read.ptr, static_cast<std::size_t>(end - read.ptr));
+  const bool isWhole = rest.find_first_not_of(" ") == std::string_view::npos ||
+                       (rest.size() > 1 && rest.front() == '.' &&
+                        rest.find_first_not_of('0', 1) == std::string_view::npos);
+  return read.ec == std::errc() && isWhole ? std::optional(number) : std::nullopt;
+}
+
+bool isSound(const Range& range) {
+  return range.start && range.current && range.end && *range.start <= *range.current &&
+         *range.current <= *range.end;
+}
+
+std::vector<const Range*> rangesOf(const Company& company, const std::string& key,
+                                   const std::int32_t* circle, bool sound) {
+  std::vector<const Range*> found;
+  for (const Range& range : company.ranges) {
+    const bool isMeant = range.key == key && (circle == nullptr || range.circle == *circle);
+    if (isMeant && range.sharedKey.empty() && isSound(range) == sound) found.push_back(&range);
+  }
+  return found;
+}
+
+}  // namespace
 
 struct UsedNumbers::Content {
   NumberSet once;
@@ -28,38 +66,36 @@ void UsedNumbers::add(std::int32_t number) {
 std::uint64_t UsedNumbers::count() const { return content_->count; }
 
 void addSelected(UsedNumbers& numbers, Connection& connection, const std::string& select,
-                 const std::function<void(std::uint64_t)>& progress) {
-  // The engine counts and sorts, where an index may help it; parts are found by their numbers, so
-  // no cursor has to be kept open for the millions.
-  constexpr std::int32_t atOnce = 50'000;
-  std::optional<std::int64_t> above;
-  for (bool isLast = false; !isLast;) {
-    const auto rows = numbers::select(connection, statement::usedNumbers(select, above, atOnce));
-    std::int32_t read = 0;
-    for (; !rows->EndOfFile(); rows->MoveNext(), ++read) {
-      const std::int32_t number = rows->Fields("Nummer").toLong();
-      for (std::int32_t left = rows->Fields("Anzahl").toLong(); left > 0; --left)
-        numbers.add(number);
-      above = number;
-    }
-    rows->Close();
-    isLast = read < atOnce;
-    if (progress) progress(numbers.count());
+                 const SelectedTold& told) {
+  constexpr std::uint64_t often = 65'536;
+  const auto rows = connection.createRecordset();
+  if (rows == nullptr) throw Error::objectNotSet();
+  rows->CursorLocation(ado::useServer);
+  rows->Open(statement::usedNumbers(select), connection, ado::openForwardOnly, ado::lockReadOnly,
+             ado::commandText);
+  std::uint64_t at = 0;
+  for (; !rows->EndOfFile(); rows->MoveNext()) {
+    ++at;
+    const Value value = rows->Fields("Nummer");
+    const auto number = value.isNull() ? std::nullopt : wholeNumber(value);
+    if (number) numbers.add(*number);
+    if (!number && !value.isNull() && told.unreadable) told.unreadable(at, value.toText());
+    if (at % often == 0 && told.progress) told.progress(at);
   }
+  rows->Close();
 }
 
 std::vector<const Range*> rangesToCompare(const Company& company, const std::string& key,
                                           const std::int32_t* circle) {
-  std::vector<const Range*> found;
-  for (const Range& range : company.ranges) {
-    const bool isMeant = range.key == key && (circle == nullptr || range.circle == *circle);
-    const bool isSound = range.start && range.current && range.end &&
-                         *range.start <= *range.current && *range.current <= *range.end;
-    if (isMeant && isSound && range.sharedKey.empty()) found.push_back(&range);
-  }
+  std::vector<const Range*> found = rangesOf(company, key, circle, true);
   std::stable_sort(found.begin(), found.end(),
                    [](const Range* a, const Range* b) { return *a->start < *b->start; });
   return found;
+}
+
+std::vector<const Range*> rangesNotToCompare(const Company& company, const std::string& key,
+                                             const std::int32_t* circle) {
+  return rangesOf(company, key, circle, false);
 }
 
 class GapSearch {

@@ -93,11 +93,8 @@ std::string journal(const Literals& literals, const std::string& since, const st
          " ORDER BY Eintrag LIMIT " + Literals::number(count);
 }
 
-std::string usedNumbers(const std::string& select, std::optional<std::int64_t> above,
-                        std::int32_t count) {
-  return "SELECT Nummer, COUNT(*) AS Anzahl FROM (" + select + "\n) Q WHERE Nummer " +
-         (above ? "> " + Literals::number(*above) : std::string("IS NOT NULL")) +
-         " GROUP BY Nummer ORDER BY Nummer LIMIT " + Literals::number(count);
+std::string usedNumbers(const std::string& select) {
+  return "SELECT Nummer FROM (" + select + "\n) Q";
 }
 
 }  // namespace vexnumkr::numbers::statement

@@ -39,10 +39,8 @@ std::string assignments(const Literals& literals, const std::string& origin);
 std::string specialRanges(const Literals& literals, const std::string& origin);
 std::string users();
 
-/// Of the numbers that `select` finds in its column Nummer, the lowest ones above `above`, at most
-/// `count` of them: each once as Nummer, and how often it came as Anzahl.
-std::string usedNumbers(const std::string& select, std::optional<std::int64_t> above,
-                        std::int32_t count);
+/// What `select` finds in its column Nummer, and nothing of what else it selects.
+std::string usedNumbers(const std::string& select);
 
 /// Fails where there is no journal to read.
 std::string journalProbe();
