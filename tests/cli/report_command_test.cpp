@@ -58,7 +58,7 @@ TEST_F(ReportCommandTest, ItsFiguresAreThoseOfTheDatabase) {
   EXPECT_EQ(found(page, R"re(<tr class="(\w+)" data-key)re"),
             (Lines{"fine", "warning", "critical"}));
   EXPECT_EQ(found(page, R"re(<div class="bar"><span style="width:([\d.]+)%">)re"),
-            (Lines{"49.5", "90.0", "100.0"}));
+            (Lines{"49.4", "90.0", "100.0"}));
   EXPECT_EQ(found(page, R"re(data-critical="(\d+)" data-warnings="(\d+)")re"), Lines{"1|2"});
 }
 
@@ -93,6 +93,62 @@ TEST_F(ReportCommandTest, ItNeedsNothingElseAndTextsStayTexts) {
   EXPECT_FALSE(page.contains(QLatin1String("<Süd>")));
   EXPECT_TRUE(page.contains(QStringLiteral("Werk &lt;Süd&gt;")));
   EXPECT_TRUE(page.contains(QLatin1String("Rechnung &amp; &quot;Co&quot; (RE)")));
+}
+
+TEST_F(ReportCommandTest, BrokenRangesStandAmongTheOthers) {
+  range(0, "AN", 5, 9, 7);
+  range(1, "LS", 1, 1, 9);
+  sql("UPDATE Nummernkreise SET AktuellerWert = NULL WHERE NSchl = 'LS'");
+  EXPECT_EQ(
+      found(report(), R"re(<tr class="(\w+)" data-key="(\w+)" data-circle="(\d+)" data-broken)re"),
+      (Lines{"critical|AN|0", "critical|LS|1"}));
+  EXPECT_EQ(found(report(), R"re((fehlt|fehlerhaft)<)re"),
+            (Lines{"fehlerhaft", "fehlt", "fehlerhaft"}));
+}
+
+TEST_F(ReportCommandTest, BothRangesOfAnOverlapAreMarkedAndWhatIsSwitchedOffIsNot) {
+  range(3, "RE", 90, 90, 120);
+  circle(3, "West");
+  range(1, "RX", 310, 310, 320, {.sharedKey = "RE"});
+  special("RX", "RE", false);
+  EXPECT_EQ(
+      found(report(), R"re(<li class="(range[^"]*)">([^<]*))re"),
+      (Lines{"range overlap|1–100", "range overlap|90–120", "range|201–301", "range|302–402"}));
+}
+
+TEST_F(ReportCommandTest, LevelsAreRoundedDownAndTextsHaveNoControls) {
+  sql("DELETE FROM Nummernkreise");
+  range(0, "RE", 0, 99999, 100000, {.description = "Rech\x1bnung"});
+  const QString page = report();
+  EXPECT_EQ(
+      found(page, R"re(<div class="bar"><span style="width:([\d.]+)%"></span></div>([\d,]+))re"),
+      Lines{"99.9|99,9"});
+  EXPECT_TRUE(page.contains(QStringLiteral("Rech nung (RE)")));
+}
+
+TEST_F(ReportCommandTest, SaysWhenItWasMadeAndByWhichDay) {
+  EXPECT_EQ(found(report(),
+                  R"re(erstellt am (\d)\d\.\d\d\.2\d{3} \d\d:\d\d Uhr · Masken nach dem (\S+)<)re")
+                .size(),
+            1U);
+}
+
+TEST_F(ReportCommandTest, AReportThatCannotBeMadeLeavesTheOldOne) {
+  const std::string file = folder_.filePath(QStringLiteral("Bericht.PDF")).toStdString();
+  QFile old(QString::fromStdString(file));
+  ASSERT_TRUE(old.open(QIODevice::WriteOnly));
+  old.write("alt");
+  old.close();
+  const ProgramRun run =
+      vexnumkr({"report", "--application", "1", "-o", file}, {{"PATH", "/nirgends"}});
+  EXPECT_EQ(run.exitCode, 2);
+  EXPECT_EQ(run.errors,
+            "vexnumkr: Für PDF wird Chromium gebraucht, und es ist nicht installiert. Als .html "
+            "geht es ohne.\n");
+  ASSERT_TRUE(old.open(QIODevice::ReadOnly));
+  EXPECT_EQ(old.readAll(), "alt");
+  printed({"report", "--application", "1", "-o",
+           folder_.filePath(QStringLiteral("Bericht.HTML")).toStdString()});
 }
 
 TEST_F(ReportCommandTest, WhereItCannotBeWrittenItSaysSo) {

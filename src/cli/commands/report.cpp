@@ -1,10 +1,12 @@
-#include <QDir>
+#include <QDateTime>
+#include <QFile>
 #include <QProcess>
+#include <QSaveFile>
 #include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QUrl>
-#include <fstream>
 #include <memory>
+#include <sstream>
 
 #include <vexnumkr/connection_string.h>
 
@@ -30,12 +32,23 @@ std::string databaseName(const Session& session) {
   return withoutPasswords(name, text);
 }
 
-void writePage(const std::string& file, const numbers::Company& company,
-               const numbers::CheckResult& result, const ReportHeading& heading) {
-  std::ofstream out(file, std::ios::binary);
-  writeReport(out, company, result, heading);
-  out.close();
-  if (!out) throw UsageError("Die Datei " + file + " ist nicht zu schreiben.");
+UsageError notWritable(const std::string& file) {
+  return UsageError("Die Datei " + file + " ist nicht zu schreiben.");
+}
+
+// Whoever has the report of yesterday keeps it until that of today is whole.
+void writeWhole(const std::string& file, const QByteArray& content) {
+  QSaveFile out(QString::fromStdString(file));
+  const bool isWritten =
+      out.open(QIODevice::WriteOnly) && out.write(content) == content.size() && out.commit();
+  if (!isWritten) throw notWritable(file);
+}
+
+QByteArray pageOf(const numbers::Company& company, const numbers::CheckResult& result,
+                  const ReportHeading& heading) {
+  std::ostringstream page;
+  writeReport(page, company, result, heading);
+  return QByteArray::fromStdString(page.str());
 }
 
 QString browser() {
@@ -46,42 +59,48 @@ QString browser() {
       "Für PDF wird Chromium gebraucht, und es ist nicht installiert. Als .html geht es ohne.");
 }
 
-// Printed by a browser, as the page would be by hand.
-void printPdf(const QString& page, const std::string& file) {
+// Printed by a browser, as the page would be by hand; a browser that fails leaves nothing behind.
+QByteArray printed(const QByteArray& page) {
   constexpr int longestMilliseconds = 120'000;
-  const QTemporaryDir profile;
+  const QTemporaryDir folder;
+  const QString html = folder.filePath(QStringLiteral("bericht.html"));
+  const QString pdf = folder.filePath(QStringLiteral("bericht.pdf"));
+  writeWhole(html.toStdString(), page);
   QProcess process;
   process.start(browser(),
                 {QStringLiteral("--headless"), QStringLiteral("--no-sandbox"),
                  QStringLiteral("--disable-gpu"), QStringLiteral("--no-pdf-header-footer"),
-                 QStringLiteral("--user-data-dir=") + profile.path(),
-                 QStringLiteral("--print-to-pdf=") + QString::fromStdString(file),
-                 QUrl::fromLocalFile(page).toString()});
+                 QStringLiteral("--user-data-dir=") + folder.filePath(QStringLiteral("profil")),
+                 QStringLiteral("--print-to-pdf=") + pdf, QUrl::fromLocalFile(html).toString()});
   if (!process.waitForFinished(longestMilliseconds)) {
     process.kill();
     process.waitForFinished();
   }
-  if (process.exitCode() != 0 || !QFile::exists(QString::fromStdString(file)))
-    throw UsageError("Chromium hat die Datei " + file + " nicht geschrieben.");
+  QFile file(pdf);
+  const bool isFine = process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0 &&
+                      file.open(QIODevice::ReadOnly);
+  const QByteArray content = isFine ? file.readAll() : QByteArray();
+  if (!content.startsWith("%PDF")) throw UsageError("Chromium hat den Bericht nicht gedruckt.");
+  return content;
+}
+
+bool endsWith(const std::string& file, const char* ending) {
+  return QString::fromStdString(file).endsWith(QLatin1String(ending), Qt::CaseInsensitive);
 }
 
 int runReport(Session& session, const ReportOptions& asked) {
   ReportOptions options = asked;
   if (options.check.date.empty()) options.check.date = today();
-  const bool asPdf = options.file.ends_with(".pdf");
-  if (!asPdf && !options.file.ends_with(".html"))
+  const bool asPdf = endsWith(options.file, ".pdf");
+  if (!asPdf && !endsWith(options.file, ".html"))
     throw UsageError("--output muss auf .html oder .pdf enden, nicht \"" + options.file + "\".");
   const numbers::Company company = session.company();
   const numbers::CheckResult result = numbers::check(company, options.check);
-  const ReportHeading heading{options.check.date, databaseName(session)};
-  if (asPdf) {
-    const QTemporaryDir folder;
-    const QString page = folder.filePath(QStringLiteral("bericht.html"));
-    writePage(page.toStdString(), company, result, heading);
-    printPdf(page, options.file);
-  } else {
-    writePage(options.file, company, result, heading);
-  }
+  const QString made =
+      QDateTime::currentDateTime().toString(QStringLiteral("dd.MM.yyyy HH:mm 'Uhr'"));
+  const ReportHeading heading{options.check.date, made.toStdString(), databaseName(session)};
+  const QByteArray page = pageOf(company, result, heading);
+  writeWhole(options.file, asPdf ? printed(page) : page);
   return exit_status::fine;
 }
 

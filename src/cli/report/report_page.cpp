@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <iomanip>
 #include <map>
+#include <optional>
 #include <ostream>
+#include <set>
 #include <sstream>
 #include <utility>
 
@@ -42,10 +44,17 @@ std::string escaped(const std::string& text) {
         result += "&quot;";
         break;
       default:
-        result += c;
+        // HTML has no room for control characters.
+        result += static_cast<unsigned char>(c) < ' ' || c == '\x7f' ? ' ' : c;
     }
   }
   return result;
+}
+
+// In tenths of a percent, rounded down, so that what has numbers left is not called full.
+std::string levelText(const RangeLevel& level, char point) {
+  const std::int64_t tenths = level.used * 1000 / level.capacity;
+  return std::to_string(tenths / 10) + point + std::to_string(tenths % 10);
 }
 
 std::string percentText(double percent, char point, int decimals = 1) {
@@ -67,6 +76,8 @@ class ReportWriter {
     for (const Finding& finding : result.findings)
       if (finding.kind == FindingKind::exhausted || finding.kind == FindingKind::nearlyFull)
         worst_.emplace(std::pair(finding.circle, finding.key), finding.severity);
+    for (const numbers::SpecialRange& special : company.specialRanges)
+      if (!special.active) switchedOff_.insert(special.ownKey);
   }
 
   void write(const ReportHeading& heading) {
@@ -86,7 +97,8 @@ class ReportWriter {
  private:
   void writeHeading(const ReportHeading& heading) {
     out_ << "<header>\n<h1>Nummernkreise</h1>\n<p class=\"soft\">Anwendung " << company_.application
-         << " · Stand " << germanDate(heading.date) << " · Datenbank " << escaped(heading.database)
+         << " · Datenbank " << escaped(heading.database) << " · erstellt am "
+         << escaped(heading.made) << " · Masken nach dem " << germanDate(heading.date)
          << "</p>\n<p>"
          << counted(static_cast<std::int64_t>(company_.ranges.size()), "Nummernkreis",
                     "Nummernkreise")
@@ -127,17 +139,43 @@ class ReportWriter {
   }
 
   void writeLevels() {
-    out_ << "<section id=\"fuellstaende\">\n<h2>Füllstände</h2>\n<table>\n<thead><tr><th>Belegart"
+    out_ << "<section id=\"fuellstaende\">\n<h2>Füllstände</h2>\n<div "
+            "class=\"wide\"><table>\n<thead><tr><th>Belegart"
             "</th><th>Buchungskreis</th><th class=\"number\">von</th><th class=\"number\">bis</th>"
             "<th class=\"number\">zuletzt</th><th class=\"number\">frei</th><th>belegt</th></tr>"
             "</thead>\n<tbody>\n";
-    for (const RangeLevel& level : result_.levels) writeLevel(level);
-    out_ << "</tbody>\n</table>\n</section>\n";
+    auto level = result_.levels.begin();
+    for (const Range& range : company_.ranges) {
+      const bool hasLevel = level != result_.levels.end() && level->range == &range;
+      if (hasLevel)
+        writeLevel(*level++);
+      else if (isUsed(range) && range.sharedKey.empty())
+        writeBroken(range);
+    }
+    out_ << "</tbody>\n</table></div>\n</section>\n";
+  }
+
+  bool isUsed(const Range& range) const {
+    return range.active && !switchedOff_.contains(range.key);
+  }
+
+  static std::string shown(const std::optional<std::int32_t>& value) {
+    return value ? std::to_string(*value) : std::string("fehlt");
+  }
+
+  // Its values contradict each other, so nobody can say how full it is.
+  void writeBroken(const Range& range) {
+    out_ << "<tr class=\"critical\" data-key=\"" << escaped(range.key) << "\" data-circle=\""
+         << range.circle << "\" data-broken=\"1\"><td>" << escaped(range.description) << " ("
+         << escaped(range.key) << ")</td><td>" << escaped(company_.circleName(range.circle));
+    for (const auto& value : {range.start, range.end, range.current})
+      out_ << "</td><td class=\"number\">" << shown(value);
+    out_ << "</td><td class=\"number\">–</td><td class=\"level\"><b>fehlerhaft</b></td></tr>\n";
   }
 
   void writeLevel(const RangeLevel& level) {
     const Range& range = *level.range;
-    const std::string percent = percentText(level.percent(), '.');
+    const std::string percent = levelText(level, '.');
     out_ << "<tr class=\"" << classOf(range) << "\" data-key=\"" << escaped(range.key)
          << "\" data-circle=\"" << range.circle << "\" data-start=\"" << *range.start
          << "\" data-current=\"" << *range.current << "\" data-end=\"" << *range.end
@@ -147,13 +185,13 @@ class ReportWriter {
          << *range.end << "</td><td class=\"number\">" << *range.current
          << "</td><td class=\"number\">" << grouped(level.left())
          << "</td><td class=\"level\"><div class=\"bar\"><span style=\"width:" << percent
-         << "%\"></span></div>" << percentText(level.percent(), ',') << " %</td></tr>\n";
+         << "%\"></span></div>" << levelText(level, ',') << " %</td></tr>\n";
   }
 
   void writeSequences() {
     std::map<std::string, std::vector<const Range*>> sequences;
     for (const Range& range : company_.ranges)
-      if (range.active && range.start && range.end && *range.start < *range.end)
+      if (isUsed(range) && range.start && range.end && *range.start < *range.end)
         sequences[range.sequence()].push_back(&range);
     out_ << "<section id=\"folgen\">\n<h2>Nummernfolgen</h2>\n<p class=\"soft\">Jede Folge als "
             "Zahlenstrahl vom ersten bis zum letzten Nummernkreis, darunter die Nummernkreise und "
@@ -178,10 +216,12 @@ class ReportWriter {
     writeScale(ranges);
     out_ << "<ol class=\"line\">\n";
     std::int64_t next = *ranges.front()->start;
-    for (const Range* range : ranges) {
+    for (std::size_t at = 0; at < ranges.size(); ++at) {
+      const Range* const range = ranges[at];
       if (*range->start > next)
         out_ << "<li class=\"gap\">" << grouped(*range->start - next) << " frei</li>\n";
-      out_ << "<li class=\"range" << (*range->start < next ? " overlap" : "") << "\">"
+      const bool meetsNext = at + 1 < ranges.size() && *ranges[at + 1]->start <= *range->end;
+      out_ << "<li class=\"range" << (*range->start < next || meetsNext ? " overlap" : "") << "\">"
            << *range->start << "–" << *range->end << "<br>"
            << escaped(range->key == key ? "" : range->key + ", ")
            << escaped(company_.circleName(range->circle)) << "</li>\n";
@@ -232,7 +272,8 @@ class ReportWriter {
     }
     out_ << "<section id=\"benutzer\">\n<h2>Benutzer und ihre Nummernkreise</h2>\n";
     writeCircles();
-    out_ << "<table>\n<thead><tr><th>Benutzer</th><th>Nummernschlüssel: Buchungskreise</th></tr>"
+    out_ << "<div class=\"wide\"><table>\n<thead><tr><th>Benutzer</th><th>Nummernschlüssel: "
+            "Buchungskreise</th></tr>"
             "</thead>\n<tbody>\n";
     for (const auto& [user, keys] : users) {
       const bool isCommon = user == numbers::everybody;
@@ -242,7 +283,7 @@ class ReportWriter {
       for (const auto& [key, circles] : keys) writeKey(key, circles);
       out_ << "</td></tr>\n";
     }
-    out_ << "</tbody>\n</table>\n</section>\n";
+    out_ << "</tbody>\n</table></div>\n</section>\n";
   }
 
   void writeKey(const std::string& key, const std::vector<std::int32_t>& circles) {
@@ -261,6 +302,7 @@ class ReportWriter {
   const Company& company_;
   const CheckResult& result_;
   std::map<std::pair<std::int32_t, std::string>, Severity> worst_;
+  std::set<std::string> switchedOff_;
 };
 
 }  // namespace

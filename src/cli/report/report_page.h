@@ -11,7 +11,8 @@ namespace vexnumkr::cli {
 
 /// What stands above the report.
 struct ReportHeading {
-  std::string date;      ///< "yyyymmdd"
+  std::string date;      ///< by which masks were read, "yyyymmdd"
+  std::string made;      ///< day and time of the report, for people
   std::string database;  ///< without a password
 };
 
@@ -20,7 +21,8 @@ struct ReportHeading {
 /// ranges. No script and no network; light or dark as its reader has it, and on paper light.
 ///
 /// The rows of the fill levels carry their figures as attributes (data-key, data-circle,
-/// data-start, data-current, data-end, data-left), for programs.
+/// data-start, data-current, data-end, data-left), for programs. Ranges whose values contradict
+/// each other stand among them, marked as broken and without data-left.
 void writeReport(std::ostream& out, const numbers::Company& company,
                  const numbers::CheckResult& result, const ReportHeading& heading);
 

@@ -18,7 +18,8 @@ table { width: 100%; border-collapse: collapse; font-variant-numeric: tabular-nu
 th, td { padding: .3rem .6rem; border-bottom: 1px solid var(--line); text-align: left;
   vertical-align: top; }
 th { color: var(--soft); font-weight: 600; } .number { text-align: right; }
-.level { white-space: nowrap; }
+.level { white-space: nowrap; } .critical .level b { color: var(--bad); }
+.wide { overflow-x: auto; } li, p { overflow-wrap: anywhere; } td { overflow-wrap: break-word; }
 .bar { display: inline-block; vertical-align: baseline; width: 8rem; height: .75rem;
   margin-right: .6rem; background: var(--free); border: 1px solid var(--line);
   border-radius: .2rem; overflow: hidden; }
@@ -43,11 +44,15 @@ ol.line li { padding: .2rem .6rem; border: 1px solid var(--line); font-size: .85
 ol.line .range { background: var(--free); border-top: .25rem solid var(--bar); }
 ol.line .gap { border-style: dashed; color: var(--soft); }
 ol.line .overlap { border-color: var(--bad); color: var(--bad); }
+@media (max-width: 40rem) { body { margin: 1rem auto; padding: 0 .8rem; font-size: 14px; }
+  th, td { padding: .25rem .35rem; } .bar { width: 3rem; margin-right: .3rem; }
+  .key { min-width: 0; } }
 @page { margin: 14mm; @bottom-right { content: counter(page) " / " counter(pages);
   font: 9pt sans-serif; } }
 @media print { :root { --ground: #fff; --text: #000; --soft: #444; --line: #999; --bar: #2f6fb2;
   --warn: #9a6700; --bad: #b42318; --free: #eef2f6; }
   body { margin: 0; max-width: none; font-size: 10pt; } tr, li, .sequence { break-inside: avoid; }
+  .wide { overflow: visible; }
   h2, h3 { break-after: avoid; } .bar, .bar span, .scale span, .scale i, ol.line .range {
   print-color-adjust: exact; -webkit-print-color-adjust: exact; } }
 )css";
