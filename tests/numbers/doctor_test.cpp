@@ -2,7 +2,9 @@
 #include <gtest/gtest.h>
 
 #include <QDate>
+#include <QTemporaryFile>
 
+#include <vexnumkr/adapters.h>
 #include <vexnumkr/number_doctor.h>
 
 #include "numbers/numbers_database.h"
@@ -45,6 +47,46 @@ TEST_F(DoctorTest, ASoundDatabaseIsFineAndStaysAsItWas) {
   EXPECT_EQ(problems(), Lines{});
   EXPECT_EQ(rows("SELECT COUNT(*) AS N FROM Nummernkreise", {"N"}), Lines{"1"});
   EXPECT_EQ(rows("SELECT COUNT(*) AS N FROM Nummernkreis_Zuordnung", {"N"}), Lines{"0"});
+}
+
+TEST_F(DoctorTest, ValuesThatAreNoNumbersOf32BitsAreNamed) {
+  ranges(
+      "Buchungskreis INTEGER, NSchl VARCHAR(10), NBezeichnung VARCHAR(60), StartWert VARCHAR(20), "
+      "AktuellerWert BIGINT, EndWert INTEGER, Aktiviert SMALLINT, " +
+      rest);
+  for (const char* const values :
+       {"1, 'RE', 'Beleg', 'abc', 1, 9", "2, 'RE', 'Beleg', '1', 4294967296, 9"})
+    sql("INSERT INTO Nummernkreise (Buchungskreis, NSchl, NBezeichnung, StartWert, AktuellerWert, "
+        "EndWert) VALUES (" +
+        std::string(values) + ")");
+  std::string problem;
+  for (const numbers::Diagnosis& diagnosis : numbers::diagnose(connection(), "20261121"))
+    if (std::string(diagnosis.name) == "values") problem = diagnosis.problem;
+  EXPECT_NE(problem.find("RE, Buchungskreis 1: StartWert \"abc\""), std::string::npos) << problem;
+  EXPECT_NE(problem.find("RE, Buchungskreis 2: AktuellerWert \"4294967296\""), std::string::npos)
+      << problem;
+}
+
+TEST_F(DoctorTest, EachProblemOfATableIsASentence) {
+  sql("DROP TABLE Nummernkreis_Sonderkreise");
+  sql("DROP TABLE tblUser");
+  const std::string problem = numbers::diagnose(connection(), "20261121")[0].problem;
+  const std::size_t second = problem.find("Die Tabelle", 5);
+  ASSERT_NE(second, std::string::npos) << problem;
+  EXPECT_EQ(problem.substr(second - 2, 2), ". ") << problem;
+  EXPECT_TRUE(problem.ends_with('.')) << problem;
+}
+
+TEST_F(DoctorTest, AFileThatIsNoDatabaseIsCalledThat) {
+  if (database().engine() != "sqlite") GTEST_SKIP() << "there are no files to open";
+  QTemporaryFile file;
+  ASSERT_TRUE(file.open());
+  file.write(QByteArray(4096, 'x'));
+  file.flush();
+  const auto text = openQtSqlConnection("Driver=QSQLITE;Database=" + file.fileName().toStdString());
+  const numbers::Diagnosis found = numbers::diagnose(*text, "20261121")[0];
+  EXPECT_EQ(found.problem, "Die Datei ist keine Datenbank.");
+  EXPECT_EQ(found.remedy, "In der Verbindung die Datei der Datenbank nennen.");
 }
 
 TEST_F(DoctorTest, MissingTablesAndColumnsAreNamed) {

@@ -1,5 +1,7 @@
 #include <ostream>
 
+#include <vexnumkr/connection_string.h>
+#include <vexnumkr/error.h>
 #include <vexnumkr/number_doctor.h>
 
 #include "cli/commands/commands.h"
@@ -20,8 +22,25 @@ void printText(Session& session, const std::vector<Diagnosis>& found) {
   }
 }
 
+// A connection that cannot be opened is the first thing to find.
+std::vector<Diagnosis> opened(Session& session) {
+  try {
+    session.connection();
+    return {};
+  } catch (const Error& error) {
+    return {{.name = "connection",
+             .title = "Verbindung",
+             .isFine = false,
+             .problem = withoutPasswords(error.description(), session.connectionText()),
+             .remedy = "Die Verbindung richtigstellen: Treiber, Server, Datenbank, Benutzer und "
+                       "Kennwort; der Server muss laufen und die Datenbank vorhanden sein."}};
+  }
+}
+
 int runDoctor(Session& session) {
-  const std::vector<Diagnosis> found = numbers::diagnose(session.connection(), today());
+  std::vector<Diagnosis> found = opened(session);
+  const bool isOpen = found.empty();
+  if (isOpen) found = numbers::diagnose(session.connection(), today());
   bool isFine = true;
   Json list = Json::array();
   for (const Diagnosis& diagnosis : found) {
@@ -38,6 +57,7 @@ int runDoctor(Session& session) {
   } else {
     printText(session, found);
   }
+  if (!isOpen) return exit_status::database;
   return isFine ? exit_status::fine : exit_status::findings;
 }
 

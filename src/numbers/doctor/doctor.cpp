@@ -8,6 +8,7 @@
 #include "numbers/doctor/probes.h"
 #include "numbers/query.h"
 #include "numbers/sql/literals.h"
+#include "numbers/sql/statements.h"
 
 namespace vexnumkr::numbers {
 namespace {
@@ -33,6 +34,8 @@ bool succeeds(const std::function<void()>& action) {
   }
 }
 
+std::string asSentence(const std::string& text) { return text.ends_with('.') ? text : text + "."; }
+
 // Days since a fixed day; as exact as a comparison of neighbouring days needs.
 std::int64_t dayNumber(const std::string& digits) {
   const auto part = [&](std::size_t at, std::size_t length) {
@@ -48,8 +51,8 @@ class Doctor {
 
   std::vector<Diagnosis> examine() {
     if (tablesAreThere()) {
-      add("values", "Werte", nullProblem(),
-          "Die fehlenden Werte in der Datenbank setzen; vorher öffnet der Dialog nicht.");
+      add("values", "Werte", valueProblem(),
+          "Die Werte in der Datenbank richtigstellen; vorher öffnet der Dialog nicht.");
       tryWriting();
       add("users", "Benutzer", userProblem(),
           "Die Benutzer in tblUser eintragen, keiner davon mit dem Namen \"Alle Benutzer\".");
@@ -79,7 +82,15 @@ class Doctor {
 
   bool tablesAreThere() {
     std::string problem;
-    for (const TableShape& table : hostTables()) problem += tableProblem(table);
+    for (const TableShape& table : hostTables())
+      if (const std::string one = tableProblem(table); !one.empty())
+        problem += (problem.empty() ? "" : " ") + one;
+    // SQLite opens any file, and says so when it reads.
+    if (problem.find("not a database") != std::string::npos) {
+      add("tables", "Tabellen und Spalten", "Die Datei ist keine Datenbank.",
+          "In der Verbindung die Datei der Datenbank nennen.");
+      return false;
+    }
     add("tables", "Tabellen und Spalten", problem,
         "Fehlende Tabellen legt \"vexnumkr schema create\" an; das Recht zum Lesen gibt der "
         "Eigentümer (\"vexnumkr schema print --part rechte\").");
@@ -95,19 +106,69 @@ class Doctor {
     const std::string failure = messageOf(
         [&] { select(connection_, probe::readNothing(table.name, "COUNT(*) AS Anzahl")); });
     if (!failure.empty())
-      return "Die Tabelle " + table.name + " ist nicht lesbar: " + failure + " ";
+      return asSentence("Die Tabelle " + table.name + " ist nicht lesbar: " + failure);
     std::string missing;
     for (const std::string& column : table.columns)
       if (!isReadable(table.name, column)) missing += (missing.empty() ? "" : ", ") + column;
-    return missing.empty() ? missing : "In " + table.name + " fehlt: " + missing + ". ";
+    return missing.empty() ? missing : "In " + table.name + " fehlt: " + missing + ".";
   }
 
-  std::string nullProblem() {
+  // Values that are missing, and those that a column took although they are no numbers of 32 bits.
+  std::string valueProblem() {
     const std::int32_t ranges = count(probe::rangesWithNull());
-    if (ranges == 0) return {};
-    return std::to_string(ranges) +
-           " Nummernkreise haben keine Bezeichnung oder keinen Start-, Aktuell- oder Endwert "
-           "(NULL).";
+    std::string problem;
+    if (ranges > 0)
+      problem = std::to_string(ranges) +
+                (ranges == 1 ? " Nummernkreis hat" : " Nummernkreise haben") +
+                " keine Bezeichnung oder keinen Start-, Aktuell- oder Endwert (NULL).";
+    const std::string unreadable = unreadableValues();
+    return problem + (problem.empty() || unreadable.empty() ? "" : " ") + unreadable;
+  }
+
+  std::string unreadableValues() {
+    constexpr int shown = 10;
+    int found = 0;
+    std::string text;
+    const std::string failure = messageOf([&] {
+      for (const auto row = select(connection_, statement::ranges()); !row->EndOfFile();
+           row->MoveNext()) {
+        const std::string field = unreadableField(*row);
+        if (!field.empty() && ++found <= shown) text += (text.empty() ? "" : "; ") + field;
+      }
+    });
+    if (!failure.empty()) return asSentence(failure);
+    if (found == 0) return {};
+    return "Nicht zu lesen: " + text +
+           (found > shown ? "; und " + std::to_string(found - shown) + " weitere" : "") + ".";
+  }
+
+  // "RE, Buchungskreis 1: StartWert \"abc\"", or nothing.
+  static std::string unreadableField(const Recordset& row) {
+    const auto shown = [&](const char* field) {
+      std::string text = "?";
+      succeeds([&] { text = textOf(row, field); });
+      return text;
+    };
+    for (const char* const field :
+         {"Buchungskreis", "NSchl", "NBezeichnung", "StartWert", "AktuellerWert", "EndWert",
+          "Aktiviert", "SortierIndex", "IstNSchlVon", "Maske"})
+      if (!succeeds([&] { requireReadable(row, field); }))
+        return shown("NSchl") + ", Buchungskreis " + shown("Buchungskreis") + ": " + field + " \"" +
+               shown(field) + "\"";
+    return {};
+  }
+
+  static void requireReadable(const Recordset& row, std::string_view field) {
+    const Value value = row.Fields(field);
+    if (value.isNull()) return;
+    const bool isText =
+        field == "NSchl" || field == "NBezeichnung" || field == "IstNSchlVon" || field == "Maske";
+    if (isText)
+      value.toText();
+    else if (field == "Aktiviert")
+      value.toBoolean();
+    else
+      value.toLong();
   }
 
   std::string userProblem() {
