@@ -5,6 +5,7 @@
 #include <chrono>
 #include <ctime>
 #include <ostream>
+#include <string_view>
 
 #include <vexnumkr/version.h>
 
@@ -177,6 +178,7 @@ CommandSet::~CommandSet() = default;
 void CommandSet::addGroup(const std::string& name, const std::string& description) {
   CLI::App* const group = app_->add_subcommand(name, description);
   group->set_help_flag("-h,--help", "zeigt diese Hilfe");
+  group->footer("");
   group->allow_extras();
 }
 
@@ -186,7 +188,10 @@ Command CommandSet::add(const CommandText& text, Needs needs, Action action) {
 
 Command CommandSet::addTo(const std::string& group, const CommandText& text, Needs needs,
                           Action action) {
-  return addTo(*app_->get_subcommand(group), text, needs, std::move(action));
+  CLI::App& parent = *app_->get_subcommand(group);
+  const std::string before = parent.get_footer();
+  parent.footer(before + (before.empty() ? "  " : "\n  ") + programName + " " + text.example);
+  return addTo(parent, text, needs, std::move(action));
 }
 
 Command CommandSet::addTo(CLI::App& parent, const CommandText& text, Needs needs, Action action) {
@@ -215,12 +220,18 @@ void CommandSet::addShared(Command& command, Needs needs) {
     command.addChoice({"--application", "1|2", "die Anwendung: 1 für die Herkunft ORB, 2 für ORC"},
                       shared_.application, {"1", "2"},
                       needs == Needs::application ? Presence::required : Presence::optional);
-  command.addFlag("--json", shared_.json, "gibt das Ergebnis als JSON aus (docs/json.md)");
+  command.addFlag("--json", shared_.json, "gibt das Ergebnis als JSON aus");
 }
 
 Action CommandSet::parse(int argc, const char* const* argv) {
+  std::vector<const char*> words(argv, argv + argc);
+  // "vexnumkr help draw" is what some try first.
+  if (argc > 1 && std::string_view(argv[1]) == "help") {
+    words.erase(words.begin() + 1);
+    words.push_back("--help");
+  }
   try {
-    app_->parse(argc, argv);
+    app_->parse(static_cast<int>(words.size()), words.data());
   } catch (const CLI::CallForHelp&) {
     return [this](Session& session) {
       session.out() << deepest(*app_).help();
@@ -247,6 +258,10 @@ void CommandSet::requireNoExtras() const {
   const bool isOption = word.starts_with('-');
   const std::string name = word.substr(0, word.find('='));
   const bool isGroup = !command.get_subcommands({}).empty();
+  const std::vector<std::string> options = optionNames(command);
+  if (isOption && !isGroup && std::find(options.begin(), options.end(), name) != options.end())
+    throw UsageError("Die Option " + name + " gehört hinter den Befehl: " + calledAs(command) +
+                     " " + name + ".");
   const std::string what =
       isOption ? "Die Option " + name + " gibt es hier nicht."
                : (isGroup ? "Den Befehl \"" : "Die Angabe \"") + word + "\" gibt es hier nicht.";

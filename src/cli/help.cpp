@@ -92,7 +92,9 @@ std::string HelpFormatter::make_help(const CLI::App* app, std::string /*name*/,
           " [Angaben]\n" + commandsOf(*app) + optionsOf(*app);
   if (isGroup) text += "\nJeder Befehl erklärt sich mit: " + calledAs(*app) + " BEFEHL --help\n";
   if (app->get_parent() == nullptr)
-    text += "Aufgaben mit Beispielen stehen im Handbuch für Administratoren, docs/verwaltung.md.\n";
+    text +=
+        "Aufgaben mit Beispielen stehen im Handbuch für Administratoren: verwaltung, im Paket\n"
+        "vexnumkr-doc oder im Ordner docs der Quellen.\n";
   return text +
          "\nRückgabewert: 0 in Ordnung · 1 es gibt Befunde · 2 falscher Aufruf · 3 Datenbank\n";
 }
@@ -102,6 +104,8 @@ std::string nearest(const std::string& word, const std::vector<std::string>& kno
   std::size_t best = std::max<std::size_t>(word.size() / 2, 2);
   for (const std::string& candidate : known) {
     const std::size_t steps = distance(word, candidate);
+    // What has no letter in common is not what was meant.
+    if (steps >= std::min(word.size(), candidate.size())) continue;
     if (steps > best || (steps == best && !found.empty())) continue;
     best = steps;
     found = candidate;

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <QFile>
+#include <algorithm>
 #include <functional>
 
 #include "app/program.h"
@@ -46,7 +47,11 @@ INSTANTIATE_TEST_SUITE_P(
                   "--application."},
         WrongCall{"draw --application 1 --user Anna", "Es fehlt die Angabe --key."},
         WrongCall{"draw --application 3 --user Anna --key RE",
-                  "--application muss 1 oder 2 sein, nicht \"3\"."},
+                  "--application muss 1 oder 2 sein, nicht \"3\".\n"},
+        WrongCall{
+            "--application 1 draw --user Anna --key RE",
+            "Die Option --application gehört hinter den Befehl: vexnumkr draw --application."},
+        WrongCall{"mask explain 1NN --key RE", "--key vergleicht mit den gespeicherten"},
         WrongCall{"draw --application 1 --user Anna --key RE --count 0",
                   "--count muss eine Zahl von 1 bis 1000000 sein, nicht \"0\"."},
         WrongCall{"draw --application 1 --user Anna --key RE --circle 1x",
@@ -65,6 +70,36 @@ INSTANTIATE_TEST_SUITE_P(
         WrongCall{"schema print --engine mysql", "Das Datenbanksystem \"mysql\" ist unbekannt"},
         WrongCall{"schema print --engine sqlite --part rechte",
                   "Das Datenbanksystem \"sqlite\" braucht kein Skript"}));
+
+TEST(ProgramCallsTest, WrongCallsOfThePluginAreOneLineForIt) {
+  for (const char* const call :
+       {"check --application 3 --format nagios", "check --format=nagios --warn 5x",
+        "check --format nagios --nirgends", "check --application 1 --format nagios --json",
+        "check --application 1 --format nagios"}) {
+    const ProgramRun run = vexnumkr(words(call));
+    EXPECT_EQ(run.exitCode, 3) << call;
+    EXPECT_TRUE(run.output.starts_with("NUMMERNKREISE UNKNOWN - ")) << run.output;
+    EXPECT_EQ(std::count(run.output.begin(), run.output.end(), '\n'), 1) << run.output;
+    EXPECT_EQ(run.errors, "");
+  }
+}
+
+TEST(ProgramCallsTest, TheDoctorSaysWhatToDoAboutAConnectionThatFails) {
+  const ProgramRun run =
+      vexnumkr(words("doctor --connection Driver=QPSQL;Server=/nirgends;Database=x"));
+  EXPECT_EQ(run.exitCode, 3);
+  EXPECT_TRUE(run.output.starts_with("FEHLER      Verbindung\n")) << run.output;
+  EXPECT_NE(run.output.find("Abhilfe: Die Verbindung richtigstellen"), std::string::npos);
+  EXPECT_EQ(run.errors, "");
+}
+
+TEST(ProgramCallsTest, HelpIsACommandToo) {
+  EXPECT_EQ(vexnumkr(words("help")).output, vexnumkr(words("--help")).output);
+  EXPECT_EQ(vexnumkr(words("help mask explain")).output,
+            vexnumkr(words("mask explain --help")).output);
+  EXPECT_TRUE(vexnumkr(words("journal --help"))
+                  .output.starts_with("Beispiel:\n  vexnumkr journal install"));
+}
 
 QString manual() {
   QFile file(QStringLiteral(PROJECT_DIR "/docs/verwaltung.md"));
@@ -124,6 +159,14 @@ TEST(ProgramCallsTest, WrongCallsAreObjectsForPrograms) {
   EXPECT_EQ(run.exitCode, 2);
   EXPECT_TRUE(run.errors.starts_with("{\"error\":{\"number\":0,\"text\":\"Es fehlt die"))
       << run.errors;
+}
+
+TEST(ProgramCallsTest, TwoFormsAtOnceAreAWrongCall) {
+  const ProgramRun run = vexnumkr(words("check --application 1 --json --format openmetrics"));
+  EXPECT_EQ(run.exitCode, 2);
+  EXPECT_EQ(run.errors,
+            "{\"error\":{\"number\":0,\"text\":\"--json und --format openmetrics schließen "
+            "einander aus.\"}}\n");
 }
 
 TEST(ProgramCallsTest, NoPasswordIsPrinted) {

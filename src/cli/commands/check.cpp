@@ -8,6 +8,8 @@
 
 #include "cli/commands/commands.h"
 #include "cli/exit_status.h"
+#include "cli/plugin_line.h"
+#include "cli/printable.h"
 #include "cli/progress.h"
 #include "cli/text_table.h"
 #include "cli/usage_error.h"
@@ -36,28 +38,19 @@ std::string percentOf(const RangeLevel& level, char point) {
   return std::to_string(tenths / 10) + point + std::to_string(tenths % 10);
 }
 
-// Of a plugin's line a bar ends the text, and a line break the line.
-std::string plain(std::string text) {
-  for (char& c : text)
-    if (static_cast<unsigned char>(c) < ' ' || c == '\x7f' || c == '|') c = ' ';
-  return text;
-}
-
 // A label between quotes, in which a quote stands doubled and "=" must not stand.
 std::string plainLabel(const std::string& text) {
   std::string label;
-  for (const char c : plain(text)) {
+  for (const char c : plainText(text)) {
     if (c == '\'') label += c;
     label += c == '=' ? '_' : c;
   }
   return label;
 }
 
-// What keeps a plugin from checking is told in its one line.
 int printUnknown(Session& session, const std::string& text) {
-  session.out() << "NUMMERNKREISE UNKNOWN - " << plain(text) << '\n';
-  constexpr int unknown = 3;
-  return unknown;
+  session.out() << unknownLine(text) << '\n';
+  return exit_status::unknown;
 }
 
 class CheckPrinter {
@@ -72,7 +65,7 @@ class CheckPrinter {
       const bool critical = finding.severity == Severity::critical;
       const char* const colour = critical ? "\033[31m" : "\033[33m";
       session_.out() << (colours ? colour : "") << (critical ? "KRITISCH  " : "Warnung   ")
-                     << (colours ? "\033[0m" : "") << finding.text << '\n';
+                     << (colours ? "\033[0m" : "") << printable(finding.text) << '\n';
     }
     if (!result_.findings.empty()) session_.out() << '\n';
     printLevels();
@@ -86,6 +79,7 @@ class CheckPrinter {
     for (const RangeLevel& level : result_.levels) levels.push_back(described(level));
     session_.printDocument({{"application", company_.application},
                             {"date", options_.date},
+                            {"checked", result_.checked},
                             {"critical", result_.count(Severity::critical)},
                             {"warnings", result_.count(Severity::warning)},
                             {"findings", findings},
@@ -96,7 +90,7 @@ class CheckPrinter {
   void printNagios() const {
     static constexpr const char* states[] = {"OK", "WARNING", "CRITICAL"};
     std::string line = std::string("NUMMERNKREISE ") + states[nagiosState()] + " - " + summary();
-    if (!result_.findings.empty()) line += " " + plain(result_.findings.front().text);
+    if (!result_.findings.empty()) line += " " + plainText(result_.findings.front().text);
     line += " |";
     for (const RangeLevel& level : result_.levels)
       line += " '" + plainLabel(level.range->key) + "/" + std::to_string(level.range->circle) +
@@ -129,7 +123,7 @@ class CheckPrinter {
     std::string label;
     for (const char c : text) {
       if (c == '\\' || c == '"') label += '\\';
-      label += c == '\n' ? ' ' : c;
+      label += static_cast<unsigned char>(c) < ' ' || c == '\x7f' ? ' ' : c;
     }
     return label;
   }
@@ -146,7 +140,7 @@ class CheckPrinter {
   void printLevels() const {
     TextTable table({"Schlüssel", "Buchungskreis", " von", " bis", " zuletzt", " frei", " belegt"});
     for (const RangeLevel& level : result_.levels)
-      table.add({level.range->key, company_.circleName(level.range->circle),
+      table.add({printable(level.range->key), printable(company_.circleName(level.range->circle)),
                  std::to_string(*level.range->start), std::to_string(*level.range->end),
                  std::to_string(*level.range->current), grouped(level.left()),
                  percentOf(level, ',') + " %"});
@@ -157,7 +151,7 @@ class CheckPrinter {
     const auto critical = static_cast<std::int64_t>(result_.count(Severity::critical));
     const auto warnings = static_cast<std::int64_t>(result_.count(Severity::warning));
     const std::string ranges =
-        counted(static_cast<std::int64_t>(result_.levels.size()), "Nummernkreis", "Nummernkreise") +
+        counted(static_cast<std::int64_t>(result_.checked), "Nummernkreis", "Nummernkreise") +
         " geprüft";
     if (critical + warnings == 0) return ranges + ", alles in Ordnung.";
     return ranges + ": " + grouped(critical) + " kritisch, " +
@@ -198,6 +192,8 @@ int checkAsAsked(Session& session, const CheckOptions& asked) {
   if (options.check.date.empty()) options.check.date = today();
   if (options.check.warnPercent > options.check.criticalPercent)
     throw UsageError("--warn darf nicht über --critical liegen.");
+  if (session.json() && options.format != "table" && options.format != "json")
+    throw UsageError("--json und --format " + options.format + " schließen einander aus.");
   if (session.json()) options.format = "json";
   const Company company = session.company();
   const CheckResult result = numbers::check(company, options.check);
@@ -214,7 +210,7 @@ int checkAsAsked(Session& session, const CheckOptions& asked) {
 }
 
 int runCheck(Session& session, const CheckOptions& asked) {
-  if (asked.format != "nagios" || session.json()) return checkAsAsked(session, asked);
+  if (asked.format != "nagios") return checkAsAsked(session, asked);
   try {
     return checkAsAsked(session, asked);
   } catch (const UsageError& error) {
@@ -223,6 +219,8 @@ int runCheck(Session& session, const CheckOptions& asked) {
     return printUnknown(
         session,
         "Die Datenbank meldet: " + withoutPasswords(error.description(), session.connectionText()));
+  } catch (const std::exception& error) {
+    return printUnknown(session, withoutPasswords(error.what(), session.connectionText()));
   }
 }
 

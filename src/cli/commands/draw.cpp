@@ -5,6 +5,7 @@
 
 #include "cli/commands/commands.h"
 #include "cli/exit_status.h"
+#include "cli/text_table.h"
 
 namespace vexnumkr::cli {
 namespace {
@@ -28,8 +29,9 @@ void warn(Session& session, const numbers::Draw& draw) {
   if (draw.isLast(draw.last)) {
     session.messages() << "vexnumkr: Das war die letzte Nummer: " << range << ".\n";
   } else if (draw.isInLastTenth(draw.last)) {
-    session.messages() << "vexnumkr: Nur noch " << draw.left(draw.last)
-                       << " Nummern frei: " << range << ".\n";
+    session.messages() << "vexnumkr: Nur noch "
+                       << counted(draw.left(draw.last), "Nummer", "Nummern") << " frei: " << range
+                       << ".\n";
   }
 }
 

@@ -89,6 +89,10 @@ int explain(Session& session, const MaskOptions& asked) {
   MaskOptions options = asked;
   if (options.date.empty()) options.date = today();
   const MaskNumbers numbers = read(options);
+  if (!options.key.empty() && !session.hasConnection())
+    throw UsageError(
+        "--key vergleicht mit den gespeicherten Nummernkreisen; dafür fehlt die Verbindung: "
+        "--connection, --connection-file oder VEXNUMKR_CONNECTION.");
   std::optional<Company> company;
   if (session.hasConnection()) company = session.company();
   const auto overlaps =

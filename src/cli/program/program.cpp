@@ -3,6 +3,8 @@
 #include <QCoreApplication>
 #include <iostream>
 #include <new>
+#include <string_view>
+#include <vector>
 
 #include <vexnumkr/connection_string.h>
 #include <vexnumkr/error.h>
@@ -11,6 +13,7 @@
 #include "app/process_list.h"
 #include "cli/commands/commands.h"
 #include "cli/exit_status.h"
+#include "cli/plugin_line.h"
 #include "cli/usage_error.h"
 
 namespace vexnumkr::cli {
@@ -57,6 +60,17 @@ int reportUnexpected(const SharedOptions& options, const Session& session) {
   }
 }
 
+// Whether "check --format nagios" is called, right or wrong: a monitoring system reads its line,
+// and takes every status for one of its own.
+bool isPlugin(int argc, char** argv) {
+  const std::vector<std::string_view> words(argv, argv + argc);
+  if (words.size() < 2 || words[1] != "check") return false;
+  for (std::size_t at = 2; at < words.size(); ++at)
+    if (words[at] == "--format=nagios" || (words[at] == "nagios" && words[at - 1] == "--format"))
+      return true;
+  return false;
+}
+
 int run(const CommandSet& commands, const Action& action) {
   Session session(commands.shared(), std::cout, std::cerr);
   try {
@@ -83,7 +97,10 @@ int runProgram(int argc, char** argv) {
   try {
     action = commands.parse(argc, argv);
   } catch (const UsageError& error) {
-    return report(commands.shared(), exit_status::wrongCall, error.what());
+    if (!isPlugin(argc, argv))
+      return report(commands.shared(), exit_status::wrongCall, error.what());
+    std::cout << unknownLine(error.what()) << '\n';
+    return exit_status::unknown;
   }
   app::hidePasswords(argc, argv);
   return run(commands, action);

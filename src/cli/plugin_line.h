@@ -1,0 +1,20 @@
+// What monitoring systems read: one line, by the convention of Nagios.
+#pragma once
+
+#include <string>
+
+namespace vexnumkr::cli {
+
+/// Without what ends the text of the line, or the line.
+inline std::string plainText(std::string text) {
+  for (char& c : text)
+    if (static_cast<unsigned char>(c) < ' ' || c == '\x7f' || c == '|') c = ' ';
+  return text;
+}
+
+/// Says what has kept the plugin from checking; goes with exit_status::unknown.
+inline std::string unknownLine(const std::string& text) {
+  return "NUMMERNKREISE UNKNOWN - " + plainText(text);
+}
+
+}  // namespace vexnumkr::cli
