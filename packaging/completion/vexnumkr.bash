@@ -4,7 +4,7 @@ _vexnumkr() {
   local cur prev words cword split
   _init_completion -s || return
   case $prev in
-    --connection-file | --numbers-from | --output | -o)
+    --connection-file | --numbers-from | --ranges-from | --output | -o)
       _filedir
       return
       ;;
