@@ -1,6 +1,7 @@
 #include "rules/mask_numbering.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <unordered_map>
 #include <utility>
 #include <vector>
@@ -40,22 +41,20 @@ std::string reversed(std::string text) {
   return text;
 }
 
-// Thousands of ranges share a few masks, so each mask is read once.
+// Thousands of ranges of a table share a few masks, so each mask is read once.
 class Masks {
  public:
   explicit Masks(std::string date) : date_(std::move(date)) {}
 
   std::optional<MaskBounds> boundsOf(const Cell& mask) {
-    std::string text = mask.toText();
-    const auto known = read_.find(text);
+    const auto known = read_.find(mask.identity());
     if (known != read_.end()) return known->second;
-    const auto bounds = maskBounds(text, date_);
-    return read_.emplace(std::move(text), bounds).first->second;
+    return read_.emplace(mask.identity(), maskBounds(mask.toText(), date_)).first->second;
   }
 
  private:
   std::string date_;
-  std::unordered_map<std::string, std::optional<MaskBounds>> read_;
+  std::unordered_map<std::uint64_t, std::optional<MaskBounds>> read_;
 };
 
 // In the table's order; all of them, before anything is written.
@@ -118,9 +117,9 @@ bool numberFromMasks(XArray& table, const std::string& date, Progress& progress)
   bool changed = false;
   for (std::int32_t row = 0; row < table.size(); ++row) {
     if (const auto& numbers = bounds[static_cast<std::size_t>(row)]) {
-      table.setValue(row, &RangeRow::StartWert, numbers->low);
-      table.setValue(row, &RangeRow::AktuellerWert, numbers->low);
-      table.setValue(row, &RangeRow::EndWert, numbers->high);
+      table.setNumber(row, &RangeRow::StartWert, numbers->low);
+      table.setNumber(row, &RangeRow::AktuellerWert, numbers->low);
+      table.setNumber(row, &RangeRow::EndWert, numbers->high);
       changed = true;
     }
     progress.advance();

@@ -29,8 +29,12 @@ class Cell {
   std::string toText() const;
   Value toValue() const;
 
+  /// The same number only where kind and content are the same; always, in one table.
+  std::uint64_t identity() const { return bits_; }
   /// The same kind with the same content.
-  friend bool operator==(const Cell& a, const Cell& b) { return a.toValue() == b.toValue(); }
+  friend bool operator==(const Cell& a, const Cell& b) {
+    return a.bits_ == b.bits_ || a.toValue() == b.toValue();
+  }
 
  private:
   static constexpr std::uint64_t numberMark = 1;

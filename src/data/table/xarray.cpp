@@ -90,6 +90,10 @@ void XArray::setValue(std::int32_t row, ValueColumn column, const Value& value) 
     cell = value.toLong();
 }
 
+void XArray::setNumber(std::int32_t row, ValueColumn column, std::int32_t number) {
+  rowAt(row).*column = number;
+}
+
 void XArray::setGruppe(std::int32_t row, std::string_view caption) {
   rowAt(row).Gruppe = text(caption);
 }

@@ -56,6 +56,7 @@ class XArray {
   void remove(std::int32_t row);
 
   void setValue(std::int32_t row, ValueColumn column, const Value& value);
+  void setNumber(std::int32_t row, ValueColumn column, std::int32_t number);
   void setGruppe(std::int32_t row, std::string_view caption);
   void setAktiviert(std::int32_t row, bool active);
 
