@@ -39,7 +39,8 @@ class NumbersCompany {
   void report() {
     const numbers::Company company = read();
     std::ostringstream page;
-    cli::writeReport(page, company, checked(company), {options.date, "firma"});
+    cli::writeReport(page, company, checked(company),
+                     {.date = options.date, .made = {}, .database = "firma"});
   }
 
   /// The five tables.
