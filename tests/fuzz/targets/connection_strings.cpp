@@ -133,12 +133,21 @@ ConnectionSettings settingsOf(Input& input) {
   return settings;
 }
 
+// A server's text may end like one with a port that is none.
+bool namesServers(const ConnectionSettings& settings) {
+  try {
+    return !serverAddresses(settings).empty();
+  } catch (const Error&) {
+    return false;
+  }
+}
+
 void attackComposed(Input& input) {
   ConnectionSettings settings = settingsOf(input);
   settings.password = secretText(input);
   const std::string connection = composeConnectionString(settings);
   const bool isWhole = !settings.driver.empty() && !settings.database.empty() &&
-                       connection.find('\0') == std::string::npos;
+                       connection.find('\0') == std::string::npos && namesServers(settings);
   if (isWhole)
     require(parseConnectionString(connection) == settings, "what is composed can be read",
             {connection});
