@@ -100,8 +100,8 @@ struct VEXNUMKR_API CheckResult {
   std::vector<Finding> findings;
   /// Of the active ranges in order whose own numbers are drawn, in the order of the company.
   std::vector<RangeLevel> levels;
-  /// How many ranges were looked at, those without a level among them.
-  std::size_t checked = 0;
+  /// The ranges that were looked at, those without a level among them, in the order of the company.
+  std::vector<const Range*> checked{};
 
   /// How many findings have that severity.
   std::size_t count(Severity severity) const;

@@ -3,12 +3,14 @@
 
 #include <string>
 
+#include "cli/printable.h"
+
 namespace vexnumkr::cli {
 
 /// Without what ends the text of the line, or the line.
 inline std::string plainText(std::string text) {
   for (char& c : text)
-    if (static_cast<unsigned char>(c) < ' ' || c == '\x7f' || c == '|') c = ' ';
+    if (isControl(c) || c == '|') c = ' ';
   return text;
 }
 

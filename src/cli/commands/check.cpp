@@ -8,6 +8,7 @@
 
 #include "cli/commands/commands.h"
 #include "cli/exit_status.h"
+#include "cli/fill_level.h"
 #include "cli/plugin_line.h"
 #include "cli/printable.h"
 #include "cli/progress.h"
@@ -30,12 +31,6 @@ struct CheckOptions {
 
 const char* nameOf(Severity severity) {
   return severity == Severity::critical ? "critical" : "warning";
-}
-
-// Rounded down, so that what has numbers left is not called full.
-std::string percentOf(const RangeLevel& level, char point) {
-  const std::int64_t tenths = level.used * 1000 / level.capacity;
-  return std::to_string(tenths / 10) + point + std::to_string(tenths % 10);
 }
 
 // A label between quotes, in which a quote stands doubled and "=" must not stand.
@@ -79,7 +74,7 @@ class CheckPrinter {
     for (const RangeLevel& level : result_.levels) levels.push_back(described(level));
     session_.printDocument({{"application", company_.application},
                             {"date", options_.date},
-                            {"checked", result_.checked},
+                            {"checked", result_.checked.size()},
                             {"critical", result_.count(Severity::critical)},
                             {"warnings", result_.count(Severity::warning)},
                             {"findings", findings},
@@ -123,7 +118,7 @@ class CheckPrinter {
     std::string label;
     for (const char c : text) {
       if (c == '\\' || c == '"') label += '\\';
-      label += static_cast<unsigned char>(c) < ' ' || c == '\x7f' ? ' ' : c;
+      label += isControl(c) ? ' ' : c;
     }
     return label;
   }
@@ -150,9 +145,9 @@ class CheckPrinter {
   std::string summary() const {
     const auto critical = static_cast<std::int64_t>(result_.count(Severity::critical));
     const auto warnings = static_cast<std::int64_t>(result_.count(Severity::warning));
-    const std::string ranges =
-        counted(static_cast<std::int64_t>(result_.checked), "Nummernkreis", "Nummernkreise") +
-        " geprüft";
+    const std::string ranges = counted(static_cast<std::int64_t>(result_.checked.size()),
+                                       "Nummernkreis", "Nummernkreise") +
+                               " geprüft";
     if (critical + warnings == 0) return ranges + ", alles in Ordnung.";
     return ranges + ": " + grouped(critical) + " kritisch, " +
            counted(warnings, "Warnung", "Warnungen") + ".";

@@ -5,12 +5,13 @@
 #include <map>
 #include <optional>
 #include <ostream>
-#include <set>
 #include <sstream>
 #include <utility>
 
 #include <vexnumkr/numbers.h>
 
+#include "cli/fill_level.h"
+#include "cli/printable.h"
 #include "cli/report/report_style.h"
 #include "cli/text_table.h"
 
@@ -45,16 +46,10 @@ std::string escaped(const std::string& text) {
         break;
       default:
         // HTML has no room for control characters.
-        result += static_cast<unsigned char>(c) < ' ' || c == '\x7f' ? ' ' : c;
+        result += isControl(c) ? ' ' : c;
     }
   }
   return result;
-}
-
-// In tenths of a percent, rounded down, so that what has numbers left is not called full.
-std::string levelText(const RangeLevel& level, char point) {
-  const std::int64_t tenths = level.used * 1000 / level.capacity;
-  return std::to_string(tenths / 10) + point + std::to_string(tenths % 10);
 }
 
 std::string percentText(double percent, char point, int decimals = 1) {
@@ -76,8 +71,6 @@ class ReportWriter {
     for (const Finding& finding : result.findings)
       if (finding.kind == FindingKind::exhausted || finding.kind == FindingKind::nearlyFull)
         worst_.emplace(std::pair(finding.circle, finding.key), finding.severity);
-    for (const numbers::SpecialRange& special : company.specialRanges)
-      if (!special.active) switchedOff_.insert(special.ownKey);
   }
 
   void write(const ReportHeading& heading) {
@@ -145,18 +138,14 @@ class ReportWriter {
             "<th class=\"number\">zuletzt</th><th class=\"number\">frei</th><th>belegt</th></tr>"
             "</thead>\n<tbody>\n";
     auto level = result_.levels.begin();
-    for (const Range& range : company_.ranges) {
-      const bool hasLevel = level != result_.levels.end() && level->range == &range;
+    for (const Range* range : result_.checked) {
+      const bool hasLevel = level != result_.levels.end() && level->range == range;
       if (hasLevel)
         writeLevel(*level++);
-      else if (isUsed(range) && range.sharedKey.empty())
-        writeBroken(range);
+      else if (range->sharedKey.empty())
+        writeBroken(*range);
     }
     out_ << "</tbody>\n</table></div>\n</section>\n";
-  }
-
-  bool isUsed(const Range& range) const {
-    return range.active && !switchedOff_.contains(range.key);
   }
 
   static std::string shown(const std::optional<std::int32_t>& value) {
@@ -175,7 +164,7 @@ class ReportWriter {
 
   void writeLevel(const RangeLevel& level) {
     const Range& range = *level.range;
-    const std::string percent = levelText(level, '.');
+    const std::string percent = percentOf(level, '.');
     out_ << "<tr class=\"" << classOf(range) << "\" data-key=\"" << escaped(range.key)
          << "\" data-circle=\"" << range.circle << "\" data-start=\"" << *range.start
          << "\" data-current=\"" << *range.current << "\" data-end=\"" << *range.end
@@ -185,14 +174,14 @@ class ReportWriter {
          << *range.end << "</td><td class=\"number\">" << *range.current
          << "</td><td class=\"number\">" << grouped(level.left())
          << "</td><td class=\"level\"><div class=\"bar\"><span style=\"width:" << percent
-         << "%\"></span></div>" << levelText(level, ',') << " %</td></tr>\n";
+         << "%\"></span></div>" << percentOf(level, ',') << " %</td></tr>\n";
   }
 
   void writeSequences() {
     std::map<std::string, std::vector<const Range*>> sequences;
-    for (const Range& range : company_.ranges)
-      if (isUsed(range) && range.start && range.end && *range.start < *range.end)
-        sequences[range.sequence()].push_back(&range);
+    for (const Range* range : result_.checked)
+      if (range->start && range->end && *range->start < *range->end)
+        sequences[range->sequence()].push_back(range);
     out_ << "<section id=\"folgen\">\n<h2>Nummernfolgen</h2>\n<p class=\"soft\">Jede Folge als "
             "Zahlenstrahl vom ersten bis zum letzten Nummernkreis, darunter die Nummernkreise und "
             "die freien Nummern dazwischen.</p>\n";
@@ -302,7 +291,6 @@ class ReportWriter {
   const Company& company_;
   const CheckResult& result_;
   std::map<std::pair<std::int32_t, std::string>, Severity> worst_;
-  std::set<std::string> switchedOff_;
 };
 
 }  // namespace

@@ -46,9 +46,9 @@ Finding findingAt(const Range& range, FindingKind kind, Severity severity, std::
 }
 
 CheckResult check(const Company& company, const CheckOptions& options) {
-  const std::vector<const Range*> ranges = checkedRanges(company);
   CheckResult result;
-  result.checked = ranges.size();
+  result.checked = checkedRanges(company);
+  const std::vector<const Range*>& ranges = result.checked;
   addBrokenRules(company, ranges, result.findings);
   addLevels(company, ranges, options, result);
   addMasks(company, ranges, options, result.findings);
