@@ -6,12 +6,11 @@
 #include <optional>
 #include <string_view>
 
+#include "cli/byte_order_mark.h"
 #include "cli/usage_error.h"
 
 namespace vexnumkr::cli {
 namespace {
-
-constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 
 std::string_view trimmed(std::string_view line) {
   static constexpr std::string_view blanks = " \t\r";

@@ -52,9 +52,7 @@ class CsvTable {
 
   /// REQUIRES: the file has a column of that heading, here and below.
   std::string text(const char* heading) const {
-    std::string text = writtenText(cell(heading));
-    text.erase(text.find_last_not_of(' ') + 1);
-    return text;
+    return withoutTrailingBlanks(writtenText(cell(heading)));
   }
   std::optional<std::int32_t> optionalNumber(const char* heading) {
     const std::string& digits = cell(heading);

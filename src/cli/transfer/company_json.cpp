@@ -75,12 +75,6 @@ Json specialRangesOf(const Company& company) {
   return list;
 }
 
-// A text as it is read back: without trailing blanks, which some columns are filled with.
-std::string withoutTrailingBlanks(std::string text) {
-  text.erase(text.find_last_not_of(' ') + 1);
-  return text;
-}
-
 // One object, with its place for messages. What is missing or not as it should be is a fault, and
 // read as nothing.
 class Row {

@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <fstream>
 
+#include "cli/byte_order_mark.h"
 #include "cli/transfer/csv_rows.h"
 #include "cli/usage_error.h"
 

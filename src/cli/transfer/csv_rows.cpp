@@ -3,6 +3,7 @@
 #include <QUtf8StringView>
 #include <algorithm>
 
+#include "cli/byte_order_mark.h"
 #include "cli/usage_error.h"
 
 namespace vexnumkr::cli {

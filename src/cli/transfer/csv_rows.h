@@ -15,9 +15,6 @@ struct CsvRow {
   std::vector<std::string> cells;
 };
 
-/// What spreadsheets take for UTF-8, at the beginning of a file.
-inline constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
-
 /// A text as a cell: one that a spreadsheet would take for a formula stands behind an apostrophe,
 /// which writtenText takes away again.
 std::string harmlessText(const std::string& text);

@@ -22,6 +22,12 @@ struct WantedCompany {
   }
 };
 
+/// A text as it is read back from the database: columns may be filled with blanks.
+inline std::string withoutTrailingBlanks(std::string text) {
+  text.erase(text.find_last_not_of(' ') + 1);
+  return text;
+}
+
 /// Error: UsageError for rows that stand in it twice, all of them; they could be stored once only.
 void requireEachOnce(const WantedCompany& wanted);
 
