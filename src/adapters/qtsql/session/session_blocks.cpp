@@ -5,7 +5,6 @@ namespace vexnumkr::qtsql {
 namespace {
 
 constexpr std::size_t rowsAtOnce = 10'000;
-constexpr const char* fetch = "FETCH FORWARD 10000 FROM vexnumkr_rows";
 
 }  // namespace
 
@@ -30,7 +29,7 @@ RowSet SqlSession::readFirst(const Statement& statement) {
 
 RowSet SqlSession::readFurther() {
   if (endedBy_) throw *endedBy_;
-  if (hasCursor_) return run(QString::fromLatin1(fetch));
+  if (hasCursor_) return run(QStringLiteral("FETCH FORWARD %1 FROM vexnumkr_rows").arg(rowsAtOnce));
   if (!blocks_) return RowSet();
   std::vector<std::pair<std::size_t, std::size_t>> substituted;
   RowSet rows(
