@@ -73,6 +73,18 @@ class DialogTwoHostsTest : public DialogSession {
         return window->findChild<QLabel*>(QStringLiteral("caption"))->text().toStdString();
     return {};
   }
+  /// What it says at last while OK waits for `other`, who lets go after a while.
+  std::string captionWhileWaitingFor(OtherWriter& other) {
+    everyLookTakes(std::chrono::milliseconds(200));
+    std::string seen;
+    int pauses = 0;
+    const EngineWaits waits([&] {
+      if (!progressCaption().empty()) seen = progressCaption();
+      if (++pauses == 10) other.release();
+    });
+    press("cmdOK");
+    return seen;
+  }
   static Box conflictBox(const std::string& changes) {
     return {"Abfrage",
             "Folgende Nummernkreise wurden inzwischen an anderer Stelle geändert:\r\n" + changes +
@@ -180,16 +192,8 @@ TEST_P(DialogTwoHostsKeepingTest, ALockThatIsReleasedInTimeIsNotNoticed) {
 TEST_P(DialogTwoHostsKeepingTest, WhileALockIsWaitedForTheUserSeesIt) {
   inChangedCompany([&] {
     OtherWriter other(databaseFile());
-    everyLookTakes(std::chrono::milliseconds(200));
-    std::string seen;
-    int pauses = 0;
-    const EngineWaits waits([&] {
-      if (!progressCaption().empty()) seen = progressCaption();
-      if (++pauses == 10) other.release();
-    });
-    press("cmdOK");
+    EXPECT_EQ(captionWhileWaitingFor(other), "Nummernkreise werden gespeichert…");
     EXPECT_FALSE(isOpen());
-    EXPECT_EQ(seen, "Nummernkreise werden gespeichert…");
     EXPECT_EQ(boxes(), Boxes{});
   });
   EXPECT_EQ(stored(), saved_);
@@ -241,16 +245,8 @@ TEST_F(DialogTwoHostsTest, WhileTheOptionsWaitForALockTheUserSeesIt) {
     };
     expectDialog("frmOptionen", [&] {
       OtherWriter other(databaseFile());
-      everyLookTakes(std::chrono::milliseconds(200));
-      std::string seen;
-      int pauses = 0;
-      const EngineWaits waits([&] {
-        if (!progressCaption().empty()) seen = progressCaption();
-        if (++pauses == 10) other.release();
-      });
-      press("cmdOK");
+      EXPECT_EQ(captionWhileWaitingFor(other), "Die Datenbank ist gerade gesperrt…");
       everyLookTakes(std::chrono::milliseconds(0));
-      EXPECT_EQ(seen, "Die Datenbank ist gerade gesperrt…");
       EXPECT_EQ(windows().back(), "close frmOptionen");
       EXPECT_EQ(progressCaption(), "");
     });
