@@ -17,6 +17,7 @@ namespace vexnumkr::test {
 class ClusterSession : public SavingSession {
  protected:
   ClusterSession() {
+    cluster.mend();  // The test's database is on every node then.
     company();
     before = stored();
     editedTable();

@@ -104,6 +104,7 @@ class LongRunTest : public ::testing::Test {
     run(*connection,
         "UPDATE Nummernkreise SET EndWert = 9000000 WHERE Buchungskreis = 2 AND "
         "NSchl = 'RE'");
+    cluster.mend();  // The test's database is on every node then.
   }
   ~LongRunTest() override { cluster.mend(); }
 

@@ -33,10 +33,13 @@ administer() {
   "$bin/psql" -X -h "$folder/$node" -p "$(port_of "$node" port)" -U postgres -d postgres -Atq \
     -v ON_ERROR_STOP=1 -c "SET synchronous_commit = local" -c "$@"
 }
-# The primary's view of its standby.
+# The primary's view of its standby: has_standby [POSITION], which it is to have replayed.
 has_standby() {
-  administer "SELECT sync_state FROM pg_stat_replication WHERE state = 'streaming'" | grep -q sync
+  administer "SELECT sync_state FROM pg_stat_replication WHERE state = 'streaming' AND
+    replay_lsn >= '${1:-0/0}'" | grep -q sync
 }
+# Returns when what is committed now can be read from the standby too.
+await_standby() { until_true 60 has_standby "$(administer "SELECT pg_current_wal_lsn()")"; }
 
 start_cluster() {
   for node in $(seq "$node_count"); do new_ports port; done
@@ -64,7 +67,7 @@ join_node() {
     -p "$(port_of "$(other)" port)" -U postgres -c fast -R -X stream --no-sync
   run_node
   node=$(other)
-  until_true 60 has_standby
+  await_standby
 }
 kill_node() { as_server "$bin/pg_ctl" stop -D "$folder/$node/data" -m immediate -w -t 60; }
 leave_node() { as_server "$bin/pg_ctl" stop -D "$folder/$node/data" -m fast -w -t 60; }
@@ -89,7 +92,9 @@ mend_cluster() {
   fi
   node=$running
   administer "ALTER SYSTEM RESET default_transaction_read_only" -c "SELECT pg_reload_conf()"
-  if ! has_standby; then
+  if has_standby; then
+    await_standby
+  else
     node=$(other)
     join_node
   fi

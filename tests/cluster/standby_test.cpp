@@ -10,20 +10,10 @@ namespace {
 class StandbyTest : public test::ClusterSession {
  protected:
   /// The nodes of the test run as they are now.
-  StandbyTest() : primary(isStandby(1) ? 2 : 1), standby(3 - primary) { opened(standby); }
+  StandbyTest() : primary(isStandby(1) ? 2 : 1), standby(3 - primary) {}
 
   bool isStandby(int node) const {
-    return test::value(*opened(node), "SELECT pg_is_in_recovery()::integer AS X") == Value(1);
-  }
-  // The test's database is on the standby a moment after the primary has made it.
-  std::shared_ptr<Connection> opened(int node) const {
-    for (;;) {
-      try {
-        return openThrough({node});
-      } catch (const Error& error) {
-        if (error.description().find("does not exist") == std::string::npos) throw;
-      }
-    }
+    return test::value(*openThrough({node}), "SELECT pg_is_in_recovery()::integer AS X") == Value(1);
   }
   bool isOnStandby(Connection& connection) {
     return test::value(connection, "SELECT pg_is_in_recovery()::integer AS X") == Value(1);
