@@ -61,6 +61,16 @@ const Token& mainVerb(Tokens tokens) {
   return tokens[0];
 }
 
+// FOR UPDATE, FOR NO KEY UPDATE, FOR SHARE, FOR KEY SHARE, LOCK IN SHARE MODE.
+bool locksRows(Tokens tokens) {
+  static constexpr std::array<std::string_view, 4> behindFor = {"UPDATE", "SHARE", "NO", "KEY"};
+  for (std::size_t i = 0; i + 1 < tokens.size(); ++i) {
+    if (tokens[i].is("FOR") && isOneOf(tokens[i + 1], behindFor)) return true;
+    if (tokens[i].is("LOCK") && tokens[i + 1].is("IN")) return true;
+  }
+  return false;
+}
+
 }  // namespace
 
 bool Statement::isSelect() const {
@@ -74,7 +84,9 @@ bool Statement::changesRows() const {
   return isOneOf(mainVerb(tokens), verbs);
 }
 
-bool Statement::onlyReads() const { return startsWith("SELECT") || startsWith("VALUES"); }
+bool Statement::onlyReads() const {
+  return (startsWith("SELECT") || startsWith("VALUES")) && !locksRows(tokens);
+}
 
 Statement StatementGate::pass(std::string_view text, const LexicalRules& rules) {
   if (text.find('\0') != std::string_view::npos)

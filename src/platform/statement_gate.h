@@ -20,7 +20,8 @@ struct Statement {
   bool isSelect() const;
   /// Whether it inserts, updates or deletes rows, so that the engine's count of changes is its own.
   bool changesRows() const;
-  /// Whether it begins as a select does and so can be taken to leave everything as it is.
+  /// Whether it begins as a select does and asks for no locks, and so can be taken to leave
+  /// everything as it is, in a transaction or outside of it.
   bool onlyReads() const;
   /// Whether it begins with that keyword.
   bool startsWith(std::string_view keyword) const { return tokens.front().is(keyword); }

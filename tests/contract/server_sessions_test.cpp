@@ -180,6 +180,17 @@ TEST_F(ServerSessions, ALockIsWaitedForNoLongerThanAStatementMayTake) {
   EXPECT_EQ(test::run(*other, "UPDATE Kreise SET Text = 'fremd'"), 1);
 }
 
+TEST_F(ServerSessions, ASelectThatLocksRowsDoesSoInTheTransaction) {
+  run("INSERT INTO Kreise VALUES (1, 'a', 0)");
+  conn->BeginTrans();
+  EXPECT_EQ(run("SELECT * FROM Kreise WHERE Nr = 1 FOR UPDATE"), 1);
+  const auto other = open();
+  other->CommandTimeout(1);
+  EXPECT_NE(errorOf(*other, "UPDATE Kreise SET Text = 'fremd'").number(), 0);
+  conn->RollbackTrans();
+  EXPECT_EQ(test::run(*other, "UPDATE Kreise SET Text = 'fremd'"), 1);
+}
+
 TEST_F(ServerSessions, WhoIsGoingToWriteKeepsOthersFromIt) {
   run("INSERT INTO Kreise VALUES (1, 'a', 0)");
   conn->IsolationLevel(ado::isolated);

@@ -26,6 +26,18 @@ constexpr const char* trigger =
 
 }  // namespace
 
+TEST(StatementGate, ASelectThatLocksRowsDoesMoreThanRead) {
+  const auto onlyReads = [](std::string_view text) {
+    StatementGate gate;
+    return gate.pass(text).onlyReads();
+  };
+  for (const char* const locks : {"", " OFFSET 1", " -- FOR UPDATE", " FOR SYSTEM_TIME ALL"})
+    EXPECT_TRUE(onlyReads(std::string("SELECT 'FOR UPDATE' FROM a") + locks)) << locks;
+  for (const char* const locks : {" FOR UPDATE", " for share NOWAIT", " FOR NO KEY UPDATE",
+                                  " FOR KEY SHARE", " LOCK IN SHARE MODE"})
+    EXPECT_FALSE(onlyReads(std::string("SELECT b FROM a") + locks)) << locks;
+}
+
 TEST(StatementGate, PassesTheStatementWithoutWhatSurroundsIt) {
   EXPECT_EQ(passed("SELECT 1"), "SELECT 1");
   EXPECT_EQ(passed(" ; /*;*/ SELECT 1 /*;*/ ; -- ;"), "SELECT 1");
