@@ -2,10 +2,11 @@
 #include <array>
 #include <charconv>
 
+#include <vexnumkr/connection_string.h>
+
 #include "engines/engine_list.h"
 #include "engines/sqlite/keys.h"
 #include "engines/sqlite/location.h"
-#include "platform/ascii_case.h"
 
 namespace vexnumkr::engines {
 namespace {
@@ -17,8 +18,8 @@ constexpr std::array<std::string_view, 6> options = {
     "QSQLITE_ENABLE_SHARED_CACHE", "QSQLITE_ENABLE_REGEXP", "QSQLITE_NO_USE_EXTENDED_RESULT_CODES"};
 
 // SQLite checks foreign keys only on connections that ask for it, and a schema that declares them
-// means them. Through ODBC there is no other way to say how long to wait for a lock.
-constexpr std::array opening = {"PRAGMA foreign_keys = ON", "PRAGMA busy_timeout = 5000"};
+// means them.
+constexpr std::array opening = {"PRAGMA foreign_keys = ON"};
 constexpr std::int32_t longestWait = 5;
 // Transactions are serializable whatever one asks for.
 constexpr std::array begin = {"BEGIN DEFERRED"};
@@ -28,17 +29,24 @@ constexpr std::array rowNumbers = {"rowid", "_rowid_", "oid"};
 ConnectionSettings prepare(ConnectionSettings settings) {
   settings.database = sqlite_location::uriOf(settings.database);
   if (!settings.options.empty()) settings.options += ';';
-  settings.options += "QSQLITE_BUSY_TIMEOUT=5000;QSQLITE_OPEN_URI";
+  settings.options +=
+      "QSQLITE_BUSY_TIMEOUT=" + std::to_string(longestWait * 1000) + ";QSQLITE_OPEN_URI";
   return settings;
 }
 
 constexpr std::array drivers = {QtDriver{"QSQLITE", options, prepare}};
 
 // Without being told so the driver takes what a column of integers holds for 32 bits, and cuts off
-// the rest.
+// the rest; and it waits for locks for 100 seconds, whatever the session asks for.
 std::string prepareOdbc(const std::string& connectionString) {
-  if (inLowerCase(connectionString).find("bigint=") != std::string::npos) return connectionString;
-  return connectionString + (connectionString.empty() ? "" : ";") + "BigInt=1";
+  std::string prepared = connectionString;
+  const auto add = [&](const std::string& key, const std::string& value) {
+    if (!connectionValue(connectionString, key, ConnectionSyntax::odbc).empty()) return;
+    prepared += (prepared.empty() ? "" : ";") + key + '=' + value;
+  };
+  add("BigInt", "1");
+  add("Timeout", std::to_string(longestWait * 1000));
+  return prepared;
 }
 
 // The engine has no limit for statements.
