@@ -131,8 +131,15 @@ struct Engine {
   /// enough.
   Statements beginForWriting;
   std::string (*lockTable)(const std::string& table);
+  /// The same in a transaction that another layer has begun in a way of its own: a single
+  /// statement, which locks whatever that way is.
+  std::string (*lockTableAnyhow)(const std::string& table);
+  /// Whether an isolated transaction goes on seeing what was stored at its first statement, also
+  /// under a lock that it takes later.
+  bool seesItsBeginning;
   /// Selects the first of the tables, given as a list of literals, that knows no transactions: its
-  /// name, its kind, and the statement that gives it some. Null where every table does.
+  /// name as Tabelle, its kind as Art, and the statement that gives it some as Abhilfe. Null where
+  /// every table does.
   std::string (*withoutTransactions)(const std::string& tables);
 
   /// Selects how many characters a column for texts has room for; no row, NULL or 0 where that is

@@ -61,6 +61,10 @@ const Engine* engineThatAnswers(const AskText& ask) {
   return nullptr;
 }
 
+const Engine* engineThatAnswers(Connection& connection) {
+  return engineThatAnswers([&](const char* select) { return firstText(connection, select); });
+}
+
 bool meansLocked(const Error& error) {
   const std::string& source = error.source();
   return std::any_of(allEngines().begin(), allEngines().end(), [&](const Engine* engine) {
@@ -87,8 +91,7 @@ std::vector<std::string> engineNames() {
 }
 
 std::string engineOf(Connection& connection) {
-  const Engine* const engine =
-      engineThatAnswers([&](const char* select) { return firstText(connection, select); });
+  const Engine* const engine = engineThatAnswers(connection);
   if (engine != nullptr) return std::string(engine->name);
   throw Error(error_number::unknownDriver, "VEXNummernkreise",
               "Das Datenbanksystem wird nicht unterstützt; möglich sind " +

@@ -13,6 +13,8 @@
 
 namespace vexnumkr {
 
+class Connection;
+
 /// In the order of the list.
 std::span<const Engine* const> allEngines();
 
@@ -30,6 +32,8 @@ EngineDriver engineOfQtDriver(std::string_view name);
 using AskText = std::function<std::optional<std::string>(const char* select)>;
 /// The engine that answers; null where it is none of these.
 const Engine* engineThatAnswers(const AskText& ask);
+/// The same over a connection.
+const Engine* engineThatAnswers(Connection& connection);
 
 /// Whether an engine has failed because of a lock or a change of somebody else's, so that trying
 /// again may work. The adapters name the engine as the error's source, with a code behind it where

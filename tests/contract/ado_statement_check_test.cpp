@@ -64,6 +64,17 @@ TEST(AdoStatementCheck, OnlyProviderAndDriverSayWhichEngineItIs) {
   EXPECT_TRUE(lexicalRulesOf(" driver = {MariaDB ODBC; 3.1} ;Server=db")->backslashEscapes);
 }
 
+TEST(AdoStatementCheck, TheEngineIsTheProvidersOrTheDrivers) {
+  EXPECT_EQ(engineNamedBy(mariaDb).engine, &engines::mariadb);
+  EXPECT_EQ(engineNamedBy(postgreSql).engine, &engines::postgresql);
+  EXPECT_EQ(engineNamedBy("Driver=SQLite3;Database=firma.db").engine, &engines::sqlite);
+  for (const char* const connection : {sqlServer, accessFile}) {
+    EXPECT_TRUE(engineNamedBy(connection).isNamed) << connection;
+    EXPECT_EQ(engineNamedBy(connection).engine, nullptr) << connection;
+  }
+  EXPECT_FALSE(engineNamedBy(dataSource).isNamed);
+}
+
 TEST(AdoStatementCheck, LetsOneStatementThrough) {
   for (const char* const connection : {sqlServer, accessFile, mariaDb, postgreSql, dataSource}) {
     EXPECT_EQ(passed(connection, " SELECT 1 ; "), "SELECT 1") << connection;

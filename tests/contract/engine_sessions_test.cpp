@@ -2,6 +2,7 @@
 #include <QSqlQuery>
 
 #include "contract/engine_session.h"
+#include "engines/engines.h"
 
 namespace vexnumkr::test {
 
@@ -130,6 +131,24 @@ TEST_F(EngineSessions, WhatWasChangedBeforeIsKeptByWhoIsGoingToWrite) {
   run("INSERT INTO Kreise VALUES (2, 'b', 0)");
   conn->CommitTrans();
   EXPECT_EQ(stored(), (Texts{"'a'", "'b'"}));
+}
+
+// As other layers do it, whose transactions begin in their own way.
+TEST_F(EngineSessions, AStatementLocksInAnyTransaction) {
+  run("INSERT INTO Kreise VALUES (1, 'a', 0)");
+  const HostsDatabase host(database);
+  QSqlDatabase hosts = host.get();
+  ASSERT_TRUE(hosts.transaction());
+  const std::string lock = engineThatAnswers(*conn)->lockTableAnyhow("Kreise");
+  QSqlQuery query(hosts);
+  ASSERT_TRUE(query.exec(QString::fromStdString(lock))) << lock;
+  query.finish();
+  const auto other = open();
+  other->CommandTimeout(1);
+  EXPECT_NE(errorOf(*other, "UPDATE Kreise SET Text = 'fremd'").number(), 0) << lock;
+  EXPECT_EQ(test::rows(*other, "SELECT Text FROM Kreise", {"Text"}), Texts{"'a'"});
+  ASSERT_TRUE(hosts.commit());
+  EXPECT_EQ(test::run(*other, "UPDATE Kreise SET Text = 'fremd'"), 1);
 }
 
 TEST_F(EngineSessions, LockingNeedsATransaction) {

@@ -74,7 +74,8 @@ constexpr std::array beginReading = {
     "START TRANSACTION WITH CONSISTENT SNAPSHOT, READ ONLY"};
 
 std::string withoutTransactions(const std::string& tables) {
-  return "SELECT t.TABLE_NAME, t.ENGINE, CONCAT('ALTER TABLE ', t.TABLE_NAME, ' ENGINE = InnoDB') "
+  return "SELECT t.TABLE_NAME AS Tabelle, t.ENGINE AS Art, "
+         "CONCAT('ALTER TABLE ', t.TABLE_NAME, ' ENGINE = InnoDB') AS Abhilfe "
          "FROM information_schema.TABLES t "
          "JOIN information_schema.ENGINES e ON e.ENGINE = t.ENGINE "
          "WHERE t.TABLE_SCHEMA = DATABASE() AND t.TABLE_NAME IN (" +
@@ -235,6 +236,8 @@ const Engine mariadb = {
     .beginBeforeLocking = beginIsolated,
     .beginForWriting = beginIsolated,
     .lockTable = lockTable,
+    .lockTableAnyhow = lockTable,
+    .seesItsBeginning = false,
     .withoutTransactions = withoutTransactions,
     .textLimit = textLimit,
     .rowNumberNames = {},

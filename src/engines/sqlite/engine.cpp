@@ -24,6 +24,10 @@ constexpr std::int32_t longestWait = 5;
 // Transactions are serializable whatever one asks for.
 constexpr std::array begin = {"BEGIN DEFERRED"};
 constexpr std::array beginForWriting = {"BEGIN IMMEDIATE"};
+// Whatever may write takes the lock, also where it finds nothing to write.
+std::string lockByWriting(const std::string& table) {
+  return "DELETE FROM " + table + " WHERE 1 = 0";
+}
 constexpr std::array rowNumbers = {"rowid", "_rowid_", "oid"};
 
 ConnectionSettings prepare(ConnectionSettings settings) {
@@ -130,6 +134,8 @@ const Engine sqlite = {
     .beginBeforeLocking = begin,
     .beginForWriting = beginForWriting,
     .lockTable = nullptr,
+    .lockTableAnyhow = lockByWriting,
+    .seesItsBeginning = false,
     .withoutTransactions = nullptr,
     .textLimit = textLimit,
     .rowNumberNames = rowNumbers,

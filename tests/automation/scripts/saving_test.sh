@@ -22,7 +22,11 @@ called "ADODB.Connection#2.ConnectionString let \"$connection\""
 called 'ADODB.Connection#2.ConnectionTimeout let 0'
 called 'ADODB.Connection#2.CursorLocation let 2'
 called 'ADODB.Connection#2.Open "", "", "", -1'
-called 'ADODB.Connection#1.BeginTrans'
-called 'ADODB.Connection#1.CommitTrans'
 called 'ADODB.Connection#2.Close'
-never_called 'ADODB.Connection#1.RollbackTrans'
+# The transaction is tried when the dialog opens, and begun to write, beneath the lock.
+called_in_order 'ADODB.Connection#1.BeginTrans' 'ADODB.Connection#1.RollbackTrans' \
+  'ADODB.Connection#1.BeginTrans' \
+  'ADODB.Connection#1.Execute "DELETE FROM Nummernkreise WHERE 1 = 0"' \
+  'ADODB.Command#1.CommandText let "UPDATE Nummernkreise SET' \
+  'ADODB.Connection#1.CommitTrans'
+[ "$(grep -c RollbackTrans "$folder/calls")" = 1 ] || fail "something was rolled back"

@@ -20,6 +20,7 @@ set_tests_properties(unregister PROPERTIES FIXTURES_CLEANUP registered)
 
 vexnumkr_script_test(ado_test)
 vexnumkr_script_test(saving_test registered)
+vexnumkr_script_test(drawing_test registered)
 vexnumkr_script_test(cancelling_test registered)
 vexnumkr_script_test(processing_date_test registered)
 vexnumkr_script_test(failures_test registered)

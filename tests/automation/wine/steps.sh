@@ -124,4 +124,13 @@ rows() {
 
 # called TEXT: a stand-in has received that call, as the log writes it.
 called() { grep -qF -- "$1" "$folder/calls" || fail "nobody has called $1"; }
+# called_in_order TEXT...: the stand-ins have received these calls one after the other, whatever lies between.
+called_in_order() {
+  local line=0 next call
+  for call in "$@"; do
+    next=$(tail -n "+$((line + 1))" "$folder/calls" | grep -nF -m 1 -- "$call" | cut -d: -f1)
+    [ -n "$next" ] || fail "nobody has called $call behind line $line"
+    line=$((line + next))
+  done
+}
 never_called() { ! grep -qF -- "$1" "$folder/calls" || fail "somebody has called $1"; }

@@ -22,6 +22,7 @@ void AdoRecordset::Open(const std::string& source, Connection& connection, std::
   const Variant lock(lockType);
   const Variant option(options);
   object_.call("Open", {&text, &active, &cursor, &lock, &option});
+  connection_ = &ado;
 }
 
 bool AdoRecordset::EndOfFile() const { return !hasRows_ || toBoolean(object_.call("EOF").get()); }
@@ -43,7 +44,10 @@ void AdoRecordset::Fields(std::string_view name, const Value& value) {
   field(name).put("Value", Variant(value));
 }
 
-void AdoRecordset::Update() { object_.call("Update"); }
+void AdoRecordset::Update() {
+  if (connection_ != nullptr) connection_->beginToChange();
+  object_.call("Update");
+}
 void AdoRecordset::Close() { object_.call("Close"); }
 
 }  // namespace vexnumkr::automation

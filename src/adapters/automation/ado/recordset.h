@@ -10,6 +10,8 @@
 
 namespace vexnumkr::automation {
 
+class AdoConnection;
+
 /// Forwards to the object's members.
 class AdoRecordset final : public Recordset {
  public:
@@ -35,6 +37,7 @@ class AdoRecordset final : public Recordset {
 
   mutable LateBound object_;
   bool hasRows_;
+  AdoConnection* connection_ = nullptr;  // Borrowed by Open.
 };
 
 }  // namespace vexnumkr::automation

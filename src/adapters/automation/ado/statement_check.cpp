@@ -27,15 +27,19 @@ bool isSameToken(const Token& a, const Token& b) {
 
 }  // namespace
 
-std::optional<LexicalRules> lexicalRulesOf(std::string_view connectionString) {
+NamedEngine engineNamedBy(std::string_view connectionString) {
   // The provider for ODBC is also the one that is taken where none is named.
   const std::string provider = inLowerCase(setting(connectionString, "Provider"));
   const bool isOdbc = provider.empty() || provider.starts_with("msdasql");
   const std::string name = isOdbc ? setting(connectionString, "Driver") : provider;
-  if (name.empty()) return std::nullopt;
+  return {!name.empty(), engineOfDriverName(name)};
+}
+
+std::optional<LexicalRules> lexicalRulesOf(std::string_view connectionString) {
+  const auto [isNamed, engine] = engineNamedBy(connectionString);
+  if (!isNamed) return std::nullopt;
   // A host may bring a provider for an engine that is in no list here, and is not refused for that:
   // what counts as a statement there is what does in every SQL.
-  const Engine* const engine = engineOfDriverName(name);
   return engine == nullptr ? LexicalRules{} : engine->rules(engine->usualMode);
 }
 

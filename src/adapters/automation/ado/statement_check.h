@@ -7,7 +7,18 @@
 
 #include "platform/statement_gate.h"
 
+namespace vexnumkr {
+struct Engine;
+}
+
 namespace vexnumkr::automation {
+
+/// What a connection string says about the engine behind it.
+struct NamedEngine {
+  bool isNamed = false;            ///< Not so for an ODBC data source that is only named.
+  const Engine* engine = nullptr;  ///< Null for one that is not supported.
+};
+NamedEngine engineNamedBy(std::string_view connectionString);
 
 /// How the engine behind a connection string reads a statement; none where the string does not
 /// tell, as with an ODBC data source that is only named. A supported engine is taken in the mode

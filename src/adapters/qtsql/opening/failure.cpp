@@ -11,8 +11,6 @@
 namespace vexnumkr::qtsql {
 namespace {
 
-constexpr const char* adapter = "Qt SQL";
-
 Error databaseFailure(const QSqlError& error, std::string source, const QString& code) {
   bool isNumber = false;
   const int number = error.nativeErrorCode().toInt(&isNumber);
@@ -25,7 +23,7 @@ Error databaseFailure(const QSqlError& error, std::string source, const QString&
 
 }  // namespace
 
-Error failure(std::int32_t number, const std::string& text) { return Error(number, adapter, text); }
+Error failure(std::int32_t number, const std::string& text) { return Error(number, adapterName, text); }
 
 Error engineFailure(const QSqlError& error, const Engine& engine, const QString& code) {
   const Error failed = databaseFailure(error, std::string(engine.title), code);

@@ -29,6 +29,9 @@ inline constexpr std::int32_t noTransaction = -2147168242;
 inline constexpr std::int32_t transactionRuns = -2147168237;
 }  // namespace failure_number
 
+/// The source of the adapter's own failures.
+inline constexpr const char* adapterName = "Qt SQL";
+
 /// One of the adapter's own failures.
 Error failure(std::int32_t number, const std::string& text);
 

@@ -3,6 +3,7 @@
 
 #include "adapters/qtsql/opening/failure.h"
 #include "adapters/qtsql/session/session.h"
+#include "engines/transactional_tables.h"
 
 namespace vexnumkr::qtsql {
 
@@ -113,22 +114,15 @@ void SqlSession::commit() {
 
 void SqlSession::requireTransactions(const std::vector<std::string>& tables) {
   locksLater_ = true;
-  if (engine_->withoutTransactions == nullptr || tables.empty()) return;
+  const std::string select = selectWithoutTransactions(*engine_, tables);
+  if (select.empty()) return;
   requireReady();
-  std::string literals;
-  for (const std::string& table : tables)
-    literals += (literals.empty() ? "'" : ", '") + table + '\'';
-  const RowSet found =
-      anew([&] { return read(QString::fromStdString(engine_->withoutTransactions(literals))); });
+  const RowSet found = anew([&] { return read(QString::fromStdString(select)); });
   if (found.rowCount() == 0) return;
   const auto text = [&](std::size_t column) {
     return found.at(0, column).toString().toStdString();
   };
-  throw failure(
-      error_number::notAvailable,
-      "Die Tabelle " + text(0) + " kennt keine Transaktionen (" + text(1) +
-          "). Damit könnte nichts zurückgenommen werden. Bitte lassen Sie sie umstellen: " +
-          text(2));
+  throw knowsNoTransactions({text(0), text(1), text(2)}, adapterName);
 }
 
 void SqlSession::lockTable(const std::string& table) {
