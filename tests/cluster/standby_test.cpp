@@ -13,7 +13,8 @@ class StandbyTest : public test::ClusterSession {
   StandbyTest() : primary(isStandby(1) ? 2 : 1), standby(3 - primary) {}
 
   bool isStandby(int node) const {
-    return test::value(*openThrough({node}), "SELECT pg_is_in_recovery()::integer AS X") == Value(1);
+    return test::value(*openThrough({node}), "SELECT pg_is_in_recovery()::integer AS X") ==
+           Value(1);
   }
   bool isOnStandby(Connection& connection) {
     return test::value(connection, "SELECT pg_is_in_recovery()::integer AS X") == Value(1);
