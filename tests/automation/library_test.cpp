@@ -85,7 +85,7 @@ TEST(LibraryFile, StaysWhileSomethingIsInUse) {
   const Apartment apartment;
   const Library library;
   ComPtr<IClassFactory> factory;
-  ASSERT_EQ(library.classObject(windows::classId, factory), S_OK);
+  ASSERT_EQ(library.classObject(server::classId, factory), S_OK);
   EXPECT_EQ(library.canUnloadNow(), S_FALSE);
   ComPtr<IDispatch> numbers;
   ASSERT_EQ(factory->CreateInstance(nullptr, IID_PPV_ARGS(&numbers)), S_OK);
@@ -93,7 +93,7 @@ TEST(LibraryFile, StaysWhileSomethingIsInUse) {
   EXPECT_EQ(library.canUnloadNow(), S_FALSE);
   numbers.Reset();
   EXPECT_EQ(library.canUnloadNow(), S_OK);
-  ASSERT_EQ(library.classObject(windows::classId, factory), S_OK);
+  ASSERT_EQ(library.classObject(server::classId, factory), S_OK);
   ASSERT_EQ(factory->LockServer(TRUE), S_OK);
   IClassFactory* const bare = factory.Get();
   bare->AddRef();
@@ -116,7 +116,7 @@ TEST(LibraryFile, IsNotAggregated) {
   const Apartment apartment;
   const Library library;
   ComPtr<IClassFactory> factory;
-  ASSERT_EQ(library.classObject(windows::classId, factory), S_OK);
+  ASSERT_EQ(library.classObject(server::classId, factory), S_OK);
   void* numbers = nullptr;
   EXPECT_EQ(factory->CreateInstance(factory.Get(), IID_IUnknown, &numbers), CLASS_E_NOAGGREGATION);
   EXPECT_EQ(numbers, nullptr);

@@ -14,8 +14,8 @@
 namespace vexnumkr::test {
 namespace {
 
-using windows::keyExists;
-using windows::RegistryKey;
+using server::keyExists;
+using server::RegistryKey;
 
 constexpr const wchar_t* library = L"C:\\Programme\\Firma\\VEXNumKr.dll";
 constexpr const wchar_t* programKey = L"VEXNummernkreise.VXNummernkreise";
@@ -110,14 +110,14 @@ class Registration : public testing::Test {
 
 TEST_F(Registration, IsForTheMachineWhereThatIsAllowed) {
   enter(true);
-  ASSERT_EQ(windows::registerServer(library), S_OK);
+  ASSERT_EQ(server::registerServer(library), S_OK);
   EXPECT_TRUE(machine_->has(programKey));
   EXPECT_EQ(user_->classCount(), 0U);
 }
 
 TEST_F(Registration, SaysWhereTheClassIs) {
   enter(true);
-  ASSERT_EQ(windows::registerServer(library), S_OK);
+  ASSERT_EQ(server::registerServer(library), S_OK);
   const std::wstring server = std::wstring(classKey) + L"\\InprocServer32";
   EXPECT_EQ(machine_->text(server), library);
   EXPECT_EQ(machine_->text(server, L"ThreadingModel"), L"Apartment");
@@ -127,17 +127,17 @@ TEST_F(Registration, SaysWhereTheClassIs) {
 
 TEST_F(Registration, LeavesNothingBehind) {
   enter(true);
-  ASSERT_EQ(windows::registerServer(library), S_OK);
-  ASSERT_EQ(windows::unregisterServer(), S_OK);
+  ASSERT_EQ(server::registerServer(library), S_OK);
+  ASSERT_EQ(server::unregisterServer(), S_OK);
   expectNothingIn(*machine_);
 }
 
 TEST_F(Registration, IsForTheUserWhereTheMachineIsOthers) {
   enter(false);
-  ASSERT_EQ(windows::registerServer(library), S_OK);
+  ASSERT_EQ(server::registerServer(library), S_OK);
   EXPECT_EQ(machine_->classCount(), 0U);
   EXPECT_EQ(user_->text(std::wstring(classKey) + L"\\InprocServer32"), library);
-  ASSERT_EQ(windows::unregisterServer(), S_OK);
+  ASSERT_EQ(server::unregisterServer(), S_OK);
   expectNothingIn(*user_);
 }
 
@@ -145,43 +145,43 @@ TEST_F(Registration, LeavesWhatTheOtherWordLengthNeeds) {
   enter(true);
   const std::wstring other = std::wstring(libraryKey) + L"\\2.0\\409\\" + otherLength;
   const std::wstring path = L"Software\\Classes\\" + other;
-  ASSERT_EQ(windows::setText(HKEY_LOCAL_MACHINE, path, L"", library), ERROR_SUCCESS);
-  ASSERT_EQ(windows::registerServer(library), S_OK);
-  ASSERT_EQ(windows::unregisterServer(), S_OK);
+  ASSERT_EQ(server::setText(HKEY_LOCAL_MACHINE, path, L"", library), ERROR_SUCCESS);
+  ASSERT_EQ(server::registerServer(library), S_OK);
+  ASSERT_EQ(server::unregisterServer(), S_OK);
   EXPECT_FALSE(machine_->has(classKey));
   EXPECT_TRUE(machine_->has(programKey));
   EXPECT_TRUE(machine_->has(other));
-  ASSERT_EQ(windows::removeTree(HKEY_LOCAL_MACHINE, path), ERROR_SUCCESS);
-  ASSERT_EQ(windows::registerServer(library), S_OK);
-  ASSERT_EQ(windows::unregisterServer(), S_OK);
+  ASSERT_EQ(server::removeTree(HKEY_LOCAL_MACHINE, path), ERROR_SUCCESS);
+  ASSERT_EQ(server::registerServer(library), S_OK);
+  ASSERT_EQ(server::unregisterServer(), S_OK);
   expectNothingIn(*machine_);
 }
 
 TEST_F(Registration, MayBeRepeated) {
   enter(true);
-  ASSERT_EQ(windows::registerServer(L"C:\\alt\\VEXNumKr.dll"), S_OK);
-  ASSERT_EQ(windows::registerServer(library), S_OK);
+  ASSERT_EQ(server::registerServer(L"C:\\alt\\VEXNumKr.dll"), S_OK);
+  ASSERT_EQ(server::registerServer(library), S_OK);
   EXPECT_EQ(machine_->text(std::wstring(classKey) + L"\\InprocServer32"), library);
-  ASSERT_EQ(windows::unregisterServer(), S_OK);
-  EXPECT_EQ(windows::unregisterServer(), S_OK);
+  ASSERT_EQ(server::unregisterServer(), S_OK);
+  EXPECT_EQ(server::unregisterServer(), S_OK);
 }
 
 TEST_F(Registration, OfTheMachineReplacesTheUsersOwn) {
   enter(true);
   RegistryKey classes;
   ASSERT_EQ(classes.create(HKEY_CURRENT_USER, L"Software\\Classes"), ERROR_SUCCESS);
-  ASSERT_EQ(windows::registerIn(classes.get(), L"C:\\alt\\VEXNumKr.dll"), S_OK);
-  ASSERT_EQ(windows::registerServer(library), S_OK);
+  ASSERT_EQ(server::registerIn(classes.get(), L"C:\\alt\\VEXNumKr.dll"), S_OK);
+  ASSERT_EQ(server::registerServer(library), S_OK);
   EXPECT_FALSE(user_->has(classKey));
   EXPECT_TRUE(machine_->has(classKey));
 }
 
 TEST_F(Registration, KeepsWhatOthersHave) {
   enter(true);
-  ASSERT_EQ(windows::setText(HKEY_LOCAL_MACHINE, L"Software\\Classes\\CLSID\\{andere}", L"", L"x"),
+  ASSERT_EQ(server::setText(HKEY_LOCAL_MACHINE, L"Software\\Classes\\CLSID\\{andere}", L"", L"x"),
             ERROR_SUCCESS);
-  ASSERT_EQ(windows::registerServer(library), S_OK);
-  ASSERT_EQ(windows::unregisterServer(), S_OK);
+  ASSERT_EQ(server::registerServer(library), S_OK);
+  ASSERT_EQ(server::unregisterServer(), S_OK);
   EXPECT_EQ(machine_->text(L"CLSID\\{andere}"), L"x");
 }
 

@@ -106,7 +106,7 @@ TEST(TypeLibrary, SaysWhatItIs) {
   EXPECT_EQ(attributes->wMinorVerNum, 0);
   EXPECT_EQ(attributes->lcid, 0x409U);
   EXPECT_EQ(attributes->syskind, sizeof(void*) == 8 ? SYS_WIN64 : SYS_WIN32);
-  EXPECT_EQ(attributes->guid, windows::libraryId);
+  EXPECT_EQ(attributes->guid, server::libraryId);
   library->ReleaseTLibAttr(attributes);
   EXPECT_EQ(library->GetTypeInfoCount(), 2U);
 }
@@ -117,7 +117,7 @@ TEST(TypeLibrary, HasOneClassThatCanBeCreated) {
   const Attributes attributes(*info.Get());
   EXPECT_EQ(attributes->typekind, TKIND_COCLASS);
   EXPECT_EQ(attributes->wTypeFlags, TYPEFLAG_FCANCREATE);
-  EXPECT_EQ(attributes->guid, windows::classId);
+  EXPECT_EQ(attributes->guid, server::classId);
   ASSERT_EQ(attributes->cImplTypes, 1);
   INT flags = 0;
   HREFTYPE reference = 0;
@@ -126,7 +126,7 @@ TEST(TypeLibrary, HasOneClassThatCanBeCreated) {
   ASSERT_EQ(info->GetRefTypeOfImplType(0, &reference), S_OK);
   ASSERT_EQ(info->GetRefTypeInfo(reference, implemented.GetAddressOf()), S_OK);
   EXPECT_EQ(flags, IMPLTYPEFLAG_FDEFAULT);
-  EXPECT_EQ(Attributes(*implemented.Get())->guid, windows::interfaceId);
+  EXPECT_EQ(Attributes(*implemented.Get())->guid, server::interfaceId);
 }
 
 TEST(TypeLibrary, HasADualInterfaceForScriptsAndPrograms) {
@@ -138,12 +138,12 @@ TEST(TypeLibrary, HasADualInterfaceForScriptsAndPrograms) {
   EXPECT_EQ(scripted->typekind, TKIND_DISPATCH);
   // Only what programs are bound to is called automation-compatible.
   EXPECT_EQ(scripted->wTypeFlags, flags & ~TYPEFLAG_FOLEAUTOMATION);
-  EXPECT_EQ(scripted->guid, windows::interfaceId);
+  EXPECT_EQ(scripted->guid, server::interfaceId);
   const ComPtr<ITypeInfo> bound = boundInterface();
   const Attributes attributes(*bound.Get());
   EXPECT_EQ(attributes->typekind, TKIND_INTERFACE);
   EXPECT_EQ(attributes->wTypeFlags, flags);
-  EXPECT_EQ(attributes->guid, windows::interfaceId);
+  EXPECT_EQ(attributes->guid, server::interfaceId);
   EXPECT_EQ(attributes->cFuncs, 2);
   HREFTYPE reference = 0;
   ComPtr<ITypeInfo> base;
