@@ -22,7 +22,7 @@ host_ends_with \
   "no such table: -2147217865, [SQLite]no such table: nix (1), $odbc" \
   "no statement: -2147217900, [SQLite]near \"SELEKT\": syntax error (1), $odbc" \
   "twice: -2147217873, [SQLite]UNIQUE constraint failed: tblUser.strUserName_PK (19), $odbc" \
-  "nested: -2147217900, [SQLite]cannot start a transaction within a transaction (1), $odbc" \
+  "nested: -2147168237, Es läuft bereits eine Transaktion., $odbc" \
   "no transaction: -2147217900, [SQLite]cannot commit - no transaction is active (1), $odbc" \
   "no such member: 438, Object doesn't support this property or method, $vbscript" \
   "method set: 438, Object doesn't support this property or method, $vbscript" \

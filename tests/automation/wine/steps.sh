@@ -51,7 +51,7 @@ host() {
 
 # What the host has printed so far.
 output() {
-  [ ! -e "$folder/raw-output" ] || iconv -f CP1252 -t UTF-8 "$folder/raw-output" | tr -d '\r'
+  [ ! -e "$folder/raw-output" ] || iconv -f CP437 -t UTF-8 "$folder/raw-output" | tr -d '\r'
 }
 
 # The titles of all visible windows.

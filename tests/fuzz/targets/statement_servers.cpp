@@ -6,10 +6,13 @@
 #include <QStringDecoder>
 #include <algorithm>
 #include <array>
+#include <deque>
 #include <iterator>
 #include <memory>
 #include <span>
 #include <string>
+#include <string_view>
+#include <utility>
 #include <vector>
 
 #include <vexnumkr/adapters.h>
@@ -85,46 +88,70 @@ constexpr Mode mariadbModes[] = {
     {"SET sql_mode = 'NO_BACKSLASH_ESCAPES,STRICT_ALL_TABLES'; SET NAMES gbk", false, false},
     {"SET sql_mode = 'NO_BACKSLASH_ESCAPES'; SET NAMES sjis", false, false}};
 
-// One server, with the rows that the model has.
-class Server {
+// What selects the rows of all tables as the model writes them: each cell with its type, so that 1
+// is not '1'. One statement, since asking the server is what takes the time.
+std::string allRows() {
+  static constexpr std::array<std::string_view, 6> numbers = {
+      "Buchungskreis", "StartWert", "AktuellerWert", "EndWert", "Aktiviert", "SortierIndex"};
+  std::string select;
+  for (const auto& [table, columns] : SqliteModel::columns()) {
+    select += select.empty() ? "SELECT CONCAT(" : " UNION ALL SELECT CONCAT(";
+    for (const std::string name : columns) {
+      const bool isNumber = std::find(numbers.begin(), numbers.end(), name) != numbers.end();
+      select += "CASE WHEN " + name + " IS NULL THEN '5' ELSE CONCAT('" + (isNumber ? '1' : '3') +
+                "', " + name + ") END, '" + SqliteModel::cellEnd + "', ";
+    }
+    select += std::string("'\n') AS Zeile FROM ") + table;
+  }
+  return select;
+}
+
+void runAll(Connection& connection, std::string_view texts) {
+  for (std::size_t end = 0; end != std::string_view::npos; texts.remove_prefix(end + 2)) {
+    end = texts.find("; ");
+    app::execute(connection, std::string(texts.substr(0, end)));
+    if (end == std::string_view::npos) return;
+  }
+}
+
+Rows storedRows(Connection& connection) {
+  static const std::string select = allRows();
+  Rows rows;
+  app::forEachRow(connection, select,
+                  [&rows](const Recordset& row) { rows.push_back(row.Fields("Zeile").toText()); });
+  std::sort(rows.begin(), rows.end());
+  return rows;
+}
+
+// A host's session in a mode, on tables with the rows that the model has.
+class HostSession {
  public:
-  Server(const std::string& engine, std::span<const Mode> modes, const Rows& untouched)
-      : modes_(modes),
-        database_(engine),
-        connection_(openQtSqlConnection(database_.connectionString())),
+  HostSession(const std::string& connectionString, const Mode& mode, const Mode& readable,
+              const Rows& untouched)
+      : mode_(mode),
+        readable_(readable),
+        connection_(openQtSqlConnection(connectionString)),
         guarded_(guardedConnection(connection_)),
         untouched_(untouched) {
-    for (const std::string& statement : app::rangeTableStatements(engine)) run(statement);
-    for (const char* const statement : SqliteModel::sentinels()) run(statement);
-    require(storedRows() == untouched_, "the server begins with the model's rows");
+    runAll(*connection_, mode_.setting);
   }
 
-  void attack(std::size_t choice, const std::string& text, const Effect& bound, bool isHarmless) {
-    const Mode& mode = modes_[choice % modes_.size()];
-    runAll(mode.setting);
+  void attack(const std::string& text, const Effect& bound, bool isHarmless) {
     connection_->BeginTrans();
     const std::int32_t error = execute(text);
     if (error != 0)
       requireUntouched(text);
     else
-      compare(mode, text, storedInTransaction(), linesOf(bound.stored));
+      compare(text, storedInTransaction(), linesOf(bound.stored));
     connection_->RollbackTrans();
-    const bool isPlain = isHarmless && mode.isWhole && isUtf8(text) &&
-                         (!mode.escapes || text.find('\\') == std::string::npos);
+    if (!mode_.isWhole) runAll(*connection_, mode_.setting);
+    const bool isPlain = isHarmless && mode_.isWhole && isUtf8(text) &&
+                         (!mode_.escapes || text.find('\\') == std::string::npos);
     require(!isPlain || error != error_number::invalidArgument,
-            "values without quotes are never refused", {mode.setting, text});
+            "values without quotes are never refused", {mode_.setting, text});
   }
 
  private:
-  void run(const std::string& text) { app::execute(*connection_, text); }
-  void runAll(std::string_view texts) {
-    for (std::size_t end = 0; end != std::string_view::npos; texts.remove_prefix(end + 2)) {
-      end = texts.find("; ");
-      run(std::string(texts.substr(0, end)));
-      if (end == std::string_view::npos) return;
-    }
-  }
-
   // The error's number; 0 for none.
   std::int32_t execute(const std::string& text) {
     try {
@@ -136,8 +163,8 @@ class Server {
   }
 
   Rows storedInTransaction() {
-    runAll(modes_[0].setting);
-    return storedRows();
+    if (!mode_.isWhole) runAll(*connection_, readable_.setting);
+    return storedRows(*connection_);
   }
 
   // Some failures end the transaction, and what follows is told so until it is rolled back.
@@ -152,41 +179,46 @@ class Server {
   }
 
   // Where texts do not arrive whole, the rows that were there before tell whose were changed.
-  void compare(const Mode& mode, const std::string& text, const Rows& stored,
-               const Rows& expected) {
-    if (mode.isWhole)
+  void compare(const std::string& text, const Rows& stored, const Rows& expected) {
+    if (mode_.isWhole)
       require(stored == expected, "values written do what they do bound",
-              {mode.setting, text, shown(stored), shown(expected)});
+              {mode_.setting, text, shown(stored), shown(expected)});
     require(without(untouched_, stored) == without(untouched_, expected),
-            "no row is changed but its own", {mode.setting, text, shown(stored), shown(expected)});
+            "no row is changed but its own", {mode_.setting, text, shown(stored), shown(expected)});
     require(stored.size() == expected.size(), "as many rows are stored as if bound",
-            {mode.setting, text, shown(stored), shown(expected)});
+            {mode_.setting, text, shown(stored), shown(expected)});
   }
 
-  Rows storedRows() {
-    Rows rows;
-    for (const auto& [table, columns] : SqliteModel::columns())
-      app::forEachRow(*connection_, "SELECT * FROM " + std::string(table),
-                      [&rows, &names = columns](const Recordset& row) {
-                        std::string line;
-                        for (const char* const name : names)
-                          line += cell(row.Fields(name)) + SqliteModel::cellEnd;
-                        rows.push_back(line + '\n');
-                      });
-    std::sort(rows.begin(), rows.end());
-    return rows;
-  }
-
-  static std::string cell(const Value& value) {
-    if (value.isNull()) return "5";
-    return (value.isText() ? "3" : "1") + value.toText();
-  }
-
-  std::span<const Mode> modes_;
-  test::FreshDatabase database_;
+  const Mode& mode_;
+  const Mode& readable_;
   std::shared_ptr<Connection> connection_;
   std::unique_ptr<Connection> guarded_;
+  const Rows& untouched_;
+};
+
+// One server, with a session in each of its modes.
+class Server {
+ public:
+  Server(const std::string& engine, std::span<const Mode> modes, Rows untouched)
+      : database_(engine), untouched_(std::move(untouched)) {
+    const auto connection = openQtSqlConnection(database_.connectionString());
+    for (const std::string& statement : app::rangeTableStatements(engine))
+      app::execute(*connection, statement);
+    for (const char* const statement : SqliteModel::sentinels())
+      app::execute(*connection, statement);
+    require(storedRows(*connection) == untouched_, "the server begins with the model's rows");
+    for (const Mode& mode : modes)
+      sessions_.emplace_back(database_.connectionString(), mode, modes.front(), untouched_);
+  }
+
+  void attack(std::size_t choice, const std::string& text, const Effect& bound, bool isHarmless) {
+    sessions_[choice % sessions_.size()].attack(text, bound, isHarmless);
+  }
+
+ private:
+  test::FreshDatabase database_;
   const Rows untouched_;
+  std::deque<HostSession> sessions_;
 };
 
 class Attack {
