@@ -40,6 +40,7 @@ vexnumkr_windows_test(library_test NEEDS registered)
 target_link_libraries(library_test PRIVATE version)
 vexnumkr_windows_test(late_binding_test NEEDS registered)
 vexnumkr_windows_test(hosts_test NEEDS registered)
+vexnumkr_windows_test(misuse_test NEEDS registered)
 vexnumkr_windows_test(registration_test
   SOURCES "${server}/registration.cpp" "${server}/registry_key.cpp")
 
