@@ -23,7 +23,9 @@ Error databaseFailure(const QSqlError& error, std::string source, const QString&
 
 }  // namespace
 
-Error failure(std::int32_t number, const std::string& text) { return Error(number, adapterName, text); }
+Error failure(std::int32_t number, const std::string& text) {
+  return Error(number, adapterName, text);
+}
 
 Error engineFailure(const QSqlError& error, const Engine& engine, const QString& code) {
   const Error failed = databaseFailure(error, std::string(engine.title), code);
