@@ -1,7 +1,5 @@
 #include "component/process.h"
 
-#include <dlfcn.h>
-
 #include <QApplication>
 #include <clocale>
 #include <memory>
@@ -13,12 +11,6 @@
 
 namespace vexnumkr {
 namespace {
-
-/// Without a display Qt would end the process.
-bool hasDisplay() {
-  return qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY") ||
-         qEnvironmentVariableIsSet("QT_QPA_PLATFORM");
-}
 
 void makeApplication() {
   // Die with the process: what they release then could only fail.
@@ -34,12 +26,6 @@ void makeApplication() {
 }
 
 }  // namespace
-
-void stayLoaded() noexcept {
-  Dl_info self = {};
-  if (dladdr(reinterpret_cast<const void*>(&stayLoaded), &self) != 0)
-    dlopen(self.dli_fname, RTLD_LAZY | RTLD_NOLOAD | RTLD_NODELETE);
-}
 
 void requireDialogThread() {
   if (!isDialogThread())

@@ -7,6 +7,9 @@ namespace vexnumkr {
 /// host that closes it after a dialog would crash later. Does nothing where it is no library.
 void stayLoaded() noexcept;
 
+/// Whether windows can be shown; where they cannot, Qt would end the process.
+bool hasDisplay();
+
 /// Error 429 unless there is a QApplication and this is its thread.
 void requireDialogThread();
 
