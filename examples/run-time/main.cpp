@@ -4,8 +4,6 @@
 //
 // VEXNUMKR_LIBRARY names another library file than the installed one.
 
-#include <dlfcn.h>
-
 #include <array>
 #include <cstdlib>
 #include <iostream>
@@ -16,32 +14,12 @@
 #include <vexnumkr/adapters.h>
 #include <vexnumkr/component.h>
 
+#include "library.h"
+
 namespace {
 
 // What application code 1 stands for in this host.
 constexpr std::int32_t orderProcessing = 1;
-
-/// The library with the functions that this host calls.
-class Library {
- public:
-  explicit Library(const char* file) : handle_(dlopen(file, RTLD_NOW)) {
-    if (handle_ == nullptr) throw std::runtime_error(dlerror());
-  }
-  ~Library() { dlclose(handle_); }
-  Library(const Library&) = delete;
-  Library& operator=(const Library&) = delete;
-
-  /// The function of that name; `Function` is what the header declares.
-  template <typename Function>
-  Function* function(const char* name) const {
-    void* address = dlsym(handle_, name);
-    if (address == nullptr) throw std::runtime_error(dlerror());
-    return reinterpret_cast<Function*>(address);
-  }
-
- private:
-  void* handle_;
-};
 
 std::shared_ptr<vexnumkr::Connection> openConnection(const Library& library, const char* text) {
   std::array<char, 1024> failure{};
@@ -72,7 +50,7 @@ int main(int argc, char** argv) {
   }
   try {
     const char* file = std::getenv("VEXNUMKR_LIBRARY");
-    const Library library(file != nullptr ? file : "libvexnumkr.so.2");
+    const Library library(file != nullptr ? file : installedLibrary);
     std::cout << "vexnumkr " << library.function<decltype(vexnumkrVersion)>("vexnumkrVersion")()
               << '\n';
     showDialog(library, argv[1], argv[2]);

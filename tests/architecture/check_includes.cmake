@@ -100,7 +100,7 @@ file(GLOB_RECURSE files RELATIVE "${SOURCE_DIR}"
 foreach(file IN LISTS files)
   file(STRINGS "${SOURCE_DIR}/${file}" includes REGEX "^#include ")
   foreach(line IN LISTS includes)
-    if(NOT line MATCHES "^#include (\"app/|<vexnumkr/|<Q[A-Za-z]+>|<[a-z_]+>|<(dlfcn|fcntl|sys/stat|unistd)\\.h>)")
+    if(NOT line MATCHES "^#include (\"app/|\"library\\.h\"|<vexnumkr/|<Q[A-Za-z]+>|<[a-z_]+>|<(dlfcn|fcntl|sys/stat|unistd|windows)\\.h>)")
       list(APPEND failures "${file}: ${line}")
     endif()
   endforeach()
