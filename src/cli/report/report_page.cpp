@@ -12,6 +12,7 @@
 
 #include "cli/fill_level.h"
 #include "cli/printable.h"
+#include "cli/report/keys_of_users.h"
 #include "cli/report/report_style.h"
 #include "cli/text_table.h"
 
@@ -250,26 +251,24 @@ class ReportWriter {
     out_ << "</p>\n";
   }
 
-  // The keys of each user with their circles; assignments come by circle, key and user.
   void writeUsers() {
-    std::map<std::string, std::map<std::string, std::vector<std::int32_t>>> users;
-    for (const std::string& user : company_.users) users[user];
-    for (const Assignment& assignment : company_.assignments) {
-      auto& circles = users[assignment.user][assignment.key];
-      if (circles.empty() || circles.back() != assignment.circle)
-        circles.push_back(assignment.circle);
-    }
+    const KeysOfUsers users(company_);
     out_ << "<section id=\"benutzer\">\n<h2>Benutzer und ihre Nummernkreise</h2>\n";
     writeCircles();
     out_ << "<div class=\"wide\"><table>\n<thead><tr><th>Benutzer</th><th>Nummernschlüssel: "
             "Buchungskreise</th></tr>"
             "</thead>\n<tbody>\n";
-    for (const auto& [user, keys] : users) {
+    for (const std::string_view user : users.users()) {
       const bool isCommon = user == numbers::everybody;
-      out_ << "<tr data-user=\"" << escaped(user) << "\"><td>"
-           << (isCommon ? "Alle Benutzer" : escaped(user)) << "</td><td>";
-      if (keys.empty()) out_ << "<span class=\"soft\">keine eigenen</span>";
-      for (const auto& [key, circles] : keys) writeKey(key, circles);
+      const std::string name = escaped(std::string(user));
+      out_ << "<tr data-user=\"" << name << "\"><td>" << (isCommon ? "Alle Benutzer" : name)
+           << "</td><td>";
+      bool hasKeys = false;
+      users.forEachKey(user, [&](const std::string& key, const std::vector<std::int32_t>& circles) {
+        writeKey(key, circles);
+        hasKeys = true;
+      });
+      if (!hasKeys) out_ << "<span class=\"soft\">keine eigenen</span>";
       out_ << "</td></tr>\n";
     }
     out_ << "</tbody>\n</table></div>\n</section>\n";
