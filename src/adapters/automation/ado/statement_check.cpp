@@ -14,7 +14,7 @@ namespace {
 
 // The value of a key, also of one for an ODBC driver, which may stand in "Extended Properties".
 std::string setting(std::string_view connectionString, std::string_view key) {
-  const std::string value = connectionValue(connectionString, key, ConnectionSyntax::oleDb);
+  std::string value = connectionValue(connectionString, key, ConnectionSyntax::oleDb);
   if (!value.empty()) return value;
   const std::string inner =
       connectionValue(connectionString, "Extended Properties", ConnectionSyntax::oleDb);
