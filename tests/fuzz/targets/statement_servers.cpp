@@ -50,6 +50,22 @@ Rows without(const Rows& rows, const Rows& others) {
   return left;
 }
 
+// MariaDB cuts off white space that has no room at the end of a column, in its strict modes too;
+// what saves sees that by reading back.
+Rows withoutTrailingSpace(const Rows& rows) {
+  Rows trimmed;
+  for (const std::string& row : rows) {
+    std::string line;
+    for (const char c : row) {
+      if (c == SqliteModel::cellEnd) line.erase(line.find_last_not_of(" \t\n\v\f\r") + 1);
+      line += c;
+    }
+    trimmed.push_back(std::move(line));
+  }
+  std::sort(trimmed.begin(), trimmed.end());
+  return trimmed;
+}
+
 std::string shown(const Rows& rows) {
   std::string text;
   for (const std::string& row : rows) text += row;
@@ -181,7 +197,8 @@ class HostSession {
   // Where texts do not arrive whole, the rows that were there before tell whose were changed.
   void compare(const std::string& text, const Rows& stored, const Rows& expected) {
     if (mode_.isWhole)
-      require(stored == expected, "values written do what they do bound",
+      require(withoutTrailingSpace(stored) == withoutTrailingSpace(expected),
+              "values written do what they do bound",
               {mode_.setting, text, shown(stored), shown(expected)});
     require(without(untouched_, stored) == without(untouched_, expected),
             "no row is changed but its own", {mode_.setting, text, shown(stored), shown(expected)});
