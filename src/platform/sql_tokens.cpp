@@ -66,7 +66,8 @@ class Scanner {
     if (isSpace(sql_[start])) return spaceEnd(start);
     if (rules_.byteOrderMarkIsBlank && has(start, byteOrderMark))
       return start + byteOrderMark.size();
-    if (startsLineComment(start)) return behind("\n", start);
+    // Its line end is white space already, which something may follow.
+    if (startsLineComment(start)) return std::min(sql_.find('\n', start), sql_.size());
     if (startsBlockComment(start)) return blockCommentEnd(start);
     return start;
   }

@@ -26,6 +26,12 @@ constexpr const char* trigger =
 
 }  // namespace
 
+TEST(StatementGate, TheLineEndOfACommentIsWhiteSpace) {
+  StatementGate gate;
+  EXPECT_EQ(gate.pass("-- ;\n\v\nSELECT 1", {.verticalTabFollowsBlanks = true}).text, "SELECT 1");
+  EXPECT_EQ(gate.pass("SELECT 1 -- ;", {}).text, "SELECT 1");
+}
+
 TEST(StatementGate, ASelectThatLocksRowsDoesMoreThanRead) {
   const auto onlyReads = [](std::string_view text) {
     StatementGate gate;
