@@ -1,5 +1,7 @@
 #include "platform/sql_tokens.h"
 
+#include <algorithm>
+
 #include "platform/ascii_case.h"
 
 namespace vexnumkr {
