@@ -4,7 +4,7 @@
 #   tools/install-packages.sh run           to build and run the stand-alone host
 #   tools/install-packages.sh test          to build and test everything
 #   tools/install-packages.sh package       to build and test the Debian packages and the manuals
-#   tools/install-packages.sh windows       to build VEXNumKr.dll for Windows
+#   tools/install-packages.sh windows       to build VEXNumKr.dll and the library for Windows
 #   tools/install-packages.sh windows-test  to test that under Wine
 #   tools/install-packages.sh windows-package  to make the archive and the installer of it
 #
@@ -22,8 +22,9 @@ packaging=(debhelper debootstrap dpkg-dev lintian)
 # The database servers and clusters of the tests, and the drivers to reach them and ODBC.
 engines=(libqt6sql6-psql libqt6sql6-mysql libqt6sql6-odbc odbc-postgresql libsqliteodbc odbcinst
   postgresql mariadb-server mariadb-client galera-4 rsync socat)
-# The cross compiler, and what Qt for Windows is built from and with.
-windows=(dpkg-dev g++-mingw-w64-i686-posix g++-mingw-w64-x86-64-posix libwine mingw-w64-tools)
+# The cross compiler, and what Qt for Windows and its SQLite are built from and with.
+windows=(dpkg-dev g++-mingw-w64-i686-posix g++-mingw-w64-x86-64-posix libsqlite3-0 libwine mingw-w64-tools
+  tcl)
 # Wine with what its ODBC leads to, a display with a window manager, and a keyboard for it.
 wine=(debootstrap fonts-wine googletest libsqliteodbc odbcinst openbox sqlite3 unixodbc wine wine64
   xdotool xvfb)

@@ -2,18 +2,23 @@
 # Builds Qt for Windows, to be linked statically, from Debian's own source package of the Qt that is
 # installed here, unless that has been done before.
 #
-#   tools/windows/qt.sh [--where] [--arch x86_64|i686]
+#   tools/windows/qt.sh [--where] [--shared] [--arch x86_64|i686]
 #
 # Prints the folder of the built Qt as its last line; with --where only that, building nothing, and
-# fails when it is not there. Builds are kept in $VEXNUMKR_WINDOWS_CACHE, or ~/.cache/vexnumkr.
+# fails when it is not there. With --shared it is a Qt of shared libraries. Builds are kept in
+# $VEXNUMKR_WINDOWS_CACHE, or ~/.cache/vexnumkr.
 set -euo pipefail
 
 here=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
-usage() { sed -n '2,8s/^# \{0,1\}//p' "$here/qt.sh"; }
+usage() { sed -n '2,9s/^# \{0,1\}//p' "$here/qt.sh"; }
 
-only_where=
+only_where='' kind=''
 if [ "${1:-}" = --where ]; then
   only_where=yes
+  shift
+fi
+if [ "${1:-}" = --shared ]; then
+  kind=-shared
   shift
 fi
 # shellcheck source=architecture.sh
@@ -22,8 +27,9 @@ fi
 version=$(dpkg-query -W -f '${source:Version}' "qt6-base-dev:$(dpkg --print-architecture)")
 cache=${VEXNUMKR_WINDOWS_CACHE:-${XDG_CACHE_HOME:-$HOME/.cache}/vexnumkr}
 
-# Fetches the sources with package lists of this call's own, so that the machine's stay as they are.
-fetch_sources() {
+# fetch PACKAGE VERSION FOLDER: its sources, with package lists of this call's own, so that the machine's
+# stay as they are.
+fetch() {
   local apt=$work/apt
   mkdir -p "$apt/lists/partial" "$apt/cache"
   local release
@@ -35,8 +41,8 @@ fetch_sources() {
   local options=(-q -o Dir::Etc::SourceList="$apt/sources.list" -o Dir::Etc::SourceParts=/dev/null
     -o Dir::State::Lists="$apt/lists" -o Dir::Cache="$apt/cache" -o APT::Sandbox::User=root)
   apt-get "${options[@]}" update
-  (cd "$work" && apt-get "${options[@]}" source --download-only "qt6-base=$version")
-  dpkg-source -x "$work"/*.dsc "$work/source"
+  (cd "$work" && apt-get "${options[@]}" source --download-only "$1=$2")
+  dpkg-source -x "$work/$1"_*.dsc "$3"
 }
 
 configure() {
@@ -64,9 +70,13 @@ install_it() {
   "$arch-w64-mingw32-objcopy" --remove-section .drectve "$work/install/lib/libQt6Core.a"
 }
 
+steps=(configure install_it) toolchain=("$here/mingw.cmake")
+# shellcheck source=qt-shared.sh
+if [ -n "$kind" ]; then . "$here/qt-shared.sh"; fi
+
 # What is done to the sources is part of the name: a change builds anew.
-recipe=$({ declare -f configure install_it && cat "$here/mingw.cmake"; } | sha256sum | cut -c1-8)
-qt=$cache/qt-${version//[^A-Za-z0-9.]/_}-$arch-$recipe
+recipe=$({ declare -f "${steps[@]}" && cat "${toolchain[@]}"; } | sha256sum | cut -c1-8)
+qt=$cache/qt-${version//[^A-Za-z0-9.]/_}-$arch$kind-$recipe
 
 if [ -n "$only_where" ]; then
   [ -e "$qt/complete" ] || exit 1
@@ -78,7 +88,7 @@ if [ ! -e "$qt/complete" ]; then
   mkdir -p "$cache"
   work=$(mktemp -d "$cache/building-XXXXXX")
   trap 'rm -rf "$work"' EXIT
-  fetch_sources
+  fetch qt6-base "$version" "$work/source"
   configure
   cmake --build "$work/build"
   install_it
