@@ -3,6 +3,9 @@
 # a window, and the schemas), host (the stand-alone host), documentation.
 include(CMakePackageConfigHelpers)
 include(GNUInstallDirs)
+if(WIN32)
+  include(VexnumkrWindowsLibrary)
+endif()
 
 # Documentation is where the packages' name leads, not the project's.
 if("$CACHE{CMAKE_INSTALL_DOCDIR}" STREQUAL "")
@@ -13,23 +16,26 @@ endif()
 set(VEXNUMKR_DATA_DIR "${CMAKE_INSTALL_DATADIR}/vexnumkr")
 set(VEXNUMKR_CMAKE_DIR "${CMAKE_INSTALL_LIBDIR}/cmake/vexnumkr")
 
-# vexnumkr_public_library(TARGET COMPONENT [EXPORT_MAP FILE] [RUNTIME PART])
-# A library that hosts link as vexnumkr::<EXPORT_NAME> after find_package(vexnumkr COMPONENTS COMPONENT):
-# versioned, found with its headers in the build and where it is installed. Of a shared library FILE says
-# which symbols leave it, and PART is the component of the installation that it belongs to, if not runtime.
+# vexnumkr_public_library(TARGET COMPONENT EXPORT_MAP FILE EXPORT_LIST FILE [RUNTIME PART])
+# A shared library that hosts link as vexnumkr::<EXPORT_NAME> after find_package(vexnumkr COMPONENTS COMPONENT):
+# versioned, found with its headers in the build and where it is installed. The map says which symbols leave
+# it, on Windows the list does. PART is the component of the installation that it belongs to, if not runtime.
 function(vexnumkr_public_library target component)
-  cmake_parse_arguments(PARSE_ARGV 2 arg "" "EXPORT_MAP;RUNTIME" "")
+  cmake_parse_arguments(PARSE_ARGV 2 arg "" "EXPORT_MAP;EXPORT_LIST;RUNTIME" "")
   if(NOT arg_RUNTIME)
     set(arg_RUNTIME runtime)
   endif()
   set_target_properties(${target} PROPERTIES
     VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR})
   target_link_libraries(${target} PUBLIC vexnumkr_headers)
-  if(arg_EXPORT_MAP)
+  if(WIN32)
+    vexnumkr_windows_library(${target} "${arg_EXPORT_LIST}")
+  else()
     target_link_options(${target} PRIVATE "LINKER:--version-script=${arg_EXPORT_MAP}")
     set_property(TARGET ${target} APPEND PROPERTY LINK_DEPENDS "${arg_EXPORT_MAP}")
   endif()
   install(TARGETS ${target} EXPORT vexnumkr-${component}
+    RUNTIME COMPONENT ${arg_RUNTIME}
     LIBRARY COMPONENT ${arg_RUNTIME} NAMELINK_COMPONENT development
     ARCHIVE COMPONENT development)
   install(EXPORT vexnumkr-${component} FILE vexnumkr-${component}-targets.cmake

@@ -1,7 +1,7 @@
 // Marks what the shared library exports to hosts; everything else stays hidden inside it.
 //
-// On Windows nothing is marked: the one library that leaves the build there is the one for
-// automation hosts, which find it by its class names and not by symbols.
+// On Windows nothing is marked: what leaves the library there is listed for the linker, and the
+// automation server, made of the same objects, exports none of it.
 #pragma once
 
 #if defined(_WIN32)
