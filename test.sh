@@ -6,8 +6,8 @@
 #
 # dev (the default) tests with the sanitizers and only builds the release; release tests that; all
 # tests both. What is installed of the release is checked each time, and the standard C++ targets are
-# built with the Windows cross compiler; the library for Windows hosts is tested under Wine where its
-# Qt has been built before; what reads texts from outside is fuzzed for a minute where clang is.
+# built with the Windows cross compiler; the libraries for Windows hosts are tested under Wine where the
+# Qt of each has been built before; what reads texts from outside is fuzzed for a minute where clang is.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")"
 
@@ -52,14 +52,15 @@ case "${tested[*]}" in
   *dev*) build dev ;;
 esac
 
-# Building a Qt takes longer than all of the tests, so that is not begun here.
+# test_windows SCRIPT [--shared]: with the Qt that it needs. Building that takes longer than all of the
+# tests, so it is not begun here.
 test_windows() {
-  if ! tools/windows/qt.sh --where >/dev/null 2>&1; then
-    echo "skipped: there is no Qt for Windows in the cache; tools/windows/build.sh builds it"
+  if ! tools/windows/qt.sh --where "${@:2}" >/dev/null 2>&1; then
+    echo "skipped: there is no Qt for Windows in the cache; tools/windows/build.sh ${*:2} builds it"
   elif ! tools/install-packages.sh windows-test; then
     echo "skipped: Wine cannot be installed"
   else
-    tools/windows/test.sh
+    "tools/windows/$1"
   fi
 }
 
@@ -68,7 +69,9 @@ tools/fuzz.sh
 echo "== installed"
 tests/install/run.sh build/release
 echo "== windows"
-test_windows
+test_windows test.sh
+echo "== windows, C++ and Qt"
+test_windows test-shared.sh --shared
 status=0
 for preset in "${tested[@]}"; do
   echo "== ctest $preset"

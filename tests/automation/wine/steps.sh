@@ -107,14 +107,14 @@ box() {
   keys "$key"
 }
 
-# The host ends by itself, having printed exactly that, e.g. "made" "done".
+# The host ends by itself, having printed exactly that, e.g. "made" "done", or nothing.
 host_ends_with() {
   local status=0
   timeout 60 tail --pid="$host" -f /dev/null || fail "the host does not end"
   wait "$host" || status=$?
   host=
   [ "$status" -eq 0 ] || fail "the host ends with $status"
-  diff <(printf '%s\n' "$@") <(output) || fail "the host should have printed something else"
+  diff <(printf '%s' "${@/%/$'\n'}") <(output) || fail "the host should have printed something else"
 }
 
 # rows QUERY ROW...: the database has exactly these rows, columns separated by "|".

@@ -38,29 +38,7 @@ grep "unable to open database file" said
 grep "^vexnumkr $(pkg-config --modversion vexnumkr)$" said
 
 echo "without a window, and without Qt's own headers"
-mkdir numbers
-cat >numbers/CMakeLists.txt <<'TEXT'
-cmake_minimum_required(VERSION 3.25)
-project(Numbers LANGUAGES CXX)
-find_package(vexnumkr 2 REQUIRED COMPONENTS numbers)
-add_executable(numbers main.cpp)
-target_link_libraries(numbers PRIVATE vexnumkr::numbers)
-TEXT
-cat >numbers/main.cpp <<'TEXT'
-#include <vexnumkr/adapters.h>
-#include <vexnumkr/number_masks.h>
-#include <vexnumkr/numbers.h>
-
-int main() {
-  try {
-    vexnumkr::numbers::draw(*vexnumkr::createQtSqlConnection(), {});
-  } catch (const vexnumkr::Error&) {
-    return vexnumkr::textToLong("1.000") == 1000 ? 0 : 1;
-  }
-  return 1;
-}
-TEXT
-cmake -G Ninja -S numbers -B by-numbers
+cmake -G Ninja -S "$ROOT/tests/install/numbers" -B by-numbers
 cmake --build by-numbers
 by-numbers/numbers
 
