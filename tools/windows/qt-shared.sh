@@ -14,22 +14,8 @@ fetch_sqlite() {
 
 configure() {
   fetch_sqlite
-  local off=(network dbus vulkan icu printsupport tabletevent concurrent xml testlib
-    sql_mysql sql_psql sql_odbc system_sqlite zstd androiddeployqt qmake)
-  local features=()
-  local feature
-  for feature in "${off[@]}"; do features+=("-DFEATURE_$feature=OFF"); done
-  local launcher=()
-  if command -v ccache >/dev/null; then
-    launcher=(-DCMAKE_C_COMPILER_LAUNCHER=ccache -DCMAKE_CXX_COMPILER_LAUNCHER=ccache)
-  fi
-  cmake -S "$work/source" -B "$work/build" -G Ninja \
-    -DCMAKE_TOOLCHAIN_FILE="$here/mingw-shared.cmake" -DVEXNUMKR_ARCH="$arch" \
-    -DCMAKE_INSTALL_PREFIX="$work/install" -DCMAKE_BUILD_TYPE=Release \
-    -DQT_HOST_PATH=/usr \
-    -DQT_HOST_PATH_CMAKE_DIR="/usr/lib/$(dpkg-architecture -q DEB_HOST_MULTIARCH)/cmake" \
-    -DBUILD_SHARED_LIBS=ON -DQT_BUILD_EXAMPLES=OFF -DQT_BUILD_TESTS=OFF \
-    -DINPUT_opengl=no -DFEATURE_sql_sqlite=ON "${features[@]}" "${launcher[@]}"
+  configure_with mingw-shared.cmake -DBUILD_SHARED_LIBS=ON -DFEATURE_sql_odbc=OFF \
+    -DFEATURE_sql_sqlite=ON -DFEATURE_system_sqlite=OFF
 }
 
 install_it() { cmake --install "$work/build" >/dev/null; }

@@ -45,9 +45,10 @@ fetch() {
   dpkg-source -x "$work/$1"_*.dsc "$3"
 }
 
-configure() {
+# configure_with TOOLCHAIN OPTION...: without what no dialog and no host of these tests needs.
+configure_with() {
   local off=(network dbus vulkan icu printsupport tabletevent concurrent xml testlib
-    sql_sqlite sql_mysql sql_psql zstd androiddeployqt qmake)
+    sql_mysql sql_psql zstd androiddeployqt qmake)
   local features=()
   local feature
   for feature in "${off[@]}"; do features+=("-DFEATURE_$feature=OFF"); done
@@ -56,12 +57,16 @@ configure() {
     launcher=(-DCMAKE_C_COMPILER_LAUNCHER=ccache -DCMAKE_CXX_COMPILER_LAUNCHER=ccache)
   fi
   cmake -S "$work/source" -B "$work/build" -G Ninja \
-    -DCMAKE_TOOLCHAIN_FILE="$here/mingw.cmake" -DVEXNUMKR_ARCH="$arch" \
+    -DCMAKE_TOOLCHAIN_FILE="$here/$1" -DVEXNUMKR_ARCH="$arch" \
     -DCMAKE_INSTALL_PREFIX="$work/install" -DCMAKE_BUILD_TYPE=Release \
     -DQT_HOST_PATH=/usr \
     -DQT_HOST_PATH_CMAKE_DIR="/usr/lib/$(dpkg-architecture -q DEB_HOST_MULTIARCH)/cmake" \
-    -DBUILD_SHARED_LIBS=OFF -DQT_BUILD_EXAMPLES=OFF -DQT_BUILD_TESTS=OFF \
-    -DINPUT_opengl=no -DFEATURE_sql_odbc=ON "${features[@]}" "${launcher[@]}"
+    -DQT_BUILD_EXAMPLES=OFF -DQT_BUILD_TESTS=OFF \
+    -DINPUT_opengl=no "${features[@]}" "${launcher[@]}" "${@:2}"
+}
+
+configure() {
+  configure_with mingw.cmake -DBUILD_SHARED_LIBS=OFF -DFEATURE_sql_odbc=ON -DFEATURE_sql_sqlite=OFF
 }
 
 install_it() {
@@ -70,7 +75,7 @@ install_it() {
   "$arch-w64-mingw32-objcopy" --remove-section .drectve "$work/install/lib/libQt6Core.a"
 }
 
-steps=(configure install_it) toolchain=("$here/mingw.cmake")
+steps=(configure_with configure install_it) toolchain=("$here/mingw.cmake")
 # shellcheck source=qt-shared.sh
 if [ -n "$kind" ]; then . "$here/qt-shared.sh"; fi
 
