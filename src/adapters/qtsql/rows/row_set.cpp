@@ -31,6 +31,12 @@ bool isAscii(std::string_view text) {
                      [](char c) { return static_cast<unsigned char>(c) < 0x80; });
 }
 
+bool mayLackOne(const QVariant& cell) {
+  if (cell.typeId() != QMetaType::QString && cell.typeId() != QMetaType::QByteArray) return false;
+  const QByteArray text = cell.toByteArray();
+  return text.contains('?') || !isAscii({text.data(), static_cast<std::size_t>(text.size())});
+}
+
 }  // namespace
 
 RowSet::RowSet(QSqlQuery& query, const Substituted& substituted, std::size_t most)
@@ -38,9 +44,9 @@ RowSet::RowSet(QSqlQuery& query, const Substituted& substituted, std::size_t mos
   width_ = visible_ = static_cast<std::size_t>(header_.count());
   for (std::size_t row = 0; row < most && query.next(); ++row) {
     for (int column = 0; column < header_.count(); ++column) {
-      cells_.push_back(query.value(column));
-      if (substituted && hasSubstitute(cells_.back()))
-        substituted(row, static_cast<std::size_t>(column));
+      const QVariant field = query.value(column);
+      fields_.add(field);
+      if (substituted && hasSubstitute(field)) substituted(row, static_cast<std::size_t>(column));
     }
   }
 }
@@ -57,11 +63,9 @@ void RowSet::markDifferences(const RowSet& whole) {
 }
 
 bool RowSet::mayLackCharacters() const {
-  return std::any_of(cells_.begin(), cells_.end(), [](const QVariant& cell) {
-    if (cell.typeId() != QMetaType::QString && cell.typeId() != QMetaType::QByteArray) return false;
-    const QByteArray text = cell.toByteArray();
-    return text.contains('?') || !isAscii({text.data(), static_cast<std::size_t>(text.size())});
-  });
+  for (std::size_t place = 0; place < fields_.size(); ++place)
+    if (mayLackOne(fields_.at(place))) return true;
+  return false;
 }
 
 std::optional<std::size_t> RowSet::column(std::string_view name) const {
@@ -71,7 +75,9 @@ std::optional<std::size_t> RowSet::column(std::string_view name) const {
                                     [&](const std::string& known) { return equals(known, name); });
     return static_cast<std::size_t>(found - names_.begin());
   };
-  std::size_t found = position(equalsWithoutCase);
+  std::size_t found = position([](std::string_view known, std::string_view asked) {
+    return known == asked || equalsWithoutCase(known, asked);  // mostly as it is
+  });
   if (found == names_.size() && !isAscii(name)) found = position(equalsInUnicode);
   if (found == names_.size()) return std::nullopt;
   return found;

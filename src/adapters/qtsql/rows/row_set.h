@@ -3,12 +3,13 @@
 
 #include <QSqlRecord>
 #include <QVariant>
-#include <deque>
 #include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "adapters/qtsql/rows/packed_fields.h"
 
 class QSqlQuery;
 
@@ -25,7 +26,7 @@ class RowSet {
   static constexpr std::size_t all = static_cast<std::size_t>(-1);
   explicit RowSet(QSqlQuery& query, const Substituted& substituted = {}, std::size_t most = all);
 
-  std::size_t rowCount() const { return width_ == 0 ? 0 : cells_.size() / width_; }
+  std::size_t rowCount() const { return width_ == 0 ? 0 : fields_.size() / width_; }
   /// Without the hidden columns.
   std::size_t columnCount() const { return visible_; }
   /// Takes the last `count` columns out of the columns that are counted and found by name; they can
@@ -36,11 +37,15 @@ class RowSet {
   std::optional<std::size_t> column(std::string_view name) const;
   QString columnName(std::size_t column) const;
 
-  const QVariant& at(std::size_t row, std::size_t column) const {
-    return cells_[row * width_ + column];
+  QVariant at(std::size_t row, std::size_t column) const {
+    return fields_.at(row * width_ + column);
   }
-  void set(std::size_t row, std::size_t column, QVariant field) {
-    cells_[row * width_ + column] = std::move(field);
+  /// The same for the component. Error as for toValue.
+  Value value(std::size_t row, std::size_t column) const {
+    return fields_.value(row * width_ + column);
+  }
+  void set(std::size_t row, std::size_t column, const QVariant& field) {
+    fields_.set(row * width_ + column, field);
   }
 
   /// The field is stored in a way that cannot be read: toValue then fails.
@@ -57,7 +62,7 @@ class RowSet {
   QSqlRecord header_;
   std::size_t width_ = 0;
   std::size_t visible_ = 0;
-  std::deque<QVariant> cells_;  // Moving them when there are more is what a vector would cost.
+  PackedFields fields_;
   mutable std::vector<std::string> names_;  // Filled when first asked for: most rows never are.
 };
 

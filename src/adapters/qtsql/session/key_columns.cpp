@@ -9,7 +9,7 @@ namespace {
 CatalogueRow catalogueRow(const RowSet& rows, std::size_t row) {
   CatalogueRow cells;
   for (std::size_t column = 0; column < rows.columnCount(); ++column) {
-    const QVariant& cell = rows.at(row, column);
+    const QVariant cell = rows.at(row, column);
     std::optional<std::string>& text = cells[rows.columnName(column).toStdString()];
     if (!cell.isNull()) text = cell.toString().toStdString();
   }

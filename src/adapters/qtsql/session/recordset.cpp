@@ -68,7 +68,7 @@ void SqlRecordset::readOn() {
 
 Value SqlRecordset::Fields(std::string_view name) const {
   requireRow();
-  return toValue(rows_.at(current_, column(name)));
+  return rows_.value(current_, column(name));
 }
 
 void SqlRecordset::Fields(std::string_view name, const Value& value) {

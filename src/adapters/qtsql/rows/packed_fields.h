@@ -1,0 +1,50 @@
+// Fields of many rows, kept small.
+#pragma once
+
+#include <QVariant>
+#include <cstddef>
+#include <cstdint>
+#include <deque>
+#include <memory>
+#include <memory_resource>
+
+#include <vexnumkr/value.h>
+
+namespace vexnumkr::qtsql {
+
+/// Fields in the order in which they came, counted from 0. Texts and integers, which nearly all
+/// are, cost a piece of shared memory instead of an object of their own: allocating, spreading and
+/// freeing those is most of what reading a large table would take.
+class PackedFields {
+ public:
+  std::size_t size() const { return cells_.size(); }
+
+  void add(const QVariant& field);
+  /// The field as it was added or set last.
+  QVariant at(std::size_t place) const;
+  /// The same for the component. Error as for toValue.
+  Value value(std::size_t place) const;
+  void set(std::size_t place, const QVariant& field);
+
+ private:
+  // A text and its length, an integer and its type, or what is neither.
+  struct Cell {
+    enum class Kind : std::uint8_t { text, int32, int64, other } kind;
+    std::uint32_t length;
+    union {
+      const char16_t* text;
+      std::int64_t number;
+      const QVariant* other;
+    };
+  };
+
+  Cell packed(const QVariant& field);
+  Cell packedText(const QString& text);
+
+  // Whoever moves these moves the fields; moving one at a time is what a vector would cost.
+  std::deque<Cell> cells_;
+  std::unique_ptr<std::pmr::monotonic_buffer_resource> texts_;
+  std::deque<QVariant> others_;
+};
+
+}  // namespace vexnumkr::qtsql
