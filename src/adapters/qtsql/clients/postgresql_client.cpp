@@ -18,7 +18,8 @@ bool isReadableOnPostgresql(const QSqlQuery& query, int column) {
   const auto length = reinterpret_cast<GetLength>(library.resolve("PQgetlength"));
   void* const result = pointerIn(query.result()->handle(), "PGresult*", "pg_result*");
   if (value == nullptr || length == nullptr || result == nullptr) return true;
-  return QUtf8StringView(value(result, 0, column), length(result, 0, column)).isValidUtf8();
+  const int row = query.isForwardOnly() ? 0 : query.at();
+  return QUtf8StringView(value(result, row, column), length(result, row, column)).isValidUtf8();
 }
 
 }  // namespace vexnumkr::qtsql

@@ -46,10 +46,21 @@ SqlSession::~SqlSession() {
   if (inTransaction_ && !isLost_ && database_.isOpen()) succeeds(engine_->rollback);
 }
 
+// Row by row, PostgreSQL's library would make an object of each.
+void SqlSession::renewQuery() {
+  query_.emplace(database_.get());
+  query_->setForwardOnly(driver_.name != "QPSQL");
+}
+
+// What is not read forward only stays with the query until the next statement.
+void SqlSession::letGo(std::size_t rows) {
+  constexpr std::size_t many = 1000;  // Less is not worth a new one.
+  if (rows > many && !query_->isForwardOnly()) renewQuery();
+}
+
 // Nothing of a borrowed connection is changed.
 void SqlSession::prepare() {
-  query_.emplace(database_.get());
-  query_->setForwardOnly(true);
+  renewQuery();
   usualWait_.reset();
   if (engine_->name == "sqlite" && !driver_.isOdbc()) sqlite_ = SqliteClient::of(database_.get());
   learnRules(database_.isOwned() ? prepareOwned() : std::string());
@@ -125,6 +136,7 @@ SqlSession::Outcome SqlSession::execute(std::string_view text) {
   const auto affected = counts ? rowsAffected(statement) : static_cast<std::int32_t>(found);
   if (movesOn && !together) run(QString::fromLatin1(engine_->afterChange));
   if (movesOn) runRest();
+  letGo(found);
   if (statement.startsWith("SET")) learnRules();
   return {std::move(rows), affected};
 }
@@ -142,7 +154,9 @@ RowSet SqlSession::read(const Statement& statement) { return read(textOf(stateme
 RowSet SqlSession::read(const QString& text) {
   requireReady();
   onlyReads_ = true;
-  return run(text);
+  RowSet rows = run(text);
+  letGo(rows.rowCount());
+  return rows;
 }
 
 // A host may have opened a database of MariaDB so that it counts the rows changed only.

@@ -125,6 +125,8 @@ class SqlSession {
   const QSqlDatabase& database() const { return database_.get(); }
 
  private:
+  void renewQuery();
+  void letGo(std::size_t rows);
   void prepare();
   std::string prepareOwned();
   void learnRules(const std::string& before = {});
