@@ -68,7 +68,8 @@ TEST_F(StatementShapesTest, StatementsOfManyRowsAreItsOwnHoweverManyTheyAre) {
         {-i, "K", std::vector<std::string_view>(static_cast<std::size_t>(i % 3 + 1), "B")});
     for (const std::string& text :
          {statement::removeRanges(keys), statement::insertRanges(ranges),
-          statement::updateRanges(ranges, true), statement::updateRanges(ranges, false),
+          statement::updateRanges(ranges, {}), statement::updateRanges(ranges, {0, 3}),
+          statement::updateRanges(ranges, {7, 8}), statement::updateRanges(ranges, {2, 6}),
           statement::removeAssignments(users, "ORB"), statement::insertAssignments(users, "ORB"),
           statement::removeRange(-i, "K"), statement::removeAssignment(-i, "K", "U", "ORB"),
           statement::assignments("ORB"), statement::wholeAssignments("ORB"),
@@ -78,7 +79,7 @@ TEST_F(StatementShapesTest, StatementsOfManyRowsAreItsOwnHoweverManyTheyAre) {
   EXPECT_FALSE(isOwn(statement::insertRanges(ranges) + " , ('K' , 1)"));
   EXPECT_FALSE(isOwn(statement::removeRanges(keys) + " OR 1=1"));
   EXPECT_FALSE(isOwn(statement::removeRanges(keys) + " OR Buchungskreis=1"));
-  EXPECT_FALSE(isOwn(statement::updateRanges(ranges, true) + " OR Buchungskreis=1"));
+  EXPECT_FALSE(isOwn(statement::updateRanges(ranges, {0, 3}) + " OR Buchungskreis=1"));
 }
 
 // Nothing that a value adds to the statement of one row makes it one of many rows.

@@ -61,11 +61,7 @@ constexpr std::array columns = {
            [](Writer& out, const RangeRow& r) { out.quoted(r.NBezeichnung.str()); }},
     Column{"IstNSchlVon", [](Writer& out, const RangeRow& r) { out.quoted(r.IstNSchlVon.str()); }},
     Column{"Maske", [](Writer& out, const RangeRow& r) { out.quoted(r.Maske.toText()); }}};
-constexpr std::size_t numberColumns = 3;
-
-std::span<const Column> writtenColumns(bool numbersOnly) {
-  return std::span(columns).first(numbersOnly ? numberColumns : columns.size());
-}
+static_assert(columns.size() == RangeColumns::count);
 
 // Ranges one after the other that are of one booking circle.
 std::vector<std::span<const RangeRow>> byCircle(std::span<const RangeRow> ranges) {
@@ -185,11 +181,11 @@ std::string insertRanges(std::span<const RangeRow> ranges) {
   return out.take();
 }
 
-std::string updateRanges(std::span<const RangeRow> ranges, bool numbersOnly) {
+std::string updateRanges(std::span<const RangeRow> ranges, const RangeColumns& written) {
   const auto circles = byCircle(ranges);
   Writer out;
   out << "UPDATE Nummernkreise SET ";
-  list(out, writtenColumns(numbersOnly), ", ",
+  list(out, std::span(columns).subspan(written.first, written.end - written.first), ", ",
        [&](const Column& column) { writeChoice(out, column, circles); });
   out << " WHERE ";
   writeCondition(out, keysOf(circles));

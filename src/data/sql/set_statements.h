@@ -6,6 +6,7 @@
 // does: no value can turn one of those into one of these.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <span>
 #include <string>
@@ -42,13 +43,23 @@ struct UsersOfRange {
   std::vector<std::string_view> Benutzer;
 };
 
+/// Neighbours among a range's columns besides its identity, from `first` to before `end`. They stand
+/// in the order StartWert, AktuellerWert, EndWert, Aktiviert, SortierIndex, NBezeichnung,
+/// IstNSchlVon, Maske.
+struct RangeColumns {
+  static constexpr std::size_t count = 8;
+
+  std::size_t first = 0;
+  std::size_t end = count;
+};
+
 // REQUIRES of all of these: at least one range or assignment, and plain texts.
 
 std::string removeRanges(std::span<const KeysOfCircle> ranges);
 std::string insertRanges(std::span<const RangeRow> ranges);
-/// The same for stored ranges, whose booking circles and keys are all different. With `numbersOnly`
-/// what besides start, current and end value there is stays as it is.
-std::string updateRanges(std::span<const RangeRow> ranges, bool numbersOnly);
+/// The same for some columns of stored ranges, whose booking circles and keys are all different.
+/// REQUIRES: at least one column.
+std::string updateRanges(std::span<const RangeRow> ranges, const RangeColumns& written);
 std::string removeAssignments(std::span<const UsersOfRange> assignments,
                               const std::string& Herkunft);
 std::string insertAssignments(std::span<const UsersOfRange> assignments,

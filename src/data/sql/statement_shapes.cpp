@@ -55,9 +55,13 @@ std::vector<std::string> ownSetStatements() {
   const std::vector<statement::KeysOfCircle> keys = {{0, {""}}};
   const std::vector<statement::UsersOfRange> users = {{0, "", {""}}};
   const std::vector<RangeRow> range(1);
-  return {statement::removeRanges(keys),           statement::insertRanges(range),
-          statement::updateRanges(range, true),    statement::updateRanges(range, false),
-          statement::removeAssignments(users, ""), statement::insertAssignments(users, "")};
+  std::vector<std::string> all = {statement::removeRanges(keys), statement::insertRanges(range),
+                                  statement::removeAssignments(users, ""),
+                                  statement::insertAssignments(users, "")};
+  for (std::size_t first = 0; first < statement::RangeColumns::count; ++first)
+    for (std::size_t end = first + 1; end <= statement::RangeColumns::count; ++end)
+      all.push_back(statement::updateRanges(range, {first, end}));
+  return all;
 }
 
 // `shape` with one of what is repeated behind each `head`.
@@ -125,10 +129,6 @@ StatementShapes::StatementShapes() : repetitions_(statement::repetitions()) {
     takeApart(text, false);
     shapes_.insert(shapeOf(text));
   }
-  for (const std::string& text : ownSetStatements()) {
-    takeApart(text, false);
-    shapesOfSets_.insert(shapeOf(text));
-  }
 }
 
 bool StatementShapes::isOwn(std::string_view text, bool backslashEscapes) {
@@ -136,7 +136,16 @@ bool StatementShapes::isOwn(std::string_view text, bool backslashEscapes) {
   if (endsInsideLiteral(tokens_)) return isOpenForAll(text, tokens_);
   if (!valuesStayInside(tokens_, backslashEscapes)) return false;
   const std::string& shape = shapeOf(text);
-  return shapes_.contains(shape) || shapesOfSets_.contains(withoutRepetitions(shape));
+  return shapes_.contains(shape) || isOfSets(withoutRepetitions(shape));
+}
+
+bool StatementShapes::isOfSets(const std::string& shape) {
+  if (shapesOfSets_.empty())
+    for (const std::string& text : ownSetStatements()) {
+      takeApart(text, false);
+      shapesOfSets_.insert(shapeOf(text));
+    }
+  return shapesOfSets_.contains(shape);
 }
 
 std::string StatementShapes::withoutRepetitions(std::string shape) const {

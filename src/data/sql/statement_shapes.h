@@ -38,9 +38,10 @@ class StatementShapes {
   const std::string& shapeOf(std::string_view text);
   /// That of a statement of many rows, as if it had one.
   std::string withoutRepetitions(std::string shape) const;
+  bool isOfSets(const std::string& shape);
 
   std::set<std::string> shapes_;
-  std::set<std::string> shapesOfSets_;
+  std::set<std::string> shapesOfSets_;  // Once they are needed: opening a dialog takes none.
   std::vector<statement::Repetition> repetitions_;
   std::vector<Token> tokens_;  // Of the text at hand; both are kept for their memory.
   std::string shape_;

@@ -87,8 +87,9 @@ class Comparison {
     const Value circle = record.Fields("Buchungskreis");
     const Value key = record.Fields("NSchl");
     const Value user = record.Fields("Benutzer");
-    if (!circle.isLong() || !key.isText() || !user.isText() ||
-        record.Fields("Herkunft") != Value(Herkunft_))
+    const Value origin = record.Fields("Herkunft");
+    if (!circle.isLong() || !key.isText() || !user.isText() || !origin.isText() ||
+        origin.asText() != Herkunft_)
       anew_ = true;
     else
       count({circle.asLong(), key.asText(), user.asText()});

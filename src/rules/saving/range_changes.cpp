@@ -1,5 +1,6 @@
 #include "rules/saving/range_changes.h"
 
+#include <algorithm>
 #include <map>
 #include <set>
 
@@ -96,8 +97,10 @@ class Comparison {
   static void addDifferent(RangeChanges& changes, const RangeRow& row, const StoredRecord& stored,
                            const RangeContent& written) {
     changes.different.push_back(row);
-    if (!stored.content || !differInNumbersOnly(*stored.content, written))
-      changes.differInNumbersOnly = false;
+    statement::RangeColumns& all = changes.differentColumns;
+    const auto of =
+        stored.content ? differentColumns(*stored.content, written) : statement::RangeColumns();
+    all = {std::min(all.first, of.first), std::max(all.end, of.end)};
   }
 
   std::map<RangeId, Range> ranges_;

@@ -13,8 +13,8 @@ struct RangeChanges {
   /// others: deletableRanges says which.
   std::vector<RangeId> leaving;
   std::vector<RangeRow> different;  ///< Stored otherwise.
-  /// All of these are, but for start, current and end value, stored as they are to be.
-  bool differInNumbersOnly = true;
+  /// The columns in which one of these is stored otherwise, and what is between those.
+  statement::RangeColumns differentColumns = {statement::RangeColumns::count, 0};
   std::vector<RangeRow> lacking;  ///< Not stored.
   /// Ranges of which only the database knows what they meet: the host's keys, and keys that it may
   /// take for others. To be inserted, else updated, one by one and in this order.

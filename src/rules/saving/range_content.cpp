@@ -7,9 +7,6 @@
 namespace vexnumkr {
 namespace {
 
-constexpr std::size_t firstNumber = 1;  // start, current and end value stand together
-constexpr std::size_t numbers = 3;
-
 // Layers have booleans of their own, or numbers in their place.
 Value stored(const Recordset& record, std::string_view column) {
   Value value = record.Fields(column);
@@ -19,25 +16,26 @@ Value stored(const Recordset& record, std::string_view column) {
 }  // namespace
 
 RangeContent writtenContent(const RangeRow& row) {
-  return {Value(row.NBezeichnung.str()), row.StartWert.toLong(),   row.AktuellerWert.toLong(),
-          row.EndWert.toLong(),          row.Aktiviert ? -1 : 0,   row.SortierIndex,
-          Value(row.IstNSchlVon.str()),  Value(row.Maske.toText())};
+  return {row.StartWert.toLong(),       row.AktuellerWert.toLong(), row.EndWert.toLong(),
+          row.Aktiviert ? -1 : 0,       row.SortierIndex,           Value(row.NBezeichnung.str()),
+          Value(row.IstNSchlVon.str()), Value(row.Maske.toText())};
 }
 
 std::optional<RangeContent> storedContent(const Recordset& record) {
   try {
-    return RangeContent{stored(record, "NBezeichnung"),  stored(record, "StartWert"),
-                        stored(record, "AktuellerWert"), stored(record, "EndWert"),
-                        stored(record, "Aktiviert"),     stored(record, "SortierIndex"),
-                        stored(record, "IstNSchlVon"),   stored(record, "Maske")};
+    return RangeContent{stored(record, "StartWert"),    stored(record, "AktuellerWert"),
+                        stored(record, "EndWert"),      stored(record, "Aktiviert"),
+                        stored(record, "SortierIndex"), stored(record, "NBezeichnung"),
+                        stored(record, "IstNSchlVon"),  stored(record, "Maske")};
   } catch (const Error&) {  // it is not what is going to be written, then
     return std::nullopt;
   }
 }
 
-bool differInNumbersOnly(RangeContent a, const RangeContent& b) {
-  std::copy_n(b.begin() + firstNumber, numbers, a.begin() + firstNumber);
-  return a == b;
+statement::RangeColumns differentColumns(const RangeContent& a, const RangeContent& b) {
+  const auto first = std::ranges::mismatch(a, b).in1 - a.begin();
+  const auto last = std::mismatch(a.rbegin(), a.rend(), b.rbegin()).first.base() - a.begin();
+  return {static_cast<std::size_t>(first), static_cast<std::size_t>(last)};
 }
 
 }  // namespace vexnumkr

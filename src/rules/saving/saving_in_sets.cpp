@@ -62,13 +62,13 @@ class RangeWriting {
     });
   }
 
-  void update(std::vector<RangeRow> ranges, bool numbersOnly) {
+  void update(std::vector<RangeRow> ranges, const statement::RangeColumns& written) {
     std::ranges::stable_sort(ranges, {}, &RangeRow::Buchungskreis);
     forEachBatch(std::move(ranges), [&](std::span<const RangeRow> batch) {
       if (batch.size() == 1)
         basAllgemein::UpdateIntoNummernkreise(source_, batch.front());
       else
-        source_.execute(statement::updateRanges(batch, numbersOnly));
+        source_.execute(statement::updateRanges(batch, written));
     });
   }
 
@@ -256,7 +256,7 @@ class Differences {
     RangeWriting writing(source_, progress_);
     std::vector<RangeId> removed;
     if (underLock_.hasOthers || !changes.leaving.empty()) removed = removeRanges(writing, changes);
-    writing.update(std::move(changes.different), changes.differInNumbersOnly);
+    writing.update(std::move(changes.different), changes.differentColumns);
     writing.insert(changes.lacking);
     writing.insertOneByOne(changes.entangled);
     return removed;

@@ -56,9 +56,9 @@ std::string rangesStatement(std::size_t kind, const OwnValues& values) {
     case 20:
       return statement::insertRanges(rows);
     case 21:
-      return statement::updateRanges(rows, false);
+      return statement::updateRanges(rows, {});
     case 22:
-      return statement::updateRanges(rows, true);
+      return statement::updateRanges(rows, {0, 3});
     default:
       return statement::removeRanges(std::vector<statement::KeysOfCircle>{
           {values.circle, {values.key, values.user}}, {other.circle, {other.key}}});
