@@ -43,8 +43,8 @@ struct UsersOfRange {
   std::vector<std::string_view> Benutzer;
 };
 
-/// Neighbours among a range's columns besides its identity, from `first` to before `end`. They stand
-/// in the order StartWert, AktuellerWert, EndWert, Aktiviert, SortierIndex, NBezeichnung,
+/// Neighbours among the columns of a range besides its identity, from `first` to before `end`.
+/// Their order is StartWert, AktuellerWert, EndWert, Aktiviert, SortierIndex, NBezeichnung,
 /// IstNSchlVon, Maske.
 struct RangeColumns {
   static constexpr std::size_t count = 8;
