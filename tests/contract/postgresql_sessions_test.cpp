@@ -67,6 +67,16 @@ TEST_F(PostgresqlSessions, AStatementIsReadByTheRulesOfTheConnectionThatItIsSent
   EXPECT_FALSE(conn->BackslashEscapes());
 }
 
+// Over a network anything else would be another round trip.
+TEST_F(PostgresqlSessions, WhatIsReadTakesNothingButItsStatement) {
+  const std::string id = shown(value(*conn, "SELECT pg_backend_pid() AS X"));
+  run("INSERT INTO Kreise VALUES (1, 'a', 0)");
+  EXPECT_EQ(run("SELECT Nr, Text FROM Kreise"), 1);
+  const auto other = open();
+  EXPECT_EQ(shown(value(*other, "SELECT query AS X FROM pg_stat_activity WHERE pid = " + id)),
+            "'SELECT Nr, Text FROM Kreise'");
+}
+
 TEST_F(PostgresqlSessions, ATextThatIsNotInUtf8CannotBeRead) {
   const std::string name = database.name() + "_ascii";
   database.administer("CREATE DATABASE " + name +

@@ -37,10 +37,20 @@ bool mayLackOne(const QVariant& cell) {
   return text.contains('?') || !isAscii({text.data(), static_cast<std::size_t>(text.size())});
 }
 
+// Of rows that can be gone through twice, Qt's driver for PostgreSQL would also ask the server for
+// the names of their tables, between this statement's results.
+QSqlRecord headerOf(QSqlQuery& query) {
+  const bool isForwardOnly = query.isForwardOnly();
+  query.setForwardOnly(true);
+  const QSqlRecord header = query.record();
+  query.setForwardOnly(isForwardOnly);
+  return header;
+}
+
 }  // namespace
 
 RowSet::RowSet(QSqlQuery& query, const Substituted& substituted, std::size_t most)
-    : header_(query.record()) {
+    : header_(headerOf(query)) {
   width_ = visible_ = static_cast<std::size_t>(header_.count());
   for (std::size_t row = 0; row < most && query.next(); ++row) {
     for (int column = 0; column < header_.count(); ++column) {
