@@ -41,8 +41,7 @@ class PackedFields {
   Cell packed(const QVariant& field);
   Cell packedText(const QString& text);
 
-  // Whoever moves these moves the fields; moving one at a time is what a vector would cost.
-  std::deque<Cell> cells_;
+  std::deque<Cell> cells_;  // A vector would move all of them whenever it grows.
   std::unique_ptr<std::pmr::monotonic_buffer_resource> texts_;
   std::deque<QVariant> others_;
 };
