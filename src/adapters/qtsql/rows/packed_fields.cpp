@@ -22,8 +22,18 @@ void PackedFields::set(std::size_t place, const QVariant& field) { cells_[place]
 PackedFields::Cell PackedFields::packed(const QVariant& field) {
   if (!field.isNull()) {
     switch (field.typeId()) {
-      case QMetaType::QString:
-        return packedText(*static_cast<const QString*>(field.constData()));
+      case QMetaType::QString: {
+        const auto& text = *static_cast<const QString*>(field.constData());
+        const auto length = static_cast<std::uint32_t>(text.size());
+        return {Cell::Kind::text,
+                length,
+                {.text = kept(reinterpret_cast<const char16_t*>(text.utf16()), length)}};
+      }
+      case QMetaType::QByteArray: {
+        const auto& bytes = *static_cast<const QByteArray*>(field.constData());
+        const auto length = static_cast<std::uint32_t>(bytes.size());
+        return {Cell::Kind::bytes, length, {.bytes = kept(bytes.constData(), length)}};
+      }
       case QMetaType::Int:
         return {Cell::Kind::int32, 0, {.number = field.toInt()}};
       case QMetaType::LongLong:
@@ -35,14 +45,14 @@ PackedFields::Cell PackedFields::packed(const QVariant& field) {
   return {Cell::Kind::other, 0, {.other = &others_.emplace_back(field)}};
 }
 
-PackedFields::Cell PackedFields::packedText(const QString& text) {
+template <class Character>
+const Character* PackedFields::kept(const Character* text, std::uint32_t length) {
   constexpr std::size_t firstPiece = 4096;
   if (texts_ == nullptr) texts_ = std::make_unique<std::pmr::monotonic_buffer_resource>(firstPiece);
-  const auto length = static_cast<std::uint32_t>(text.size());
-  auto* const kept =
-      static_cast<char16_t*>(texts_->allocate(length * sizeof(char16_t), alignof(char16_t)));
-  std::copy_n(text.utf16(), length, kept);
-  return {Cell::Kind::text, length, {.text = kept}};
+  auto* const copy =
+      static_cast<Character*>(texts_->allocate(length * sizeof(Character), alignof(Character)));
+  std::copy_n(text, length, copy);
+  return copy;
 }
 
 QVariant PackedFields::at(std::size_t place) const {
@@ -50,6 +60,8 @@ QVariant PackedFields::at(std::size_t place) const {
   switch (cell.kind) {
     case Cell::Kind::text:
       return QString(reinterpret_cast<const QChar*>(cell.text), cell.length);
+    case Cell::Kind::bytes:
+      return QByteArray(cell.bytes, cell.length);
     case Cell::Kind::int32:
       return static_cast<int>(cell.number);
     case Cell::Kind::int64:
@@ -65,6 +77,8 @@ Value PackedFields::value(std::size_t place) const {
   switch (cell.kind) {
     case Cell::Kind::text:
       return sharedText(cell.text, cell.length).toStdString();
+    case Cell::Kind::bytes:
+      return toValue(QByteArray::fromRawData(cell.bytes, cell.length));
     case Cell::Kind::int32:
     case Cell::Kind::int64:
       return integerValue(cell.number);

@@ -12,9 +12,9 @@
 
 namespace vexnumkr::qtsql {
 
-/// Fields in the order in which they came, counted from 0. Texts and integers, which nearly all
-/// are, cost a piece of shared memory instead of an object of their own: allocating, spreading and
-/// freeing those is most of what reading a large table would take.
+/// Fields in the order in which they came, counted from 0. Texts, bytes and integers, which nearly
+/// all are, cost a piece of shared memory instead of an object of their own: allocating, spreading
+/// and freeing those is most of what reading a large table would take.
 class PackedFields {
  public:
   std::size_t size() const { return cells_.size(); }
@@ -27,19 +27,22 @@ class PackedFields {
   void set(std::size_t place, const QVariant& field);
 
  private:
-  // A text and its length, an integer and its type, or what is neither.
+  // A text or bytes and how many, an integer and its type, or what is neither.
   struct Cell {
-    enum class Kind : std::uint8_t { text, int32, int64, other } kind;
+    enum class Kind : std::uint8_t { text, bytes, int32, int64, other } kind;
     std::uint32_t length;
     union {
       const char16_t* text;
+      const char* bytes;
       std::int64_t number;
       const QVariant* other;
     };
   };
 
   Cell packed(const QVariant& field);
-  Cell packedText(const QString& text);
+  /// A copy that stays where it is.
+  template <class Character>
+  const Character* kept(const Character* text, std::uint32_t length);
 
   std::deque<Cell> cells_;  // A vector would move all of them whenever it grows.
   std::unique_ptr<std::pmr::monotonic_buffer_resource> texts_;
