@@ -1,9 +1,9 @@
 // What a statement is apart from the values in it.
 #pragma once
 
-#include <set>
 #include <string>
 #include <string_view>
+#include <unordered_set>
 #include <vector>
 
 #include "data/sql/set_statements.h"
@@ -40,8 +40,8 @@ class StatementShapes {
   std::string withoutRepetitions(std::string shape) const;
   bool isOfSets(const std::string& shape);
 
-  std::set<std::string> shapes_;
-  std::set<std::string> shapesOfSets_;  // Once they are needed: opening a dialog takes none.
+  std::unordered_set<std::string> shapes_;
+  std::unordered_set<std::string> shapesOfSets_;  // Once needed: opening a dialog takes none.
   std::vector<statement::Repetition> repetitions_;
   std::vector<Token> tokens_;  // Of the text at hand; both are kept for their memory.
   std::string shape_;

@@ -15,9 +15,14 @@ QString sharedText(const char16_t* text, std::size_t length) {
 
 }  // namespace
 
-void PackedFields::add(const QVariant& field) { cells_.push_back(packed(field)); }
+void PackedFields::add(const QVariant& field) {
+  if (all_ == nullptr) all_ = std::make_unique<Fields>();
+  all_->cells.push_back(packed(field));
+}
 
-void PackedFields::set(std::size_t place, const QVariant& field) { cells_[place] = packed(field); }
+void PackedFields::set(std::size_t place, const QVariant& field) {
+  all_->cells[place] = packed(field);
+}
 
 PackedFields::Cell PackedFields::packed(const QVariant& field) {
   if (!field.isNull()) {
@@ -42,21 +47,19 @@ PackedFields::Cell PackedFields::packed(const QVariant& field) {
         break;
     }
   }
-  return {Cell::Kind::other, 0, {.other = &others_.emplace_back(field)}};
+  return {Cell::Kind::other, 0, {.other = &all_->others.emplace_front(field)}};
 }
 
 template <class Character>
 const Character* PackedFields::kept(const Character* text, std::uint32_t length) {
-  constexpr std::size_t firstPiece = 4096;
-  if (texts_ == nullptr) texts_ = std::make_unique<std::pmr::monotonic_buffer_resource>(firstPiece);
   auto* const copy =
-      static_cast<Character*>(texts_->allocate(length * sizeof(Character), alignof(Character)));
+      static_cast<Character*>(all_->texts.allocate(length * sizeof(Character), alignof(Character)));
   std::copy_n(text, length, copy);
   return copy;
 }
 
 QVariant PackedFields::at(std::size_t place) const {
-  const Cell& cell = cells_[place];
+  const Cell& cell = all_->cells[place];
   switch (cell.kind) {
     case Cell::Kind::text:
       return QString(reinterpret_cast<const QChar*>(cell.text), cell.length);
@@ -73,7 +76,7 @@ QVariant PackedFields::at(std::size_t place) const {
 }
 
 Value PackedFields::value(std::size_t place) const {
-  const Cell& cell = cells_[place];
+  const Cell& cell = all_->cells[place];
   switch (cell.kind) {
     case Cell::Kind::text:
       return sharedText(cell.text, cell.length).toStdString();

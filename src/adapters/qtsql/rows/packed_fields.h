@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <deque>
+#include <forward_list>
 #include <memory>
 #include <memory_resource>
 
@@ -17,7 +18,7 @@ namespace vexnumkr::qtsql {
 /// and freeing those is most of what reading a large table would take.
 class PackedFields {
  public:
-  std::size_t size() const { return cells_.size(); }
+  std::size_t size() const { return all_ == nullptr ? 0 : all_->cells.size(); }
 
   void add(const QVariant& field);
   /// The field as it was added or set last.
@@ -44,9 +45,14 @@ class PackedFields {
   template <class Character>
   const Character* kept(const Character* text, std::uint32_t length);
 
-  std::deque<Cell> cells_;  // A vector would move all of them whenever it grows.
-  std::unique_ptr<std::pmr::monotonic_buffer_resource> texts_;
-  std::deque<QVariant> others_;
+  struct Fields {
+    static constexpr std::size_t firstTexts = 1024;
+
+    std::deque<Cell> cells;  // A vector would move all of them whenever it grows.
+    std::pmr::monotonic_buffer_resource texts{firstTexts};
+    std::forward_list<QVariant> others;
+  };
+  std::unique_ptr<Fields> all_;  // Once there are any: most statements find none.
 };
 
 }  // namespace vexnumkr::qtsql

@@ -51,9 +51,9 @@ QSqlRecord headerOf(QSqlQuery& query) {
 
 RowSet::RowSet(QSqlQuery& query, const Substituted& substituted, std::size_t most)
     : header_(headerOf(query)) {
-  width_ = visible_ = static_cast<std::size_t>(header_.count());
+  width_ = visible_ = static_cast<std::size_t>(header_->count());
   for (std::size_t row = 0; row < most && query.next(); ++row) {
-    for (int column = 0; column < header_.count(); ++column) {
+    for (int column = 0; column < header_->count(); ++column) {
       const QVariant field = query.value(column);
       fields_.add(field);
       if (substituted && hasSubstitute(field)) substituted(row, static_cast<std::size_t>(column));
@@ -94,7 +94,7 @@ std::optional<std::size_t> RowSet::column(std::string_view name) const {
 }
 
 QString RowSet::columnName(std::size_t column) const {
-  return header_.fieldName(static_cast<int>(column));
+  return header_->fieldName(static_cast<int>(column));
 }
 
 void RowSet::readNames() const {

@@ -59,7 +59,7 @@ class RowSet {
  private:
   void readNames() const;
 
-  QSqlRecord header_;
+  std::optional<QSqlRecord> header_;  // Of those that have columns.
   std::size_t width_ = 0;
   std::size_t visible_ = 0;
   PackedFields fields_;
