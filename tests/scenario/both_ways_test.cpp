@@ -21,7 +21,9 @@ constexpr int steps = 8;
 
 // Tables whose texts are compared without regard to case, and where the engine can do it, accents
 // and blanks at their ends; `worse` are columns that take "ß" for "ss" on MariaDB, as PostgreSQL's
-// do anyway, and keep numbers as such on SQLite.
+// do anyway, and keep numbers as such on SQLite. Over ODBC such a number is read as a text: only
+// row by row, where it is inserted again as one and is there twice then, the save can tell and
+// fails.
 std::string looseTables(bool worse) {
   const std::string engine = test::engineUnderTest();
   if (engine == "mariadb") {
@@ -47,7 +49,7 @@ std::string looseTables(bool worse) {
          "Herkunft VARCHAR(3) COLLATE NOCASE)\n"
          "sql DROP TABLE Nummernkreise\n"
          "sql CREATE TABLE Nummernkreise (Buchungskreis INTEGER NOT NULL, NSchl " +
-         std::string(worse ? "" : "VARCHAR(10)") +
+         std::string(worse && engine == "sqlite" ? "" : "VARCHAR(10)") +
          " COLLATE NOCASE NOT NULL, NBezeichnung VARCHAR(60), StartWert INTEGER, "
          "AktuellerWert INTEGER, EndWert INTEGER, Aktiviert SMALLINT, SortierIndex INTEGER, "
          "IstNSchlVon VARCHAR(10), Maske VARCHAR(40), PRIMARY KEY (Buchungskreis, NSchl))\n";
