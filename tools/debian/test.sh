@@ -4,7 +4,7 @@
 #
 #   tools/debian/test.sh [--packages FOLDER] [KEEP]
 #
-# Needs root rights and Debian's servers, and takes about a quarter of an hour. With --packages those that
+# Needs root rights and Debian's servers, and takes about 25 minutes. With --packages those that
 # tools/debian/build.sh has put into FOLDER are taken, which takes two minutes. The packages are left in the
 # folder KEEP, where one is named, with the guided tour's pictures.
 set -euo pipefail
