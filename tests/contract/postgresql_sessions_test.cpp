@@ -77,6 +77,23 @@ TEST_F(PostgresqlSessions, WhatIsReadTakesNothingButItsStatement) {
             "'SELECT Nr, Text FROM Kreise'");
 }
 
+TEST_F(PostgresqlSessions, NothingIsCopiedOverTheConnection) {
+  for (const char* text : {"COPY Kreise FROM STDIN", "COPY Kreise TO STDOUT"})
+    EXPECT_EQ(errorOf(*conn, text).number(), error_number::invalidArgument) << text;
+  EXPECT_EQ(run("SELECT * FROM Kreise"), 0);
+}
+
+TEST_F(PostgresqlSessions, BehindALargeAnswerTheTransactionGoesOn) {
+  const std::string rows = "SELECT g, 'x', 0 FROM generate_series(1, 1500) AS g";
+  conn->BeginTrans();
+  EXPECT_EQ(run("INSERT INTO Kreise " + rows + " RETURNING Nr"), 1500);
+  EXPECT_EQ(run("SELECT * FROM Kreise"), 1500);
+  EXPECT_NE(errorOf(*conn, "INSERT INTO Kreise VALUES (1, 'x')").number(), 0);
+  EXPECT_EQ(run("UPDATE Kreise SET Text = 'y' WHERE Nr = 7"), 1);
+  conn->CommitTrans();
+  EXPECT_EQ(shown(value(*conn, "SELECT COUNT(*) AS X FROM Kreise WHERE Text = 'x'")), "1499");
+}
+
 TEST_F(PostgresqlSessions, ATextThatIsNotInUtf8CannotBeRead) {
   const std::string name = database.name() + "_ascii";
   database.administer("CREATE DATABASE " + name +

@@ -19,6 +19,14 @@ bool isSetting(const QString& text) {
          !text.contains(QLatin1String("table_info("), Qt::CaseInsensitive);
 }
 
+// Qt's driver for PostgreSQL waits for the end of what it neither sends nor takes.
+void requireNoCopying(const Statement& statement) {
+  const auto isOurs = [](const Token& token) { return token.is("STDIN") || token.is("STDOUT"); };
+  if (statement.startsWith("COPY") && std::ranges::any_of(statement.tokens, isOurs))
+    throw failure(error_number::invalidArgument,
+                  "Daten können mit COPY nicht über diese Verbindung kopiert werden.");
+}
+
 }  // namespace
 
 SqlSession::SqlSession(const Driver& driver, const ConnectionSettings& settings,
@@ -119,6 +127,7 @@ void SqlSession::learnRules(const std::string& before) {
 SqlSession::Outcome SqlSession::execute(std::string_view text) {
   requireReady();
   Statement statement = gate_.pass(text, rules_);
+  requireNoCopying(statement);
   onlyReads_ = statement.onlyReads();
   if (!onlyReads_ && beginsLater_) {
     beginBeforeChanging();
