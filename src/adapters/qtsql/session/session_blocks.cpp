@@ -15,7 +15,7 @@ RowSet SqlSession::readFirst(const Statement& statement) {
   onlyReads_ = true;
   const QString text = textOf(statement);
   if (engine_->declareCursor != nullptr) {
-    if (!inTransaction_) return run(text);
+    if (!inTransaction_) return read(text);
     run(QString::fromLatin1(engine_->declareCursor) + text);
     runRest();
     hasCursor_ = true;
