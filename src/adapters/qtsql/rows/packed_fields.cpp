@@ -20,8 +20,13 @@ void PackedFields::add(const QVariant& field) {
   all_->cells.push_back(packed(field));
 }
 
+// What was there stays until all goes, so a field that is set again and again has one place for it.
 void PackedFields::set(std::size_t place, const QVariant& field) {
-  all_->cells[place] = packed(field);
+  Cell& cell = all_->cells[place];
+  if (cell.kind == Cell::Kind::other)
+    *cell.other = field;
+  else
+    cell = {Cell::Kind::other, 0, {.other = &all_->others.emplace_front(field)}};
 }
 
 PackedFields::Cell PackedFields::packed(const QVariant& field) {

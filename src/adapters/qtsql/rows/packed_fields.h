@@ -13,8 +13,8 @@
 
 namespace vexnumkr::qtsql {
 
-/// Fields in the order in which they came, counted from 0. Texts, bytes and integers, which nearly
-/// all are, cost a piece of shared memory instead of an object of their own: allocating, spreading
+/// Fields in the order in which they came, counted from 0. Texts, bytes and signed integers, which
+/// nearly all are, cost a piece of shared memory instead of an object of their own: allocating, spreading
 /// and freeing those is most of what reading a large table would take.
 class PackedFields {
  public:
@@ -36,7 +36,7 @@ class PackedFields {
       const char16_t* text;
       const char* bytes;
       std::int64_t number;
-      const QVariant* other;
+      QVariant* other;
     };
   };
 
