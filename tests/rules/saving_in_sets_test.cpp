@@ -182,6 +182,52 @@ TEST_F(SavingInSetsTest, NoColumnIsWrittenBeforeOrBehindThoseThatDiffer) {
                    "1|K2|1|Beleg K2|NNN"}));
 }
 
+// Two ranges, since a single one is written as a whole.
+TEST_F(SavingInSetsTest, EachColumnIsWrittenAlone) {
+  firm(3);
+  const Texts before = stored();
+  const auto inBoth = [&](ValueColumn column, int difference) {
+    for (const char* key : {"K1", "K2"}) {
+      const RangeRow& row = table().at(rowOf(alleBenutzer, 1, key));
+      SetValueAll(key, 1, column, (row.*column).toLong() + difference);
+    }
+  };
+  const auto storedAs = [&](const std::string& setting) {
+    sql("UPDATE Nummernkreise SET " + setting +
+        " WHERE Buchungskreis = 1 AND NSchl IN ('K1', 'K2')");
+  };
+  const auto isWrittenAlone = [&](const std::string& column) {
+    sentAndRead();
+    EXPECT_TRUE(save());
+    session().beginTransaction();
+    const Texts all = sentAndRead();
+    const auto update = std::ranges::find_if(
+        all, [](const std::string& text) { return text.starts_with("conn: UPDATE"); });
+    ASSERT_NE(update, all.end()) << column;
+    EXPECT_TRUE(update->starts_with("conn: UPDATE Nummernkreise SET " + column +
+                                    "=CASE Buchungskreis WHEN 1 THEN CASE NSchl WHEN 'K1' THEN "))
+        << *update;
+    EXPECT_EQ(update->find("=CASE"), update->rfind("=CASE")) << *update;
+  };
+  for (const char* other :
+       {"Aktiviert = 0", "SortierIndex = 9", "NBezeichnung = 'fremd'", "IstNSchlVon = 'K0'"}) {
+    storedAs(other);
+    isWrittenAlone(std::string(other, std::string_view(other).find(' ')));
+    EXPECT_EQ(stored(), before) << other;
+  }
+  inBoth(&RangeRow::EndWert, 1);
+  isWrittenAlone("EndWert");
+  inBoth(&RangeRow::AktuellerWert, 2);
+  isWrittenAlone("AktuellerWert");
+  inBoth(&RangeRow::StartWert, -1);
+  isWrittenAlone("StartWert");
+  for (const char* key : {"K1", "K2"}) SetValueAll(key, 1, &RangeRow::Maske, "NNN");
+  isWrittenAlone("Maske");
+  EXPECT_EQ(select("SELECT NSchl, StartWert, AktuellerWert, EndWert, Maske FROM Nummernkreise "
+                   "WHERE Buchungskreis = 1 AND NSchl <> 'K0' ORDER BY NSchl"),
+            (Texts{"K1|1000100|1000103|1000152|NNN", "K2|1000200|1000203|1000252|NNN"}));
+}
+
 TEST_F(SavingInSetsTest, ANewCompanyIsAFewInsertions) {
   firm(300);
   sql("DELETE FROM Nummernkreise WHERE Buchungskreis > 0");
