@@ -14,8 +14,8 @@
 namespace vexnumkr::qtsql {
 
 /// Fields in the order in which they came, counted from 0. Texts, bytes and signed integers, which
-/// nearly all are, cost a piece of shared memory instead of an object of their own: allocating, spreading
-/// and freeing those is most of what reading a large table would take.
+/// nearly all are, cost a piece of shared memory instead of an object of their own: allocating,
+/// spreading and freeing those is most of what reading a large table would take.
 class PackedFields {
  public:
   std::size_t size() const { return all_ == nullptr ? 0 : all_->cells.size(); }
