@@ -16,6 +16,7 @@
 #include <vexnumkr/connection_string.h>
 
 #include "platform/sql_tokens.h"
+#include "platform/statement_gate.h"
 
 namespace vexnumkr {
 
@@ -36,6 +37,9 @@ struct QtDriver {
   /// Options, with semicolons between them, by which it gives up a server that does not answer; for
   /// connection strings with several.
   std::string_view patience = {};
+  /// Whether it has an object made of each row that is read forward only, so that a result of many
+  /// rows costs less taken whole.
+  bool isQuickerWhole = false;
 };
 
 /// How the engine is reached by ODBC.
@@ -93,6 +97,9 @@ struct Engine {
   std::string_view usualMode;
   /// The rules under that setting. Error: 3706 where there are none to go by.
   LexicalRules (*rules)(std::string_view mode);
+  /// Why a statement is not sent although the engine knows it (German): the drivers would wait for
+  /// ever. Empty where it is sent; null where every one is.
+  std::string_view (*unsendable)(const Statement& statement);
 
   /// The encoding that texts are sent in under that setting, where it lacks characters that they
   /// may have; empty where none are lacking. Null where none ever are.

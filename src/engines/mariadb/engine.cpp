@@ -218,6 +218,7 @@ const Engine mariadb = {
         "' ', @@SESSION.character_set_client)",
     .usualMode = "STRICT_TRANS_TABLES utf8mb4 utf8mb4",
     .rules = rules,
+    .unsendable = nullptr,
     .lackingEncoding = lackingEncoding,
     .setEncoding = setEncoding,
     .wholeEncoding = "utf8mb4",

@@ -16,7 +16,7 @@ constexpr std::string_view patience =
     "connect_timeout=5;keepalives_idle=10;keepalives_interval=5;keepalives_count=3;"
     "tcp_user_timeout=30000";
 
-constexpr std::array drivers = {QtDriver{"QPSQL", {}, prepare, patience}};
+constexpr std::array drivers = {QtDriver{"QPSQL", {}, prepare, patience, true}};
 
 bool names(const std::string& text, std::string_view word) {
   return inLowerCase(text).find(word) != std::string::npos;
@@ -138,6 +138,13 @@ LexicalRules rules(std::string_view mode) {
           .verticalTabIsBlank = true};
 }
 
+// Rows that the client is to send or to take, where no driver does either.
+std::string_view unsendable(const Statement& statement) {
+  const auto isClient = [](const Token& token) { return token.is("STDIN") || token.is("STDOUT"); };
+  if (!statement.startsWith("COPY") || std::ranges::none_of(statement.tokens, isClient)) return {};
+  return "Daten können mit COPY nicht über diese Verbindung kopiert werden.";
+}
+
 }  // namespace
 
 // A failed statement aborts the whole transaction unless it can go back to a savepoint. There is
@@ -160,6 +167,7 @@ const Engine postgresql = {
         "current_setting('client_encoding'))",
     .usualMode = "on UTF8",
     .rules = rules,
+    .unsendable = unsendable,
     .lackingEncoding = lackingEncoding,
     .setEncoding = setEncoding,
     .wholeEncoding = "UTF8",

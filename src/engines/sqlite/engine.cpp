@@ -116,6 +116,7 @@ const Engine sqlite = {
     .lexicalMode = nullptr,
     .usualMode = "",
     .rules = rules,
+    .unsendable = nullptr,
     .lackingEncoding = nullptr,
     .setEncoding = nullptr,
     .wholeEncoding = nullptr,

@@ -1,6 +1,7 @@
 #include "adapters/qtsql/session/session.h"
 
 #include <algorithm>
+#include <string>
 
 #include "adapters/qtsql/clients/mariadb_client.h"
 #include "adapters/qtsql/opening/failure.h"
@@ -19,12 +20,10 @@ bool isSetting(const QString& text) {
          !text.contains(QLatin1String("table_info("), Qt::CaseInsensitive);
 }
 
-// Qt's driver for PostgreSQL waits for the end of what it neither sends nor takes.
-void requireNoCopying(const Statement& statement) {
-  const auto isOurs = [](const Token& token) { return token.is("STDIN") || token.is("STDOUT"); };
-  if (statement.startsWith("COPY") && std::ranges::any_of(statement.tokens, isOurs))
-    throw failure(error_number::invalidArgument,
-                  "Daten können mit COPY nicht über diese Verbindung kopiert werden.");
+void requireSendable(const Statement& statement, const Engine& engine) {
+  if (engine.unsendable == nullptr) return;
+  if (const std::string_view reason = engine.unsendable(statement); !reason.empty())
+    throw failure(error_number::invalidArgument, std::string(reason));
 }
 
 }  // namespace
@@ -54,10 +53,9 @@ SqlSession::~SqlSession() {
   if (inTransaction_ && !isLost_ && database_.isOpen()) succeeds(engine_->rollback);
 }
 
-// Row by row, PostgreSQL's library would make an object of each.
 void SqlSession::renewQuery() {
   query_.emplace(database_.get());
-  query_->setForwardOnly(driver_.name != "QPSQL");
+  query_->setForwardOnly(driver_.own == nullptr || !driver_.own->isQuickerWhole);
 }
 
 // What is not read forward only stays with the query until the next statement.
@@ -127,7 +125,7 @@ void SqlSession::learnRules(const std::string& before) {
 SqlSession::Outcome SqlSession::execute(std::string_view text) {
   requireReady();
   Statement statement = gate_.pass(text, rules_);
-  requireNoCopying(statement);
+  requireSendable(statement, *engine_);
   onlyReads_ = statement.onlyReads();
   if (!onlyReads_ && beginsLater_) {
     beginBeforeChanging();

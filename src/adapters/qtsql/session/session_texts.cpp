@@ -7,7 +7,7 @@ namespace vexnumkr::qtsql {
 // Reads the rows of the query that was just run by `text`.
 RowSet SqlSession::readRows(const QString& text) {
   std::vector<std::pair<std::size_t, std::size_t>> substituted;
-  const bool asksPostgresql = driver_.name == "QPSQL";
+  const bool asksPostgresql = engine_->name == "postgresql" && !driver_.isOdbc();
   RowSet rows(*query_, [&](std::size_t row, std::size_t column) {
     if (!asksPostgresql || !isReadableOnPostgresql(*query_, static_cast<int>(column)))
       substituted.emplace_back(row, column);
