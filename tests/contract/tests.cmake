@@ -55,7 +55,7 @@ vexnumkr_sqlite_test(sqlite/sqlite_waiting_test engine)
 add_dependencies(sqlite_locking_test hold_write_lock)
 add_dependencies(sqlite_waiting_test hold_write_lock)
 
-foreach(name eight_bit_text field_value opening_without_application simple_select)
+foreach(name eight_bit_text field_value packed_fields opening_without_application simple_select)
   vexnumkr_test(contract/${name}_test LABEL unit
     SOURCES contract/database_language.cpp LINKS vexnumkr_qtsql)
 endforeach()

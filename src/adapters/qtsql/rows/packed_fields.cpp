@@ -30,29 +30,29 @@ void PackedFields::set(std::size_t place, const QVariant& field) {
 }
 
 PackedFields::Cell PackedFields::packed(const QVariant& field) {
-  if (!field.isNull()) {
-    switch (field.typeId()) {
-      case QMetaType::QString: {
-        const auto& text = *static_cast<const QString*>(field.constData());
-        const auto length = static_cast<std::uint32_t>(text.size());
-        return {Cell::Kind::text,
-                length,
-                {.text = kept(reinterpret_cast<const char16_t*>(text.utf16()), length)}};
-      }
-      case QMetaType::QByteArray: {
-        const auto& bytes = *static_cast<const QByteArray*>(field.constData());
-        const auto length = static_cast<std::uint32_t>(bytes.size());
-        return {Cell::Kind::bytes, length, {.bytes = kept(bytes.constData(), length)}};
-      }
-      case QMetaType::Int:
-        return {Cell::Kind::int32, 0, {.number = field.toInt()}};
-      case QMetaType::LongLong:
-        return {Cell::Kind::int64, 0, {.number = field.toLongLong()}};
-      default:
-        break;
+  if (field.isNull()) return {Cell::Kind::null, 0, {.number = field.typeId()}};
+  switch (field.typeId()) {
+    case QMetaType::QString: {
+      const auto& text = *static_cast<const QString*>(field.constData());
+      const auto length = static_cast<std::uint32_t>(text.size());
+      return {Cell::Kind::text,
+              length,
+              {.text = kept(reinterpret_cast<const char16_t*>(text.utf16()), length)}};
     }
+    case QMetaType::QByteArray: {
+      const auto& bytes = *static_cast<const QByteArray*>(field.constData());
+      const auto length = static_cast<std::uint32_t>(bytes.size());
+      return {Cell::Kind::bytes, length, {.bytes = kept(bytes.constData(), length)}};
+    }
+    case QMetaType::Int:
+      return {Cell::Kind::int32, 0, {.number = field.toInt()}};
+    case QMetaType::LongLong:
+      return {Cell::Kind::int64, 0, {.number = field.toLongLong()}};
+    case QMetaType::ULongLong:
+      return {Cell::Kind::unsigned64, 0, {.natural = field.toULongLong()}};
+    default:
+      return {Cell::Kind::other, 0, {.other = &all_->others.emplace_front(field)}};
   }
-  return {Cell::Kind::other, 0, {.other = &all_->others.emplace_front(field)}};
 }
 
 template <class Character>
@@ -74,6 +74,10 @@ QVariant PackedFields::at(std::size_t place) const {
       return static_cast<int>(cell.number);
     case Cell::Kind::int64:
       return static_cast<qlonglong>(cell.number);
+    case Cell::Kind::unsigned64:
+      return static_cast<qulonglong>(cell.natural);
+    case Cell::Kind::null:
+      return QVariant(QMetaType(static_cast<int>(cell.number)));
     case Cell::Kind::other:
       break;
   }
@@ -90,6 +94,10 @@ Value PackedFields::value(std::size_t place) const {
     case Cell::Kind::int32:
     case Cell::Kind::int64:
       return integerValue(cell.number);
+    case Cell::Kind::unsigned64:
+      return integerValue(cell.natural);
+    case Cell::Kind::null:
+      return Null();
     case Cell::Kind::other:
       break;
   }

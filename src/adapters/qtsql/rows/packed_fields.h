@@ -13,7 +13,7 @@
 
 namespace vexnumkr::qtsql {
 
-/// Fields in the order in which they came, counted from 0. Texts, bytes and signed integers, which
+/// Fields in the order in which they came, counted from 0. Texts, bytes, integers and NULL, which
 /// nearly all are, cost a piece of shared memory instead of an object of their own: allocating,
 /// spreading and freeing those is most of what reading a large table would take.
 class PackedFields {
@@ -28,14 +28,16 @@ class PackedFields {
   void set(std::size_t place, const QVariant& field);
 
  private:
-  // A text or bytes and how many, an integer and its type, or what is neither.
+  // A text or bytes and how many, an integer and its type, NULL with the number of its type, or
+  // what is none of these.
   struct Cell {
-    enum class Kind : std::uint8_t { text, bytes, int32, int64, other } kind;
+    enum class Kind : std::uint8_t { text, bytes, int32, int64, unsigned64, null, other } kind;
     std::uint32_t length;
     union {
       const char16_t* text;
       const char* bytes;
       std::int64_t number;
+      std::uint64_t natural;
       QVariant* other;
     };
   };
