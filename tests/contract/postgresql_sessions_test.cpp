@@ -1,5 +1,6 @@
 // What only PostgreSQL does.
 #include "contract/engine_session.h"
+#include "support/heap_in_use.h"
 
 namespace vexnumkr::test {
 
@@ -92,6 +93,16 @@ TEST_F(PostgresqlSessions, BehindALargeAnswerTheTransactionGoesOn) {
   EXPECT_EQ(run("UPDATE Kreise SET Text = 'y' WHERE Nr = 7"), 1);
   conn->CommitTrans();
   EXPECT_EQ(shown(value(*conn, "SELECT COUNT(*) AS X FROM Kreise WHERE Text = 'x'")), "1499");
+}
+
+// Results are taken whole, and stay with their query until there is another one.
+TEST_F(PostgresqlSessions, ALargeAnswerIsNotKept) {
+  constexpr long mebibyte = 1024 * 1024;
+  const std::string large = "SELECT repeat('x', 5000) AS Text FROM generate_series(1, 2000)";
+  run("SELECT 1 AS X");
+  const long before = heapInUse();
+  EXPECT_EQ(run(large), 2000);
+  EXPECT_LT(heapInUse() - before, mebibyte);
 }
 
 TEST_F(PostgresqlSessions, ATextThatIsNotInUtf8CannotBeRead) {

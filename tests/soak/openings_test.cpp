@@ -1,7 +1,6 @@
 // A host that opens the dialog all day long needs no more memory and no more handles in the
 // evening. VEXNUMKR_OPENINGS says how often (300).
 #include <gtest/gtest.h>
-#include <malloc.h>
 
 #include <QDialog>
 #include <QPixmapCache>
@@ -16,10 +15,7 @@
 
 #include "app/sample_database.h"
 #include "embed/misuse/hasty_user.h"
-
-#if defined(__SANITIZE_ADDRESS__)
-extern "C" std::size_t __sanitizer_get_current_allocated_bytes();
-#endif
+#include "support/heap_in_use.h"
 
 namespace vexnumkr::test {
 namespace {
@@ -30,12 +26,7 @@ constexpr long mostGrowth = 2L * 1024 * 1024;
 // Without Qt's store of pictures, which is full at 10 MiB and then grows no more.
 long allocated() {
   QPixmapCache::clear();
-#if defined(__SANITIZE_ADDRESS__)
-  return static_cast<long>(__sanitizer_get_current_allocated_bytes());
-#else
-  const auto heap = mallinfo2();
-  return static_cast<long>(heap.uordblks + heap.hblkhd);
-#endif
+  return heapInUse();
 }
 
 long handles() {
