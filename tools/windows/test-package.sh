@@ -2,22 +2,28 @@
 # Tests the archive for Windows and the installer: what they hold, and under Wine that they register what
 # regsvr32 registers, repair it, and leave nothing behind.
 #
-#   tools/windows/test-package.sh
+#   tools/windows/test-package.sh [--arch x86_64|i686]
 #
-# 64 bits only. The library of build/windows-x86_64 is packed where it is there; otherwise a small one takes its
-# place that registers as it does. Takes about two minutes.
+# The library of build/windows-ARCH is packed where it is there; otherwise a small one takes its place that
+# registers as it does. Takes about two minutes. For 32 bits root rights are needed (tools/windows/wine-i386.sh
+# says why).
 set -euo pipefail
 
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
-if [ $# -ne 0 ]; then
-  sed -n '2,8s/^# \{0,1\}//p' "$root/tools/windows/test-package.sh" >&2
-  exit 2
-fi
+usage() { sed -n '2,9s/^# \{0,1\}//p' "$root/tools/windows/test-package.sh"; }
+# shellcheck source=architecture.sh
+. "$root/tools/windows/architecture.sh"
 "$root/tools/install-packages.sh" windows-test
 "$root/tools/install-packages.sh" windows-package
+# shellcheck source=wine.sh
+. "$root/tools/windows/wine.sh"
 
 work=$(mktemp -d "${TMPDIR:-/tmp}/vexnumkr-installer-XXXXXX")
-export WINEPREFIX=$work/wine WINEDEBUG=-all DISPLAY='' WINEARCH=win64
+export WINEPREFIX=$work/wine WINEDEBUG=-all DISPLAY=''
+case "$arch" in
+  x86_64) export WINEARCH=win64 ;;
+  i686) export WINEARCH=win32 ;;
+esac
 # Wine looks for a browser and for a .NET at its first start.
 export WINEDLLOVERRIDES='mscoree,mshtml=;winemenubuilder.exe='
 leave() {
@@ -32,23 +38,23 @@ fail() {
 }
 
 # The library, or what registers like it.
-library=$root/build/windows-x86_64/bin/VEXNumKr.dll
+library=$root/build/windows-$arch/bin/VEXNumKr.dll
 if [ ! -e "$library" ]; then
   echo "There is no VEXNumKr.dll; a library that only registers takes its place."
   library=$work/VEXNumKr.dll
-  x86_64-w64-mingw32-g++-posix -std=c++20 -shared -static -s -o "$library" -I "$root/src" \
+  "$arch-w64-mingw32-g++-posix" -std=c++20 -shared -static -s -o "$library" -I "$root/src" \
     "$root/tests/automation/installer/registering_library.cpp" \
     "$root/src/windows/registration.cpp" "$root/src/windows/registry_key.cpp" \
     -Wl,--exclude-all-symbols "$root/tests/automation/installer/registering_library.def" -lole32 -luuid
   echo "no type library" >"$work/VEXNumKr.tlb"
 fi
 export VEXNUMKR_WINDOWS_LIBRARY=$library VEXNUMKR_DIST=$work/dist
-"$root/tools/windows/package.sh" >"$work/log" 2>&1 || { cat "$work/log" && fail "package.sh"; }
+"$root/tools/windows/package.sh" --arch "$arch" >"$work/log" 2>&1 || { cat "$work/log" && fail "package.sh"; }
 name=$(basename "$work"/dist/*.zip .zip)
 
 # The same library gives the same archive.
 mv "$work/dist/$name.zip" "$work/first.zip"
-"$root/tools/windows/package.sh" >"$work/log" 2>&1
+"$root/tools/windows/package.sh" --arch "$arch" >"$work/log" 2>&1
 cmp "$work/first.zip" "$work/dist/$name.zip" || fail "the archive differs from the one before"
 echo "ok  the archive is the same twice"
 
