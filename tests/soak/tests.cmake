@@ -16,3 +16,7 @@ foreach(engine postgresql mariadb)
 endforeach()
 
 vexnumkr_test(soak/openings_test GUI LABEL fault TIMEOUT 600 LINKS vexnumkr_test_app)
+
+add_test(NAME soak_script_test
+  COMMAND "${CMAKE_CURRENT_SOURCE_DIR}/soak/soak_script_test.sh" "${PROJECT_SOURCE_DIR}")
+set_tests_properties(soak_script_test PROPERTIES LABELS fault)
