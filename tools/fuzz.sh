@@ -4,7 +4,7 @@
 #   tools/fuzz.sh [--seconds N] [--runs N] [TARGET...]
 #
 # The targets are those of tests/fuzz/targets, all without any named. --seconds is for all of them
-# together (60 without it; 36000 is a night), --runs ends each after so many inputs instead. Inputs
+# together (60 without it, at least 1; 36000 is a night), --runs ends each after so many inputs instead. Inputs
 # that have taken new ways are kept in build/fuzz/inputs, so that the next run goes on from there. An
 # input for which a property does not hold ends with 1 and lies in build/fuzz/found; it belongs into
 # tests/fuzz/corpus/TARGET with the change that mends it.
@@ -13,11 +13,29 @@
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
+# number OPTION VALUE: the value, for 0 means to the fuzzers that there is no end.
+number() {
+  case "${2:-}" in
+    '' | 0* | *[!0-9]*)
+      echo "$1 takes a number from 1 on" >&2
+      exit 2
+      ;;
+  esac
+  echo "$2"
+}
+
 seconds=60 runs=-1 targets=()
 while [ $# -gt 0 ]; do
   case "$1" in
-    --seconds) seconds=${2:?} && shift ;;
-    --runs) runs=${2:?} seconds=0 && shift ;;
+    --seconds)
+      seconds=$(number "$@")
+      shift
+      ;;
+    --runs)
+      runs=$(number "$@")
+      seconds=0
+      shift
+      ;;
     --help | -h)
       sed -n '2,13s/^# \{0,1\}//p' "${BASH_SOURCE[0]}"
       exit 0
