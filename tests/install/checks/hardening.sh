@@ -36,16 +36,25 @@ check() {
   return 0
 }
 
+# Calls whose sizes are checked when they are made (_FORTIFY_SOURCE).
+checks_sizes() {
+  local symbols
+  symbols=$(readelf -W --dyn-syms "$1")
+  grep -qE 'UND __[a-z]+_chk(@|$)' <<<"$symbols" || fails "$1" "checks no sizes of calls"
+}
+
 failed=
-found=0
-for file in $(programs); do
+mapfile -t found < <(programs)
+# All programs and libraries are looked at.
+printf '%s\n' "${found[@]}" | sed 's|.*/||; s|\.so\..*||' | sort |
+  diff - <(printf '%s\n' libvexnumkr libvexnumkr-numbers vexnumkr vexnumkr-host)
+for file in "${found[@]}"; do
   check "$file"
-  found=$((found + 1))
+  case "$file" in
+    # The compiler checks where it knows a size, which is in these; the others are compiled as they are.
+    */libvexnumkr.so.* | */bin/vexnumkr) checks_sizes "$file" ;;
+  esac
 done
-[ "$found" -ge 2 ]
 [ -z "$failed" ]
 
-# Calls that _FORTIFY_SOURCE checks are only there where a size is known to the compiler, so the rule is
-# read from how the library was compiled.
-grep -q -- '-D_FORTIFY_SOURCE=[23]' "$BUILD/compile_commands.json"
 not grep -rlF -e "$ROOT" -e "$BUILD" "$PREFIX"
