@@ -4,6 +4,8 @@
 #
 #   tools/debian/export.sh FOLDER
 set -euo pipefail
+# Those who run this have masks of their own.
+umask 022
 
 cd "$(dirname "${BASH_SOURCE[0]}")/../.."
 mkdir "$1"
