@@ -9,6 +9,8 @@
 #include <vexnumkr/error.h>
 #include <vexnumkr/value.h>
 
+#include "rules/range_place.h"
+
 namespace vexnumkr {
 namespace {
 
@@ -66,9 +68,7 @@ std::vector<std::optional<MaskBounds>> boundsOfAll(const XArray& table, const st
     try {
       bounds.push_back(masks.boundsOf(row.Maske));
     } catch (const Error& error) {
-      throw Error(error.number(), error.source(),
-                  error.description() + "\r\n(Belegart: " + row.NBezeichnung.str() +
-                      ", Buchungskreis: " + row.Gruppe.str() + ")");
+      throw Error(error.number(), error.source(), error.description() + placeOf(row));
     }
   }
   return bounds;

@@ -1,5 +1,7 @@
 #include "rules/validation.h"
 
+#include "rules/range_place.h"
+
 namespace vexnumkr {
 
 std::string defectMessage(const XArray& table, const RangeDefect& defect) {
@@ -7,7 +9,7 @@ std::string defectMessage(const XArray& table, const RangeDefect& defect) {
   const RangeRow& other = table.at(defect.otherRow);
   const std::string& name = range.NBezeichnung.str();
   const std::string& circle = range.Gruppe.str();
-  const std::string place = "\r\n(Belegart: " + name + ", Buchungskreis: " + circle + ")";
+  const std::string place = placeOf(range);
   const std::string overlap =
       "Bei der Belegart '" + name + "' überschneidet sich der Buchungskreis '" + circle + "' mit ";
   switch (defect.rule) {

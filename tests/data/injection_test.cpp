@@ -156,11 +156,24 @@ TEST_F(InjectionTest, AStatementThatAValueHasTurnedIntoAnotherIsRefusedBySaving)
             std::vector{test::errorBox(
                 3001, "basAllgemein", "Save",
                 "Die Anweisung wurde nicht ausgeführt, weil ein Wert sie verändert. Bitte prüfen "
-                "Sie die Eingaben auf Hochkommas.")});
+                "Sie die Eingaben auf Hochkommas.\r\n(Belegart: Rechnung, Buchungskreis: Nord)")});
   const Texts sent = script().takeStatements();
   ASSERT_EQ(sent.size(), 6U) << "two readings, two deletes, the roll-back and a new transaction";
   EXPECT_EQ((Texts{sent[4], sent[5]}), (Texts{"conn: ROLLBACK", "conn: BEGIN"}));
   EXPECT_EQ(table().at(0).Maske.toValue(), Value("' || (SELECT strUserName_PK FROM tblUser) || '"));
+}
+
+TEST_F(InjectionTest, AUserNameThatIsRefusedIsTold) {
+  start(1, {"O''Neill"});
+  session().beginTransaction();
+  row(invoice.with(&RowCells::Benutzer, "O''Neill"));
+  session().blnChanged(true);
+  EXPECT_FALSE(save());
+  EXPECT_EQ(boxes(),
+            std::vector{test::errorBox(
+                3001, "basAllgemein", "Save",
+                "Die Anweisung wurde nicht ausgeführt, weil ein Wert sie verändert. Bitte prüfen "
+                "Sie die Eingaben auf Hochkommas.\r\n(Benutzer: O''Neill, Schlüssel: RE)")});
 }
 
 TEST_F(InjectionTest, TheHostsOwnStatementsGoThrough) {

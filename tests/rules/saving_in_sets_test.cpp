@@ -302,7 +302,8 @@ TEST_F(SavingInSetsTest, AValueWithAQuoteStandsAlone) {
   EXPECT_FALSE(save());
   EXPECT_EQ(boxes(), Boxes{errorBox(3001, "basAllgemein", "Save",
                                     "Die Anweisung wurde nicht ausgeführt, weil ein Wert sie "
-                                    "verändert. Bitte prüfen Sie die Eingaben auf Hochkommas.")});
+                                    "verändert. Bitte prüfen Sie die Eingaben auf Hochkommas."
+                                    "\r\n(Belegart: Beleg K1, Buchungskreis: Nord)")});
   EXPECT_EQ(stored(), before);
 }
 

@@ -3,11 +3,24 @@
 #include <algorithm>
 
 #include "data/sql/statements.h"
+#include "rules/range_place.h"
 
 namespace vexnumkr::basAllgemein {
 namespace {
 
 constexpr std::int64_t deletionsAndCommit = 3;
+
+// Of a refused text, whoever has typed it is told where it stands. An insert that is refused for it
+// is followed by an update, and so need not tell.
+template <class Work, class Place>
+auto tellingWhere(Work&& work, Place&& place) {
+  try {
+    return work();
+  } catch (const Error& error) {
+    if (error.number() != error_number::invalidArgument) throw;
+    throw Error(error.number(), error.source(), error.description() + place());
+  }
+}
 
 void writeRow(const RangeRow& row, StatementSource& source, Progress& progress) {
   if (row.isCommon()) {
@@ -45,13 +58,18 @@ void InsertIntoNummernkreise(StatementSource& source, const RangeRow& range) {
 }
 
 bool UpdateIntoNummernkreise(StatementSource& source, const RangeRow& range) {
-  return source.execute(statement::updateRange(range)) != 0;
+  return tellingWhere([&] { return source.execute(statement::updateRange(range)) != 0; },
+                      [&] { return placeOf(range); });
 }
 
 void InsertIntoNummernkreis_Zuordnung(StatementSource& source, std::int32_t Buchungskreis,
                                       const std::string& NSchl, const std::string& Benutzer) {
-  source.execute(
-      statement::insertAssignment(Buchungskreis, NSchl, Benutzer, source.origin().Herkunft()));
+  tellingWhere(
+      [&] {
+        return source.execute(statement::insertAssignment(Buchungskreis, NSchl, Benutzer,
+                                                          source.origin().Herkunft()));
+      },
+      [&] { return "\r\n(Benutzer: " + Benutzer + ", Schlüssel: " + NSchl + ")"; });
 }
 
 std::string ReplaceUser(const std::string& text) { return text == alleBenutzer ? everybody : text; }
