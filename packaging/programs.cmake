@@ -1,7 +1,12 @@
 # What comes with the programs: man pages, completion, and what desktops show.
 
-# The documentation's path as the pages name it.
-set(VEXNUMKR_DOC_PATH "${CMAKE_INSTALL_FULL_DOCDIR}")
+# Where the manuals are, as the pages end, if they are made.
+set(VEXNUMKR_MANUALS "")
+set(VEXNUMKR_MANUALS_GERMAN "")
+if(VEXNUMKR_DOCUMENTATION)
+  set(VEXNUMKR_MANUALS "\nThe manuals (in German) are in\n.IR ${CMAKE_INSTALL_FULL_DOCDIR} .")
+  set(VEXNUMKR_MANUALS_GERMAN "\nDie Handbücher sind in\n.IR ${CMAKE_INSTALL_FULL_DOCDIR} .")
+endif()
 
 # vexnumkr_man_pages(PROGRAM COMPONENT): the pages man/PROGRAM.1.in and man/de/PROGRAM.1.in.
 function(vexnumkr_man_pages program component)
