@@ -1,12 +1,15 @@
-# Every installed file is in one component of the installation, which is that of a package.
+# Every installed file is in one component of the installation, which is that of a package; the terms are in
+# two of them.
 
 for component in runtime numbers development tools host documentation; do
   cmake --install "$BUILD" --prefix "$WORK/$component" --component "$component" >/dev/null
   (cd "$WORK/$component" && find . ! -type d -printf '%P\n') >>installed
 done
-sort installed >parts
+sort -u installed >parts
 (cd "$PREFIX" && find . ! -type d -printf '%P\n') | sort >whole
 diff whole parts
+
+sort installed | uniq -d | diff - <(printf 'share/doc/vexnumkr/%s\n' LICENSE NOTICES.txt vexnumkr.spdx.json)
 
 # What a component is for.
 (cd "$WORK" && cat <(cd numbers && find . ! -type d -printf '%P\n') \
