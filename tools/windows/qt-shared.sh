@@ -18,4 +18,4 @@ configure() {
     -DFEATURE_sql_sqlite=ON -DFEATURE_system_sqlite=OFF
 }
 
-install_it() { cmake --install "$work/build" >/dev/null; }
+install_it() { install_files; }

@@ -45,7 +45,8 @@ fetch() {
   dpkg-source -x "$work/$1"_*.dsc "$3"
 }
 
-# configure_with TOOLCHAIN OPTION...: without what no dialog and no host of these tests needs.
+# configure_with TOOLCHAIN OPTION...: without what no dialog and no host of these tests needs. No folder of
+# this machine gets into what is linked with it.
 configure_with() {
   local off=(network dbus vulkan icu printsupport tabletevent concurrent xml testlib
     sql_mysql sql_psql zstd androiddeployqt qmake)
@@ -58,7 +59,8 @@ configure_with() {
   fi
   cmake -S "$work/source" -B "$work/build" -G Ninja \
     -DCMAKE_TOOLCHAIN_FILE="$here/$1" -DVEXNUMKR_ARCH="$arch" \
-    -DCMAKE_INSTALL_PREFIX="$work/install" -DCMAKE_BUILD_TYPE=Release \
+    -DCMAKE_INSTALL_PREFIX=/qt -DCMAKE_BUILD_TYPE=Release \
+    -DCMAKE_C_FLAGS="-ffile-prefix-map=$work=/qt" -DCMAKE_CXX_FLAGS="-ffile-prefix-map=$work=/qt" \
     -DQT_HOST_PATH=/usr \
     -DQT_HOST_PATH_CMAKE_DIR="/usr/lib/$(dpkg-architecture -q DEB_HOST_MULTIARCH)/cmake" \
     -DQT_BUILD_EXAMPLES=OFF -DQT_BUILD_TESTS=OFF \
@@ -69,13 +71,20 @@ configure() {
   configure_with mingw.cmake -DBUILD_SHARED_LIBS=OFF -DFEATURE_sql_odbc=ON -DFEATURE_sql_sqlite=OFF
 }
 
-install_it() {
-  cmake --install "$work/build" >/dev/null
-  # Qt Core asks the linker to export a function; a library that it is part of need not show that.
-  "$arch-w64-mingw32-objcopy" --remove-section .drectve "$work/install/lib/libQt6Core.a"
+# What it was made of goes along, for whoever hands it on.
+install_files() {
+  DESTDIR=$work/install cmake --install "$work/build" >/dev/null
+  cp "$work/source/debian/copyright" "$work/install/qt"
+  echo "$version" >"$work/install/qt/source-version"
 }
 
-steps=(configure_with configure install_it) toolchain=("$here/mingw.cmake")
+install_it() {
+  install_files
+  # Qt Core asks the linker to export a function; a library that it is part of need not show that.
+  "$arch-w64-mingw32-objcopy" --remove-section .drectve "$work/install/qt/lib/libQt6Core.a"
+}
+
+steps=(configure_with configure install_files install_it) toolchain=("$here/mingw.cmake")
 # shellcheck source=qt-shared.sh
 if [ -n "$kind" ]; then . "$here/qt-shared.sh"; fi
 
@@ -91,14 +100,21 @@ fi
 
 if [ ! -e "$qt/complete" ]; then
   mkdir -p "$cache"
-  work=$(mktemp -d "$cache/building-XXXXXX")
+  exec 9>"$qt.lock"
+  flock 9
+fi
+if [ ! -e "$qt/complete" ]; then
+  # Where it is known beforehand, a compiler's cache finds again what an interrupted build has made.
+  work=$cache/building-$(basename "$qt")
+  rm -rf "$work"
+  mkdir "$work"
   trap 'rm -rf "$work"' EXIT
   fetch qt6-base "$version" "$work/source"
   configure
   cmake --build "$work/build"
   install_it
   rm -rf "$qt"
-  mv "$work/install" "$qt"
+  mv "$work/install/qt" "$qt"
   touch "$qt/complete"
 fi
 echo "$qt"
