@@ -8,25 +8,27 @@
 namespace vexnumkr::app {
 namespace {
 
-constexpr std::string_view option = "--connection";
-
-/// The connection string that begins here, if one does.
-char* connectionIn(char* argument, bool behindOption) {
-  if (behindOption) return argument;
-  const std::string_view text = argument;
-  const bool hasValue = text.starts_with(option) && text.substr(option.size()).starts_with('=');
-  return hasValue ? argument + option.size() + 1 : nullptr;
+// Behind "--option=", and without that the whole argument.
+std::size_t valueBegin(std::string_view argument) {
+  if (!argument.starts_with("--")) return 0;
+  const std::size_t sign = argument.find('=');
+  return sign == std::string_view::npos ? 0 : sign + 1;
 }
 
 }  // namespace
 
 void hidePasswords(int argc, char** argv) {
   for (int i = 1; i < argc; ++i) {
-    char* const connection = connectionIn(argv[i], argv[i - 1] == option);
-    if (connection == nullptr) continue;
-    for (const TextRange& range : passwordRanges(connection))
-      std::fill(connection + range.begin, connection + range.end, '*');
+    char* const value = argv[i] + valueBegin(argv[i]);
+    for (const TextRange& range : passwordRanges(value))
+      std::fill(value + range.begin, value + range.end, '*');
   }
+}
+
+std::string withoutPasswordsOf(const std::vector<std::string>& arguments, std::string text) {
+  for (const std::string& argument : arguments)
+    text = withoutPasswords(text, std::string_view(argument).substr(valueBegin(argument)));
+  return text;
 }
 
 }  // namespace vexnumkr::app

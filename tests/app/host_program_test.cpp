@@ -94,6 +94,20 @@ TEST_F(HostProgram, SaysWhyADatabaseCannotBeOpened) {
   EXPECT_FALSE(holds(run.errors, "geheim")) << run.errors;
 }
 
+TEST_F(HostProgram, ShowsNoPasswordOfAConnectionStringInAWrongPlace) {
+  const QString connection = QStringLiteral("Driver=QPSQL;Database=b;PWD=geheim");
+  for (const char* option : {"--connection-file", "--application", "--date"}) {
+    QStringList arguments = {QStringLiteral("--user"), QStringLiteral("x"),
+                             QString::fromLatin1(option), connection};
+    if (QLatin1String(option) != QLatin1String("--application"))
+      arguments += {QStringLiteral("--application"), QStringLiteral("1")};
+    const ProgramRun run = runHost(arguments);
+    EXPECT_EQ(run.exitCode, 2) << option;
+    EXPECT_TRUE(holds(run.errors, "PWD=***")) << run.errors;
+    EXPECT_FALSE(holds(run.errors, "geheim")) << run.errors;
+  }
+}
+
 TEST_F(HostProgram, TakesTheConnectionFromTheEnvironmentAndFromAFile) {
   const QStringList others = {QStringLiteral("--application"), QStringLiteral("1"),
                               QStringLiteral("--user"), QStringLiteral("x")};

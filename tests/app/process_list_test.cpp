@@ -34,4 +34,22 @@ TEST(ProcessList, ShowsTheRestWhereAPasswordIsShort) {
   EXPECT_EQ(text, "Driver=QPSQL;Database=abba;PWD=*");
 }
 
+// Somebody has forgotten the option's name, or taken another one.
+TEST(ProcessList, ShowsNoneWhereNoConnectionBelongs) {
+  std::string program = "vexnumkr", bare = "Driver=QPSQL;PWD=geheim";
+  std::string other = "--application=Driver=QPSQL;PWD=geheim;UID=u";
+  char* arguments[] = {program.data(), bare.data(), other.data(), nullptr};
+  hidePasswords(3, arguments);
+  EXPECT_EQ(bare, "Driver=QPSQL;PWD=******");
+  EXPECT_EQ(other, "--application=Driver=QPSQL;PWD=******;UID=u");
+}
+
+TEST(ProcessList, MessagesShowNoPasswordOfAnArgument) {
+  const std::vector<std::string> arguments = {"vexnumkr", "Driver=QPSQL;PWD=geheim",
+                                              "--user=Driver=QPSQL;PWD=\"ver;raten\""};
+  EXPECT_EQ(withoutPasswordsOf(arguments, "Driver=QPSQL;PWD=geheim, ver;raten: gibt es nicht."),
+            "Driver=QPSQL;PWD=***, ***: gibt es nicht.");
+  EXPECT_EQ(withoutPasswordsOf({"--user", "Becker"}, "Becker"), "Becker");
+}
+
 }  // namespace vexnumkr::app

@@ -169,6 +169,21 @@ TEST(ProgramCallsTest, TwoFormsAtOnceAreAWrongCall) {
             "einander aus.\"}}\n");
 }
 
+TEST(ProgramCallsTest, NoPasswordIsPrintedWhereverAConnectionStringStands) {
+  for (const char* const call :
+       {"check Driver=QPSQL;Database=b;PWD=geheim", "Driver=QPSQL;Database=b;PWD=geheim check",
+        "check --application Driver=QPSQL;PWD=geheim",
+        "check --application=Driver=QPSQL;PWD=geheim",
+        "check --application 1 --connection-file Driver=QPSQL;PWD=geheim",
+        "check --application 1 --format nagios --warn Driver=QPSQL;PWD=geheim",
+        "check --format nagios Driver=QPSQL;PWD=geheim"}) {
+    const ProgramRun run = vexnumkr(words(call));
+    EXPECT_NE(run.exitCode, 0) << call;
+    EXPECT_NE((run.output + run.errors).find("PWD=***"), std::string::npos) << call << run.errors;
+    EXPECT_EQ((run.output + run.errors).find("geheim"), std::string::npos) << call << run.errors;
+  }
+}
+
 TEST(ProgramCallsTest, NoPasswordIsPrinted) {
   const ProgramRun run =
       vexnumkr(words("draw --application 1 --user Anna --key RE --connection"

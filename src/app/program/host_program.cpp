@@ -11,6 +11,8 @@
 #include <memory>
 #include <new>
 #include <optional>
+#include <string>
+#include <vector>
 
 #include <vexnumkr/adapters.h>
 #include <vexnumkr/component.h>
@@ -117,22 +119,26 @@ int runOptions(int argc, char** argv, const HostOptions& options) {
 }  // namespace
 
 int runHost(int argc, char** argv) {
+  const std::vector<std::string> arguments(argv + 1, argv + argc);
   HostOptions options;
+  const auto shown = [&](const std::string& text) {
+    return withoutPasswordsOf(arguments, withoutPasswords(text, options.connection));
+  };
   try {
-    options = readCommandLine({argv + 1, argv + argc}, environment("VEXNUMKR_CONNECTION"));
+    options = readCommandLine(arguments, environment("VEXNUMKR_CONNECTION"));
     hidePasswords(argc, argv);
     return runOptions(argc, argv, options);
   } catch (const UsageError& error) {
-    std::cerr << "vexnumkr-host: " << error.what()
+    std::cerr << "vexnumkr-host: " << shown(error.what())
               << "\nDer Aufruf wird mit \"vexnumkr-host --help\" erklärt.\n";
     return exit_status::wrongUsage;
   } catch (const Error& error) {
-    std::cerr << "vexnumkr-host: " << withoutPasswords(error.description(), options.connection)
-              << " (" << error.source() << ", Fehler " << error.number() << ")\n";
+    std::cerr << "vexnumkr-host: " << shown(error.description()) << " (" << error.source()
+              << ", Fehler " << error.number() << ")\n";
   } catch (const std::bad_alloc&) {
     std::cerr << "vexnumkr-host: Der Arbeitsspeicher reicht nicht.\n";
   } catch (const std::exception& error) {
-    std::cerr << "vexnumkr-host: " << withoutPasswords(error.what(), options.connection) << '\n';
+    std::cerr << "vexnumkr-host: " << shown(error.what()) << '\n';
   } catch (...) {
     std::cerr << "vexnumkr-host: Etwas Unbekanntes ist fehlgeschlagen.\n";
   }

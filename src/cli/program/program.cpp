@@ -3,6 +3,7 @@
 #include <QCoreApplication>
 #include <iostream>
 #include <new>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -22,41 +23,52 @@ namespace {
 // The number library's own errors, which no engine has.
 constexpr const char* librarySource = "vexnumkr";
 
-int report(const SharedOptions& options, int status, const std::string& text,
-           std::int32_t number = 0) {
-  if (options.json) {
-    Json error{{"error", {{"number", number}, {"text", text}}}};
+// How a call was made, and how it wants its failure told.
+struct Call {
+  std::vector<std::string> arguments;
+  const SharedOptions& options;
+
+  // What a message quotes may be a connection string that stands in a wrong place.
+  std::string shown(const std::string& text) const {
+    return app::withoutPasswordsOf(arguments, text);
+  }
+};
+
+int report(const Call& call, int status, const std::string& text, std::int32_t number = 0) {
+  const std::string shown = call.shown(text);
+  if (call.options.json) {
+    Json error{{"error", {{"number", number}, {"text", shown}}}};
     std::cerr << error.dump(-1, ' ', false, Json::error_handler_t::replace) << '\n';
   } else {
-    std::cerr << "vexnumkr: " << text << '\n';
+    std::cerr << "vexnumkr: " << shown << '\n';
   }
   return status;
 }
 
-int reportFailure(const SharedOptions& options, const Session& session, const Error& error) {
+int reportFailure(const Call& call, const Session& session, const Error& error) {
   const std::string text = withoutPasswords(error.description(), session.connectionText());
   if (error.source() == librarySource) {
     const int status = error.number() == error_number::invalidCall ? exit_status::wrongCall
                                                                    : exit_status::findings;
-    return report(options, status, text, error.number());
+    return report(call, status, text, error.number());
   }
-  return report(options, exit_status::database,
+  return report(call, exit_status::database,
                 "Die Datenbank meldet: " + text + " (Fehler " + std::to_string(error.number()) +
                     ")\nOb alles eingerichtet ist, sagt \"vexnumkr doctor\".",
                 error.number());
 }
 
 // What no command expects: memory that has run out, a fault of a library or of this program.
-int reportUnexpected(const SharedOptions& options, const Session& session) {
+int reportUnexpected(const Call& call, const Session& session) {
   try {
     throw;
   } catch (const std::bad_alloc&) {
-    return report(options, exit_status::database, "Der Arbeitsspeicher reicht nicht.");
+    return report(call, exit_status::database, "Der Arbeitsspeicher reicht nicht.");
   } catch (const std::exception& error) {
-    return report(options, exit_status::database,
+    return report(call, exit_status::database,
                   withoutPasswords(error.what(), session.connectionText()));
   } catch (...) {
-    return report(options, exit_status::database, "Etwas Unbekanntes ist fehlgeschlagen.");
+    return report(call, exit_status::database, "Etwas Unbekanntes ist fehlgeschlagen.");
   }
 }
 
@@ -71,19 +83,19 @@ bool isPlugin(int argc, char** argv) {
   return false;
 }
 
-int run(const CommandSet& commands, const Action& action) {
-  Session session(commands.shared(), std::cout, std::cerr);
+int run(const Call& call, const Action& action) {
+  Session session(call.options, std::cout, std::cerr);
   try {
     const int status = action(session);
     std::cout.flush();
     if (!std::cout) throw UsageError("Die Ausgabe ist nicht zu schreiben.");
     return status;
   } catch (const UsageError& error) {
-    return report(commands.shared(), exit_status::wrongCall, error.what());
+    return report(call, exit_status::wrongCall, error.what());
   } catch (const Error& error) {
-    return reportFailure(commands.shared(), session, error);
+    return reportFailure(call, session, error);
   } catch (...) {
-    return reportUnexpected(commands.shared(), session);
+    return reportUnexpected(call, session);
   }
 }
 
@@ -93,17 +105,17 @@ int runProgram(int argc, char** argv) {
   const QCoreApplication application(argc, argv);
   CommandSet commands;
   addCommands(commands);
+  const Call call{{argv, argv + argc}, commands.shared()};
   Action action;
   try {
     action = commands.parse(argc, argv);
   } catch (const UsageError& error) {
-    if (!isPlugin(argc, argv))
-      return report(commands.shared(), exit_status::wrongCall, error.what());
-    std::cout << unknownLine(error.what()) << '\n';
+    if (!isPlugin(argc, argv)) return report(call, exit_status::wrongCall, error.what());
+    std::cout << unknownLine(call.shown(error.what())) << '\n';
     return exit_status::unknown;
   }
   app::hidePasswords(argc, argv);
-  return run(commands, action);
+  return run(call, action);
 }
 
 }  // namespace vexnumkr::cli
