@@ -68,7 +68,8 @@ class PasswordFinder {
     for (ConnectionEntry entry; entries.next(entry);) {
       const bool goesOn = !entry.hasSign || (isNative && !isNativeKey(entry.key));
       if (entry.hasSign && endsInPasswordWord(entry.key)) {
-        password = entry.begin;
+        // A piece of one that goes on may look like the key of another.
+        if (!password || !goesOn) password = entry.begin;
         passwords_.push_back(entry.value);
       } else if (!goesOn) {
         password.reset();

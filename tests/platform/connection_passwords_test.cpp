@@ -81,6 +81,8 @@ TEST(Passwords, MayHoldQuotesWithinQuotes) {
 TEST(Passwords, ThatLackTheirQuotesAreMaskedToTheNextKnownKey) {
   EXPECT_EQ(maskedConnectionString("Driver=A;PWD=ge;heim;UID=u"), "Driver=A;PWD=***;UID=u");
   EXPECT_EQ(maskedConnectionString("Driver=A;PWD=ge;he=im"), "Driver=A;PWD=***");
+  EXPECT_EQ(maskedConnectionString("Driver=A;PWD=ge;he\"password=im;UID=u"),
+            "Driver=A;PWD=***;UID=u");
   EXPECT_EQ(maskedConnectionString("Driver=A;PWD=\"ge;heim"), "Driver=A;PWD=***");
   EXPECT_EQ(maskedConnectionString("Driver=A;PWD=\"ge\"heim;UID=u"), "Driver=A;PWD=***;UID=u");
 }
