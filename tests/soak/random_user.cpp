@@ -52,6 +52,9 @@ void RandomUser::actIn(QDialog& dialog) {
 
 void RandomUser::answer(QMessageBox& box) {
   ++steps_;
+  // Mostly they want to save what they have asked to.
+  if (QAbstractButton* const yes = box.button(QMessageBox::Yes); yes != nullptr && chance(60))
+    return yes->click();
   const auto buttons = box.buttons();
   buttons.at(upTo(static_cast<int>(buttons.size()) - 1))->click();
 }
@@ -126,8 +129,10 @@ void RandomUser::typeValue() {
 }
 
 void RandomUser::close(QDialog& dialog) {
-  if (chance(60)) {
-    press(dialog, "cmdOK");
+  if (chance(75)) {
+    // So that there is something to save.
+    if (chance(60)) press(dialog, "cmdAuto");
+    if (dialog.isVisible()) press(dialog, "cmdOK");
   } else if (chance(50)) {
     dialog.close();
   } else {

@@ -2,6 +2,8 @@
 
 #include <QFileInfo>
 #include <QString>
+#include <algorithm>
+#include <utility>
 
 #include <vexnumkr/adapters.h>
 #include <vexnumkr/error.h>
@@ -21,6 +23,42 @@ std::unique_ptr<PrivateServer> serverForTest() {
 
 std::string folderOf(const std::string& file) {
   return QFileInfo(QString::fromStdString(file)).canonicalPath().toStdString();
+}
+
+// Of a table's line, in the order of its columns.
+std::vector<std::string> fieldsOf(const std::string& line) {
+  std::vector<std::string> fields;
+  for (std::size_t at = 0; at < line.size();) {
+    const std::size_t end = line.find('|', at);
+    fields.push_back(line.substr(at, end - at));
+    at = end + 1;
+  }
+  return fields;
+}
+
+// Whether a line of Nummernkreise is another one whose AktuellerWert has gone on by one.
+bool isNextOf(const std::string& after, const std::string& before) {
+  constexpr std::size_t AktuellerWert = 4;
+  const std::vector<std::string> now = fieldsOf(after);
+  std::vector<std::string> expected = fieldsOf(before);
+  if (now.size() != expected.size() || now.size() <= AktuellerWert) return false;
+  expected[AktuellerWert] = std::to_string(std::stol(expected[AktuellerWert]) + 1);
+  return now == expected;
+}
+
+bool isOneNumberOn(const std::vector<std::string>& before, const std::vector<std::string>& after) {
+  if (before.size() != after.size()) return false;
+  const auto [was, is] = std::mismatch(before.begin(), before.end(), after.begin());
+  return was != before.end() && isNextOf(*is, *was) && std::equal(was + 1, before.end(), is + 1);
+}
+
+std::string difference(const std::vector<std::string>& found,
+                       const std::vector<std::string>& saved) {
+  std::string text;
+  for (const std::string& line : found) text += "\n  " + line;
+  text += "\nsaved was:";
+  for (const std::string& line : saved) text += "\n  " + line;
+  return text;
 }
 
 [[noreturn]] void fail(const char* text) { throw Error(4711, "Soak", text); }
@@ -68,11 +106,18 @@ SoakWorld::SoakWorld(std::mt19937& random)
     : random_(random),
       server_(serverForTest()),
       disk_(isOnServer() ? "/nowhere" : folderOf(database_.name())) {
+  if (!isOnServer() && chance(500)) writeAhead();
   makeCompany();
   stored_ = contents(*connect());
 }
 
 SoakWorld::~SoakWorld() = default;
+
+// SQLite's other journal, which the file keeps.
+void SoakWorld::writeAhead() {
+  std::int32_t affected = 0;
+  connect()->Execute("PRAGMA journal_mode = WAL", affected);
+}
 
 void SoakWorld::makeCompany() {
   const auto connection = connect();
@@ -203,13 +248,7 @@ void SoakWorld::check() {
   if (pending_ && found == *pending_) stored_ = found;
   pending_.reset();
   if (found == stored_) return;
-  ADD_FAILURE() << "stored is what nobody has saved:" << [&] {
-    std::string text;
-    for (const std::string& line : found) text += "\n  " + line;
-    text += "\nsaved was:";
-    for (const std::string& line : stored_) text += "\n  " + line;
-    return text;
-  }();
+  ADD_FAILURE() << "stored is what nobody has saved:" << difference(found, stored_);
   stored_ = found;
 }
 
@@ -236,11 +275,13 @@ void SoakWorld::afterStep() {
 
 void SoakWorld::draw() {
   static const std::vector<std::string> keys = {"AN", "RE"};
+  bool hasDrawn = false;
   try {
     const auto connection = connect();
     numbers::draw(*connection, {.application = 1 + upTo(1),
                                 .user = "Max",
                                 .key = keys[static_cast<std::size_t>(upTo(1))]});
+    hasDrawn = true;
     ++troubles_.draws;
   } catch (const Error&) {
     // Nothing is left to draw, or a dialog has locked the range: nothing has changed. A disk that
@@ -248,10 +289,22 @@ void SoakWorld::draw() {
     if (!disk_.fails()) return;
   }
   try {
-    stored_ = contents(*connect());
+    drawn(contents(*connect()), hasDrawn);
   } catch (const Error& failure) {
     if (!disk_.fails()) ADD_FAILURE() << failure.what();
   }
+}
+
+// One number more, and nothing else. While the disk fails, a commit may not have been told from a
+// roll-back yet.
+void SoakWorld::drawn(std::vector<std::string> found, bool hasDrawn) {
+  const auto goesOn = [&](const std::vector<std::string>& before) {
+    return isOneNumberOn(before, found) || (!hasDrawn && found == before);
+  };
+  if (!goesOn(stored_) && !(pending_ && goesOn(*pending_)))
+    ADD_FAILURE() << "a draw has changed something else:" << difference(found, stored_);
+  stored_ = std::move(found);
+  pending_.reset();
 }
 
 // The host's administration on the dialog's connection: in its transaction.

@@ -34,7 +34,7 @@ struct Troubles {
 };
 
 /// Everything that is stored is at any time what a host's transaction held when it was committed,
-/// or has been changed by drawing a number; anything else fails the test.
+/// or differs from that by a number that was drawn; anything else fails the test.
 class SoakWorld {
  public:
   /// `random` is borrowed.
@@ -60,6 +60,7 @@ class SoakWorld {
   bool chance(int perThousand) { return upTo(999) < perThousand; }
   bool isOnServer() const { return engineUnderTest() != "sqlite"; }
 
+  void writeAhead();
   void makeCompany();
   std::shared_ptr<Connection> connect();
   std::vector<std::string> contents(Connection& connection) const;
@@ -68,6 +69,7 @@ class SoakWorld {
   void committing(Connection& connection);
   void committed();
   void draw();
+  void drawn(std::vector<std::string> found, bool hasDrawn);
   void maintainCircles(Connection& connection);
   void killServer();
 
