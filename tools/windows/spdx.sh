@@ -17,9 +17,11 @@ checksums() {
   done)
 }
 
+# The licence of a part that SPDX has no name for.
+icc=$(sed -n '/^Copyright International Color Consortium/,/^shall not/p' "$(dirname "$parts")/qt-weitere.txt")
 digest=$(checksums | sha256sum | cut -c1-32)
 jq -n --arg digest "$digest" --arg version "$version" --arg arch "$arch" --arg qt "$qt" --arg created "$created" \
-  --rawfile parts "$parts" --rawfile files <(checksums) '
+  --rawfile parts "$parts" --rawfile files <(checksums) --arg icc "$icc" '
   def lines: split("\n") | map(select(. != "") | split("\t"));
   def id: gsub("[^A-Za-z0-9.]+"; "-");
   def part: {
@@ -37,6 +39,10 @@ jq -n --arg digest "$digest" --arg version "$version" --arg arch "$arch" --arg q
       downloadLocation: "NOASSERTION", filesAnalyzed: false, licenseConcluded: "MIT",
       licenseDeclared: "MIT", copyrightText: "2026 The Vexal Nummernkreise developers"}]
       + ($parts | lines | map(part))),
+    hasExtractedLicensingInfos: [
+      {licenseId: "LicenseRef-Public-Domain", name: "Public domain",
+        extractedText: "Its author has placed it in the public domain; qt-weitere.txt has the words."},
+      {licenseId: "LicenseRef-ICC", name: "Licence of the ICC for sRGB2014.icc", extractedText: $icc}],
     files: ($files | lines | map({
       fileName: ("./" + .[0]), SPDXID: ("SPDXRef-File-" + (.[0] | id)),
       checksums: [{algorithm: "SHA1", checksumValue: .[1]}, {algorithm: "SHA256", checksumValue: .[2]}],
