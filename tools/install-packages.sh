@@ -51,7 +51,7 @@ case "${1:-}" in
     welcome=()
     ;;
   windows-package)
-    needed=("${manuals[@]}" jq msitools unzip uuid-runtime wixl zip)
+    needed=("${manuals[@]}" faketime jq msitools unzip uuid-runtime wixl zip)
     welcome=()
     ;;
   windows)

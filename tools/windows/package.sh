@@ -4,7 +4,7 @@
 #   tools/windows/package.sh [--arch x86_64|i686]
 #
 # They are dist/VEXNumKr-VERSION-ARCH.zip and .msi then; takes about half a minute. The same library gives
-# the same archive. VEXNUMKR_WINDOWS_LIBRARY names another library file, with its type library beside it,
+# the same files. VEXNUMKR_WINDOWS_LIBRARY names another library file, with its type library beside it,
 # and VEXNUMKR_DIST another folder for the results.
 set -euo pipefail
 
@@ -27,7 +27,6 @@ done
 packaging=$root/packaging/windows
 dist=${VEXNUMKR_DIST:-$root/dist}
 version=$(sed -n 's/^project(.* VERSION \([0-9.]*\).*/\1/p' "$root/CMakeLists.txt")
-qt_source=$(dpkg-query -W -f '${source:Version}' "libqt6core6:$(dpkg --print-architecture)")
 name=VEXNumKr-$version-$arch
 case "$arch" in
   x86_64) bits=64 ;;
@@ -40,11 +39,32 @@ work=$(mktemp -d "${TMPDIR:-/tmp}/vexnumkr-windows-XXXXXX")
 trap 'rm -rf "$work"' EXIT
 folder=$work/$name
 mkdir -p "$folder"/{handbuch,lizenzen,quelltext} "$dist"
+dist=$(cd "$dist" && pwd)
+
+# Sets qt_source and qt_notices, the version of the Qt inside and whose work that is: as the Qt says that the
+# library was built with, or, where it does not, as the one that is installed here does.
+find_qt() {
+  local cache=$root/build/windows-$arch/CMakeCache.txt place package
+  if [ "$library" -ef "$root/build/windows-$arch/bin/VEXNumKr.dll" ]; then
+    for place in $(sed -n 's/^CMAKE_PREFIX_PATH:[A-Z]*=//p' "$cache" | tr ';' ' '); do
+      if [ -e "$place/source-version" ]; then
+        qt_source=$(cat "$place/source-version") qt_notices=$place/copyright
+        return
+      fi
+    done
+  fi
+  for package in libqt6core6t64 libqt6core6; do
+    qt_notices=/usr/share/doc/$package/copyright
+    [ ! -e "$qt_notices" ] || break
+  done
+  qt_source=$(dpkg-query -W -f '${source:Version}' "$package:$(dpkg --print-architecture)")
+  echo "The Qt of the library does not say what it was built from; taking it for qt6-base $qt_source." >&2
+}
 
 # text FILE: what is written @LIKE_THIS@ in it, filled in; the line ends are those of Windows.
 text() {
   sed -e "s/@VERSION@/$version/g; s/@ARCH@/$arch/g; s/@BITS@/$bits/g; s/@QT_SOURCE@/$qt_source/g" \
-    -e 's/$/\r/' "$1"
+    -e "s/@SOURCES@/$sources/g" -e 's/$/\r/' "$1"
 }
 
 # with_mark FILE: the same, marked as UTF-8.
@@ -62,21 +82,25 @@ add_programs() {
   with_mark "$packaging/LIESMICH.txt" >"$folder/LIESMICH.txt"
 }
 
+# The manuals, with those that they lead to.
 add_manuals() {
   local manual
-  cp -r "$root/docs/bilder" "$folder/handbuch"
-  for manual in handbuch datenbank windows; do
+  mkdir "$folder/handbuch/bilder"
+  cp -r "$root/docs/bilder"/{handbuch,windows.png} "$folder/handbuch/bilder"
+  for manual in handbuch datenbank cluster verwaltung json windows; do
     "$root/packaging/documentation/make.sh" "$root/docs/$manual.md" "$folder/handbuch"
   done
 }
 
+# add_licences FOLDER SOURCES: where the sources are, in words.
 add_licences() {
-  local licences=$folder/lizenzen
+  local licences=$1/lizenzen sources=$2
   with_mark "$root/LICENSE" >"$licences/LICENSE.txt"
   with_mark "$packaging/HINWEISE.txt" >"$licences/HINWEISE.txt"
   text /usr/share/common-licenses/LGPL-3 >"$licences/LGPL-3.txt"
   text /usr/share/common-licenses/GPL-3 >"$licences/GPL-3.txt"
-  with_mark /usr/share/doc/libqt6core6/copyright >"$licences/qt6-base.txt"
+  with_mark "$qt_notices" >"$licences/qt6-base.txt"
+  with_mark "$packaging/qt-weitere.txt" >"$licences/qt-weitere.txt"
   with_mark /usr/share/doc/gcc-mingw-w64-base/copyright >"$licences/gcc.txt"
   with_mark /usr/share/doc/mingw-w64-common/copyright >"$licences/mingw-w64.txt"
 }
@@ -87,32 +111,38 @@ add_sources() {
     --format=gnu -cJf "$folder/quelltext/vexnumkr-$version.tar.xz" "vexnumkr-$version"
 }
 
+# complete FOLDER: adds the SPDX document, and gives all of it one date and the same rights.
+complete() {
+  "$root/tools/windows/spdx.sh" "$1" "$version" "$arch" "$qt_source" >"$work/spdx.json"
+  mv "$work/spdx.json" "$1/lizenzen/VEXNumKr.spdx.json"
+  chmod -R a+rX,u+w,go-w "$1"
+  find "$1" -exec touch -d "@$SOURCE_DATE_EPOCH" {} +
+}
+
 make_archive() {
-  "$root/tools/windows/spdx.sh" "$folder" "$version" "$arch" "$qt_source" >"$work/spdx.json"
-  mv "$work/spdx.json" "$folder/lizenzen/VEXNumKr.spdx.json"
-  find "$folder" -exec touch -d "@$SOURCE_DATE_EPOCH" {} +
+  complete "$folder"
   rm -f "$dist/$name.zip"
   (cd "$work" && find "$name" -type f | LC_ALL=C sort | TZ=UTC zip -q -X -9 "$dist/$name.zip" -@)
 }
 
-# An identifier that is the same for the same text: id TEXT.
-id() { uuidgen --sha1 --namespace @dns --name "vexnumkr $1" | tr '[:lower:]' '[:upper:]'; }
-
+# The installer has the library, and of the texts those that are read where it is installed.
 make_installer() {
-  local program_files=ProgramFilesFolder win64=no wixl_arch=x86
-  if [ "$bits" = 64 ]; then
-    program_files=ProgramFiles64Folder win64=yes wixl_arch=x64
-  fi
-  cp "$packaging/VEXNumKr.wxs" "$folder/VEXNumKr.dll" "$work"
-  (cd "$work" && wixl --arch "$wixl_arch" -D Version="$version" -D Bits="$bits" -D Win64="$win64" \
-    -D ProgramFiles="$program_files" -D ProductCode="$(id "product $version $arch")" \
-    -D UpgradeCode="$(id "upgrade $arch")" -D LibraryGuid="$(id "library $arch")" \
-    -o "$dist/$name.msi" VEXNumKr.wxs)
+  local installed=$work/installed
+  mkdir -p "$installed/lizenzen"
+  cp "$folder/VEXNumKr.dll" "$installed"
+  cp -r "$folder/handbuch" "$installed"
+  rm "$installed/handbuch"/*.pdf
+  add_licences "$installed" "im Archiv $name.zip, das zu dieser Installationsdatei gehört, in $sources_file"
+  complete "$installed"
+  "$root/tools/windows/installer.sh" "$installed" "$version" "$arch" "$dist/$name.msi"
 }
 
+# As sed writes it.
+sources_file="quelltext\\\\vexnumkr-$version.tar.xz" sources=
+find_qt
 add_programs
 add_manuals
-add_licences
+add_licences "$folder" "in $sources_file"
 add_sources
 make_archive
 make_installer

@@ -52,11 +52,14 @@ export VEXNUMKR_WINDOWS_LIBRARY=$library VEXNUMKR_DIST=$work/dist
 "$root/tools/windows/package.sh" --arch "$arch" >"$work/log" 2>&1 || { cat "$work/log" && fail "package.sh"; }
 name=$(basename "$work"/dist/*.zip .zip)
 
-# The same library gives the same archive.
+# The same library gives the same files, whenever, wherever and by whom they are made.
 mv "$work/dist/$name.zip" "$work/first.zip"
-"$root/tools/windows/package.sh" --arch "$arch" >"$work/log" 2>&1
+mv "$work/dist/$name.msi" "$work/first.msi"
+mkdir "$work/elsewhere"
+(umask 077 && TZ=Asia/Tokyo TMPDIR=$work/elsewhere "$root/tools/windows/package.sh" --arch "$arch" >"$work/log" 2>&1)
 cmp "$work/first.zip" "$work/dist/$name.zip" || fail "the archive differs from the one before"
-echo "ok  the archive is the same twice"
+cmp "$work/first.msi" "$work/dist/$name.msi" || fail "the installer differs from the one before"
+echo "ok  archive and installer are the same twice"
 
 (cd "$work" && unzip -q first.zip)
 folder=$work/$name
@@ -66,12 +69,27 @@ for file in VEXNumKr.dll VEXNumKr.tlb anmelden.cmd abmelden.cmd selftest.vbs LIE
   compgen -G "$folder/$file" >/dev/null || fail "$file is missing"
 done
 grep -rl '@[A-Z]*@' "$folder" --include=*.cmd --include=*.txt && fail "something is not filled in"
-jq -e '.spdxVersion == "SPDX-2.3" and (.packages | length > 10)
-  and all(.files[]; .checksums | length == 2)' "$folder/lizenzen/VEXNumKr.spdx.json" >/dev/null ||
-  fail "the SPDX document"
-jq -r '.files[] | [.checksums[1].checksumValue, .fileName] | join("  ")' \
-  "$folder/lizenzen/VEXNumKr.spdx.json" | (cd "$folder" && sha256sum --quiet -c -) ||
-  fail "the SPDX document's checksums"
+check_spdx() {
+  jq -e '.spdxVersion == "SPDX-2.3" and (.packages | length > 10)
+    and all(.files[]; .checksums | length == 2)' "$1/lizenzen/VEXNumKr.spdx.json" >/dev/null ||
+    fail "the SPDX document"
+  jq -r '.files[] | [.checksums[1].checksumValue, .fileName] | join("  ")' \
+    "$1/lizenzen/VEXNumKr.spdx.json" | (cd "$1" && sha256sum --quiet -c -) ||
+    fail "the SPDX document's checksums"
+}
+
+# check_links FOLDER: what its pages lead to and show is there.
+check_links() {
+  local page target
+  for page in "$1"/*.html; do
+    for target in $(grep -oE '(href|src)="[^"#]+' "$page" | cut -d'"' -f2 | grep -v '^[a-z]*:'); do
+      [ -e "$1/$target" ] || fail "$(basename "$page") leads to $target, which is missing"
+    done
+  done
+}
+
+check_spdx "$folder"
+check_links "$folder/handbuch"
 echo "ok  what the archive holds"
 
 # What is registered for the machine, without what the installer notes for itself. Folders are written
@@ -96,6 +114,13 @@ registered "$work/before"
 
 wine msiexec /qn /i "$msi" || fail "msiexec /i ends with $?"
 cmp "$library" "$installed/VEXNumKr.dll" || fail "the library is not installed"
+for text in LICENSE.txt HINWEISE.txt LGPL-3.txt GPL-3.txt qt6-base.txt qt-weitere.txt; do
+  [ -s "$installed/lizenzen/$text" ] || fail "$text is not installed"
+done
+grep -q "Archiv $name.zip" "$installed/lizenzen/HINWEISE.txt" || fail "where the sources are is not told"
+check_spdx "$installed"
+check_links "$installed/handbuch"
+echo "ok  what is installed"
 registered "$work/by-installer"
 wine msiexec /qn /x "$msi" || fail "msiexec /x ends with $?"
 [ ! -e "$installed" ] || fail "files are left: $(ls "$installed")"
