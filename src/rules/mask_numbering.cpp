@@ -9,7 +9,7 @@
 #include <vexnumkr/error.h>
 #include <vexnumkr/value.h>
 
-#include "rules/range_place.h"
+#include "data/table/range_place.h"
 
 namespace vexnumkr {
 namespace {

@@ -1,6 +1,6 @@
 #include "rules/validation.h"
 
-#include "rules/range_place.h"
+#include "data/table/range_place.h"
 
 namespace vexnumkr {
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "data/sql/statements.h"
-#include "rules/range_place.h"
+#include "data/table/range_place.h"
 
 namespace vexnumkr::basAllgemein {
 namespace {
