@@ -232,6 +232,9 @@ run() { as_user "$work/use" env VEXNUMKR_CONNECTION="$connection" vexnumkr "$@";
 drawn=$(run draw --application 1 --user Hoffmann --key RE)
 [ "$drawn" = 260264 ] || fail "the first invoice has the number $drawn"
 run check --application 1 | tail -n 1
+for file in copyright vexnumkr.spdx.json; do
+  grep -q libxlsxwriter "$work/use/usr/share/doc/vexnumkr/$file" || fail "$file does not name what vexnumkr is made with"
+done
 
 say "removing"
 inside "$work/use" sh -c 'apt-get -q purge -y $(dpkg-query -W -f "\${Package} " "*vexnumkr*")' >"$work/log"
