@@ -17,3 +17,7 @@ foreach(name calls release threads)
   vexnumkr_test(embed/misuse_${name}_test GUI LABEL fault LINKS vexnumkr_test_app)
 endforeach()
 vexnumkr_test(embed/misuse_application_test LABEL fault LINKS vexnumkr Qt6::Widgets)
+vexnumkr_test(embed/misuse_unload_test LABEL fault LINKS vexnumkr_headers)
+target_compile_definitions(misuse_unload_test PRIVATE
+  "VEXNUMKR_LIBRARY=\"$<TARGET_FILE:vexnumkr>\"")
+add_dependencies(misuse_unload_test vexnumkr)
