@@ -6,9 +6,9 @@
 //
 // Threads: everything is called on the host's user-interface thread, while ShowDialog or Init runs.
 // Texts are UTF-8 in both directions.
-// Failures: every member may raise vexnumkr::Error; the component reports it and goes on. What is
-// of another type is told as error 51, std::bad_alloc as error 7. Every member may release the
-// component (see VXNummernkreise), and call it, which does nothing.
+// Failures: every member may raise vexnumkr::Error; the component reports it and goes on, but says
+// nothing of the settings store's. What is of another type is told as error 51, std::bad_alloc as
+// 7. Every member may release the component (see VXNummernkreise), or call it, which does nothing.
 #pragma once
 
 #include <cstdint>
@@ -79,7 +79,7 @@ class VEXNUMKR_API SettingsStore : public HostComponent {
                           const std::string& profile, const std::string& user,
                           const std::string& defaultValue) = 0;
   /// Stores `value`, at once and outside of the dialog's transaction: it stays when the dialog is
-  /// cancelled.
+  /// cancelled. After a failure the other settings are stored all the same.
   virtual void SaveSetting(const std::string& section, const std::string& key,
                            const std::string& value, const std::string& profile) = 0;
 };

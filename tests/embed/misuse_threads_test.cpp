@@ -61,7 +61,7 @@ TEST_F(MisuseThreadsTest, AConnectionServesTheThreadThatHasOpenedIt) {
 
 TEST_F(MisuseThreadsTest, AConnectionOfAnotherThreadIsToldInABox) {
   std::shared_ptr<Connection> foreign;
-  onAnotherThread([&] { foreign = database.connect(); });
+  onAnotherThread([&] { foreign = database->connect(); });
   EXPECT_FALSE(component->Init(foreign, 2, "Becker"));
   EXPECT_TRUE(hasBox(user.takeBoxes(), "Fehler 5: "));
 }
@@ -69,7 +69,7 @@ TEST_F(MisuseThreadsTest, AConnectionOfAnotherThreadIsToldInABox) {
 TEST_F(MisuseThreadsTest, EveryThreadDrawsOnAConnectionOfItsOwn) {
   constexpr int perThread = 20;
   const auto draw = [&] {
-    const auto own = database.connect();
+    const auto own = database->connect();
     for (int i = 0; i < perThread; ++i)
       numbers::draw(*own, {.application = 2, .user = "Becker", .key = "RE"});
   };

@@ -13,7 +13,7 @@ target_compile_definitions(run_time_example_test PRIVATE
 add_dependencies(run_time_example_test vexnumkr-run-time-example vexnumkr vexnumkr_button_presser)
 
 # Hosts that do what hosts must not do.
-foreach(name calls release threads)
+foreach(name calls exceptions release threads)
   vexnumkr_test(embed/misuse_${name}_test GUI LABEL fault LINKS vexnumkr_test_app)
 endforeach()
 vexnumkr_test(embed/misuse_application_test LABEL fault LINKS vexnumkr Qt6::Widgets)

@@ -15,7 +15,7 @@ namespace vexnumkr::test {
 
 /// Answers every box (Ja, else OK) and, in every other dialog of the component that comes up,
 /// presses the buttons named in `presses` one after the other, then cancels what is still open. The
-/// special ranges are confirmed as they are.
+/// special ranges and the options are confirmed as they are.
 class HastyUser : public QObject {
  public:
   HastyUser() { QApplication::instance()->installEventFilter(this); }
@@ -50,7 +50,7 @@ class HastyUser : public QObject {
     if (name == "frmNummernkreise")
       for (const std::string& button : presses)
         if (dialog.isVisible()) press(dialog, button.c_str());
-    if (name == "frmSonderkreise") press(dialog, "cmdOK");
+    if (name == "frmSonderkreise" || name == "frmOptionen") press(dialog, "cmdOK");
     if (dialog.isVisible()) press(dialog, "cmdCancel");
   }
 

@@ -42,6 +42,7 @@ class RudeHost final : public HostComponents, public HostTexts, public HostMessa
     enter("Picture");
     return {"no picture"};
   }
+  void ErrorNumber(std::int32_t) override { enter("ErrorNumber"); }
   Value Prepare(const Value&, std::int16_t, const std::optional<Value>&) override {
     enter("Prepare");
     return {};
