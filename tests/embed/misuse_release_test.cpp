@@ -274,5 +274,25 @@ TEST_F(MisuseReleaseTest, OnAnotherThreadClosesTheOpenDialog) {
   EXPECT_TRUE(isUnchanged());
 }
 
+// The user goes on meanwhile, and may be through before it comes to that.
+TEST_F(MisuseReleaseTest, OnAnotherThreadAtAnyMoment) {
+  user.presses = {"cmdAuto", "cmdSonderkreise", "cmdOptionen"};
+  for (const std::int32_t application : {1, 2}) {
+    SCOPED_TRACE(application);
+    renew();
+    ASSERT_TRUE(init(application));
+    VXNummernkreise* const released = component.get();
+    std::thread other;
+    user.whenUp = [&](const std::string&) {
+      if (!other.joinable()) other = std::thread([&] { component.reset(); });
+    };
+    released->ShowDialog();
+    other.join();
+    QCoreApplication::processEvents();
+    expectClosed();
+    EXPECT_TRUE(isUnchanged());
+  }
+}
+
 }  // namespace
 }  // namespace vexnumkr::test
