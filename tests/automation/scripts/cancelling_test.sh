@@ -17,3 +17,13 @@ for application in 2 1; do
   never_called 'ADODB.Connection#1.CommitTrans'
   : >"$folder/calls"
 done
+
+# What the host's own dialog has changed meanwhile is part of that.
+host numbers.vbs "$connection" 2 Anna
+window Nummernkreise
+keys alt+n Tab space
+until_true "the host's dialog was shown" grep -q 'WWSDialog#1.Show "ORC", 27' "$folder/calls"
+keys F10
+host_ends_with "Init: Boolean True" "shown" "end"
+[ "$before" = "$(sqlite3 "$database" .dump)" ] || fail "the host's dialog has changed the database"
+called 'ADODB.Connection#1.Execute "INSERT INTO Nummernkreis_Buchungskreise'

@@ -1,5 +1,8 @@
 #include "adapters/automation/components/automation_host.h"
 
+#include <memory>
+#include <utility>
+
 #include <vexnumkr/error.h>
 
 #include "adapters/automation/ado/connection.h"
@@ -17,9 +20,12 @@ class RegisteredBookingCircles final : public BookingCircleDialog {
   void Connection(std::shared_ptr<vexnumkr::Connection> connection) override {
     if (connection == nullptr) throw Error::objectNotSet();
     object_.putReference("Connection", Variant(adoConnection(*connection).object()));
+    connection_ = std::move(connection);
   }
   void MultiSelect(bool on) override { object_.put("MultiSelect", Variant(on)); }
   void Show(const std::string& origin, std::int32_t number) override {
+    // The host's statements go past the component, and are to be part of its transaction.
+    if (connection_ != nullptr) adoConnection(*connection_).beginToChange();
     // The administration's window is modal for windows of its own kind only.
     DisabledWindows others;
     others.disable([](HWND) { return true; });
@@ -30,6 +36,7 @@ class RegisteredBookingCircles final : public BookingCircleDialog {
 
  private:
   LateBound object_;
+  std::shared_ptr<vexnumkr::Connection> connection_;
 };
 
 class RegisteredSettings final : public SettingsStore {
