@@ -82,7 +82,7 @@ void CALLBACK closeWhatIsShown(HWND /*window*/, UINT /*message*/, UINT_PTR /*id*
     PostMessageW(dialog, WM_KEYDOWN, VK_ESCAPE, 1);
 }
 
-// The members of a connection that the component uses.
+// Those of a connection's members that the component uses until its user cancels.
 constexpr const wchar_t* members[] = {L"ConnectionString", L"IsolationLevel", L"BeginTrans",
                                       L"RollbackTrans"};
 
