@@ -128,9 +128,10 @@ called() { grep -qF -- "$1" "$folder/calls" || fail "nobody has called $1"; }
 called_in_order() {
   local line=0 next call
   for call in "$@"; do
-    next=$(tail -n "+$((line + 1))" "$folder/calls" | grep -nF -m 1 -- "$call" | cut -d: -f1)
+    next=$(call=$call awk -v behind="$line" 'NR > behind && index($0, ENVIRON["call"]) { print NR; exit }' \
+      "$folder/calls")
     [ -n "$next" ] || fail "nobody has called $call behind line $line"
-    line=$((line + next))
+    line=$next
   done
 }
 never_called() { ! grep -qF -- "$1" "$folder/calls" || fail "somebody has called $1"; }
