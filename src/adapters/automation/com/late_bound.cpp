@@ -71,13 +71,16 @@ DISPID LateBound::idOf(std::string_view member) {
   return id;
 }
 
+// A member may let go of whoever calls it, and this along with it; the object itself stays for as
+// long as the call takes.
 Variant LateBound::call(std::string_view member, std::initializer_list<const Variant*> arguments) {
   const DISPID id = idOf(member);
   std::vector<VARIANT> values = inReverse(arguments);
   DISPPARAMS parameters = {values.data(), nullptr, static_cast<UINT>(values.size()), 0};
   Variant result;
   EXCEPINFO raised = {};
-  raiseOnFailure(invoke(*object_.Get(), id, DISPATCH_METHOD | DISPATCH_PROPERTYGET, parameters,
+  const ComPtr<IDispatch> object = object_;
+  raiseOnFailure(invoke(*object.Get(), id, DISPATCH_METHOD | DISPATCH_PROPERTYGET, parameters,
                         result.receive(), raised),
                  raised);
   return result;
@@ -86,16 +89,18 @@ Variant LateBound::call(std::string_view member, std::initializer_list<const Var
 void LateBound::put(std::string_view member, const Variant& value) {
   const DISPID id = idOf(member);
   EXCEPINFO raised = {};
-  raiseOnFailure(putValue(*object_.Get(), id, DISPATCH_PROPERTYPUT, value, raised), raised);
+  const ComPtr<IDispatch> object = object_;
+  raiseOnFailure(putValue(*object.Get(), id, DISPATCH_PROPERTYPUT, value, raised), raised);
 }
 
-void LateBound::putReference(std::string_view member, const Variant& object) {
+void LateBound::putReference(std::string_view member, const Variant& value) {
   const DISPID id = idOf(member);
   EXCEPINFO raised = {};
-  HRESULT code = putValue(*object_.Get(), id, DISPATCH_PROPERTYPUTREF, object, raised);
+  const ComPtr<IDispatch> object = object_;
+  HRESULT code = putValue(*object.Get(), id, DISPATCH_PROPERTYPUTREF, value, raised);
   // Some objects take references like values.
   if (code == DISP_E_MEMBERNOTFOUND)
-    code = putValue(*object_.Get(), id, DISPATCH_PROPERTYPUT, object, raised);
+    code = putValue(*object.Get(), id, DISPATCH_PROPERTYPUT, value, raised);
   raiseOnFailure(code, raised);
 }
 

@@ -35,7 +35,7 @@ class LateBound {
   /// Sets a property.
   void put(std::string_view member, const Variant& value);
   /// Sets a property that holds a reference to an object.
-  void putReference(std::string_view member, const Variant& object);
+  void putReference(std::string_view member, const Variant& value);
 
  private:
   DISPID idOf(std::string_view member);

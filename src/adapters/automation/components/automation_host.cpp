@@ -24,14 +24,18 @@ class RegisteredBookingCircles final : public BookingCircleDialog {
   }
   void MultiSelect(bool on) override { object_.put("MultiSelect", Variant(on)); }
   void Show(const std::string& origin, std::int32_t number) override {
-    // The host's statements go past the component, and are to be part of its transaction.
-    if (connection_ != nullptr) adoConnection(*connection_).beginToChange();
-    // The administration's window is modal for windows of its own kind only.
+    // The administration's window is modal for windows of its own kind only; and nobody is to go on
+    // with the dialog while the provider handles messages.
     DisabledWindows others;
     others.disable([](HWND) { return true; });
+    // Whoever lets the component go meanwhile lets this go as well.
+    LateBound object = object_;
+    const std::shared_ptr<vexnumkr::Connection> connection = connection_;
+    // The host's statements go past the component, and are to be part of its transaction.
+    if (connection != nullptr) adoConnection(*connection).beginToChange();
     const Variant forOrigin(origin);
     const Variant selection(number);
-    object_.call("Show", {&forOrigin, &selection});
+    object.call("Show", {&forOrigin, &selection});
   }
 
  private:
