@@ -9,6 +9,7 @@
 #include "adapters/automation/com/bstr.h"
 #include "automation/standins/ado_errors.h"
 #include "automation/standins/call_log.h"
+#include "automation/standins/interception.h"
 
 namespace vexnumkr::standins {
 namespace {
@@ -66,7 +67,7 @@ ModuleUse::~ModuleUse() { --uses; }
 long ModuleUse::count() { return uses; }
 
 DispatchObject::DispatchObject(std::string_view progId)
-    : name_(std::string(progId) + '#' + std::to_string(nextNumber(std::string(progId)))) {}
+    : progId_(progId), name_(progId_ + '#' + std::to_string(nextNumber(progId_))) {}
 
 const IID DispatchObject::id = {
     0x2d2f0d0a, 0x7a3e, 0x4b0e, {0x9c, 0x51, 0x0e, 0x8a, 0x6d, 0x3b, 0x11, 0x01}};
@@ -84,9 +85,12 @@ HRESULT DispatchObject::QueryInterface(REFIID wanted, void** object) {
 ULONG DispatchObject::AddRef() { return ++references_; }
 
 ULONG DispatchObject::Release() {
-  const ULONG left = --references_;
-  if (left == 0) delete this;
-  return left;
+  if (references_ > 1) return --references_;
+  // It is still there while that is asked.
+  HRESULT ignored = S_OK;
+  isIntercepted(("end of " + progId_).c_str(), ignored);
+  delete this;
+  return 0;
 }
 
 HRESULT DispatchObject::GetTypeInfoCount(UINT* count) {
@@ -123,9 +127,11 @@ HRESULT DispatchObject::Invoke(DISPID memberId, REFIID /*reserved*/, LCID /*loca
 HRESULT DispatchObject::run(const Member& member, WORD kinds, Call& call, EXCEPINFO* raised) const {
   const Handler* const handler = handlerFor(member, kinds);
   if (handler == nullptr) return DISP_E_MEMBERNOTFOUND;
-  std::string line = name_ + '.' + automation::toUtf8(std::wstring_view(member.name)) +
-                     kindText(kinds) + argumentTexts(call);
+  const std::string called =
+      '.' + automation::toUtf8(std::wstring_view(member.name)) + kindText(kinds);
   HRESULT code = S_OK;
+  if (isIntercepted((progId_ + called).c_str(), code)) return code;
+  std::string line = name_ + called + argumentTexts(call);
   try {
     (*handler)(call);
   } catch (const Refusal& refusal) {

@@ -22,7 +22,8 @@ class ModuleUse {
   static long count();
 };
 
-/// Counts its references; every call is written to the log and goes to the member's handler.
+/// Counts its references; every call that nobody intercepts is written to the log and goes to the
+/// member's handler.
 ///
 /// Members are as strict as those of compiled objects: a method is not read, a property is not
 /// called, and what cannot be set is not there to set. What a handler throws becomes the call's
@@ -80,6 +81,7 @@ class DispatchObject : public IDispatch {
   const Handler* handlerFor(const Member& member, WORD kinds) const;
   HRESULT run(const Member& member, WORD kinds, Call& call, EXCEPINFO* raised) const;
 
+  const std::string progId_;
   ModuleUse use_;
   ULONG references_ = 1;
   std::string name_;

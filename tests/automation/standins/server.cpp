@@ -8,10 +8,12 @@
 #include <array>
 #include <string>
 
+#include "adapters/automation/com/bstr.h"
 #include "adapters/automation/com/com_headers.h"
 #include "automation/standins/command_object.h"
 #include "automation/standins/connection_object.h"
 #include "automation/standins/host_objects.h"
+#include "automation/standins/interception.h"
 #include "automation/standins/recordset_object.h"
 
 namespace vexnumkr::standins {
@@ -58,6 +60,9 @@ class Factory final : public IClassFactory {
   HRESULT STDMETHODCALLTYPE CreateInstance(IUnknown* outer, REFIID id, void** object) override {
     *object = nullptr;
     if (outer != nullptr) return CLASS_E_NOAGGREGATION;
+    HRESULT code = S_OK;
+    const std::string name = automation::toUtf8(std::wstring_view(served_.progId));
+    if (isIntercepted(("new " + name).c_str(), code)) return code;
     return adopt<IDispatch>(served_.create()).CopyTo(id, object);
   }
   HRESULT STDMETHODCALLTYPE LockServer(BOOL /*lock*/) override { return S_OK; }
@@ -123,3 +128,5 @@ extern "C" HRESULT STDAPICALLTYPE DllGetClassObject(REFCLSID wanted, REFIID id, 
 extern "C" HRESULT STDAPICALLTYPE DllCanUnloadNow() {
   return ModuleUse::count() == 0 ? S_OK : S_FALSE;
 }
+
+extern "C" long objectCount() { return ModuleUse::count(); }

@@ -10,6 +10,7 @@ add_library(vexnumkr_automation_standins SHARED
   "${CMAKE_CURRENT_LIST_DIR}/environment.cpp"
   "${CMAKE_CURRENT_LIST_DIR}/fields_object.cpp"
   "${CMAKE_CURRENT_LIST_DIR}/host_objects.cpp"
+  "${CMAKE_CURRENT_LIST_DIR}/interception.cpp"
   "${CMAKE_CURRENT_LIST_DIR}/odbc_lengths.cpp"
   "${CMAKE_CURRENT_LIST_DIR}/qt_application.cpp"
   "${CMAKE_CURRENT_LIST_DIR}/recordset_object.cpp"
