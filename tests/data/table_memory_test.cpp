@@ -1,24 +1,19 @@
 // What the range table of a large company takes. Built without sanitizers, whose bookkeeping would
 // hide it.
 #include <gtest/gtest.h>
-#include <malloc.h>
 
-#include <cstddef>
 #include <string>
 
 #include "data/table/xarray.h"
+#include "support/heap_in_use.h"
 
-namespace vexnumkr {
+namespace vexnumkr::test {
 namespace {
 
 // 100 users, 40 booking circles and 62 keys: every user times every range of a large company.
 TEST(TableMemoryTest, TheTableOfALargeCompanyTakesLittleMemory) {
-  const auto inUse = [] {
-    const struct mallinfo2 info = mallinfo2();
-    return info.uordblks + info.hblkhd;
-  };
   constexpr std::int32_t wantedRows = 250'000;
-  const std::size_t before = inUse();
+  const long before = heapInUse();
   XArray table = XArray::created();
   for (std::int32_t i = 0; i < wantedRows; ++i) {
     const std::string user = std::to_string(i / 2500);
@@ -38,10 +33,10 @@ TEST(TableMemoryTest, TheTableOfALargeCompanyTakesLittleMemory) {
                   .Maske = table.text("JJ" + circle + "NNNN")});
   }
   ASSERT_EQ(table.findRange("Benutzer 99", 39, "K61"), 249'959);
-  const std::size_t taken = inUse() - before;
+  const long taken = heapInUse() - before;
   RecordProperty("bytes", static_cast<int>(taken));
-  EXPECT_LT(taken, std::size_t{60} * 1024 * 1024);
+  EXPECT_LT(taken, 60L * 1024 * 1024);
 }
 
 }  // namespace
-}  // namespace vexnumkr
+}  // namespace vexnumkr::test

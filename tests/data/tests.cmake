@@ -29,7 +29,7 @@ file(GLOB table_sources CONFIGURE_DEPENDS
   "${PROJECT_SOURCE_DIR}/src/data/table/*.cpp" "${PROJECT_SOURCE_DIR}/src/platform/*.cpp")
 add_executable(table_memory_test data/table_memory_test.cpp ${table_sources})
 target_include_directories(table_memory_test
-  PRIVATE "${PROJECT_SOURCE_DIR}/include" "${PROJECT_SOURCE_DIR}/src")
+  PRIVATE "${PROJECT_SOURCE_DIR}/include" "${PROJECT_SOURCE_DIR}/src" "${CMAKE_CURRENT_SOURCE_DIR}")
 target_compile_features(table_memory_test PRIVATE cxx_std_20)
 target_link_libraries(table_memory_test PRIVATE GTest::gtest_main)
 set_target_properties(table_memory_test PROPERTIES
